@@ -1,0 +1,91 @@
+#pragma once
+
+#include <PerchAppLibrary/DictionaryFwd.hpp>
+#include <PerchAppLibrary/JSON.hpp>
+#include <PerchAppLibrary/UndefinedKeyError.hpp>
+#include <PerchAppLibrary/record/KeyList.hpp>
+#include <PerchAppLibrary/record/Record.hpp>
+#include <PerchAppLibrary/record/Required.hpp>
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace PerchAppLibrary {
+
+/// The base of every record.
+///
+/// A record is filled from JSON by the names of its properties and read by them. All of this goes through the
+/// virtual accessors, so a subclass that overrides one is honoured. Records are shared objects: made by the
+/// `create` of their class, held by std::shared_ptr, not copied; a record owns its texts and arrays, and
+/// shares its nested records. A record is not synchronised: whoever uses it on several threads keeps them
+/// apart.
+class BaseEntity {
+public:
+    BaseEntity();
+    BaseEntity(const BaseEntity&) = delete;
+    BaseEntity& operator=(const BaseEntity&) = delete;
+    virtual ~BaseEntity();
+
+    PERCH_PROPERTIES(BaseEntity);
+
+    /// Global identifier.
+    PERCH_PROPERTY(std::string, Guid);
+    /// Identifier of the record.
+    PERCH_PROPERTY(std::int64_t, Id);
+    /// The record is out of use.
+    PERCH_PROPERTY(bool, IsDisabled);
+    /// Number of an error that the service reports with the record.
+    PERCH_PROPERTY(std::int64_t, ErrorCode);
+    /// The service reports an error with the record.
+    PERCH_PROPERTY(bool, Exception);
+    /// Code of that error.
+    PERCH_PROPERTY(std::string, ExceptionCode);
+    /// Message of that error.
+    PERCH_PROPERTY(std::string, ExceptionMessage);
+    /// Time of the record, as sent.
+    PERCH_PROPERTY(std::string, TimeStamp);
+    /// Date of the record, as sent.
+    PERCH_PROPERTY(std::string, DateStamp);
+    /// Token of the request that the record belongs to.
+    PERCH_PROPERTY(std::string, Token);
+
+    PERCH_RECORD_END;
+
+    /// Fills the record from a JSON object: setValue(json, {}), unless the class fills some properties
+    /// itself. A value that is no object changes nothing that the mapping fills.
+    virtual void setValue(const JSON& json);
+
+    /// The mapping. Each stored property whose name is a key of the JSON object and is not excluded is set
+    /// through its virtual setter to the value under that key, where that converts to the property's type
+    /// (the table of record/Mapping.hpp); every other property keeps its value. Properties are set in their
+    /// order, the base's first, each once: of a repeated key the last one holds, even where its value does
+    /// not convert. Keys without a property are ignored. One pass over the members.
+    virtual void setValue(const JSON& json, Excluded excluded);
+
+    /// Takes back the error that the service reported: Exception, ErrorCode, ExceptionCode and
+    /// ExceptionMessage get their defaults.
+    virtual void clearException();
+
+    /// The value of the stored or computed property with this name, read through its virtual accessor.
+    /// Throws UndefinedKeyError when the record has none of this name.
+    Value value(std::string_view name) const;
+
+    /// All stored properties in their order, the base's first; nested records as dictionaries of the same
+    /// kind.
+    Dictionary properties() const;
+
+    /// The record's class as the library sees it: the most derived one that declares properties.
+    virtual const RecordSchema& schema() const;
+
+protected:
+    /// What `create(json)` does once the record has its defaults. A class whose contract bypasses its
+    /// subclasses hides this function with its own.
+    void initFromJSON(const JSON& json) { setValue(json); }
+
+    /// The stored properties without the excluded ones: what a record's reflective `Dict` begins with. Ends
+    /// the process (fatalError) when an excluded name is not that of a stored property.
+    Dictionary reflect(const Excluded& excluded) const;
+};
+
+} // namespace PerchAppLibrary

@@ -1,0 +1,146 @@
+#include <PerchAppLibrary/JSONFallback.hpp>
+
+#include <PerchAppLibrary/JSON.hpp>
+#include <PerchAppLibrary/platform/Text.hpp>
+
+#include <boost/json/error.hpp>
+#include <boost/json/stream_parser.hpp>
+#include <simdjson.h>
+
+#include <algorithm>
+#include <charconv>
+#include <cstdint>
+#include <optional>
+
+namespace PerchAppLibrary::fallback {
+namespace {
+
+constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
+
+[[noreturn]] void fail(std::string_view text, std::size_t offset, std::string_view reason) {
+    const std::string_view before = text.substr(0, offset);
+    const auto line = static_cast<std::size_t>(std::count(before.begin(), before.end(), '\n')) + 1;
+    const std::size_t lineStart = before.rfind('\n') + 1; // npos + 1 is 0
+    throw JSON::ParseError(line, text::codePointCount(before.substr(lineStart)) + 1, reason);
+}
+
+std::string unexpected(std::string_view text, std::size_t offset) {
+    const std::string_view character = text::firstCodePoint(text.substr(offset));
+    if (character.empty())
+        return "the text ends before the document does";
+    if (!text::isWellFormed(character))
+        return "bytes that are not UTF-8";
+    if (const auto byte = static_cast<unsigned char>(character.front()); byte < 0x20 || byte == 0x7F)
+        return "unexpected control character " + std::to_string(byte);
+    return "unexpected \"" + std::string(character) + "\"";
+}
+
+/// Throws when the text is not a document; says where and why.
+void check(std::string_view text) {
+    if (text.starts_with(byteOrderMark))
+        fail(text, 0, "a byte order mark stands before the document");
+    if (text.find_first_not_of(" \t\r\n") == std::string_view::npos)
+        fail(text, text.size(), "the text is empty");
+
+    boost::json::parse_options options;
+    options.max_depth = JSON::maximumDepth;
+    boost::json::stream_parser parser({}, options);
+    boost::json::error_code error;
+    const std::size_t read = parser.write_some(text.data(), text.size(), error);
+    if (!error && read < text.size())
+        fail(text, read, unexpected(text, read) + " after the end of the document");
+    if (!error)
+        parser.finish(error);
+    if (!error)
+        return;
+    if (error == boost::json::error::too_deep)
+        fail(text, read, "arrays and objects nested deeper than " + std::to_string(JSON::maximumDepth));
+    if (error == boost::json::error::incomplete || error == boost::json::error::syntax)
+        fail(text, read, unexpected(text, read));
+    fail(text, read, error.message());
+}
+
+/// The code unit of an escape "\uXXXX" at this offset, if one stands there.
+std::optional<std::uint16_t> escapedUnit(std::string_view text, std::size_t offset) {
+    constexpr std::size_t length = 6;
+    if (text.size() < offset + length || text[offset] != '\\' || text[offset + 1] != 'u')
+        return std::nullopt;
+    std::uint16_t unit = 0;
+    const char* const end = text.data() + offset + length;
+    if (std::from_chars(text.data() + offset + 2, end, unit, 16).ptr != end)
+        return std::nullopt;
+    return unit;
+}
+
+bool isLeading(std::optional<std::uint16_t> unit) { return unit && *unit >= 0xD800 && *unit <= 0xDBFF; }
+bool isTrailing(std::optional<std::uint16_t> unit) { return unit && *unit >= 0xDC00 && *unit <= 0xDFFF; }
+
+/// Escaped surrogates without their other half become "\uFFFD", which is as long, so that offsets stay.
+std::string withoutLoneSurrogates(std::string_view text) {
+    std::string spelled(text);
+    for (std::size_t at = text.find('\\'); at < text.size(); at = text.find('\\', at)) {
+        const std::optional<std::uint16_t> unit = escapedUnit(text, at);
+        if (isLeading(unit) && isTrailing(escapedUnit(text, at + 6))) {
+            at += 12;
+        } else if (isLeading(unit) || isTrailing(unit)) {
+            spelled.replace(at + 2, 4, "FFFD");
+            at += 6;
+        } else {
+            at += 2; // whatever is escaped, a backslash among it, is passed over with its backslash
+        }
+    }
+    return spelled;
+}
+
+/// The nearest number that the reader holds; the same spelling where it holds the number itself.
+std::string readableNumber(simdjson::dom::parser& reader, std::string_view number) {
+    std::string spelled(number);
+    if (reader.parse(spelled).error() == simdjson::SUCCESS)
+        return spelled;
+    if (number.find_first_of(".eE") == std::string_view::npos) {
+        spelled += "e0"; // an integer beyond 64 bits is read as a double
+        if (reader.parse(spelled).error() == simdjson::SUCCESS)
+            return spelled;
+    }
+    return number.starts_with('-') ? "-1.7976931348623157e308" : "1.7976931348623157e308";
+}
+
+std::size_t endOfString(std::string_view text, std::size_t at) {
+    for (++at; text[at] != '"'; ++at)
+        if (text[at] == '\\')
+            ++at;
+    return at + 1;
+}
+
+/// Requires a well-formed text.
+std::string withReadableNumbers(std::string_view text) {
+    simdjson::dom::parser reader;
+    std::string spelled;
+    spelled.reserve(text.size());
+    for (std::size_t at = 0; at < text.size();) {
+        std::size_t end = std::min(text.find_first_of("\"-0123456789", at), text.size());
+        spelled.append(text, at, end - at);
+        at = end;
+        if (at == text.size())
+            break;
+        if (text[at] == '"') {
+            end = endOfString(text, at);
+            spelled.append(text, at, end - at);
+        } else {
+            end = std::min(text.find_first_not_of("+-.0123456789eE", at), text.size());
+            spelled += readableNumber(reader, text.substr(at, end - at));
+        }
+        at = end;
+    }
+    return spelled;
+}
+
+} // namespace
+
+std::string readableSpelling(std::string_view text) {
+    const std::string spelled = withoutLoneSurrogates(text);
+    check(spelled);
+    return withReadableNumbers(spelled);
+}
+
+} // namespace PerchAppLibrary::fallback

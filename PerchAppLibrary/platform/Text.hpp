@@ -1,0 +1,63 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+/// Unicode text, stored as UTF-8.
+///
+/// Every function takes any bytes: each maximal ill-formed sequence (Unicode Standard, section 3.9) counts as
+/// one U+FFFD. Nothing depends on the locale of the process. Each function is linear in the length of its
+/// arguments.
+namespace PerchAppLibrary::text {
+
+bool isWellFormed(std::string_view text) noexcept;
+
+/// The text with each ill-formed sequence replaced by U+FFFD.
+std::string wellFormed(std::string_view text);
+
+/// The full upper-case mapping of the root locale (Unicode Standard, section 3.13): "ß" becomes "SS".
+std::string uppercased(std::string_view text);
+
+/// Normalization Form D (UAX #15): two texts are canonically equivalent when these are the same bytes.
+std::string decomposed(std::string_view text);
+
+/// The form in which texts are compared without regard to case: decomposed, upper-cased, decomposed again.
+/// The first step keeps the result the same for every canonically equivalent spelling, iota subscripts among
+/// them.
+std::string folded(std::string_view text);
+
+/// Canonical equivalence (UAX #15), case-sensitive.
+bool equal(std::string_view left, std::string_view right);
+
+/// Whether case counts in a comparison: `ignored` compares folded texts, `kept` decomposed ones.
+enum class Case : std::uint8_t { ignored, kept };
+
+/// Whether the needle occurs in the haystack, code point for code point in the compared form, at a place
+/// whose two ends fall before no character that combines with what stands before it: "e" is not in "é", in
+/// either spelling, and a Hangul syllable without a final consonant is not in one with. Expansion makes text
+/// of its own: "s" is in "ß". An empty needle is in nothing.
+bool contains(std::string_view haystack, std::string_view needle, Case letterCase = Case::ignored);
+
+/// Number of UTF-16 code units.
+std::size_t utf16Length(std::string_view text) noexcept;
+
+/// The text between two offsets counted in UTF-16 code units. Half of a surrogate pair that is cut apart
+/// becomes U+FFFD; all other bytes are kept as they are. Offsets beyond the end stand for the end.
+std::string utf16Substring(std::string_view text, std::size_t begin, std::size_t end);
+
+/// Number of code points.
+std::size_t codePointCount(std::string_view text) noexcept;
+
+/// The bytes of the first code point (or ill-formed sequence); empty for an empty text.
+std::string_view firstCodePoint(std::string_view text) noexcept;
+
+/// Number of user-perceived characters: extended grapheme clusters (UAX #29).
+std::size_t graphemeCount(std::string_view text);
+
+/// Number of columns that the text takes on a terminal: two for a wide or full-width character (UAX #11) and
+/// for an emoji, none for a mark that combines or a control character, one for the rest.
+std::size_t columnCount(std::string_view text) noexcept;
+
+} // namespace PerchAppLibrary::text

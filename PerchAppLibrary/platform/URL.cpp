@@ -1,0 +1,26 @@
+#include <PerchAppLibrary/platform/URL.hpp>
+
+#include <PerchAppLibrary/platform/Text.hpp>
+
+#include <boost/url/encode.hpp>
+#include <boost/url/parse.hpp>
+#include <boost/url/rfc/pchars.hpp>
+
+namespace PerchAppLibrary::url {
+
+std::string percentEncodedForFragment(std::string_view text) {
+    constexpr auto fragmentCharacters = boost::urls::pchars + '/' + '?';
+    return boost::urls::encode(text::wellFormed(text), fragmentCharacters);
+}
+
+std::optional<URL> parse(std::string_view text) {
+    const auto parsed = boost::urls::parse_uri_reference(text);
+    // Behind an authority, only an empty path or one that begins with a slash may stand (RFC 3986, section
+    // 3); the parser takes "//host:port" for a host and the path "port".
+    if (!parsed || (parsed->has_authority() && !parsed->encoded_path().empty() &&
+                    !parsed->encoded_path().starts_with('/')))
+        return std::nullopt;
+    return URL(*parsed);
+}
+
+} // namespace PerchAppLibrary::url

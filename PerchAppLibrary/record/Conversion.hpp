@@ -1,0 +1,41 @@
+#pragma once
+
+#include <simdjson.h>
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+/// The conversions that Mapping.hpp describes, on the reader's own elements. Each writes its result to
+/// `value` and answers true, or leaves `value` as it is and answers false. For the sources of this library
+/// alone.
+namespace PerchAppLibrary {
+
+bool convertOtherKind(simdjson::dom::element element, std::int64_t& value);
+bool convertOtherKind(simdjson::dom::element element, bool& value);
+bool convertOtherKind(simdjson::dom::element element, std::string& value);
+
+inline bool convertElement(simdjson::dom::element element, std::int64_t& value) {
+    return element.get(value) == simdjson::SUCCESS || convertOtherKind(element, value);
+}
+
+inline bool convertElement(simdjson::dom::element element, bool& value) {
+    return element.get(value) == simdjson::SUCCESS || convertOtherKind(element, value);
+}
+
+inline bool convertElement(simdjson::dom::element element, std::string& value) {
+    std::string_view text;
+    if (element.get(text) != simdjson::SUCCESS)
+        return convertOtherKind(element, value);
+    value.assign(text);
+    return true;
+}
+
+bool convertElement(simdjson::dom::element element, float& value);
+bool convertElement(simdjson::dom::element element, std::optional<std::string>& value);
+bool convertElement(simdjson::dom::element element, std::vector<std::int64_t>& value);
+bool convertElement(simdjson::dom::element element, std::vector<std::string>& value);
+
+} // namespace PerchAppLibrary

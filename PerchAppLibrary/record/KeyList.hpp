@@ -1,0 +1,38 @@
+#pragma once
+
+#include <initializer_list>
+#include <memory>
+#include <span>
+#include <string>
+#include <vector>
+
+namespace PerchAppLibrary {
+
+/// An immutable list of property names. Copies share the names, so it is passed by value.
+class KeyList {
+public:
+    KeyList() = default;
+    KeyList(std::initializer_list<const char*> keys)
+        : KeyList(std::vector<std::string>(keys.begin(), keys.end())) {}
+    explicit KeyList(std::vector<std::string> keys)
+        : m_keys(std::make_shared<const std::vector<std::string>>(std::move(keys))) {}
+
+    std::span<const std::string> keys() const noexcept {
+        return m_keys ? std::span<const std::string>(*m_keys) : std::span<const std::string>();
+    }
+
+private:
+    std::shared_ptr<const std::vector<std::string>> m_keys;
+};
+
+/// The keys that a mapping leaves alone: the record fills them itself, or not at all.
+struct Excluded : KeyList {
+    using KeyList::KeyList;
+};
+
+/// The keys handed to the mapping of a specialised user record.
+struct Included : KeyList {
+    using KeyList::KeyList;
+};
+
+} // namespace PerchAppLibrary

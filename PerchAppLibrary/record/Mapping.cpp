@@ -1,0 +1,194 @@
+#include <PerchAppLibrary/record/Mapping.hpp>
+
+#include <PerchAppLibrary/JSONElement.hpp>
+#include <PerchAppLibrary/record/Conversion.hpp>
+
+#include <boost/algorithm/string/predicate.hpp>
+
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <limits>
+#include <locale>
+
+namespace PerchAppLibrary {
+namespace {
+
+namespace dom = simdjson::dom;
+using Kind = dom::element_type;
+
+bool toInteger(double number, std::int64_t& value) {
+    constexpr double limit = 9223372036854775808.0; // 2^63, the first double beyond the integers
+    if (number < -limit || number >= limit || std::trunc(number) != number)
+        return false;
+    value = static_cast<std::int64_t>(number);
+    return true;
+}
+
+bool toInteger(std::string_view text, std::int64_t& value) {
+    std::int64_t number = 0;
+    const char* const end = text.data() + text.size();
+    const std::from_chars_result result = std::from_chars(text.data(), end, number);
+    if (result.ec != std::errc() || result.ptr != end)
+        return false;
+    value = number;
+    return true;
+}
+
+bool toFloat(double number, float& value) {
+    const auto rounded = static_cast<float>(number);
+    if (!std::isfinite(rounded) || (rounded != 0) != (number != 0))
+        return false;
+    value = rounded;
+    return true;
+}
+
+/// Whether text begins as a number in JSON does, which leaves out "inf", "nan" and hexadecimal digits.
+bool beginsAsNumber(std::string_view text) {
+    if (text.starts_with('-'))
+        text.remove_prefix(1);
+    return !text.empty() && text.front() >= '0' && text.front() <= '9';
+}
+
+bool toFloat(std::string_view text, float& value) {
+    double number = 0;
+    const char* const end = text.data() + text.size();
+    if (!beginsAsNumber(text))
+        return false;
+    const std::from_chars_result result = std::from_chars(text.data(), end, number);
+    return result.ec == std::errc() && result.ptr == end && toFloat(number, value);
+}
+
+template <class Number>
+void appendNumber(std::string& text, Number number) {
+    std::array<char, 32> digits{};
+    const std::to_chars_result result = std::to_chars(digits.data(), digits.data() + digits.size(), number);
+    text.append(digits.data(), result.ptr);
+}
+
+std::string spelled(double number) {
+    std::string text;
+    appendNumber(text, number);
+    if (text.find_first_not_of("-0123456789") == std::string::npos)
+        text += ".0";
+    return text;
+}
+
+template <class Element>
+bool convertArray(dom::element element, std::vector<Element>& value) {
+    dom::array elements;
+    if (element.get(elements) != simdjson::SUCCESS)
+        return false;
+    std::vector<Element> converted;
+    converted.reserve(elements.size());
+    for (const dom::element each : elements)
+        if (!convertElement(each, converted.emplace_back()))
+            return false;
+    value = std::move(converted);
+    return true;
+}
+
+} // namespace
+
+bool convertOtherKind(dom::element element, std::int64_t& value) {
+    switch (element.type()) {
+    case Kind::DOUBLE:
+        return toInteger(element.get_double().value_unsafe(), value);
+    case Kind::STRING:
+        return toInteger(element.get_string().value_unsafe(), value);
+    case Kind::BOOL:
+        value = element.get_bool().value_unsafe() ? 1 : 0;
+        return true;
+    default:
+        return false;
+    }
+}
+
+bool convertOtherKind(dom::element element, bool& value) {
+    if (std::string_view text; element.get(text) == simdjson::SUCCESS) {
+        const bool isTrue = text == "1" || boost::algorithm::iequals(text, "true", std::locale::classic());
+        if (!isTrue && text != "0" && !boost::algorithm::iequals(text, "false", std::locale::classic()))
+            return false;
+        value = isTrue;
+        return true;
+    }
+    std::int64_t number = 0;
+    if (!convertElement(element, number) || (number != 0 && number != 1))
+        return false;
+    value = number == 1;
+    return true;
+}
+
+bool convertElement(dom::element element, float& value) {
+    switch (element.type()) {
+    case Kind::INT64:
+    case Kind::UINT64:
+    case Kind::DOUBLE:
+        return toFloat(element.get_double().value_unsafe(), value);
+    case Kind::STRING:
+        return toFloat(element.get_string().value_unsafe(), value);
+    case Kind::BOOL:
+        value = element.get_bool().value_unsafe() ? 1.0F : 0.0F;
+        return true;
+    default:
+        return false;
+    }
+}
+
+bool convertOtherKind(dom::element element, std::string& value) {
+    switch (element.type()) {
+    case Kind::INT64:
+        value.clear();
+        appendNumber(value, element.get_int64().value_unsafe());
+        return true;
+    case Kind::UINT64:
+        value.clear();
+        appendNumber(value, element.get_uint64().value_unsafe());
+        return true;
+    case Kind::DOUBLE:
+        value = spelled(element.get_double().value_unsafe());
+        return true;
+    case Kind::BOOL:
+        value = element.get_bool().value_unsafe() ? "true" : "false";
+        return true;
+    default:
+        return false;
+    }
+}
+
+bool convertElement(dom::element element, std::optional<std::string>& value) {
+    if (element.is_null()) {
+        value.reset();
+        return true;
+    }
+    std::string text;
+    if (!convertElement(element, text))
+        return false;
+    value = std::move(text);
+    return true;
+}
+
+bool convertElement(dom::element element, std::vector<std::int64_t>& value) {
+    return convertArray(element, value);
+}
+bool convertElement(dom::element element, std::vector<std::string>& value) {
+    return convertArray(element, value);
+}
+
+template <class T>
+std::optional<T> convert(const JSON& json) {
+    const std::optional<dom::element> element = JSONElement::of(json);
+    T value{};
+    if (!element || !convertElement(*element, value))
+        return std::nullopt;
+    return value;
+}
+
+template std::optional<std::int64_t> convert(const JSON&);
+template std::optional<bool> convert(const JSON&);
+template std::optional<float> convert(const JSON&);
+template std::optional<std::string> convert(const JSON&);
+template std::optional<std::vector<std::int64_t>> convert(const JSON&);
+template std::optional<std::vector<std::string>> convert(const JSON&);
+
+} // namespace PerchAppLibrary

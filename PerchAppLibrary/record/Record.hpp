@@ -1,0 +1,139 @@
+#pragma once
+
+#include <concepts>
+#include <memory>
+#include <string_view>
+#include <type_traits>
+#include <utility>
+
+/// How a record declares its properties.
+///
+/// A record is a class derived from BaseEntity whose body holds one line per property:
+///
+///     class UrlItem : public PerchAppLibrary::BaseEntity {
+///         PERCH_RECORD(UrlItem, PerchAppLibrary::BaseEntity);
+///
+///         /// Name shown for the address.
+///         PERCH_PROPERTY(std::string, Name);
+///         /// The address itself.
+///         PERCH_PROPERTY(std::string, Url);
+///
+///         PERCH_RECORD_END;
+///     };
+///
+/// and whose source file holds one line, `PERCH_RECORD_SCHEMA(UrlItem)` (record/RecordSchema.hpp). The
+/// accessors, the default, the JSON key, the place in the declaration order, reading and writing by name and
+/// the export all follow from these lines. A subclass written by a client declares properties of its own in
+/// the same way.
+///
+/// Types that a property can have: std::int64_t, bool, float, std::string, std::optional<std::string>,
+/// std::vector<std::int64_t>, std::vector<std::string> and std::vector<std::shared_ptr<R>> for a record R.
+/// Each property stands on a line of its own: its line number is its place in the order.
+namespace PerchAppLibrary {
+
+class JSON;
+class RecordSchema;
+
+/// What a getter of a property of type T returns: scalars by value, everything else by reference to the
+/// record's own value, which lives until the property is set or the record is destroyed.
+template <class T>
+using ReadType = std::conditional_t<std::is_scalar_v<T>, T, const T&>;
+
+/// The line of a property in its class; the key by which RecordSchema collects the properties in their order.
+template <int Line>
+struct At {};
+
+/// A property with a value of its own: its name, its two virtual accessors and its field.
+template <class Record, class T>
+struct StoredProperty {
+    std::string_view name;
+    ReadType<T> (Record::*get)() const;
+    void (Record::*set)(T);
+    T Record::* field;
+};
+
+/// A property that is worked out at each reading.
+template <class Record, class T>
+struct ComputedProperty {
+    std::string_view name;
+    T (Record::*get)() const;
+};
+
+} // namespace PerchAppLibrary
+
+/// Opens the list of properties of a class. The declaration at this line hides the base's properties, which
+/// are collected from the base itself.
+#define PERCH_PROPERTIES(Class)                        \
+public:                                                \
+    using Self = Class;                                \
+    static constexpr int firstPropertyLine = __LINE__; \
+    static void propertyAt(PerchAppLibrary::At<__LINE__>)
+
+/// Opens a record: its list of properties and the ways every record has of being made.
+///
+/// `create()` makes a record with defaults; `create(json)` fills it as well; `create<R>(...)` makes an R, a
+/// subclass, whose overrides run while it is filled. Every record is owned by the shared_ptr that is
+/// returned.
+#define PERCH_RECORD(Class, BaseClass)                                    \
+    PERCH_PROPERTIES(Class);                                              \
+    using Base = BaseClass;                                               \
+    using Base::setValue;                                                 \
+    const PerchAppLibrary::RecordSchema& schema() const override;         \
+    template <class R = Class>                                            \
+        requires std::derived_from<R, Class>                              \
+    static std::shared_ptr<R> create() {                                  \
+        return std::make_shared<R>();                                     \
+    }                                                                     \
+    template <class R = Class>                                            \
+        requires std::derived_from<R, Class>                              \
+    static std::shared_ptr<R> create(const PerchAppLibrary::JSON& json) { \
+        auto record = std::make_shared<R>();                              \
+        record->Class::initFromJSON(json);                                \
+        return record;                                                    \
+    }                                                                     \
+    static_assert(true)
+
+/// One more way of making a record: `create({.label = value, ...})` for the aggregate Labels, whose members
+/// are all Required. The class defines `void init(Labels)`, which runs after the defaults.
+#define PERCH_CREATE(Labels)                          \
+    template <class R = Self>                         \
+        requires std::derived_from<R, Self>           \
+    static std::shared_ptr<R> create(Labels labels) { \
+        auto record = std::make_shared<R>();          \
+        record->Self::init(std::move(labels));        \
+        return record;                                \
+    }                                                 \
+    static_assert(true)
+
+/// A stored property whose setter has a name that does not follow from the property's.
+/// What follows the names is the default; without it, the zero of the type.
+#define PERCH_PROPERTY_SET_BY(Type, Name, Setter, ...)                                                       \
+private:                                                                                                     \
+    Type m_##Name{__VA_ARGS__};                                                                              \
+                                                                                                             \
+public:                                                                                                      \
+    virtual PerchAppLibrary::ReadType<Type> Name() const { return m_##Name; }                                \
+    virtual void Setter(Type newValue) { m_##Name = std::move(newValue); }                                   \
+    static constexpr PerchAppLibrary::StoredProperty<Self, Type> propertyAt(PerchAppLibrary::At<__LINE__>) { \
+        return {#Name, &Self::Name, &Self::Setter, &Self::m_##Name};                                         \
+    }                                                                                                        \
+    static_assert(true)
+
+/// A stored property with the getter `Name()` and the setter `setName(value)`, both virtual.
+#define PERCH_PROPERTY(Type, Name, ...) \
+    PERCH_PROPERTY_SET_BY(Type, Name, set##Name __VA_OPT__(, ) __VA_ARGS__)
+
+/// A computed property with the virtual getter `Name()`, which the class defines in its source file.
+#define PERCH_COMPUTED(Type, Name)                                             \
+public:                                                                        \
+    virtual Type Name() const;                                                 \
+    static constexpr PerchAppLibrary::ComputedProperty<Self, Type> propertyAt( \
+        PerchAppLibrary::At<__LINE__>) {                                       \
+        return {#Name, &Self::Name};                                           \
+    }                                                                          \
+    static_assert(true)
+
+/// Closes a record's list of properties.
+#define PERCH_RECORD_END \
+public:                  \
+    static constexpr int lastPropertyLine = __LINE__

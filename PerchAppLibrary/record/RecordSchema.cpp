@@ -1,0 +1,81 @@
+#include <PerchAppLibrary/record/RecordSchema.hpp>
+
+#include <boost/unordered/unordered_flat_map.hpp>
+
+#include <cstdint>
+
+namespace PerchAppLibrary {
+
+namespace {
+
+/// Property names differ in length or in one of three letters nearly always, and few share a class.
+struct NameHash {
+    using is_avalanching = void;
+
+    std::size_t operator()(std::string_view name) const noexcept {
+        if (name.empty())
+            return 0;
+        const auto letter = [name](std::size_t at) {
+            return std::uint64_t{static_cast<unsigned char>(name[at])};
+        };
+        const std::uint64_t letters =
+            letter(0) | letter(name.size() / 2) << 8U | letter(name.size() - 1) << 16U | name.size() << 24U;
+        constexpr std::uint64_t goldenRatio =
+            0x9E3779B97F4A7C15U; // 2^64 divided by it: spreads close numbers
+        const std::uint64_t product = letters * goldenRatio;
+        return product ^ product >> 32U;
+    }
+};
+
+} // namespace
+
+struct RecordSchema::NameIndex {
+    boost::unordered_flat_map<std::string_view, std::size_t, NameHash> indices;
+};
+
+RecordSchema::RecordSchema(std::string_view className, const std::type_info& type, const RecordSchema* base,
+                           std::vector<Property> own)
+    : m_className(className), m_type(&type), m_firstOwn(base == nullptr ? 0 : base->m_properties.size()) {
+    if (base != nullptr)
+        m_properties = base->m_properties;
+    m_properties.insert(m_properties.end(), own.begin(), own.end());
+    auto byName = std::make_unique<NameIndex>();
+    for (const Property& property : m_properties) {
+        byName->indices.insert_or_assign(property.name, m_names.size());
+        m_names.push_back(property.name);
+    }
+    m_byName = std::move(byName);
+}
+
+RecordSchema::~RecordSchema() = default;
+
+std::size_t RecordSchema::find(std::string_view name) const noexcept {
+    const auto found = m_byName->indices.find(name);
+    return found == m_byName->indices.end() ? notFound : found->second;
+}
+
+namespace {
+
+struct ValueReader {
+    const BaseEntity& record;
+
+    template <class T>
+    Value operator()(const FieldAccess<T>& access) const {
+        return toValue((record.*access.get)());
+    }
+
+    Value operator()(const RecordsAccess& access) const {
+        ValueArray values;
+        for (const BaseEntity* const item : access.get(record))
+            values.push_back(item == nullptr ? Value(nullptr) : toValue(item->properties()));
+        return values;
+    }
+
+    Value operator()(const ComputedAccess& access) const { return access.get(record); }
+};
+
+} // namespace
+
+Value Property::value(const BaseEntity& record) const { return std::visit(ValueReader{record}, access); }
+
+} // namespace PerchAppLibrary

@@ -1,0 +1,170 @@
+#pragma once
+
+#include <PerchAppLibrary/BaseEntity.hpp>
+#include <PerchAppLibrary/Dictionary.hpp>
+#include <PerchAppLibrary/record/Record.hpp>
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <typeinfo>
+#include <variant>
+#include <vector>
+
+/// What the library knows of a class of records: its properties by name and in order. Included by the sources
+/// of records and by code that treats all records alike; a user of a record does not need it.
+namespace PerchAppLibrary {
+
+/// A stored property of type T, reached through any record of the class: by its virtual accessors, or by its
+/// field where no subclass can have overridden them.
+template <class T>
+struct FieldAccess {
+    ReadType<T> (BaseEntity::*get)() const;
+    void (BaseEntity::*set)(T);
+    T BaseEntity::* field;
+};
+
+/// A stored array of records. The pointers live as long as the records that the property holds.
+struct RecordsAccess {
+    std::vector<const BaseEntity*> (*get)(const BaseEntity&);
+};
+
+/// A property that is worked out.
+struct ComputedAccess {
+    Value (*get)(const BaseEntity&);
+};
+
+struct Property {
+    std::string_view name;
+    std::variant<FieldAccess<std::int64_t>, FieldAccess<bool>, FieldAccess<float>, FieldAccess<std::string>,
+                 FieldAccess<std::optional<std::string>>, FieldAccess<std::vector<std::int64_t>>,
+                 FieldAccess<std::vector<std::string>>, RecordsAccess, ComputedAccess>
+        access;
+
+    bool isStored() const noexcept { return !std::holds_alternative<ComputedAccess>(access); }
+
+    /// The property's value in a record of the class, read through the virtual accessor; nested records as
+    /// dictionaries of all their stored properties.
+    Value value(const BaseEntity& record) const;
+};
+
+/// The properties of one class of records. Immutable; there is one for each class, made at the first use of
+/// it.
+class RecordSchema {
+public:
+    /// The class's own properties in declaration order, behind those of the base, if there is one.
+    RecordSchema(std::string_view className, const std::type_info& type, const RecordSchema* base,
+                 std::vector<Property> own);
+    RecordSchema(const RecordSchema&) = delete;
+    RecordSchema& operator=(const RecordSchema&) = delete;
+    ~RecordSchema();
+
+    std::string_view className() const noexcept { return m_className; }
+
+    /// The class that declares the last of the properties.
+    const std::type_info& type() const noexcept { return *m_type; }
+
+    /// All properties, base first, then in declaration order.
+    std::span<const Property> properties() const noexcept { return m_properties; }
+
+    /// The properties that the class itself declares.
+    std::span<const Property> ownProperties() const noexcept { return properties().subspan(m_firstOwn); }
+
+    /// What find() answers for a name that no property has.
+    static constexpr std::size_t notFound = static_cast<std::size_t>(-1);
+
+    /// Index of the property with this name in properties(), or notFound. Of two with one name, in a class
+    /// and its base, the class's. Constant time.
+    std::size_t find(std::string_view name) const noexcept;
+
+    /// The same, faster when the property is the one at the index `guess` or one of the two behind it.
+    std::size_t find(std::string_view name, std::size_t guess) const noexcept {
+        if (guess + 2 < m_names.size()) {
+            const std::string_view* const guessed = m_names.data() + guess;
+            if (guessed[0] == name)
+                return guess;
+            if (guessed[1] == name)
+                return guess + 1;
+            if (guessed[2] == name)
+                return guess + 2;
+        }
+        return find(name);
+    }
+
+private:
+    struct NameIndex;
+
+    std::string_view m_className;
+    const std::type_info* m_type;
+    std::size_t m_firstOwn;
+    std::vector<Property> m_properties;
+    std::vector<std::string_view> m_names; // of m_properties, close together
+    std::unique_ptr<const NameIndex> m_byName;
+};
+
+/// Collects the properties of the class Record from its declarations, one line after the other.
+template <class Record>
+class PropertyCollector {
+public:
+    static std::vector<Property> collect() {
+        std::vector<Property> properties;
+        collectFrom(properties,
+                    std::make_integer_sequence<int, Record::lastPropertyLine - Record::firstPropertyLine>());
+        return properties;
+    }
+
+private:
+    template <int... Offsets>
+    static void collectFrom(std::vector<Property>& properties, std::integer_sequence<int, Offsets...>) {
+        (collectLine<Record::firstPropertyLine + 1 + Offsets>(properties), ...);
+    }
+
+    template <int Line>
+    static void collectLine(std::vector<Property>& properties) {
+        if constexpr (requires { Record::propertyAt(At<Line>()); }) {
+            constexpr auto declared = Record::propertyAt(At<Line>());
+            properties.push_back({declared.name, access<Line>(declared)});
+        }
+    }
+
+    template <int Line, class T>
+    static auto access(StoredProperty<Record, T> property) {
+        return FieldAccess<T>{static_cast<ReadType<T> (BaseEntity::*)() const>(property.get),
+                              static_cast<void (BaseEntity::*)(T)>(property.set),
+                              static_cast<T BaseEntity::*>(property.field)};
+    }
+
+    template <int Line, class Item>
+    static auto access(StoredProperty<Record, std::vector<std::shared_ptr<Item>>>) {
+        return RecordsAccess{[](const BaseEntity& record) {
+            constexpr auto declared = Record::propertyAt(At<Line>());
+            std::vector<const BaseEntity*> items;
+            for (const std::shared_ptr<Item>& item : (static_cast<const Record&>(record).*declared.get)())
+                items.push_back(item.get());
+            return items;
+        }};
+    }
+
+    template <int Line, class T>
+    static auto access(ComputedProperty<Record, T>) {
+        return ComputedAccess{[](const BaseEntity& record) {
+            constexpr auto declared = Record::propertyAt(At<Line>());
+            return toValue((static_cast<const Record&>(record).*declared.get)());
+        }};
+    }
+};
+
+} // namespace PerchAppLibrary
+
+/// Defines what PERCH_RECORD(Class, ...) declares. Stands once, in the record's source file, in its
+/// namespace.
+#define PERCH_RECORD_SCHEMA(Class)                                                                         \
+    const PerchAppLibrary::RecordSchema& Class::schema() const {                                           \
+        static const PerchAppLibrary::RecordSchema schema(                                                 \
+            #Class, typeid(Class), &Base::schema(), PerchAppLibrary::PropertyCollector<Class>::collect()); \
+        return schema;                                                                                     \
+    }                                                                                                      \
+    static_assert(true)

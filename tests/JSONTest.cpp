@@ -1,0 +1,132 @@
+#include <PerchAppLibrary/JSON.hpp>
+
+#include <PerchAppLibrary/record/Mapping.hpp>
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+using PerchAppLibrary::convert;
+using PerchAppLibrary::JSON;
+
+namespace {
+
+std::string nested(std::size_t depth, const std::string& open, const std::string& core,
+                   const std::string& close) {
+    std::string text;
+    for (std::size_t level = 0; level < depth; ++level)
+        text += open;
+    text += core;
+    for (std::size_t level = 0; level < depth; ++level)
+        text += close;
+    return text;
+}
+
+TEST(JSON, RefusesWhatIsNoDocumentAndSaysWhereAndWhy) {
+    using namespace std::string_literals;
+    const struct {
+        std::string text;
+        std::size_t line, column;
+        std::string reason;
+    } cases[] = {
+        {"", 1, 1, "empty"},
+        {" \n ", 2, 2, "empty"},
+        {"\xEF\xBB\xBF[]", 1, 1, "byte order mark"},
+        {"[1,\n2", 2, 2, "ends before"},
+        {"{\"a\":\"x", 1, 8, "ends before"},
+        {"[1 2]", 1, 4, "unexpected \"2\""},
+        {"[1]]", 1, 4, "after the end"},
+        {"{\"好\" 1}", 1, 6, "unexpected \"1\""}, // columns count characters, not bytes
+        {"[01]", 1, 3, "unexpected \"1\""},
+        {"nul", 1, 4, "ends before"},
+        {"[\"a\xC3\"]", 1, 4, "not UTF-8"},
+        {"\xFF", 1, 1, "not UTF-8"},
+        {"[\"a\nb\"]", 1, 4, "control character 10"},
+        {"[1]\0"s, 1, 4, "control character 0"},
+        {"[\"\\q\"]", 1, 4, "unexpected \"q\""},
+        {"[123456789012345678901234567890, x]", 1, 34, "unexpected \"x\""},
+        {nested(1025, "[", "", "]"), 1, 1025, "deeper than 1024"},
+        {nested(1025, "{\"a\":", "1", "}"), 1, 5121, "deeper than 1024"},
+    };
+    for (const auto& each : cases) {
+        try {
+            JSON::parse(each.text);
+            ADD_FAILURE() << "taken for a document: " << each.text.substr(0, 40);
+        } catch (const JSON::ParseError& error) {
+            EXPECT_EQ(error.line(), each.line) << error.what();
+            EXPECT_EQ(error.column(), each.column) << error.what();
+            EXPECT_NE(error.reason().find(each.reason), std::string::npos) << error.what();
+            EXPECT_EQ(error.what(), "line " + std::to_string(each.line) + ", column " +
+                                        std::to_string(each.column) + ": " + error.reason());
+        }
+    }
+}
+
+TEST(JSON, TakesEveryWellFormedText) {
+    for (const char* const core : {"", "1", "\"x\"", "null"})
+        EXPECT_EQ(JSON::parse(nested(1024, "[", core, "]")).type(), JSON::Type::array) << core;
+    EXPECT_EQ(JSON::parse(nested(1024, "{\"a\":", "1", "}")).count(), 1U);
+
+    // Numbers beyond 64 bits and beyond the doubles, escapes without their other half: all in one document.
+    const JSON json =
+        JSON::parse(R"( {"big": 18446744073709551616, "-": -1e999, "tiny": 1e-999, "u": "\ud800x\\ud800",
+                                       "t": "\udc00", "pair": "\ud83d\ude00", "in text": "99999999999999999999"} )");
+    EXPECT_EQ(convert<float>(json["big"]), 18446744073709551616.0F);
+    EXPECT_EQ(convert<std::string>(json["-"]), "-1.7976931348623157e+308");
+    EXPECT_EQ(convert<float>(json["tiny"]), 0.0F);
+    EXPECT_EQ(convert<std::string>(json["u"]), "\uFFFDx\\ud800");
+    EXPECT_EQ(convert<std::string>(json["t"]), "\uFFFD");
+    EXPECT_EQ(convert<std::string>(json["pair"]), "\U0001F600");
+    EXPECT_EQ(convert<std::string>(json["in text"]), "99999999999999999999");
+    EXPECT_EQ(convert<float>(JSON::parse(std::string(400, '9'))),
+              std::nullopt); // the greatest double is no float
+}
+
+TEST(JSON, GivesNullEmptyOrZeroForWhatAValueDoesNotHold) {
+    const JSON json = JSON::parse(R"({"list": [1, "two", null], "none": {}, "text": "[1]"})");
+    EXPECT_EQ(json.type(), JSON::Type::dictionary);
+    EXPECT_EQ(json.count(), 3U);
+    EXPECT_EQ(json["list"].count(), 3U);
+    EXPECT_EQ(convert<std::string>(json["list"][1]), "two");
+    EXPECT_EQ(json["none"].count(), 0U);
+    for (const JSON& missing : {json["nothing"], json[0], json["list"][3], json["list"][-1],
+                                json["list"]["a"], json["list"][2], json["text"][0], JSON(), JSON::null}) {
+        EXPECT_TRUE(missing.isNull());
+        EXPECT_EQ(missing.count(), 0U);
+        EXPECT_TRUE(missing.arrayValue().empty());
+        EXPECT_EQ(missing.begin(), missing.end());
+        EXPECT_TRUE(missing["a"].isNull());
+    }
+    EXPECT_TRUE(json.arrayValue().empty());
+    EXPECT_EQ(json.begin(), json.end());
+}
+
+TEST(JSON, StepsThroughAnArrayAsArrayValueGivesIt) {
+    const JSON json = JSON::parse(R"([1, [2, [3]], {"a": 4}, "5", true, null, 1.5])");
+    const std::vector<JSON> elements = json.arrayValue();
+    ASSERT_EQ(elements.size(), json.count());
+    std::size_t index = 0;
+    for (const JSON& element : json) {
+        EXPECT_EQ(element.type(), elements[index].type());
+        EXPECT_EQ(element.type(), json[static_cast<std::int64_t>(index)].type());
+        EXPECT_EQ(element.count(), elements[index].count());
+        ++index;
+    }
+    EXPECT_EQ(index, elements.size());
+    const JSON none = JSON::parse("[]");
+    EXPECT_EQ(none.begin(), none.end());
+}
+
+TEST(JSON, KeepsTheDocumentAliveAndTheLastOfARepeatedKey) {
+    JSON inner;
+    {
+        std::string text = R"({"a": 1, "b": {"c": "first", "c": "last"}, "a": 2})";
+        const JSON json = JSON::parse(std::move(text));
+        EXPECT_EQ(convert<std::int64_t>(json["a"]), 2);
+        EXPECT_EQ(json.count(), 3U);
+        inner = json["b"];
+    }
+    EXPECT_EQ(convert<std::string>(inner["c"]), "last");
+}
+
+} // namespace

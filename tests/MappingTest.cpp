@@ -1,0 +1,189 @@
+#include <PerchAppLibrary/record/Mapping.hpp>
+
+#include <PerchAppLibrary/BaseEntity.hpp>
+#include <PerchAppLibrary/Dictionary.hpp>
+#include <PerchAppLibrary/record/RecordSchema.hpp>
+
+#include <gtest/gtest.h>
+
+#include <map>
+#include <string>
+
+using namespace PerchAppLibrary;
+
+namespace {
+
+/// One property of each kind.
+class Sample : public BaseEntity {
+    PERCH_RECORD(Sample, BaseEntity);
+
+    PERCH_PROPERTY(std::int64_t, Int, -7);
+    PERCH_PROPERTY(bool, Bool);
+    PERCH_PROPERTY(float, Float, -7.5F);
+    PERCH_PROPERTY(std::string, String, "kept");
+    PERCH_PROPERTY(std::optional<std::string>, Optional, "kept");
+    PERCH_PROPERTY(std::vector<std::int64_t>, Ints, -7, -7);
+    PERCH_PROPERTY(std::vector<std::string>, Strings, "kept");
+    PERCH_PROPERTY(std::vector<std::shared_ptr<Sample>>, Samples);
+
+    PERCH_RECORD_END;
+};
+PERCH_RECORD_SCHEMA(Sample);
+
+/// The same with an overridden accessor, so that it is filled through its accessors.
+class Overriding : public Sample {
+public:
+    void setId(std::int64_t newValue) override { Sample::setId(newValue); }
+};
+
+/// A record filled through its fields, and one filled through its accessors.
+std::vector<std::shared_ptr<Sample>> bothWays(const JSON& json) {
+    return {Sample::create(json), Sample::create<Overriding>(json)};
+}
+
+const char* const keptInt = "-7";
+const char* const keptFloat = "-7.5";
+const char* const keptText = R"("kept")";
+const char* const keptInts = "[-7,-7]";
+const char* const keptTexts = R"(["kept"])";
+
+struct Row {
+    const char* json; // under the key of each property
+    const char* asInt;
+    const char* asBool;
+    const char* asFloat;
+    const char* asString;
+};
+
+TEST(Mapping, ConvertsEachKindOfValueToEachKindOfPropertyOrLeavesItAlone) {
+    const Row rows[] = {
+        {"12", "12", "false", "1.2E1", R"("12")"},
+        {"1", "1", "true", "1E0", R"("1")"},
+        {"-0", "0", "false", "0E0", R"("0")"},
+        {"9223372036854775807", "9223372036854775807", "false", "9.223372E18", R"("9223372036854775807")"},
+        {"-9223372036854775808", "-9223372036854775808", "false", "-9.223372E18",
+         R"("-9223372036854775808")"},
+        {"9223372036854775808", keptInt, "false", "9.223372E18", R"("9223372036854775808")"},
+        {"18446744073709551615", keptInt, "false", "1.8446744E19", R"("18446744073709551615")"},
+        {"3.0", "3", "false", "3E0", R"("3.0")"},
+        {"1e3", "1000", "false", "1E3", R"("1000.0")"},
+        {"1.0", "1", "true", "1E0", R"("1.0")"},
+        {"-0.0", "0", "false", "-0E0", R"("-0.0")"},
+        {"1.10", keptInt, "false", "1.1E0", R"("1.1")"},
+        {"-9.223372036854775808e18", "-9223372036854775808", "false", "-9.223372E18",
+         R"("-9223372036854775808.0")"},
+        {"9.223372036854775808e18", keptInt, "false", "9.223372E18", R"("9223372036854775808.0")"},
+        {"1e39", keptInt, "false", keptFloat, R"("1e+39")"},
+        {"1e-60", keptInt, "false", keptFloat, R"("1e-60")"},
+        {R"("-12")", "-12", "false", "-1.2E1", R"("-12")"},
+        {R"("007")", "7", "false", "7E0", R"("007")"},
+        {R"("9223372036854775808")", keptInt, "false", "9.223372E18", R"("9223372036854775808")"},
+        {R"("3.0")", keptInt, "false", "3E0", R"("3.0")"},
+        {R"("12px")", keptInt, "false", keptFloat, R"("12px")"},
+        {R"(" 12")", keptInt, "false", keptFloat, R"(" 12")"},
+        {R"("+12")", keptInt, "false", keptFloat, R"("+12")"},
+        {R"("inf")", keptInt, "false", keptFloat, R"("inf")"},
+        {R"("1")", "1", "true", "1E0", R"("1")"},
+        {R"("True")", keptInt, "true", keptFloat, R"("True")"},
+        {R"("yes")", keptInt, "false", keptFloat, R"("yes")"},
+        {R"("")", keptInt, "false", keptFloat, R"("")"},
+        {"true", "1", "true", "1E0", R"("true")"},
+        {"false", "0", "false", "0E0", R"("false")"},
+        {"null", keptInt, "false", keptFloat, keptText},
+        {"[1]", keptInt, "false", keptFloat, keptText},
+        {R"({"a":1})", keptInt, "false", keptFloat, keptText},
+    };
+    for (const Row& row : rows) {
+        const std::string value = row.json;
+        const JSON json = JSON::parse(R"({"Int":)" + value + R"(,"Bool":)" + value + R"(,"Float":)" + value +
+                                      R"(,"String":)" + value + R"(,"Optional":)" + value + "}");
+        for (const auto& sample : bothWays(json)) {
+            EXPECT_EQ(toText(sample->value("Int")), row.asInt) << value;
+            EXPECT_EQ(toText(sample->value("Bool")), row.asBool) << value;
+            EXPECT_EQ(toText(sample->value("String")), row.asString) << value;
+            EXPECT_EQ(toText(sample->value("Optional")), value == "null" ? "null" : row.asString) << value;
+            const float expected = std::stof(row.asFloat);
+            EXPECT_FLOAT_EQ(sample->Float(), expected) << value;
+        }
+    }
+}
+
+TEST(Mapping, ConvertsArraysAsAWholeOrNotAtAll) {
+    const struct {
+        const char* json;
+        const char* asInts;
+        const char* asStrings;
+    } rows[] = {
+        {"[]", "[]", "[]"},
+        {R"([1,"2",3.0,true])", "[1,2,3,1]", R"(["1","2","3.0","true"])"},
+        {R"([1,"x"])", keptInts, R"(["1","x"])"},
+        {"[1,null]", keptInts, keptTexts},
+        {"[1,[2]]", keptInts, keptTexts},
+        {R"([1,{"a":2}])", keptInts, keptTexts},
+        {"[1,9223372036854775808]", keptInts, R"(["1","9223372036854775808"])"},
+        {"1", keptInts, keptTexts},
+        {R"("[1]")", keptInts, keptTexts},
+        {"null", keptInts, keptTexts},
+        {R"({"a":1})", keptInts, keptTexts},
+    };
+    for (const auto& row : rows) {
+        const std::string value = row.json;
+        const JSON json =
+            JSON::parse(R"({"Ints":)" + value + R"(,"Strings":)" + value + R"(,"Samples":)" + value + "}");
+        for (const auto& sample : bothWays(json)) {
+            EXPECT_EQ(toText(sample->value("Ints")), row.asInts) << value;
+            EXPECT_EQ(toText(sample->value("Strings")), row.asStrings) << value;
+            EXPECT_TRUE(sample->Samples().empty()) << value; // a record makes its nested records itself
+        }
+    }
+    EXPECT_EQ(convert<std::int64_t>(JSON::null), std::nullopt);
+}
+
+/// Notes the calls of its setters.
+class Noting : public Sample {
+public:
+    void setId(std::int64_t newValue) override { note("Id", std::to_string(newValue)); }
+    void setInt(std::int64_t newValue) override { note("Int", std::to_string(newValue)); }
+    void setString(std::string newValue) override { note("String", newValue); }
+
+    std::string notes;
+
+private:
+    void note(const std::string& name, const std::string& newValue) { notes += name + "=" + newValue + " "; }
+};
+
+TEST(Mapping, SetsEachPropertyOnceInTheirOrderAndTheLastOfARepeatedKeyHolds) {
+    const struct {
+        const char* json;
+        const char* notes;
+    } rows[] = {
+        {R"({"String":"s","Int":1,"Id":2})", "Id=2 Int=1 String=s "},
+        {R"({"Int":1,"String":"a","Int":2,"String":"b"})", "Int=2 String=b "},
+        {R"({"Int":1,"Int":"x"})", ""}, // the last one does not fit, so the property is left alone
+        {R"({"Int":"x","Int":1})", "Int=1 "},
+        {R"({"int":1,"INT":2,"":3,"Int ":4,"Samples":[],"value":5})", ""},
+        {R"([{"Int":1}])", ""},
+        {R"("Int")", ""},
+        {"null", ""},
+    };
+    for (const auto& row : rows) {
+        const auto record = std::make_shared<Noting>();
+        record->setValue(JSON::parse(row.json));
+        EXPECT_EQ(record->notes, row.notes) << row.json;
+        // The same through the fields, where nothing is overridden.
+        if (const std::string notes = row.notes; notes.find("Int") == std::string::npos) {
+            EXPECT_EQ(Sample::create(JSON::parse(row.json))->Int(), -7) << row.json;
+        }
+    }
+}
+
+TEST(Mapping, LeavesExcludedKeysAlone) {
+    const JSON json = JSON::parse(R"({"Id":1,"Int":2,"String":"s"})");
+    const auto sample = Sample::create();
+    sample->setValue(json, Excluded{"Int", "Unknown", "Id"});
+    EXPECT_EQ(sample->Id(), 0);
+    EXPECT_EQ(sample->Int(), -7);
+    EXPECT_EQ(sample->String(), "s");
+}
+
+} // namespace
