@@ -1,0 +1,45 @@
+#pragma once
+
+#include <VelmoCloudEntity/entity/Records.hpp>
+#include <VelmoCloudEntity/font/FontItem.hpp>
+
+#include <PerchAppLibrary/BaseEntity.hpp>
+
+#include <string>
+
+namespace VelmoCloudEntity {
+
+/// What the records that tie a user to a list of fonts have in common. Each of them is a class of its own
+/// name with nothing but the ways of making one, since a reply is read into the class that says what its list
+/// means.
+class UserFontMap : public PerchAppLibrary::BaseEntity {
+    PERCH_RECORD(UserFontMap, PerchAppLibrary::BaseEntity);
+
+    /// The user.
+    PERCH_PROPERTY(std::string, UserGuid);
+    /// The user's fonts, shared with whoever else holds them.
+    PERCH_PROPERTY(Records<FontItem>, FontList);
+
+    PERCH_RECORD_END;
+
+    /// Labels of a map without fonts: create({.userGuid = "u"}).
+    struct UserLabels {
+        PerchAppLibrary::Required<std::string> userGuid;
+    };
+
+    /// Labels of a map with the given fonts: create({.userGuid = "u", .fontList = fonts}).
+    struct UserFontsLabels {
+        PerchAppLibrary::Required<std::string> userGuid;
+        PerchAppLibrary::Required<Records<FontItem>> fontList;
+    };
+
+protected:
+    void init(UserLabels labels);
+    void init(UserFontsLabels labels);
+
+    /// The base's own mapping, whatever a subclass overrides; then one font for each element of the array
+    /// "FontList".
+    void initFromJSON(const PerchAppLibrary::JSON& json);
+};
+
+} // namespace VelmoCloudEntity

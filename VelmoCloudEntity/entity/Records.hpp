@@ -1,0 +1,50 @@
+#pragma once
+
+#include <PerchAppLibrary/JSON.hpp>
+
+#include <memory>
+#include <utility>
+#include <vector>
+
+/// Arrays of records: how they are made from JSON, and how trees of them are taken down.
+namespace VelmoCloudEntity {
+
+/// Records of the class Item, in order. An element is never null.
+template <class Item>
+using Records = std::vector<std::shared_ptr<Item>>;
+
+/// Which elements of a JSON array become records.
+enum class Elements { all, objects };
+
+/// One record, made by `Item::create`, for each element of the JSON array, in order; with Elements::objects,
+/// for each element that is an object. Empty for a JSON value that is not an array.
+template <class Item>
+Records<Item> makeRecords(const PerchAppLibrary::JSON& json, Elements which = Elements::all) {
+    using PerchAppLibrary::JSON;
+    Records<Item> records;
+    if (json.type() != JSON::Type::array)
+        return records;
+    records.reserve(json.count());
+    for (const JSON& element : json)
+        if (which == Elements::all || element.type() == JSON::Type::dictionary)
+            records.push_back(Item::create(element));
+    return records;
+}
+
+/// Destroys the records that nobody else holds, and what hangs below them, in a loop: a chain of groups of
+/// any length would otherwise be taken down by as many nested destructors. `takeChildren` moves the children
+/// out of an item.
+template <class Item, class TakeChildren>
+void releaseTree(Records<Item>& records, TakeChildren takeChildren) noexcept {
+    Records<Item> doomed = std::move(records);
+    while (!doomed.empty()) {
+        const std::shared_ptr<Item> item = std::move(doomed.back());
+        doomed.pop_back();
+        if (item.use_count() != 1)
+            continue;
+        for (std::shared_ptr<Item>& child : takeChildren(*item))
+            doomed.push_back(std::move(child));
+    }
+}
+
+} // namespace VelmoCloudEntity

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <PerchAppLibrary/BaseEntity.hpp>
+
+#include <string>
+
+namespace VelmoCloudEntity {
+
+/// A named address.
+class UrlItem : public PerchAppLibrary::BaseEntity {
+    PERCH_RECORD(UrlItem, PerchAppLibrary::BaseEntity);
+
+    /// Name of the address.
+    PERCH_PROPERTY(std::string, Name);
+    /// The address.
+    PERCH_PROPERTY(std::string, Url);
+
+    PERCH_RECORD_END;
+
+protected:
+    /// The base's own mapping, whatever a subclass overrides.
+    void initFromJSON(const PerchAppLibrary::JSON& json) { BaseEntity::setValue(json, {}); }
+};
+
+} // namespace VelmoCloudEntity

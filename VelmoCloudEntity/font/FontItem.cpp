@@ -1,0 +1,207 @@
+#include <VelmoCloudEntity/font/FontItem.hpp>
+
+#include <PerchAppLibrary/ApplicationManager.hpp>
+#include <PerchAppLibrary/fatalError.hpp>
+#include <PerchAppLibrary/md5.hpp>
+#include <PerchAppLibrary/platform/Path.hpp>
+#include <PerchAppLibrary/platform/Text.hpp>
+#include <PerchAppLibrary/platform/URL.hpp>
+#include <PerchAppLibrary/record/RecordSchema.hpp>
+
+#include <algorithm>
+#include <string_view>
+#include <utility>
+
+namespace VelmoCloudEntity {
+
+using PerchAppLibrary::ApplicationManager;
+using PerchAppLibrary::Dictionary;
+using PerchAppLibrary::Excluded;
+using PerchAppLibrary::fatalError;
+using PerchAppLibrary::JSON;
+using PerchAppLibrary::PlatformFont;
+using PerchAppLibrary::URL;
+namespace path = PerchAppLibrary::path;
+namespace text = PerchAppLibrary::text;
+namespace url = PerchAppLibrary::url;
+
+PERCH_RECORD_SCHEMA(FontItem);
+
+namespace {
+
+constexpr std::string_view largePreviewSuffix = "_B.png";
+
+std::optional<std::string> withoutExtension(const std::string& fileName) {
+    constexpr std::size_t extensionLength = 4; // a dot and three letters
+    const std::size_t length = text::utf16Length(fileName);
+    if (length < extensionLength)
+        return std::nullopt;
+    return text::utf16Substring(fileName, 0, length - extensionLength);
+}
+
+std::string requireStem(const FontItem& font) {
+    std::optional<std::string> stem = font.stem();
+    if (!stem)
+        fatalError("The ProductFileName \"" + font.ProductFileName() + "\" of font " +
+                   std::to_string(font.Id()) + " is too short to lose its extension");
+    return *std::move(stem);
+}
+
+} // namespace
+
+FontItem::FontItem() = default;
+
+FontItem::~FontItem() {
+    releaseTree(m_Children, [](FontItem& group) { return std::move(group.m_Children); });
+}
+
+void FontItem::init(NameLabels labels) { setProductName(std::move(labels.productName.value)); }
+
+void FontItem::init(GroupLabels labels) {
+    setIsGroup(true);
+    setGroupTag(std::move(labels.groupTag.value));
+}
+
+void FontItem::init(ReferenceLabels labels) {
+    setId(labels.id.value);
+    setProductName(std::move(labels.productName.value));
+    setIsPrivate(labels.isPrivate.value);
+}
+
+void FontItem::setValue(const JSON& json) {
+    static const Excluded skipped{"Children"};
+    setValue(json, skipped);
+    setChildren(makeRecords<FontItem>(json["Children"]));
+}
+
+Dictionary FontItem::Dict() const {
+    static const Excluded excluded{"displayName", "previewText", "isActivated", "Children"};
+    Dictionary dictionary = reflect(excluded);
+    PerchAppLibrary::ValueArray members;
+    members.reserve(Children().size());
+    for (const std::shared_ptr<FontItem>& member : Children())
+        members.push_back(member->Dict());
+    dictionary.insert_or_assign("Children", std::move(members));
+    return dictionary;
+}
+
+std::vector<Dictionary> FontItem::getFontArray(const Records<FontItem>& list) {
+    std::vector<Dictionary> dictionaries;
+    dictionaries.reserve(list.size());
+    for (const std::shared_ptr<FontItem>& font : list)
+        dictionaries.push_back(font->Dict());
+    return dictionaries;
+}
+
+bool FontItem::IsActivated() const {
+    if (!IsGroup())
+        return isActivated();
+    return std::ranges::all_of(Children(), [](const auto& member) { return member->isActivated(); });
+}
+
+void FontItem::setActivated(bool activated) {
+    if (!IsGroup()) {
+        setIsActivated(activated);
+        return;
+    }
+    for (const std::shared_ptr<FontItem>& member : Children())
+        member->setActivated(activated);
+}
+
+std::string FontItem::DisplayName() const {
+    if (IsGroup())
+        return ProductSetName() + " (" + std::to_string(Children().size()) + ")";
+    return displayName().empty() ? ProductName() : displayName();
+}
+
+std::string FontItem::PreviewText() const {
+    if (!previewText().empty())
+        return previewText();
+    return IsGroup() ? ProductSetName() : DisplayName();
+}
+
+std::string FontItem::TreeNodeTitle() const {
+    if (IsGroup())
+        return GroupTag() + ProductSetName();
+    return ProductName() + "(" + Format() + ", " + Version() + ")";
+}
+
+bool FontItem::IsLocaled() const {
+    const std::string file = LocalFile();
+    return !file.empty() && path::fileExists(file);
+}
+
+PlatformFont FontItem::Font() const {
+    constexpr double points = 32;
+    if (!IsOnline())
+        if (std::optional<PlatformFont> installed = PlatformFont::named(ProductName(), points))
+            return *std::move(installed);
+    return PlatformFont::system(points);
+}
+
+std::optional<std::string> FontItem::stem() const { return withoutExtension(ProductFileName()); }
+
+std::string FontItem::LocalFile() const {
+    return IsOnline() ? path::append(ApplicationManager::tmpCachesDir(), ProductFileName())
+                      : ProductFileName();
+}
+
+std::string FontItem::LocalPreviewFile() const {
+    return path::append(ApplicationManager::tmpCachesDir(), requireStem(*this).append(largePreviewSuffix));
+}
+
+std::optional<URL> FontItem::findRemotePreviewFile() const {
+    std::optional<std::string> address = withoutExtension(ProductFileUrl());
+    if (!address)
+        return std::nullopt;
+    return url::parse(url::percentEncodedForFragment(address->append(largePreviewSuffix)));
+}
+
+URL FontItem::remotePreviewFile() const {
+    std::optional<URL> preview = findRemotePreviewFile();
+    if (!preview)
+        fatalError("The ProductFileUrl \"" + ProductFileUrl() + "\" of font " + std::to_string(Id()) +
+                   " gives no preview URL");
+    return *std::move(preview);
+}
+
+std::string FontItem::getRemoteFileUrl(const std::string& productFileUrlHeader,
+                                       const std::string& privateProductFileUrlHeader,
+                                       const std::string& userGuid) const {
+    if (IsPrivate())
+        return privateProductFileUrlHeader + userGuid + "/" + ProductFileName();
+    return productFileUrlHeader + ProductSetName() + "/" + Version() + "/" + ProductFileName();
+}
+
+std::string FontItem::previewName(bool isFixed, const std::string& previewTag, const std::string& colorTag,
+                                  std::int64_t fontSize) const {
+    const std::string name =
+        requireStem(*this) + "_" + previewTag + "_" + colorTag + "_" + std::to_string(fontSize) + ".png";
+    return isFixed ? name : PerchAppLibrary::md5(name);
+}
+
+std::string FontItem::getLocalPreviewFile(bool isFixed, const std::string& previewTag,
+                                          const std::string& colorTag, std::int64_t fontSize) const {
+    return path::append(ApplicationManager::tmpCachesDir(),
+                        previewName(isFixed, previewTag, colorTag, fontSize));
+}
+
+std::string FontItem::getRemotePreviewFile(bool isFixed, const std::string& previewTag,
+                                           const std::string& colorTag, std::int64_t fontSize) const {
+    return path::append(PreviewFileUrl(), previewName(isFixed, previewTag, colorTag, fontSize));
+}
+
+std::string FontItem::getRemotePreviewFile(bool isFixed, const std::string& previewTag,
+                                           const std::string& colorTag, std::int64_t fontSize,
+                                           const std::string& fixPreviewFileUrlHeader,
+                                           const std::string& previewFileUrlHeader,
+                                           const std::string& privatePreviewFileUrlHeader,
+                                           const std::string& userGuid) const {
+    const std::string name = previewName(isFixed, previewTag, colorTag, fontSize);
+    if (IsPrivate())
+        return privatePreviewFileUrlHeader + userGuid + "/" + name;
+    const std::string& header = isFixed ? fixPreviewFileUrlHeader : previewFileUrlHeader;
+    return header + ProductSetName() + "/" + Version() + "/" + name;
+}
+
+} // namespace VelmoCloudEntity

@@ -1,0 +1,24 @@
+# Installs the libraries, their headers, the command and a package that finds its own dependencies.
+include(CMakePackageConfigHelpers)
+
+set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/VelmoCloudEntity)
+set(private_headers JSONElement.hpp JSONFallback.hpp Conversion.hpp FontReferences.hpp)
+foreach(header IN LISTS private_headers)
+  list(APPEND exclude_private PATTERN ${header} EXCLUDE)
+endforeach()
+foreach(library PerchAppLibrary VelmoCloudEntity)
+  install(DIRECTORY ${PROJECT_SOURCE_DIR}/${library} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}
+          FILES_MATCHING PATTERN *.hpp ${exclude_private})
+endforeach()
+
+install(TARGETS PerchAppLibrary VelmoCloudEntity EXPORT VelmoCloudEntityTargets)
+install(EXPORT VelmoCloudEntityTargets NAMESPACE VelmoCloudEntity:: FILE VelmoCloudEntityTargets.cmake
+        DESTINATION ${package_dir})
+configure_package_config_file(${CMAKE_CURRENT_LIST_DIR}/VelmoCloudEntityConfig.cmake.in
+  ${PROJECT_BINARY_DIR}/VelmoCloudEntityConfig.cmake INSTALL_DESTINATION ${package_dir})
+write_basic_package_version_file(${PROJECT_BINARY_DIR}/VelmoCloudEntityConfigVersion.cmake
+                                 COMPATIBILITY SameMinorVersion)
+install(FILES ${PROJECT_BINARY_DIR}/VelmoCloudEntityConfig.cmake
+              ${PROJECT_BINARY_DIR}/VelmoCloudEntityConfigVersion.cmake
+              ${CMAKE_CURRENT_LIST_DIR}/Dependencies.cmake ${CMAKE_CURRENT_LIST_DIR}/Findlibmd.cmake
+        DESTINATION ${package_dir})

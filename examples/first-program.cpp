@@ -1,0 +1,15 @@
+#include <VelmoCloudEntity/account/UserFontActivateMapItem.hpp>
+#include <VelmoCloudEntity/font/FontList.hpp>
+#include <fstream>
+#include <iostream>
+using namespace VelmoCloudEntity;
+PerchAppLibrary::JSON read(std::ifstream file) {
+    return PerchAppLibrary::JSON::parse({std::istreambuf_iterator(file), {}});
+}
+int main() {
+    const FontList fonts(read(std::ifstream("samples/font-list.json")));
+    const auto mine = UserFontActivateMapItem::create(read(std::ifstream("samples/activated-fonts.json")));
+    FontList::setActivatedFont(fonts.List(), mine->FontList());
+    for (const auto& font : FontList::getActivatedFont(fonts.List()))
+        std::cout << font->TreeNodeTitle() << ": " << font->LocalFile() << '\n';
+}
