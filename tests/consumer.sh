@@ -1,0 +1,14 @@
+#!/usr/bin/env bash
+# The library as a user gets it: installed, found, built against, run. consumer.sh BUILD SOURCE COMPILER
+set -eu
+prefix=$(mktemp -d)
+trap 'rm -rf "$prefix"' EXIT
+cmake --install "$1" --prefix "$prefix/usr" >"$prefix/log"
+for private in JSONElement JSONFallback Conversion FontReferences; do
+    if find "$prefix/usr" -name "$private.hpp" | grep .; then exit 1; fi
+done
+cmake -G Ninja -S "$2/tests/consumer" -B "$prefix/build" -DCMAKE_PREFIX_PATH="$prefix/usr" -DCMAKE_CXX_COMPILER="$3" \
+    -DEXAMPLE="$2/examples/own-record.cpp" >"$prefix/log" || { cat "$prefix/log"; exit 1; }
+cmake --build "$prefix/build" >"$prefix/log" || { cat "$prefix/log"; exit 1; }
+"$prefix/build/consumer" | grep '^1 favourite$'
+"$prefix/usr/bin/velmo" --version

@@ -1,0 +1,103 @@
+#!/usr/bin/env bash
+# The command as a user meets it: velmo.sh VELMO SAMPLES. What it prints, where, and its exit status.
+set -u
+velmo=$1
+samples=$2
+fonts=$samples/font-list.json
+activated=$samples/activated-fonts.json
+directory=$(mktemp -d)
+trap 'rm -rf "$directory"' EXIT
+failures=0
+
+fail() {
+    printf 'FAILED: %s\n' "$*"
+    failures=$((failures + 1))
+}
+
+# expect STATUS PATTERN ARGUMENTS...: the exit status, and an extended regular expression that a line of standard
+# output (status 0) or of standard error must match. Errors are one line.
+expect() {
+    local status=$1 pattern=$2
+    shift 2
+    "$velmo" "$@" >"$directory/out" 2>"$directory/err" </dev/null
+    local got=$?
+    [ $got = "$status" ] || fail "velmo $*: status $got instead of $status"
+    local channel=err
+    [ "$status" != 0 ] || channel=out
+    grep -qE -- "$pattern" "$directory/$channel" || fail "velmo $*: no '$pattern' in: $(head -c 300 "$directory/$channel")"
+    [ "$status" != 2 ] || [ "$(wc -l <"$directory/err")" = 1 ] || fail "velmo $*: not one line: $(cat "$directory/err")"
+}
+
+# document NAME TEXT: a file for the commands.
+document() { printf '%b' "$2" >"$directory/$1"; }
+
+document broken.json '[{"Id": 1},\n {"Id" 2}]'
+document cut.json '[{"Id": 1}'
+document empty.json ''
+document bom.json '\0357\0273\0277[]'
+document bytes.json '[{"ProductName": "\0377"}]'
+document object.json '{"List": [{"Id": 1}]}'
+document odd.json '[{"Id":1,"ProductName":"A","ProductFileName":"abc","ProductFileUrl":"https://h/a.ttf"},7,null,
+    {"Id":"2","ProductName":"B\\u001b[31m","ProductFileName":"b.ttf","ProductFileUrl":"1:b.ttf"},
+    {"Id":3,"IsGroup":true,"ProductSetName":"Set","GroupTag":"T ","Children":[{"Id":4,"IsFavorited":true}]}]'
+printf '[%.0s' $(seq 1025) >"$directory/deep.json"
+printf ']%.0s' $(seq 1025) >>"$directory/deep.json"
+
+# Wrong usage, unreadable files, malformed documents: one line, status 2.
+expect 2 'subcommand'
+expect 2 'list.*STATE|STATE.*foo' list foo "$fonts"
+expect 2 'FILE is required' tree
+expect 2 'read.*TYPE|TYPE.*FontLst' read FontLst "$fonts"
+expect 2 'ID' locate "$fonts" seven
+expect 2 '/nonexistent: cannot be read: No such file' tree /nonexistent
+expect 2 'cannot be read: Is a directory' export "$directory"
+expect 2 'broken.json: line 2, column 8: unexpected "2"' tree "$directory/broken.json"
+expect 2 'cut.json: line 1, column 11: the text ends' list activated "$directory/cut.json"
+expect 2 'empty.json: line 1, column 1: the text is empty' export "$directory/empty.json"
+expect 2 'bom.json: line 1, column 1: a byte order mark' tree "$directory/bom.json"
+expect 2 'bytes.json: line 1, column 19: bytes that are not UTF-8' read FontList "$directory/bytes.json"
+expect 2 'deep.json: line 1, column 1025: .*deeper than 1024' tree "$directory/deep.json"
+expect 2 'broken.json: line 2' list activated "$fonts" --activate "$directory/broken.json"
+expect 2 'standard input: line 1, column 1: the text is empty' tree -
+
+# Well-formed documents of any shape.
+expect 0 '^\[\]$' tree "$directory/object.json" --json
+expect 0 '^\[\]$' export "$directory/object.json"
+"$velmo" list activated "$directory/object.json" --json >"$directory/out"
+[ $? = 1 ] && [ "$(cat "$directory/out")" = '[]' ] || fail "nothing found: [] and status 1"
+expect 0 '"FontList":\[\]' read UserFontActivateMapItem "$directory/odd.json" --json
+
+# The road over the sample.
+expect 0 '^376 fonts, 0 activated$' tree "$fonts"
+expect 0 '^  宋体 标准\(OTF, 1.0\) +1 ' tree "$fonts"
+expect 0 '^22 fonts$' list activated "$fonts" --activate "$activated"
+expect 0 '^  Anuphan Light\(TTF, 3.00\) +339 +activated' tree "$fonts" --activate "$activated"
+expect 0 '^28 fonts$' list favorited "$fonts" --favorite "$samples/favorite-fonts.json"
+expect 0 '^ +ProductName +Anuphan Light$' read FontList "$fonts"
+expect 0 '"UserGuid":"7f1c2c1e-5b0a-4a57-9c39-2f3d0d1a9e10","FontList":\[\{"Guid":"","Id":339,' \
+    read UserFontActivateMapItem "$activated" --json
+expect 0 '^\[\{"Guid":"","Id":900001,.*"Children":\[\{"Guid":"","Id":1,' export "$fonts"
+
+# Fonts in JSON: exactly these members.
+expect 0 '^\[\{"Id":4,"ProductName":"","IsGroup":false,"DisplayName":"","TreeNodeTitle":"\(, \)","IsActivated":false,"IsFavorited":true,"IsAuthed":false\}\]$' \
+    list favorited "$directory/odd.json" --json
+expect 0 '\{"Id":3,"ProductName":"","IsGroup":true,"DisplayName":"Set \(1\)","TreeNodeTitle":"T Set",.*"Children":\[\{"Id":4' \
+    tree "$directory/odd.json" --json
+
+# Locations; a font without a usable file name or URL is named, and the rest is still shown.
+expect 0 '"getRemotePreviewFile":"https://p/Anuphan/3.00/Anuphan-Light_S_B_32.png"\}$' \
+    locate "$fonts" 339 --fixed --fix-preview-url https://p/ --json
+expect 1 'odd.json: font 1 "A": its file name "abc" is too short' locate "$directory/odd.json" 1
+expect 1 'odd.json: font 2 "B\\u001B\[31m": its ProductFileUrl "1:b.ttf" gives no URL' locate "$directory/odd.json" 2
+expect 1 'no font has the Id 3$' locate "$directory/odd.json" 3 # a group
+grep -q . "$directory/out" && fail "a font that is not there has locations"
+"$velmo" locate "$directory/odd.json" 1 --json 2>/dev/null |
+    grep -qF '"LocalPreviewFile":null,"remotePreviewFile":"https://h/a_B.png"' || fail "null for a missing location"
+
+# Nothing commands a terminal, and a closed pipe is reported.
+"$velmo" tree "$directory/odd.json" | grep -q $'\033' && fail "a control character reaches the terminal"
+"$velmo" export "$fonts" >/dev/full 2>"$directory/err"
+[ $? = 2 ] || fail "a full device is not reported"
+
+[ $failures = 0 ] && printf 'velmo does as it should\n'
+exit $((failures > 0))

@@ -1,0 +1,53 @@
+#include "Document.hpp"
+
+#include "ExitStatus.hpp"
+
+#include <array>
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+#include <memory>
+#include <system_error>
+
+namespace velmo {
+namespace {
+
+using PerchAppLibrary::JSON;
+
+[[noreturn]] void failToRead(const std::string& file, int error) {
+    throw Failure(nameOf(file) + ": cannot be read: " + std::generic_category().message(error));
+}
+
+std::string readAll(const std::string& file, std::FILE* stream) {
+    std::string content;
+    std::array<char, 1U << 16U> block{};
+    while (std::feof(stream) == 0 && std::ferror(stream) == 0)
+        content.append(block.data(), std::fread(block.data(), 1, block.size(), stream));
+    if (std::ferror(stream) != 0)
+        failToRead(file, errno);
+    return content;
+}
+
+std::string readFile(const std::string& file) {
+    if (file == "-")
+        return readAll(file, stdin);
+    const std::unique_ptr<std::FILE, int (*)(std::FILE*)> stream(std::fopen(file.c_str(), "rb"),
+                                                                 &std::fclose);
+    if (!stream)
+        failToRead(file, errno);
+    return readAll(file, stream.get());
+}
+
+} // namespace
+
+std::string nameOf(const std::string& file) { return file == "-" ? "standard input" : file; }
+
+JSON readDocument(const std::string& file) {
+    try {
+        return JSON::parse(readFile(file));
+    } catch (const JSON::ParseError& error) {
+        throw Failure(nameOf(file) + ": " + error.what());
+    }
+}
+
+} // namespace velmo

@@ -1,0 +1,85 @@
+#include "FontView.hpp"
+
+#include "Document.hpp"
+#include "Table.hpp"
+#include "Terminal.hpp"
+
+#include <VelmoCloudEntity/account/UserFontMap.hpp>
+
+#include <CLI/App.hpp>
+
+#include <utility>
+
+namespace velmo {
+
+using PerchAppLibrary::Dictionary;
+using PerchAppLibrary::ValueArray;
+using VelmoCloudEntity::FontList;
+using VelmoCloudEntity::UserFontMap;
+
+Dictionary describe(const FontItem& font) {
+    Dictionary description;
+    for (const char* const name : {"Id", "ProductName", "IsGroup", "DisplayName", "TreeNodeTitle",
+                                   "IsActivated", "IsFavorited", "IsAuthed"})
+        description.emplace(name, font.value(name));
+    return description;
+}
+
+ValueArray describe(const Fonts& fonts) {
+    ValueArray descriptions;
+    for (const auto& font : fonts)
+        descriptions.push_back(describe(*font));
+    return descriptions;
+}
+
+std::string marksOf(const FontItem& font) {
+    std::string marks;
+    for (const auto& [isMarked, mark] :
+         {std::pair(font.IsActivated(), "activated"), std::pair(font.IsFavorited(), "favorite"),
+          std::pair(font.IsAuthed(), "authorized")})
+        if (isMarked)
+            marks.append(marks.empty() ? "" : " ").append(mark);
+    return marks;
+}
+
+std::string countOfFonts(std::int64_t count) {
+    return std::to_string(count) + (count == 1 ? " font" : " fonts");
+}
+
+void addFile(CLI::App& command, FontSource& source) {
+    command.add_option("FILE", source.file, "Font list")->required();
+}
+
+void addMarks(CLI::App& command, FontSource& source) {
+    command.add_option("--activate", source.activateMap, "User-font map whose fonts are activated first")
+        ->type_name("MAP");
+    command
+        .add_option("--favorite", source.favoriteMap, "User-font map whose fonts are made favorites first")
+        ->type_name("MAP");
+}
+
+FontList readFontList(const FontSource& source) {
+    FontList fonts(readDocument(source.file));
+    if (!source.activateMap.empty())
+        FontList::setActivatedFont(fonts.List(),
+                                   UserFontMap::create(readDocument(source.activateMap))->FontList());
+    if (!source.favoriteMap.empty())
+        FontList::setFavoritedFont(fonts.List(),
+                                   UserFontMap::create(readDocument(source.favoriteMap))->FontList());
+    return fonts;
+}
+
+void printFonts(const Fonts& fonts, bool asJSON) {
+    if (asJSON) {
+        printJSON(describe(fonts));
+        return;
+    }
+    Table table({{"ID", Table::Align::right}, {"NAME"}, {"TITLE"}, {"MARKS"}});
+    for (const auto& font : fonts)
+        table.add({std::to_string(font->Id()), font->DisplayName(), font->TreeNodeTitle(), marksOf(*font)});
+    if (!fonts.empty())
+        print(table.text());
+    print(countOfFonts(static_cast<std::int64_t>(fonts.size())) + "\n");
+}
+
+} // namespace velmo

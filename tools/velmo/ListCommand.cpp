@@ -1,0 +1,51 @@
+#include "Commands.hpp"
+#include "FontView.hpp"
+
+#include <CLI/App.hpp>
+
+#include <map>
+#include <memory>
+
+namespace velmo {
+namespace {
+
+using VelmoCloudEntity::FontList;
+
+struct ListOptions {
+    std::string state;
+    FontSource source;
+    bool asJSON = false;
+};
+
+using Filter = Fonts (*)(const Fonts&);
+
+const std::map<std::string, Filter>& filters() {
+    static const std::map<std::string, Filter> byState{{"activated", &FontList::getActivatedFont},
+                                                       {"favorited", &FontList::getFavoritedFont},
+                                                       {"authorized", &FontList::getAuthorizedFont}};
+    return byState;
+}
+
+ExitStatus list(const ListOptions& options) {
+    const FontList fonts = readFontList(options.source);
+    const Fonts taken = filters().at(options.state)(fonts.List());
+    printFonts(taken, options.asJSON);
+    return taken.empty() ? ExitStatus::nothingFound : ExitStatus::done;
+}
+
+} // namespace
+
+void addList(CLI::App& application, Work& work) {
+    const auto options = std::make_shared<ListOptions>();
+    CLI::App* const command =
+        application.add_subcommand("list", "List the activated, favorited or authorized fonts");
+    command->add_option("STATE", options->state, "activated, favorited or authorized")
+        ->required()
+        ->check(CLI::IsMember(filters()));
+    addFile(*command, options->source);
+    addMarks(*command, options->source);
+    addJSONFlag(*command, options->asJSON);
+    command->callback([options, &work] { work = [options] { return list(*options); }; });
+}
+
+} // namespace velmo

@@ -1,0 +1,59 @@
+#include "Terminal.hpp"
+
+#include "ExitStatus.hpp"
+
+#include <PerchAppLibrary/Dictionary.hpp>
+#include <PerchAppLibrary/platform/Text.hpp>
+
+#include <fmt/format.h>
+
+#include <cstdio>
+#include <cstdlib>
+
+#include <unistd.h>
+
+namespace velmo {
+namespace {
+
+bool isControl(std::string_view character) {
+    const auto first = static_cast<unsigned char>(character.front());
+    if (character.size() == 1)
+        return first < 0x20 || first == 0x7F;
+    return first == 0xC2 && static_cast<unsigned char>(character[1]) < 0xA0; // U+0080 to U+009F
+}
+
+bool isColoured() {
+    const char* const noColour =
+        std::getenv("NO_COLOR"); // NOLINT(concurrency-mt-unsafe): there is one thread
+    return isatty(STDOUT_FILENO) == 1 && (noColour == nullptr || *noColour == '\0');
+}
+
+} // namespace
+
+std::string printable(std::string_view text) {
+    const std::string clean = PerchAppLibrary::text::wellFormed(text);
+    std::string shown;
+    for (std::string_view left = clean; !left.empty();) {
+        const std::string_view character = PerchAppLibrary::text::firstCodePoint(left);
+        left.remove_prefix(character.size());
+        if (isControl(character))
+            shown += fmt::format("\\u{:04X}", static_cast<unsigned char>(character.back()));
+        else
+            shown += character;
+    }
+    return shown;
+}
+
+std::string bold(const std::string& text) {
+    static const bool coloured = isColoured();
+    return coloured ? "\033[1m" + text + "\033[0m" : text;
+}
+
+void print(std::string_view text) {
+    if (std::fwrite(text.data(), 1, text.size(), stdout) != text.size() || std::fflush(stdout) != 0)
+        throw Failure("standard output cannot be written");
+}
+
+void printJSON(const PerchAppLibrary::Value& value) { print(PerchAppLibrary::toText(value) + "\n"); }
+
+} // namespace velmo

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <PerchAppLibrary/DictionaryFwd.hpp>
+
+#include <string>
+#include <string_view>
+
+namespace velmo {
+
+/// Text as it can be shown: ill-formed bytes as U+FFFD, and control characters, which could command the
+/// terminal, spelled as "\u001B".
+std::string printable(std::string_view text);
+
+/// The text in bold where standard output is a terminal and NO_COLOR is not set.
+std::string bold(const std::string& text);
+
+/// Writes to standard output. Throws Failure when that cannot be written.
+void print(std::string_view text);
+
+/// Writes the value to standard output as one JSON document on a line of its own.
+void printJSON(const PerchAppLibrary::Value& value);
+
+} // namespace velmo
