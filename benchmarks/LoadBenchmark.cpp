@@ -1,0 +1,123 @@
+#include "Benchmarks.hpp"
+#include "Loaders.hpp"
+
+#include <malloc.h>
+
+#include <chrono>
+#include <functional>
+#include <stdexcept>
+
+namespace {
+
+using VelmoCloudEntity::FontItem;
+using VelmoCloudEntity::FontList;
+
+std::size_t heapInUse() {
+    const struct mallinfo2 info = mallinfo2();
+    return info.uordblks + info.hblkhd; // in the heap and in mappings of their own
+}
+
+/// What two loaders must agree on before they are timed: every field of every font goes into it.
+class Digest {
+public:
+    void add(std::string_view text) { mix(std::hash<std::string_view>()(text)); }
+    void add(std::int64_t number) { mix(std::hash<std::int64_t>()(number)); }
+    void add(bool flag) { mix(flag ? 3 : 5); }
+    void add(const std::vector<std::int64_t>& numbers) {
+        for (const std::int64_t number : numbers)
+            add(number);
+    }
+    std::size_t value() const { return m_value; }
+
+private:
+    void mix(std::size_t hash) { m_value = (m_value ^ hash) * 0x9E3779B97F4A7C15U; }
+
+    std::size_t m_value = 0;
+};
+
+void addAll(Digest& digest, const PlainFonts& fonts) {
+    for (const auto& font : fonts) {
+        forEachField(*font, [&](const char*, const auto& field) { digest.add(field); });
+        addAll(digest, font->Children);
+    }
+}
+
+void addAll(Digest& digest, const VelmoCloudEntity::Records<FontItem>& fonts) {
+    for (const auto& font : fonts) {
+#define FIELD(Name) digest.add(font->Name())
+        FIELD(Guid), FIELD(Id), FIELD(IsDisabled), FIELD(ErrorCode), FIELD(Exception), FIELD(ExceptionCode),
+            FIELD(ExceptionMessage), FIELD(TimeStamp), FIELD(DateStamp), FIELD(Token), FIELD(ApplyHot),
+            FIELD(Ordinal), FIELD(NameOrdinal), FIELD(AppendOrdinal), FIELD(UserOrdinal), FIELD(TopClassify),
+            FIELD(ProductSetId), FIELD(ProductSetName), FIELD(ProductName), FIELD(PostscriptName),
+            FIELD(displayName), FIELD(Format), FIELD(Version), FIELD(Copyright), FIELD(ProductFileName),
+            FIELD(ProductFileUrl), FIELD(PreviewFileUrl), FIELD(previewText), FIELD(RegisterKey),
+            FIELD(IsOnline), FIELD(IsPreOnly), FIELD(IsAuthed), FIELD(IsFree), FIELD(FreeTag),
+            FIELD(IsFontAuth), FIELD(IsMemberFont), FIELD(IsPrivate), FIELD(OemTag), FIELD(isActivated),
+            FIELD(IsFavorited), FIELD(IsRecommended), FIELD(IsNewly), FIELD(FontKey), FIELD(IsGroup),
+            FIELD(GroupTag), FIELD(GroupCollectionId), FIELD(Tags), FIELD(DateStampBegin),
+            FIELD(DateStampEnd), FIELD(TopCount);
+#undef FIELD
+        addAll(digest, font->Children());
+    }
+}
+
+std::size_t digestOf(const PlainFonts& fonts) {
+    Digest digest;
+    addAll(digest, fonts);
+    return digest.value();
+}
+
+std::size_t digestOf(const FontList& fonts) {
+    Digest digest;
+    addAll(digest, fonts.List());
+    return digest.value();
+}
+
+/// A reply as it arrives in a client's buffer, with room for the padding that simdjson wants.
+std::string reply(const FontDocument& document) {
+    std::string text;
+    text.reserve(document.text.size() + 64);
+    text = document.text;
+    return text;
+}
+
+/// Times the load alone; the copy of the text and the destruction of the tree stand outside. Counts the heap
+/// that the tree takes once the document is gone.
+template <class Fonts>
+void time(benchmark::State& state, Fonts (*load)(std::string), const FontDocument& document) {
+    double bytes = 0;
+    for (auto _ : state) {
+        std::string text = reply(document);
+        const std::size_t before = heapInUse() - text.capacity();
+        const auto start = std::chrono::steady_clock::now();
+        const Fonts fonts = load(std::move(text));
+        const auto end = std::chrono::steady_clock::now();
+        bytes = static_cast<double>(heapInUse() - before);
+        state.SetIterationTime(std::chrono::duration<double>(end - start).count());
+    }
+    state.counters["ns/font"] =
+        benchmark::Counter(static_cast<double>(document.fonts) * 1e-9,
+                           benchmark::Counter::kIsIterationInvariantRate | benchmark::Counter::kInvert);
+    state.counters["bytes/font"] = bytes / static_cast<double>(document.fonts);
+    state.SetBytesProcessed(static_cast<std::int64_t>(document.text.size()) * state.iterations());
+}
+
+} // namespace
+
+void registerLoadBenchmarks(const FontDocument& document) {
+    const std::size_t digest = digestOf(loadOurs(reply(document)));
+    if (digest != digestOf(loadOnDemand(reply(document))) ||
+        digest != digestOf(loadNlohmann(reply(document))))
+        throw std::runtime_error("the loaders read different fonts");
+
+    const auto add = [&document](const std::string& name, auto load) {
+        benchmark::RegisterBenchmark(
+            ("load/" + name).c_str(),
+            [&document, load](benchmark::State& state) { time(state, load, document); })
+            ->UseManualTime()
+            ->Unit(benchmark::kMillisecond);
+    };
+    add("ours", &loadOurs);
+    add("simdjson on-demand by hand", &loadOnDemand);
+    add("nlohmann/json", &loadNlohmann);
+}

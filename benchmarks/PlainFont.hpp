@@ -1,0 +1,121 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
+
+/// What a developer would write without the library: the same fields as a FontItem, in the same order and
+/// with the same sharing, without accessors.
+struct PlainFont {
+    std::string Guid;
+    std::int64_t Id = 0;
+    bool IsDisabled = false;
+    std::int64_t ErrorCode = 0;
+    bool Exception = false;
+    std::string ExceptionCode;
+    std::string ExceptionMessage;
+    std::string TimeStamp;
+    std::string DateStamp;
+    std::string Token;
+    std::int64_t ApplyHot = 0;
+    std::int64_t Ordinal = 0;
+    std::int64_t NameOrdinal = 0;
+    std::int64_t AppendOrdinal = 0;
+    std::int64_t UserOrdinal = 0;
+    std::string TopClassify;
+    std::int64_t ProductSetId = 0;
+    std::string ProductSetName;
+    std::string ProductName;
+    std::string PostscriptName;
+    std::string displayName;
+    std::string Format;
+    std::string Version;
+    std::string Copyright;
+    std::string ProductFileName;
+    std::string ProductFileUrl;
+    std::string PreviewFileUrl;
+    std::string previewText;
+    std::string RegisterKey;
+    bool IsOnline = false;
+    bool IsPreOnly = false;
+    bool IsAuthed = false;
+    bool IsFree = false;
+    std::string FreeTag;
+    bool IsFontAuth = false;
+    bool IsMemberFont = false;
+    bool IsPrivate = false;
+    std::string OemTag;
+    bool isActivated = false;
+    bool IsFavorited = false;
+    bool IsRecommended = false;
+    bool IsNewly = false;
+    std::string FontKey;
+    bool IsGroup = false;
+    std::string GroupTag;
+    std::int64_t GroupCollectionId = 0;
+    std::vector<std::int64_t> Tags;
+    std::vector<std::shared_ptr<PlainFont>> Children;
+    std::string DateStampBegin;
+    std::string DateStampEnd;
+    std::int64_t TopCount = 0;
+};
+
+using PlainFonts = std::vector<std::shared_ptr<PlainFont>>;
+
+/// Calls `visit(key, field)` for each field of the font but Children, so that every loader fills the same
+/// ones.
+template <class Visitor>
+void forEachField(PlainFont& font, Visitor&& visit) {
+    visit("Guid", font.Guid);
+    visit("Id", font.Id);
+    visit("IsDisabled", font.IsDisabled);
+    visit("ErrorCode", font.ErrorCode);
+    visit("Exception", font.Exception);
+    visit("ExceptionCode", font.ExceptionCode);
+    visit("ExceptionMessage", font.ExceptionMessage);
+    visit("TimeStamp", font.TimeStamp);
+    visit("DateStamp", font.DateStamp);
+    visit("Token", font.Token);
+    visit("ApplyHot", font.ApplyHot);
+    visit("Ordinal", font.Ordinal);
+    visit("NameOrdinal", font.NameOrdinal);
+    visit("AppendOrdinal", font.AppendOrdinal);
+    visit("UserOrdinal", font.UserOrdinal);
+    visit("TopClassify", font.TopClassify);
+    visit("ProductSetId", font.ProductSetId);
+    visit("ProductSetName", font.ProductSetName);
+    visit("ProductName", font.ProductName);
+    visit("PostscriptName", font.PostscriptName);
+    visit("displayName", font.displayName);
+    visit("Format", font.Format);
+    visit("Version", font.Version);
+    visit("Copyright", font.Copyright);
+    visit("ProductFileName", font.ProductFileName);
+    visit("ProductFileUrl", font.ProductFileUrl);
+    visit("PreviewFileUrl", font.PreviewFileUrl);
+    visit("previewText", font.previewText);
+    visit("RegisterKey", font.RegisterKey);
+    visit("IsOnline", font.IsOnline);
+    visit("IsPreOnly", font.IsPreOnly);
+    visit("IsAuthed", font.IsAuthed);
+    visit("IsFree", font.IsFree);
+    visit("FreeTag", font.FreeTag);
+    visit("IsFontAuth", font.IsFontAuth);
+    visit("IsMemberFont", font.IsMemberFont);
+    visit("IsPrivate", font.IsPrivate);
+    visit("OemTag", font.OemTag);
+    visit("isActivated", font.isActivated);
+    visit("IsFavorited", font.IsFavorited);
+    visit("IsRecommended", font.IsRecommended);
+    visit("IsNewly", font.IsNewly);
+    visit("FontKey", font.FontKey);
+    visit("IsGroup", font.IsGroup);
+    visit("GroupTag", font.GroupTag);
+    visit("GroupCollectionId", font.GroupCollectionId);
+    visit("Tags", font.Tags);
+    visit("DateStampBegin", font.DateStampBegin);
+    visit("DateStampEnd", font.DateStampEnd);
+    visit("TopCount", font.TopCount);
+}
