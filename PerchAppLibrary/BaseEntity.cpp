@@ -74,7 +74,7 @@ PropertySet findElements(const RecordSchema& schema, dom::object members, std::s
 struct Setter {
     BaseEntity& record;
     const dom::element& element;
-    bool isOverridable; // a subclass may have overridden the accessors
+    bool isOverridable; // the accessors that were declared with the property may not be the ones that count
 
     template <class T>
     void operator()(const FieldAccess<T>& access) const {
@@ -118,8 +118,10 @@ void BaseEntity::setValue(const JSON& json, Excluded excluded) {
         if (const std::size_t index = recordSchema.find(key); index != RecordSchema::notFound)
             found.erase(index);
 
-    const bool isOverridable = typeid(*this) != recordSchema.type();
+    // Nothing can have overridden the accessors of the properties that the record's very class declares.
+    const bool isOfDeclaringClass = typeid(*this) == recordSchema.type();
     found.forEach([&](std::size_t index) {
+        const bool isOverridable = !isOfDeclaringClass || index < recordSchema.firstOwn();
         std::visit(Setter{*this, slots[index].element, isOverridable},
                    recordSchema.properties()[index].access);
     });

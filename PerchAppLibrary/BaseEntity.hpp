@@ -68,7 +68,7 @@ public:
     virtual void clearException();
 
     /// The value of the stored or computed property with this name, read through its virtual accessor.
-    /// Throws UndefinedKeyError when the record has none of this name.
+    /// Throws UndefinedKeyError when the record has none of this name; ends the process where the accessor does.
     Value value(std::string_view name) const;
 
     /// All stored properties in their order, the base's first; nested records as dictionaries of the same

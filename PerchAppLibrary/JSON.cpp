@@ -133,12 +133,12 @@ JSON JSON::operator[](std::string_view key) const noexcept {
     return last ? JSONElement::inDocumentOf(*this, *last) : null;
 }
 
-JSON JSON::operator[](std::int64_t index) const noexcept {
+JSON JSON::at(std::size_t index) const noexcept {
     const std::optional<dom::element> element = JSONElement::of(*this);
     dom::array array;
     dom::element found;
-    if (index < 0 || !element || element->get(array) != simdjson::SUCCESS ||
-        array.at(static_cast<std::size_t>(index)).get(found) != simdjson::SUCCESS)
+    if (!element || element->get(array) != simdjson::SUCCESS ||
+        array.at(index).get(found) != simdjson::SUCCESS)
         return null;
     return JSONElement::inDocumentOf(*this, found);
 }

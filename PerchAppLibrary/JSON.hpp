@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <concepts>
 #include <cstddef>
 #include <cstdint>
 #include <iterator>
@@ -35,11 +36,11 @@ public:
 
     constexpr JSON() noexcept = default;
 
-    /// The document that the text (UTF-8, without a byte order mark, less than 4 GiB) spells. A number beyond
-    /// 64-bit integers is read as the nearest double, one beyond the doubles as the greatest or least of
-    /// them, and an escaped surrogate without its other half as U+FFFD; so every well-formed text no deeper
-    /// than maximumDepth is a document. Throws ParseError for any other text. Given as an rvalue, the text is
-    /// read in place where its capacity allows.
+    /// The document that the text (UTF-8, without a byte order mark, less than 4 GiB) spells. A number beyond 64-bit
+    /// integers is read as the nearest double, one beyond the doubles as the greatest or least of them, and an escaped
+    /// surrogate without its other half as U+FFFD; so every well-formed text no deeper than maximumDepth is a document.
+    /// Throws ParseError for any other text. Given as an rvalue, the text is read in place where its capacity allows;
+    /// what it holds afterwards is unspecified.
     static JSON parse(std::string_view text);
     static JSON parse(std::string&& text);
     static JSON parse(const char* text) { return parse(std::string_view(text)); }
@@ -59,8 +60,10 @@ public:
 
     /// The element of an array at this index, counted from 0; otherwise null. Linear in the index: all
     /// elements are visited by a loop over the JSON.
-    JSON operator[](std::int64_t index) const noexcept;
-    JSON operator[](int index) const noexcept { return (*this)[static_cast<std::int64_t>(index)]; }
+    template <std::integral Index>
+    JSON operator[](Index index) const noexcept {
+        return std::cmp_less(index, 0) ? null : at(static_cast<std::size_t>(index));
+    }
 
     /// The elements of an array in their order; empty for any other value.
     std::vector<JSON> arrayValue() const;
@@ -72,6 +75,8 @@ public:
 
 private:
     friend class JSONElement;
+
+    JSON at(std::size_t index) const noexcept;
 
     /// A place in a parsed document, as the reader's own type lays it out.
     using Place = std::array<std::uint64_t, 2>;

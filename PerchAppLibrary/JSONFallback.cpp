@@ -30,8 +30,8 @@ std::string unexpected(std::string_view text, std::size_t offset) {
         return "the text ends before the document does";
     if (!text::isWellFormed(character))
         return "bytes that are not UTF-8";
-    if (const auto byte = static_cast<unsigned char>(character.front()); byte < 0x20 || byte == 0x7F)
-        return "unexpected control character " + std::to_string(byte);
+    if (text::isControl(character))
+        return "unexpected control character " + std::to_string(static_cast<unsigned char>(character.back()));
     return "unexpected \"" + std::string(character) + "\"";
 }
 
@@ -75,7 +75,7 @@ std::optional<std::uint16_t> escapedUnit(std::string_view text, std::size_t offs
 bool isLeading(std::optional<std::uint16_t> unit) { return unit && *unit >= 0xD800 && *unit <= 0xDBFF; }
 bool isTrailing(std::optional<std::uint16_t> unit) { return unit && *unit >= 0xDC00 && *unit <= 0xDFFF; }
 
-/// Escaped surrogates without their other half become "\uFFFD", which is as long, so that offsets stay.
+/// Escaped surrogates without their other half become "\uFFFD", which is as long.
 std::string withoutLoneSurrogates(std::string_view text) {
     std::string spelled(text);
     for (std::size_t at = text.find('\\'); at < text.size(); at = text.find('\\', at)) {
@@ -92,7 +92,7 @@ std::string withoutLoneSurrogates(std::string_view text) {
     return spelled;
 }
 
-/// The nearest number that the reader holds; the same spelling where it holds the number itself.
+/// The nearest number that the reader holds; the same spelling where it holds the number itself. Requires a number.
 std::string readableNumber(simdjson::dom::parser& reader, std::string_view number) {
     std::string spelled(number);
     if (reader.parse(spelled).error() == simdjson::SUCCESS)
@@ -105,16 +105,17 @@ std::string readableNumber(simdjson::dom::parser& reader, std::string_view numbe
     return number.starts_with('-') ? "-1.7976931348623157e308" : "1.7976931348623157e308";
 }
 
+/// Behind the string that begins at this offset; the end of the text where the string has none.
 std::size_t endOfString(std::string_view text, std::size_t at) {
-    for (++at; text[at] != '"'; ++at)
+    for (++at; at < text.size() && text[at] != '"'; ++at)
         if (text[at] == '\\')
             ++at;
-    return at + 1;
+    return std::min(at + 1, text.size());
 }
 
-/// Requires a well-formed text.
-std::string withReadableNumbers(std::string_view text) {
-    simdjson::dom::parser reader;
+/// The text with each number (what stands for one outside strings) in the spelling that `respell` gives it.
+template <class Respell>
+std::string withNumbers(std::string_view text, Respell&& respell) {
     std::string spelled;
     spelled.reserve(text.size());
     for (std::size_t at = 0; at < text.size();) {
@@ -128,19 +129,37 @@ std::string withReadableNumbers(std::string_view text) {
             spelled.append(text, at, end - at);
         } else {
             end = std::min(text.find_first_not_of("+-.0123456789eE", at), text.size());
-            spelled += readableNumber(reader, text.substr(at, end - at));
+            spelled += respell(text.substr(at, end - at));
         }
         at = end;
     }
     return spelled;
 }
 
+/// An exponent of more than nine digits, which the checking parser would refuse, becomes one of the same length that
+/// is beyond every double as well.
+std::string withModestExponent(std::string_view number) {
+    std::string spelled(number);
+    const std::size_t exponent = spelled.find_first_of("eE");
+    const std::size_t digits =
+        exponent == std::string::npos ? exponent : spelled.find_first_of("123456789", exponent);
+    if (digits == std::string::npos || spelled.size() - digits <= 9 ||
+        spelled.find_first_not_of("0123456789", digits) != std::string::npos)
+        return spelled;
+    std::fill(spelled.begin() + static_cast<std::ptrdiff_t>(digits), spelled.end(), '0');
+    std::fill(spelled.end() - 6, spelled.end(), '9');
+    return spelled;
+}
+
 } // namespace
 
 std::string readableSpelling(std::string_view text) {
-    const std::string spelled = withoutLoneSurrogates(text);
+    // As long as the text, so that offsets stay.
+    const std::string spelled = withNumbers(withoutLoneSurrogates(text), withModestExponent);
     check(spelled);
-    return withReadableNumbers(spelled);
+    simdjson::dom::parser reader;
+    return withNumbers(spelled,
+                       [&reader](std::string_view number) { return readableNumber(reader, number); });
 }
 
 } // namespace PerchAppLibrary::fallback

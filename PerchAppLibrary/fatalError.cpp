@@ -6,7 +6,10 @@
 namespace PerchAppLibrary {
 
 void fatalError(std::string_view message) noexcept {
-    std::fprintf(stderr, "Fatal error: %.*s\n", static_cast<int>(message.size()), message.data());
+    std::fputs("Fatal error: ", stderr);
+    for (const char byte : message) // a name in the message may hold anything, but the message is one line
+        std::fputc(static_cast<unsigned char>(byte) < 0x20 ? ' ' : byte, stderr);
+    std::fputc('\n', stderr);
     std::abort();
 }
 

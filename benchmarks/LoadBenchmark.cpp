@@ -117,7 +117,7 @@ void registerLoadBenchmarks(const FontDocument& document) {
             ->UseManualTime()
             ->Unit(benchmark::kMillisecond);
     };
-    add("ours", &loadOurs);
+    add("VelmoCloudEntity", &loadOurs);
     add("simdjson on-demand by hand", &loadOnDemand);
     add("nlohmann/json", &loadNlohmann);
 }

@@ -17,6 +17,10 @@ using namespace VelmoCloudEntity;
 
 namespace {
 
+#ifdef __clang__
+#pragma clang diagnostic ignored "-Winconsistent-missing-override" // of the property that is declared again
+#endif
+
 /// A client's own record on top of one of the library's: further properties, one of a base's name, a computed
 /// one.
 class StarredFont : public FontItem {
@@ -26,11 +30,15 @@ class StarredFont : public FontItem {
     PERCH_PROPERTY_SET_BY(std::string, note_text, setNote_text, "none");
     PERCH_PROPERTY(float, Weight, 400.5F);
     PERCH_COMPUTED(std::string, Badge);
+    PERCH_PROPERTY(std::string, Token, "again"); // the base has one as well
 
     PERCH_RECORD_END;
 
 public:
     using BaseEntity::reflect;
+    void setVersion(std::string newVersion) override {
+        FontItem::setVersion(newVersion.empty() ? newVersion : "v" + newVersion);
+    }
 };
 PERCH_RECORD_SCHEMA(StarredFont);
 std::string StarredFont::Badge() const {
@@ -79,9 +87,17 @@ TEST(BaseEntity, TakesAClientsOwnProperties) {
     std::string tail;
     for (auto entry = dictionary.end() - 5; entry != dictionary.end(); ++entry)
         tail.append(entry->key()).append(" ");
-    EXPECT_EQ(tail, "TopCount Stars note_text Weight Children ");
+    EXPECT_EQ(tail, "Stars note_text Weight Token Children ");
     EXPECT_EQ(font->schema().className(), "StarredFont");
-    EXPECT_EQ(font->schema().ownProperties().size(), 4U);
+    EXPECT_EQ(font->schema().ownProperties().size(), 5U);
+    // An override is honoured in a class that declares properties too, and of two of a name its own counts.
+    for (const char* const json :
+         {R"({"Version":"1","Token":"t"})", R"({"DateStamp":"x","Token":"t","Version":"1"})"}) {
+        const auto filled = StarredFont::create(JSON::parse(json));
+        EXPECT_EQ(filled->Version(), "v1");
+        EXPECT_EQ(filled->Token(), "t") << json;
+        EXPECT_EQ(filled->Dict().at("Token").as_string(), "t");
+    }
 }
 
 TEST(BaseEntity, ExportsWhateverASetterWasGiven) {

@@ -81,6 +81,25 @@ TEST(Text, FindsWholeCharactersWhateverTheirSpelling) {
     EXPECT_FALSE(text::contains("ß", "s", text::Case::kept));
 }
 
+TEST(Text, StaysLinearOnTextMadeToBeSlow) {
+    // Minutes where the cost grows with the square.
+    std::string marks = "a";
+    std::string ordered = "a";
+    for (int count = 0; count < 100000; ++count)
+        marks += "\u0344"; // decomposes into two marks
+    for (int count = 0; count < 100000; ++count) {
+        marks += "\u0323";
+        ordered += "\u0323";
+    }
+    for (int count = 0; count < 100000; ++count)
+        ordered += "\u0308\u0301";
+    EXPECT_TRUE(text::decomposed(marks) == ordered);
+    EXPECT_TRUE(text::equal(marks, ordered));
+    EXPECT_FALSE(text::contains(std::string(400000, 'a'), std::string(200000, 'a') + "b"));
+    EXPECT_TRUE(text::contains(std::string(400000, 'a') + "b", std::string(200000, 'a') + "b"));
+    EXPECT_TRUE(text::contains("aabaabaac", "AABAAC"));
+}
+
 TEST(Text, CountsAndCutsInUTF16Units) {
     const struct {
         const char* given;

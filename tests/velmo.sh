@@ -48,7 +48,8 @@ expect 2 'subcommand'
 expect 2 'list.*STATE|STATE.*foo' list foo "$fonts"
 expect 2 'FILE is required' tree
 expect 2 'read.*TYPE|TYPE.*FontLst' read FontLst "$fonts"
-expect 2 'ID' locate "$fonts" seven
+expect 2 'ID: "seven" is no integer' locate "$fonts" seven
+expect 2 '99999999999999999999' locate "$fonts" 99999999999999999999
 expect 2 '/nonexistent: cannot be read: No such file' tree /nonexistent
 expect 2 'cannot be read: Is a directory' export "$directory"
 expect 2 'broken.json: line 2, column 8: unexpected "2"' tree "$directory/broken.json"
@@ -88,7 +89,11 @@ expect 0 '\{"Id":3,"ProductName":"","IsGroup":true,"DisplayName":"Set \(1\)","Tr
 expect 0 '"getRemotePreviewFile":"https://p/Anuphan/3.00/Anuphan-Light_S_B_32.png"\}$' \
     locate "$fonts" 339 --fixed --fix-preview-url https://p/ --json
 expect 1 'odd.json: font 1 "A": its file name "abc" is too short' locate "$directory/odd.json" 1
-expect 1 'odd.json: font 2 "B\\u001B\[31m": its ProductFileUrl "1:b.ttf" gives no URL' locate "$directory/odd.json" 2
+expect 0 '"remotePreviewFile":null' locate "$directory/odd.json" 2 --json
+grep -qF 'odd.json: font 2 "B\u001B[31m": its ProductFileUrl "1:b.ttf" gives no URL' "$directory/err" || fail "no warning of the URL"
+expect 0 '^Anuphan Light\(' locate "$fonts" 0339
+expect 2 'no\\u000Asuch' tree "$directory/no
+such"
 expect 1 'no font has the Id 3$' locate "$directory/odd.json" 3 # a group
 grep -q . "$directory/out" && fail "a font that is not there has locations"
 "$velmo" locate "$directory/odd.json" 1 --json 2>/dev/null |

@@ -1,5 +1,6 @@
 #include <PerchAppLibrary/platform/Path.hpp>
 
+#include <algorithm>
 #include <filesystem>
 #include <system_error>
 

@@ -5,6 +5,7 @@
 
 #include <fontconfig/fontconfig.h>
 
+#include <initializer_list>
 #include <memory>
 
 namespace PerchAppLibrary {
@@ -45,35 +46,58 @@ FontSet fontsWith(const char* property, const std::string& name) {
     return {FcFontList(nullptr, pattern.get(), wanted.get()), &FcFontSetDestroy};
 }
 
-} // namespace
-
-std::optional<PlatformFont> PlatformFont::named(std::string_view name, double points) {
-    const std::string sought = text::wellFormed(name);
-    if (sought.empty() || sought.find('\0') != std::string::npos)
-        return std::nullopt;
-    for (const char* const property : {FC_FULLNAME, FC_POSTSCRIPT_NAME, FC_FAMILY}) {
-        const FontSet fonts = fontsWith(property, sought);
-        for (int index = 0; fonts && index < fonts->nfont; ++index) {
-            const FcPattern* const font = fonts->fonts[index];
-            // The list takes names that differ in case or blanks as well.
-            if (!hasName(font, property, sought))
-                continue;
-            const std::string fullName = firstValue(font, FC_FULLNAME);
-            return PlatformFont(fullName.empty() ? sought : fullName, firstValue(font, FC_FILE),
-                                points, false);
-        }
-    }
-    return std::nullopt;
-}
-
-PlatformFont PlatformFont::system(double points) {
+/// What the system would draw with for these families, the first of them first; regular where nothing else is asked.
+Pattern bestMatch(std::initializer_list<const char*> families) {
     const Pattern pattern(FcPatternCreate(), &FcPatternDestroy);
-    for (const char* const family : {"system-ui", "sans-serif"})
-        FcPatternAddString(pattern.get(), FC_FAMILY, fcText(family));
+    for (const char* const family : families)
+        FcPatternAddString(pattern.get(), FC_FAMILY, reinterpret_cast<const FcChar8*>(family));
     FcConfigSubstitute(nullptr, pattern.get(), FcMatchPattern);
     FcDefaultSubstitute(pattern.get());
     FcResult result = FcResultNoMatch;
-    const Pattern match(FcFontMatch(nullptr, pattern.get(), &result), &FcPatternDestroy);
+    return {FcFontMatch(nullptr, pattern.get(), &result), &FcPatternDestroy};
+}
+
+/// Calls `use(font)` with the installed font of this name in this spelling. False when there is none.
+template <class Use>
+bool findFont(const std::string& name, Use&& use) {
+    for (const char* const property : {FC_FULLNAME, FC_POSTSCRIPT_NAME}) {
+        const FontSet fonts = fontsWith(property, name);
+        for (int index = 0; fonts && index < fonts->nfont; ++index)
+            if (hasName(fonts->fonts[index], property,
+                        name)) { // names that differ in case or blanks are listed too
+                use(fonts->fonts[index]);
+                return true;
+            }
+    }
+    const Pattern ofFamily = bestMatch({name.c_str()});
+    const bool isOfFamily = ofFamily && hasName(ofFamily.get(), FC_FAMILY, name);
+    if (isOfFamily)
+        use(ofFamily.get());
+    return isOfFamily;
+}
+
+} // namespace
+
+std::optional<PlatformFont> PlatformFont::named(std::string_view name, double points) {
+    if (name.empty() || name.find('\0') != std::string_view::npos)
+        return std::nullopt;
+    std::optional<PlatformFont> found;
+    // Names are looked up by their bytes, so each equivalent spelling is.
+    for (const std::string& spelling :
+         {text::wellFormed(name), text::composed(name), text::decomposed(name)}) {
+        const auto take = [&](const FcPattern* font) {
+            const std::string fullName = firstValue(font, FC_FULLNAME);
+            found = PlatformFont(fullName.empty() ? spelling : fullName, firstValue(font, FC_FILE), points,
+                                 false);
+        };
+        if (findFont(spelling, take))
+            break;
+    }
+    return found;
+}
+
+PlatformFont PlatformFont::system(double points) {
+    const Pattern match = bestMatch({"system-ui", "sans-serif"});
     std::string family = match ? firstValue(match.get(), FC_FAMILY) : std::string();
     std::string file = match ? firstValue(match.get(), FC_FILE) : std::string();
     return {family.empty() ? "system-ui" : std::move(family), std::move(file), points, true};

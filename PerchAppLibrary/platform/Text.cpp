@@ -13,6 +13,8 @@
 #include <limits>
 #include <memory>
 #include <new>
+#include <utility>
+#include <vector>
 
 namespace PerchAppLibrary::text {
 namespace {
@@ -85,6 +87,54 @@ std::string normalized(const icu::Normalizer2& normalizer, std::string_view text
     return result;
 }
 
+/// Marks that follow one another without end: ICU orders them by insertion, which takes the square of their number.
+bool hasLongRunOfMarks(std::string_view text) {
+    constexpr std::size_t longRun = 64; // text that means something has a few
+    std::size_t run = 0;
+    for (std::size_t offset = 0; offset < text.size() && run < longRun;)
+        run = nfd().hasBoundaryBefore(nextCodePoint(text, offset)) ? 0 : run + 1;
+    return run == longRun;
+}
+
+/// Normalization Form D step by step (UAX #15): decomposition, then the canonical order of each run of marks.
+std::string decomposedByRuns(std::string_view text) {
+    struct Mark {
+        std::uint8_t combiningClass;
+        std::size_t place; // in its run: marks of one class keep their order
+        UChar32 codePoint;
+    };
+    std::vector<Mark> run;
+    std::string result;
+    const auto finishRun = [&] {
+        std::ranges::sort(run, {},
+                          [](const Mark& mark) { return std::pair(mark.combiningClass, mark.place); });
+        for (const Mark& mark : run)
+            append(result, mark.codePoint);
+        run.clear();
+    };
+    const auto add = [&](UChar32 codePoint) {
+        const std::uint8_t combiningClass = u_getCombiningClass(codePoint);
+        if (combiningClass == 0) {
+            finishRun();
+            append(result, codePoint);
+        } else {
+            run.push_back({combiningClass, run.size(), codePoint});
+        }
+    };
+    icu::UnicodeString parts;
+    for (std::size_t offset = 0; offset < text.size();) {
+        const UChar32 codePoint = nextCodePoint(text, offset);
+        if (!nfd().getDecomposition(codePoint, parts)) {
+            add(codePoint);
+            continue;
+        }
+        for (std::int32_t at = 0; at < parts.length(); at = parts.moveIndex32(at, 1))
+            add(parts.char32At(at));
+    }
+    finishRun();
+    return result;
+}
+
 /// Whether the code point at the offset composes with what stands right before it, as a Hangul vowel or final
 /// and a few vowel signs do that are no combining marks. A composite has at most four code points, so that
 /// many are enough.
@@ -99,6 +149,19 @@ bool composesBackwards(std::string_view decomposedText, std::size_t offset) {
     const std::string before = normalized(nfc(), decomposedText.substr(begin, offset - begin));
     const std::string alone = normalized(nfc(), decomposedText.substr(offset, end - offset));
     return normalized(nfc(), decomposedText.substr(begin, end - begin)) != before + alone;
+}
+
+/// For each beginning of the needle, the length of the longest shorter beginning that it also ends with: what a match
+/// can be continued from without reading the haystack twice (Knuth, Morris and Pratt).
+std::vector<std::size_t> bordersOf(std::string_view needle) {
+    std::vector<std::size_t> borders(needle.size());
+    for (std::size_t end = 1, border = 0; end < needle.size(); ++end) {
+        while (border > 0 && needle[end] != needle[border])
+            border = borders[border - 1];
+        border += needle[end] == needle[border] ? 1 : 0;
+        borders[end] = border;
+    }
+    return borders;
 }
 
 /// Whether a text may be cut there without taking a mark from the character it belongs to.
@@ -137,7 +200,15 @@ std::string uppercased(std::string_view text) {
 }
 
 std::string decomposed(std::string_view text) {
-    return isASCII(text) ? std::string(text) : normalized(nfd(), wellFormed(text));
+    if (isASCII(text))
+        return std::string(text);
+    const std::string clean = wellFormed(text);
+    return hasLongRunOfMarks(clean) ? decomposedByRuns(clean) : normalized(nfd(), clean);
+}
+
+std::string composed(std::string_view text) {
+    // From the decomposed form, whose marks are in order already.
+    return isASCII(text) ? std::string(text) : normalized(nfc(), decomposed(text));
 }
 
 std::string folded(std::string_view text) { return decomposed(uppercased(decomposed(text))); }
@@ -158,9 +229,15 @@ bool contains(std::string_view haystack, std::string_view needle, Case letterCas
     const std::string sought = compared(needle);
     if (sought.empty())
         return false;
-    for (std::size_t at = within.find(sought); at != std::string::npos; at = within.find(sought, at + 1))
-        if (isBoundary(within, at) && isBoundary(within, at + sought.size()))
+    const std::vector<std::size_t> borders = bordersOf(sought);
+    std::size_t matched = 0;
+    for (std::size_t end = 0; end < within.size();) {
+        while (matched > 0 && (matched == sought.size() || within[end] != sought[matched]))
+            matched = borders[matched - 1];
+        matched += within[end++] == sought[matched] ? 1 : 0;
+        if (matched == sought.size() && isBoundary(within, end - matched) && isBoundary(within, end))
             return true;
+    }
     return false;
 }
 
@@ -200,6 +277,11 @@ std::string_view firstCodePoint(std::string_view text) noexcept {
     if (!text.empty())
         nextCodePoint(text, offset);
     return text.substr(0, offset);
+}
+
+bool isControl(std::string_view character) noexcept {
+    std::size_t offset = 0;
+    return !character.empty() && u_charType(nextCodePoint(character, offset)) == U_CONTROL_CHAR;
 }
 
 std::size_t graphemeCount(std::string_view text) {

@@ -23,6 +23,9 @@ std::string uppercased(std::string_view text);
 /// Normalization Form D (UAX #15): two texts are canonically equivalent when these are the same bytes.
 std::string decomposed(std::string_view text);
 
+/// Normalization Form C (UAX #15).
+std::string composed(std::string_view text);
+
 /// The form in which texts are compared without regard to case: decomposed, upper-cased, decomposed again.
 /// The first step keeps the result the same for every canonically equivalent spelling, iota subscripts among
 /// them.
@@ -52,6 +55,9 @@ std::size_t codePointCount(std::string_view text) noexcept;
 
 /// The bytes of the first code point (or ill-formed sequence); empty for an empty text.
 std::string_view firstCodePoint(std::string_view text) noexcept;
+
+/// Whether these are the bytes of one control character (general category Cc), which could command a terminal.
+bool isControl(std::string_view character) noexcept;
 
 /// Number of user-perceived characters: extended grapheme clusters (UAX #29).
 std::size_t graphemeCount(std::string_view text);

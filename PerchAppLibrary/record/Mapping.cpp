@@ -18,8 +18,8 @@ namespace dom = simdjson::dom;
 using Kind = dom::element_type;
 
 bool toInteger(double number, std::int64_t& value) {
-    constexpr double limit = 9223372036854775808.0; // 2^63, the first double beyond the integers
-    if (number < -limit || number >= limit || std::trunc(number) != number)
+    constexpr double limit = 9007199254740992.0; // 2^53: from here on, one double stands for several integers
+    if (number <= -limit || number >= limit || std::trunc(number) != number)
         return false;
     value = static_cast<std::int64_t>(number);
     return true;
@@ -66,12 +66,16 @@ void appendNumber(std::string& text, Number number) {
     text.append(digits.data(), result.ptr);
 }
 
-std::string spelled(double number) {
-    std::string text;
-    appendNumber(text, number);
-    if (text.find_first_not_of("-0123456789") == std::string::npos)
-        text += ".0";
-    return text;
+bool toText(double number, std::string& value) {
+    constexpr double limit =
+        9223372036854775808.0; // 2^63: an integer beyond has been rounded when it was read
+    if (number <= -limit || number >= limit)
+        return false;
+    value.clear();
+    appendNumber(value, number);
+    if (value.find_first_not_of("-0123456789") == std::string::npos)
+        value += ".0";
+    return true;
 }
 
 template <class Element>
@@ -146,8 +150,7 @@ bool convertOtherKind(dom::element element, std::string& value) {
         appendNumber(value, element.get_uint64().value_unsafe());
         return true;
     case Kind::DOUBLE:
-        value = spelled(element.get_double().value_unsafe());
-        return true;
+        return toText(element.get_double().value_unsafe(), value);
     case Kind::BOOL:
         value = element.get_bool().value_unsafe() ? "true" : "false";
         return true;

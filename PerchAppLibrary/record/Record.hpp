@@ -71,9 +71,9 @@ public:                                                \
 
 /// Opens a record: its list of properties and the ways every record has of being made.
 ///
-/// `create()` makes a record with defaults; `create(json)` fills it as well; `create<R>(...)` makes an R, a
-/// subclass, whose overrides run while it is filled. Every record is owned by the shared_ptr that is
-/// returned.
+/// `create()` makes a record with defaults; `create(json)` fills it as well; `create<R>(...)` makes an R, a subclass with
+/// a default constructor, whose overrides run while it is filled. (A subclass without PERCH_RECORD of its own inherits
+/// these: `R::create()` still makes a Class.) Every record is owned by the shared_ptr that is returned.
 #define PERCH_RECORD(Class, BaseClass)                                    \
     PERCH_PROPERTIES(Class);                                              \
     using Base = BaseClass;                                               \
@@ -120,7 +120,9 @@ public:                                                                         
     static_assert(true)
 
 /// A stored property with the getter `Name()` and the setter `setName(value)`, both virtual.
-#define PERCH_PROPERTY(Type, Name, ...) \
+/// A name that begins with a small letter needs PERCH_PROPERTY_SET_BY, since its setter has a capital one.
+#define PERCH_PROPERTY(Type, Name, ...)                                                                  \
+    static_assert(#Name[0] < 'a' || #Name[0] > 'z', "PERCH_PROPERTY_SET_BY names the setter of " #Name); \
     PERCH_PROPERTY_SET_BY(Type, Name, set##Name __VA_OPT__(, ) __VA_ARGS__)
 
 /// A computed property with the virtual getter `Name()`, which the class defines in its source file.
@@ -133,7 +135,7 @@ public:                                                                        \
     }                                                                          \
     static_assert(true)
 
-/// Closes a record's list of properties.
+/// Closes a record's list of properties; one that stands behind it is not in the list.
 #define PERCH_RECORD_END \
 public:                  \
     static constexpr int lastPropertyLine = __LINE__

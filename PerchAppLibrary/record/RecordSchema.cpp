@@ -2,13 +2,15 @@
 
 #include <boost/unordered/unordered_flat_map.hpp>
 
+#include <algorithm>
 #include <cstdint>
+#include <iterator>
 
 namespace PerchAppLibrary {
 
 namespace {
 
-/// Property names differ in length or in one of three letters nearly always, and few share a class.
+/// Enough to tell names apart: the length and three letters. Equal hashes cost a comparison more.
 struct NameHash {
     using is_avalanching = void;
 
@@ -35,13 +37,17 @@ struct RecordSchema::NameIndex {
 
 RecordSchema::RecordSchema(std::string_view className, const std::type_info& type, const RecordSchema* base,
                            std::vector<Property> own)
-    : m_className(className), m_type(&type), m_firstOwn(base == nullptr ? 0 : base->m_properties.size()) {
+    : m_className(className), m_type(&type) {
     if (base != nullptr)
-        m_properties = base->m_properties;
-    m_properties.insert(m_properties.end(), own.begin(), own.end());
+        std::ranges::copy_if(base->m_properties, std::back_inserter(m_properties),
+                             [&own](const Property& inherited) {
+                                 return std::ranges::find(own, inherited.name, &Property::name) == own.end();
+                             });
+    m_firstOwn = m_properties.size();
+    std::ranges::copy(own, std::back_inserter(m_properties));
     auto byName = std::make_unique<NameIndex>();
     for (const Property& property : m_properties) {
-        byName->indices.insert_or_assign(property.name, m_names.size());
+        byName->indices.emplace(property.name, m_names.size());
         m_names.push_back(property.name);
     }
     m_byName = std::move(byName);

@@ -55,7 +55,8 @@ struct Property {
 /// it.
 class RecordSchema {
 public:
-    /// The class's own properties in declaration order, behind those of the base, if there is one.
+    /// The class's own properties in declaration order, behind those of the base, if there is one. A property that the
+    /// class declares again takes the place of the base's.
     RecordSchema(std::string_view className, const std::type_info& type, const RecordSchema* base,
                  std::vector<Property> own);
     RecordSchema(const RecordSchema&) = delete;
@@ -70,14 +71,16 @@ public:
     /// All properties, base first, then in declaration order.
     std::span<const Property> properties() const noexcept { return m_properties; }
 
+    /// Index of the first property that the class itself declares.
+    std::size_t firstOwn() const noexcept { return m_firstOwn; }
+
     /// The properties that the class itself declares.
     std::span<const Property> ownProperties() const noexcept { return properties().subspan(m_firstOwn); }
 
     /// What find() answers for a name that no property has.
     static constexpr std::size_t notFound = static_cast<std::size_t>(-1);
 
-    /// Index of the property with this name in properties(), or notFound. Of two with one name, in a class
-    /// and its base, the class's. Constant time.
+    /// Index of the property with this name in properties(), or notFound. Constant time.
     std::size_t find(std::string_view name) const noexcept;
 
     /// The same, faster when the property is the one at the index `guess` or one of the two behind it.

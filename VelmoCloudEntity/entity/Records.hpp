@@ -2,7 +2,9 @@
 
 #include <PerchAppLibrary/JSON.hpp>
 
+#include <iterator>
 #include <memory>
+#include <new>
 #include <utility>
 #include <vector>
 
@@ -31,9 +33,9 @@ Records<Item> makeRecords(const PerchAppLibrary::JSON& json, Elements which = El
     return records;
 }
 
-/// Destroys the records that nobody else holds, and what hangs below them, in a loop: a chain of groups of
-/// any length would otherwise be taken down by as many nested destructors. `takeChildren` moves the children
-/// out of an item.
+/// Destroys the records that nobody else holds, and what hangs below them, in a loop: a chain of groups of any length
+/// would otherwise be taken down by as many nested destructors. `takeChildren` moves the children out of an item.
+/// Where there is no memory for the list of what is left, nested destructors do the rest.
 template <class Item, class TakeChildren>
 void releaseTree(Records<Item>& records, TakeChildren takeChildren) noexcept {
     Records<Item> doomed = std::move(records);
@@ -42,8 +44,13 @@ void releaseTree(Records<Item>& records, TakeChildren takeChildren) noexcept {
         doomed.pop_back();
         if (item.use_count() != 1)
             continue;
-        for (std::shared_ptr<Item>& child : takeChildren(*item))
-            doomed.push_back(std::move(child));
+        Records<Item> children = takeChildren(*item);
+        try {
+            doomed.insert(doomed.end(), std::make_move_iterator(children.begin()),
+                          std::make_move_iterator(children.end()));
+        } catch (const std::bad_alloc&) {
+            children.clear();
+        }
     }
 }
 

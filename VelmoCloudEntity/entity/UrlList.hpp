@@ -3,6 +3,8 @@
 #include <VelmoCloudEntity/entity/RecordList.hpp>
 #include <VelmoCloudEntity/entity/UrlItem.hpp>
 
+#include <utility>
+
 namespace VelmoCloudEntity {
 
 /// A list of named addresses.

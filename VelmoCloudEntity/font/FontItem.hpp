@@ -19,10 +19,10 @@ namespace VelmoCloudEntity {
 /// any other record is a leaf, a font proper, whose Children are never looked at. Members are shared: the
 /// same object may stand in several groups and lists, and whoever changes it changes it for all.
 ///
-/// Requires: no group is a member of itself, at any depth, and no member is null. Documents nest groups up to
-/// 511 deep. A tree that is built by hand may be deeper: queries and destruction manage any depth, whereas
-/// Dict() and setActivated() call themselves once for each level, as they must to honour overrides, and need
-/// stack for that (10,000 levels are tested).
+/// Requires: no group is a member of itself, at any depth, and no member is null. Documents nest groups up to 511 deep.
+/// A tree that is built by hand may be deeper: queries and destruction manage any depth, whereas Dict(), properties(),
+/// setActivated() and the copy or destruction of a Dictionary go down one call for each level, as they must to honour
+/// overrides, and need stack for that (10,000 levels are tested).
 class FontItem : public PerchAppLibrary::BaseEntity {
     PERCH_RECORD(FontItem, PerchAppLibrary::BaseEntity);
 

@@ -10,7 +10,7 @@ void markMatching(const Records<FontItem>& list, const Records<FontItem>& refere
                   void (FontItem::*setFlag)(bool)) {
     if (list.empty() || references.empty())
         return;
-    const FontReferences index(references);
+    FontReferences index(references);
     forEachLeaf(list, [&](const std::shared_ptr<FontItem>& leaf) {
         if (index.match(*leaf))
             ((*leaf).*setFlag)(true);

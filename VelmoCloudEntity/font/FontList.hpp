@@ -4,6 +4,7 @@
 #include <VelmoCloudEntity/font/FontItem.hpp>
 
 #include <cstdint>
+#include <utility>
 
 namespace VelmoCloudEntity {
 

@@ -2,10 +2,13 @@
 
 #include "ExitStatus.hpp"
 
+#include <cstdint>
 #include <functional>
+#include <string>
 
 namespace CLI {
 class App;
+class Option;
 } // namespace CLI
 
 namespace velmo {
@@ -20,6 +23,10 @@ void addList(CLI::App& application, Work& work);
 void addLocate(CLI::App& application, Work& work);
 void addRead(CLI::App& application, Work& work);
 void addExport(CLI::App& application, Work& work);
+
+/// Adds an argument or option for a decimal integer of 64 bits; anything else on the line is wrong usage.
+CLI::Option* addInteger(CLI::App& command, const std::string& name, std::int64_t& value,
+                        const std::string& description);
 
 /// Adds the option that every command takes.
 void addJSONFlag(CLI::App& command, bool& asJSON);

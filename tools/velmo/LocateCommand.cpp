@@ -11,7 +11,6 @@
 #include <CLI/App.hpp>
 #include <fmt/format.h>
 
-#include <cstdio>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -68,22 +67,17 @@ Dictionary locationsOf(const FontItem& font, const LocateOptions& with) {
     return locations;
 }
 
-void warn(const std::string& message) { std::fprintf(stderr, "velmo: %s\n", message.c_str()); }
-
-/// Says which font lacks which location, and why. False when all are there.
-bool reportMissing(const FontItem& font, const LocateOptions& options) {
-    const std::string who = fmt::format("{}: font {} \"{}\": ", nameOf(options.source.file), font.Id(),
-                                        printable(font.ProductName()));
-    const bool hasStem = font.stem().has_value();
-    if (!hasStem)
+/// Says which locations the font lacks, and why.
+void warnOfMissing(const FontItem& font, const Dictionary& locations, const LocateOptions& options) {
+    const std::string who =
+        fmt::format("{}: font {} \"{}\"", nameOf(options.source.file), font.Id(), font.ProductName());
+    if (locations.at("LocalPreviewFile").is_null())
         warn(fmt::format(
-            "{}its file name \"{}\" is too short to lose a four-character extension, so it has no previews",
-            who, printable(font.ProductFileName())));
-    const bool hasRemotePreview = font.findRemotePreviewFile().has_value();
-    if (!hasRemotePreview)
-        warn(fmt::format("{}its ProductFileUrl \"{}\" gives no URL of a preview", who,
-                         printable(font.ProductFileUrl())));
-    return !hasStem || !hasRemotePreview;
+            "{}: its file name \"{}\" is too short to lose a four-character extension, so it has no previews",
+            who, font.ProductFileName()));
+    if (locations.at("remotePreviewFile").is_null())
+        warn(fmt::format("{}: its ProductFileUrl \"{}\" gives no URL of a preview", who,
+                         font.ProductFileUrl()));
 }
 
 void printForPeople(const FontItem& font, const Dictionary& locations) {
@@ -115,7 +109,8 @@ ExitStatus locate(const LocateOptions& options) {
         printJSON(locations);
     else
         printForPeople(font, locations);
-    return reportMissing(font, options) ? ExitStatus::nothingFound : ExitStatus::done;
+    warnOfMissing(font, locations, options);
+    return font.stem() ? ExitStatus::done : ExitStatus::nothingFound;
 }
 
 } // namespace
@@ -125,14 +120,14 @@ void addLocate(CLI::App& application, Work& work) {
     CLI::App* const command = application.add_subcommand(
         "locate", "Show where a font's file and previews are, here and at the service");
     addFile(*command, options->source);
-    command->add_option("ID", options->id, "Identifier of a leaf font")->required();
+    addInteger(*command, "ID", options->id, "Identifier of a leaf font")->required();
     command->add_flag("--fixed", options->isFixed, "Fixed previews: named in clear, not by MD5");
     const auto add = [command](const char* name, auto& value, const char* description) {
         command->add_option(name, value, description)->capture_default_str();
     };
     add("--preview-tag", options->previewTag, "Preview style");
     add("--color-tag", options->colorTag, "Preview colour");
-    add("--font-size", options->fontSize, "Preview size in points");
+    addInteger(*command, "--font-size", options->fontSize, "Preview size in points")->default_str("32");
     add("--product-url", options->productUrl, "Prefix of public font files");
     add("--private-product-url", options->privateProductUrl, "Prefix of private font files");
     add("--fix-preview-url", options->fixPreviewUrl, "Prefix of fixed previews");

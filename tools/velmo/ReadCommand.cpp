@@ -68,7 +68,7 @@ void showRecord(std::string& text, const Dictionary& record, std::size_t depth) 
     for (const auto& [name, value] : record)
         width = std::max(width, name.size());
     for (const auto& [name, value] : record) {
-        text.append(2 * depth, ' ').append(name);
+        text.append(indent(depth)).append(name);
         if (holdsRecords(value)) {
             text += '\n';
             show(text, value, depth + 1);
@@ -87,7 +87,7 @@ void show(std::string& text, const Value& value, std::size_t depth) {
     }
     std::size_t number = 0;
     for (const Value& item : value.get_array()) {
-        text.append(2 * depth, ' ').append(bold("[" + std::to_string(number++) + "]")) += '\n';
+        text.append(indent(depth)).append(bold("[" + std::to_string(number++) + "]")) += '\n';
         show(text, item, depth + 1);
     }
 }

@@ -10,6 +10,13 @@ namespace velmo {
 
 using PerchAppLibrary::text::columnCount;
 
+namespace {
+
+/// A longer cell is shown whole, and moves the rest of its own row only.
+constexpr std::size_t widestColumn = 80;
+
+} // namespace
+
 Table::Table(std::vector<Column> columns) : m_columns(std::move(columns)) {
     std::vector<std::string> titles;
     titles.reserve(m_columns.size());
@@ -28,13 +35,15 @@ std::string Table::text() const {
     std::vector<std::size_t> widths(m_columns.size());
     for (const Row& row : m_rows)
         for (std::size_t column = 0; column < widths.size(); ++column)
-            widths[column] = std::max(widths[column], columnCount(row.cells[column]));
+            if (const std::size_t width = columnCount(row.cells[column]); width <= widestColumn)
+                widths[column] = std::max(widths[column], width);
     std::string text;
     for (const Row& row : m_rows) {
         std::string line;
         for (std::size_t column = 0; column < widths.size(); ++column) {
             const std::string& cell = row.cells[column];
-            const std::string padding(widths[column] - columnCount(cell), ' ');
+            const std::size_t width = columnCount(cell);
+            const std::string padding(widths[column] - std::min(width, widths[column]), ' ');
             line += m_columns[column].align == Align::left ? cell + padding : padding + cell;
             line += "  ";
         }

@@ -7,6 +7,7 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 
@@ -14,13 +15,6 @@
 
 namespace velmo {
 namespace {
-
-bool isControl(std::string_view character) {
-    const auto first = static_cast<unsigned char>(character.front());
-    if (character.size() == 1)
-        return first < 0x20 || first == 0x7F;
-    return first == 0xC2 && static_cast<unsigned char>(character[1]) < 0xA0; // U+0080 to U+009F
-}
 
 bool isColoured() {
     const char* const noColour =
@@ -36,13 +30,20 @@ std::string printable(std::string_view text) {
     for (std::string_view left = clean; !left.empty();) {
         const std::string_view character = PerchAppLibrary::text::firstCodePoint(left);
         left.remove_prefix(character.size());
-        if (isControl(character))
+        if (PerchAppLibrary::text::isControl(character))
             shown += fmt::format("\\u{:04X}", static_cast<unsigned char>(character.back()));
         else
             shown += character;
     }
     return shown;
 }
+
+std::string indent(std::size_t depth) {
+    constexpr std::size_t deepest = 20;
+    return std::string(2 * std::min(depth, deepest), ' ');
+}
+
+void warn(const std::string& message) { std::fprintf(stderr, "velmo: %s\n", printable(message).c_str()); }
 
 std::string bold(const std::string& text) {
     static const bool coloured = isColoured();

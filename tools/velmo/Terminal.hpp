@@ -11,6 +11,13 @@ namespace velmo {
 /// terminal, spelled as "\u001B".
 std::string printable(std::string_view text);
 
+/// What stands before a line at this depth of a tree; beyond a certain depth always the same, since the indentation of a
+/// document made to be deep would fill the disk.
+std::string indent(std::size_t depth);
+
+/// Writes the message as one line to standard error, made printable.
+void warn(const std::string& message);
+
 /// The text in bold where standard output is a terminal and NO_COLOR is not set.
 std::string bold(const std::string& text);
 

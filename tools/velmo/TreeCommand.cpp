@@ -32,7 +32,7 @@ ValueArray describeTree(const Fonts& fonts) {
 
 void addRows(Table& table, const Fonts& fonts, std::size_t depth) {
     for (const auto& font : fonts) {
-        const std::string title = std::string(2 * depth, ' ') + font->TreeNodeTitle();
+        const std::string title = indent(depth) + font->TreeNodeTitle();
         const std::string id = std::to_string(font->Id());
         if (!font->IsGroup()) {
             table.add({title, id, "", marksOf(*font)});

@@ -1,19 +1,20 @@
 // velmo: runs the library over replies of the service that were saved as files.
 #include "Commands.hpp"
+#include "Terminal.hpp"
 
 #include <CLI/App.hpp>
 #include <CLI/Config.hpp>
 #include <CLI/Formatter.hpp>
 
-#include <cstdio>
 #include <exception>
+#include <string>
 
 namespace {
 
 using velmo::ExitStatus;
 
-int report(const char* message) {
-    std::fprintf(stderr, "velmo: %s\n", message);
+int fail(const std::string& message) {
+    velmo::warn(message);
     return static_cast<int>(ExitStatus::failure);
 }
 
@@ -36,7 +37,7 @@ int run(int argc, char** argv) {
     } catch (const CLI::Success& request) {
         return application.exit(request); // help or version
     } catch (const CLI::ParseError& error) {
-        return report((std::string(error.what()) + " (velmo --help tells more)").c_str());
+        return fail(std::string(error.what()) + " (velmo --help tells more)");
     }
     return static_cast<int>(work());
 }
@@ -47,6 +48,6 @@ int main(int argc, char** argv) {
     try {
         return run(argc, argv);
     } catch (const std::exception& error) {
-        return report(error.what());
+        return fail(error.what());
     }
 }
