@@ -10,7 +10,7 @@ forbid() {
     shift
     local places=()
     while [ "$1" != -- ]; do places+=("$1"); shift; done
-    if found=$(grep -rnE --include='*.hpp' --include='*.cpp' "$2" "${places[@]}"); then
+    if found=$(grep -srnE --include='*.hpp' --include='*.cpp' "$2" "${places[@]}"); then
         printf '%s:\n%s\n' "$why" "$found"
         status=1
     fi
