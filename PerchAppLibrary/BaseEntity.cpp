@@ -23,8 +23,7 @@ namespace dom = simdjson::dom;
 /// Records of up to this many properties are filled without a separate allocation.
 constexpr std::size_t usualPropertyCount = 64;
 
-/// The element found for a property; without one until it is set, since most properties of most records have
-/// none.
+/// The element found for a property; without one until it is set, since most properties of most records have none.
 union Slot {
     Slot() noexcept {} // NOLINT(modernize-use-equals-default): the member has a constructor of its own
     dom::element element;
@@ -54,8 +53,7 @@ private:
     boost::container::small_vector<std::uint64_t, usualPropertyCount / wordBits> m_words;
 };
 
-/// Finds the properties that the members of a JSON object belong to, and leaves the last element of each in
-/// its slot.
+/// Finds the properties that the members of a JSON object belong to, and leaves the last element of each in its slot.
 PropertySet findElements(const RecordSchema& schema, dom::object members, std::span<Slot> slots) {
     PropertySet found(slots.size());
     std::size_t guess = 0;

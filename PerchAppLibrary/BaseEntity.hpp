@@ -18,8 +18,7 @@ namespace PerchAppLibrary {
 /// A record is filled from JSON by the names of its properties and read by them. All of this goes through the
 /// virtual accessors, so a subclass that overrides one is honoured. Records are shared objects: made by the
 /// `create` of their class, held by std::shared_ptr, not copied; a record owns its texts and arrays, and
-/// shares its nested records. A record is not synchronised: whoever uses it on several threads keeps them
-/// apart.
+/// shares its nested records. A record is not synchronised: whoever uses it on several threads keeps them apart.
 class BaseEntity {
 public:
     BaseEntity();
@@ -71,8 +70,7 @@ public:
     /// Throws UndefinedKeyError when the record has none of this name; ends the process where the accessor does.
     Value value(std::string_view name) const;
 
-    /// All stored properties in their order, the base's first; nested records as dictionaries of the same
-    /// kind.
+    /// All stored properties in their order, the base's first; nested records as dictionaries of the same kind.
     Dictionary properties() const;
 
     /// The record's class as the library sees it: the most derived one that declares properties.

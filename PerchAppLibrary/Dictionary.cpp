@@ -46,8 +46,7 @@ Value toValue(bool flag) { return flag; }
 Value toValue(float number) {
     if (!std::isfinite(number))
         return nullptr;
-    // By way of the shortest decimal that gives the float back: 12.7, where a plain cast
-    // gives 12.699999809265137.
+    // By way of the shortest decimal that gives the float back: 12.7, where a plain cast gives 12.699999809265137.
     char decimal[32];
     double value = 0;
     std::from_chars(decimal, std::to_chars(decimal, std::end(decimal), number).ptr, value);

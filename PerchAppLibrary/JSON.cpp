@@ -51,8 +51,7 @@ JSON parseText(std::string_view text, bool padded) {
     if (error == simdjson::MEMALLOC)
         throw std::bad_alloc();
     const std::string spelled = fallback::readableSpelling(text);
-    // The reader counts an innermost array or object only when it is empty; the depth has just been checked
-    // exactly.
+    // The reader counts an innermost array or object only when it is empty; the depth has just been checked exactly.
     if (std::optional<JSON> json = read(spelled, false, JSON::maximumDepth + 1, error))
         return *std::move(json);
     throw JSON::ParseError(1, 1, simdjson::error_message(error));

@@ -49,8 +49,7 @@ public:
 
     bool isNull() const noexcept { return type() == Type::null; }
 
-    /// Number of elements of an array or of members of an object, a repeated key counted each time; 0 for the
-    /// rest.
+    /// Number of elements of an array or of members of an object, a repeated key counted each time; 0 for the rest.
     std::size_t count() const noexcept;
 
     /// The member of an object with this key, the last one when the key is repeated; otherwise null.
@@ -90,8 +89,7 @@ private:
 
 inline constinit const JSON JSON::null{};
 
-/// Steps through the elements of one array. The element that it refers to is its own: it lasts until the next
-/// step.
+/// Steps through the elements of one array. The element that it refers to is its own: it lasts until the next step.
 class JSON::Iterator {
 public:
     using iterator_category = std::input_iterator_tag;

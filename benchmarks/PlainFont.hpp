@@ -64,8 +64,7 @@ struct PlainFont {
 
 using PlainFonts = std::vector<std::shared_ptr<PlainFont>>;
 
-/// Calls `visit(key, field)` for each field of the font but Children, so that every loader fills the same
-/// ones.
+/// Calls `visit(key, field)` for each field of the font but Children, so that every loader fills the same ones.
 template <class Visitor>
 void forEachField(PlainFont& font, Visitor&& visit) {
     visit("Guid", font.Guid);

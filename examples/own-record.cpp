@@ -1,5 +1,4 @@
-// A client's own kind of font: it adds a property, and overrides one so that every query sees the client's
-// answer.
+// A client's own kind of font: it adds a property, and overrides one so that every query sees the client's answer.
 #include <VelmoCloudEntity/font/FontList.hpp>
 
 #include <PerchAppLibrary/Dictionary.hpp>

@@ -1,6 +1,5 @@
 // Fuzzes the whole road: any bytes are a document or a ParseError; a document becomes fonts, which are asked
-// for everything that cannot end the process, marked by themselves, exported, and read again to the same
-// export.
+// for everything that cannot end the process, marked by themselves, exported, and read again to the same export.
 #include <VelmoCloudEntity/account/UserFontActivateMapItem.hpp>
 #include <VelmoCloudEntity/font/FontList.hpp>
 #include <VelmoCloudEntity/font/LeafWalk.hpp>

@@ -21,8 +21,7 @@ namespace {
 #pragma clang diagnostic ignored "-Winconsistent-missing-override" // of the property that is declared again
 #endif
 
-/// A client's own record on top of one of the library's: further properties, one of a base's name, a computed
-/// one.
+/// A client's own record on top of one of the library's: further properties, one of a base's name, a computed one.
 class StarredFont : public FontItem {
     PERCH_RECORD(StarredFont, FontItem);
 

@@ -8,8 +8,7 @@
 /// Unicode text, stored as UTF-8.
 ///
 /// Every function takes any bytes: each maximal ill-formed sequence (Unicode Standard, section 3.9) counts as
-/// one U+FFFD. Nothing depends on the locale of the process. Each function is linear in the length of its
-/// arguments.
+/// one U+FFFD. Nothing depends on the locale of the process. Each function is linear in the length of its arguments.
 namespace PerchAppLibrary::text {
 
 bool isWellFormed(std::string_view text) noexcept;
@@ -27,8 +26,7 @@ std::string decomposed(std::string_view text);
 std::string composed(std::string_view text);
 
 /// The form in which texts are compared without regard to case: decomposed, upper-cased, decomposed again.
-/// The first step keeps the result the same for every canonically equivalent spelling, iota subscripts among
-/// them.
+/// The first step keeps the result the same for every canonically equivalent spelling, iota subscripts among them.
 std::string folded(std::string_view text);
 
 /// Canonical equivalence (UAX #15), case-sensitive.

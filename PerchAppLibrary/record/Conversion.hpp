@@ -9,8 +9,7 @@
 #include <vector>
 
 /// The conversions that Mapping.hpp describes, on the reader's own elements. Each writes its result to
-/// `value` and answers true, or leaves `value` as it is and answers false. For the sources of this library
-/// alone.
+/// `value` and answers true, or leaves `value` as it is and answers false. For the sources of this library alone.
 namespace PerchAppLibrary {
 
 bool convertOtherKind(simdjson::dom::element element, std::int64_t& value);

@@ -51,8 +51,7 @@ struct Property {
     Value value(const BaseEntity& record) const;
 };
 
-/// The properties of one class of records. Immutable; there is one for each class, made at the first use of
-/// it.
+/// The properties of one class of records. Immutable; there is one for each class, made at the first use of it.
 class RecordSchema {
 public:
     /// The class's own properties in declaration order, behind those of the base, if there is one. A property that the
@@ -162,8 +161,7 @@ private:
 
 } // namespace PerchAppLibrary
 
-/// Defines what PERCH_RECORD(Class, ...) declares. Stands once, in the record's source file, in its
-/// namespace.
+/// Defines what PERCH_RECORD(Class, ...) declares. Stands once, in the record's source file, in its namespace.
 #define PERCH_RECORD_SCHEMA(Class)                                                                         \
     const PerchAppLibrary::RecordSchema& Class::schema() const {                                           \
         static const PerchAppLibrary::RecordSchema schema(                                                 \

@@ -10,8 +10,7 @@
 namespace VelmoCloudEntity {
 
 /// What the records that tie a user to a list of fonts have in common. Each of them is a class of its own
-/// name with nothing but the ways of making one, since a reply is read into the class that says what its list
-/// means.
+/// name with nothing but the ways of making one, since a reply is read into the class that says what its list means.
 class UserFontMap : public PerchAppLibrary::BaseEntity {
     PERCH_RECORD(UserFontMap, PerchAppLibrary::BaseEntity);
 
@@ -37,8 +36,7 @@ protected:
     void init(UserLabels labels);
     void init(UserFontsLabels labels);
 
-    /// The base's own mapping, whatever a subclass overrides; then one font for each element of the array
-    /// "FontList".
+    /// The base's own mapping, whatever a subclass overrides; then one font for each element of the array "FontList".
     void initFromJSON(const PerchAppLibrary::JSON& json);
 };
 

@@ -113,8 +113,7 @@ class FontItem : public PerchAppLibrary::BaseEntity {
     /// previewText and isActivated; last "Children", the members' own Dicts.
     PERCH_COMPUTED(PerchAppLibrary::Dictionary, Dict);
 
-    /// Whether the font's file is there: a file exists at LocalFile(). False, without a look, when that is
-    /// empty.
+    /// Whether the font's file is there: a file exists at LocalFile(). False, without a look, when that is empty.
     PERCH_COMPUTED(bool, IsLocaled);
 
     /// Path of the font file: in the client's cache directory for a font that is on line, otherwise
@@ -176,8 +175,7 @@ class FontItem : public PerchAppLibrary::BaseEntity {
     /// that key: empty when there is none.
     void setValue(const PerchAppLibrary::JSON& json) override;
 
-    /// Sets IsActivated of a leaf; hands the value on to every member of a group, whose own flag stays as it
-    /// is.
+    /// Sets IsActivated of a leaf; hands the value on to every member of a group, whose own flag stays as it is.
     virtual void setActivated(bool activated);
 
     /// The Dicts of the fonts, in order.
@@ -188,8 +186,7 @@ class FontItem : public PerchAppLibrary::BaseEntity {
     /// name has fewer than four.
     std::optional<std::string> stem() const;
 
-    /// remotePreviewFile(), or none where ProductFileUrl() has fewer than four UTF-16 code units or gives no
-    /// URL.
+    /// remotePreviewFile(), or none where ProductFileUrl() has fewer than four UTF-16 code units or gives no URL.
     std::optional<PerchAppLibrary::URL> findRemotePreviewFile() const;
 
     /// Address of the font file: for a public font the prefix, ProductSetName(), "/", Version(), "/",

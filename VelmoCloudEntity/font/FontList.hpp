@@ -20,8 +20,7 @@ public:
     /// An empty list.
     FontList() = default;
 
-    /// One font for each object in a JSON array, in order; its other elements are dropped. Empty for any
-    /// other value.
+    /// One font for each object in a JSON array, in order; its other elements are dropped. Empty for any other value.
     explicit FontList(const PerchAppLibrary::JSON& json) : RecordList(json, Elements::objects) {}
 
     /// The fonts, in order.
@@ -39,8 +38,7 @@ public:
 
     /// Sets IsActivated of each font that one of the references matches; never clears it, and leaves groups
     /// alone. A font whose Id is 1 or more is matched by a reference with the same Id and the same IsPrivate,
-    /// any other by a reference with a canonically equivalent ProductName. Linear in fonts and references
-    /// together.
+    /// any other by a reference with a canonically equivalent ProductName. Linear in fonts and references together.
     static void setActivatedFont(const Records<FontItem>& list, const Records<FontItem>& activatedFont);
 
     /// Sets IsFavorited of each font that one of the references matches, by the same rule.

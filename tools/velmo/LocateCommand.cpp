@@ -5,7 +5,6 @@
 
 #include <VelmoCloudEntity/font/LeafWalk.hpp>
 
-#include <PerchAppLibrary/platform/Text.hpp>
 #include <PerchAppLibrary/platform/URL.hpp>
 
 #include <CLI/App.hpp>

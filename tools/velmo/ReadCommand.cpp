@@ -6,8 +6,6 @@
 #include <VelmoCloudEntity/account/UserFontActivateMapItem.hpp>
 #include <VelmoCloudEntity/entity/UrlList.hpp>
 
-#include <PerchAppLibrary/platform/Text.hpp>
-
 #include <CLI/App.hpp>
 
 #include <algorithm>
