@@ -22,6 +22,11 @@ Value arrayValue(const std::vector<Element>& elements) {
     return array;
 }
 
+template <class T>
+Value optionalValue(const std::optional<T>& optional) {
+    return optional ? toValue(*optional) : Value(nullptr);
+}
+
 template <class Source>
 void appendText(std::string& text, const Source& source) {
     char buffer[4096];
@@ -60,8 +65,9 @@ Value toValue(std::string_view text) {
 }
 
 Value toValue(const std::string& text) { return toValue(std::string_view(text)); }
-Value toValue(const std::optional<std::string>& text) { return text ? toValue(*text) : Value(nullptr); }
+Value toValue(const std::optional<std::string>& text) { return optionalValue(text); }
 Value toValue(const std::vector<std::int64_t>& numbers) { return arrayValue(numbers); }
+Value toValue(const std::optional<std::vector<std::int64_t>>& numbers) { return optionalValue(numbers); }
 Value toValue(const std::vector<std::string>& texts) { return arrayValue(texts); }
 Value toValue(const URL& url) { return toValue(std::string_view(url.buffer())); }
 Value toValue(const PlatformFont& font) {

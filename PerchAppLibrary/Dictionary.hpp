@@ -28,6 +28,7 @@ Value toValue(const std::string& text);
 Value toValue(const char* text) = delete; // would be taken for a Boolean
 Value toValue(const std::optional<std::string>& text);
 Value toValue(const std::vector<std::int64_t>& numbers);
+Value toValue(const std::optional<std::vector<std::int64_t>>& numbers);
 Value toValue(const std::vector<std::string>& texts);
 Value toValue(const URL& url);
 Value toValue(const PlatformFont& font);

@@ -1,12 +1,35 @@
+#include <PerchAppLibrary/platform/Needle.hpp>
+#include <PerchAppLibrary/platform/NeedleSet.hpp>
 #include <PerchAppLibrary/platform/Text.hpp>
 
 #include <gtest/gtest.h>
 
+#include <cstdint>
+#include <random>
 #include <string>
+#include <tuple>
 
 namespace text = PerchAppLibrary::text;
+using text::Case;
+using text::ComparedText;
+using text::Needle;
+using text::SearchedText;
 
 namespace {
+
+/// A character in UTF-8 of so many bytes; a surrogate gives ill-formed ones.
+template <int Length>
+std::string utf8(char32_t codePoint) {
+    std::string bytes(1, static_cast<char>((0xF00U >> Length) | codePoint >> (6 * (Length - 1))));
+    for (int left = Length - 2; left >= 0; --left)
+        bytes += static_cast<char>(0x80U | (codePoint >> (6 * left) & 0x3FU));
+    return bytes;
+}
+
+bool contains(std::string_view haystack, std::string_view needle) {
+    SearchedText text(haystack);
+    return Needle(needle).isIn(text);
+}
 
 TEST(Text, UpperCasesFullyAndWithoutALocale) {
     const std::pair<const char*, const char*> cases[] = {
@@ -37,8 +60,8 @@ TEST(Text, ComparesByCanonicalEquivalence) {
         {"\xFF\xFF", "\uFFFD", false},
     };
     for (const auto& each : cases) {
-        EXPECT_EQ(text::equal(each.left, each.right), each.equal) << each.left << " " << each.right;
-        EXPECT_EQ(text::equal(each.right, each.left), each.equal) << each.left << " " << each.right;
+        EXPECT_EQ(ComparedText(each.left, Case::kept) == ComparedText(each.right, Case::kept), each.equal)
+            << each.left << " " << each.right;
     }
 }
 
@@ -74,11 +97,98 @@ TEST(Text, FindsWholeCharactersWhateverTheirSpelling) {
         {"宋体 标准", "体 标", true},
     };
     for (const auto& each : cases)
-        EXPECT_EQ(text::contains(each.haystack, each.needle), each.contained)
+        EXPECT_EQ(contains(each.haystack, each.needle), each.contained)
             << each.haystack << " " << each.needle;
-    EXPECT_FALSE(text::contains("Fangsong", "SONG", text::Case::kept));
-    EXPECT_TRUE(text::contains("Fangsong", "song", text::Case::kept));
-    EXPECT_FALSE(text::contains("ß", "s", text::Case::kept));
+}
+
+TEST(Text, FindsEveryPlaceWhateverTheLengths) {
+    // Against the standard library's search, around the sizes of words and blocks.
+    std::mt19937 random(7);
+    const auto letters = [&random](std::size_t length) {
+        std::string made;
+        while (made.size() < length)
+            made += std::string_view("abAB\0-\x7F", 7)[random() % 7];
+        return made;
+    };
+    std::size_t found = 0;
+    for (int count = 0; count < 60000; ++count) {
+        const std::string haystack = letters(random() % (count % 10 == 0 ? 200 : 40));
+        std::string needle = letters(1 + random() % 4);
+        if (count % 3 == 0 && haystack.size() > 1) {
+            const std::size_t begin = random() % (haystack.size() - 1);
+            needle = haystack.substr(begin, 1 + random() % (haystack.size() - begin));
+        }
+        const auto expected = text::uppercased(haystack).find(text::uppercased(needle));
+        for (const std::string& before : {std::string(), std::string("\u5B8B"), std::string("\u00E9")}) {
+            const std::string whole = before + haystack;
+            SearchedText searched(whole);
+            const auto offset = Needle(needle).find(searched);
+            const std::size_t shift = ComparedText(before).bytes().size();
+            ASSERT_EQ(offset.value_or(std::string::npos),
+                      expected == std::string::npos ? expected : expected + shift)
+                << testing::PrintToString(haystack) << testing::PrintToString(needle);
+        }
+        found += expected != std::string::npos ? 1 : 0;
+    }
+    EXPECT_GT(found, 20000U);
+}
+
+TEST(Text, ComparesAlikeOnEveryRoad) {
+    // Of every character, in the company of others: by the roads for plain text, character by character, and whole.
+    for (const Case letterCase : {Case::ignored, Case::kept}) {
+        ComparedText reused(letterCase);
+        for (char32_t codePoint = 1; codePoint < 0x30000; ++codePoint) {
+            const std::string character = codePoint < 0x80      ? std::string(1, static_cast<char>(codePoint))
+                                          : codePoint < 0x800   ? utf8<2>(codePoint)
+                                          : codePoint < 0x10000 ? utf8<3>(codePoint)
+                                                                : utf8<4>(codePoint);
+            for (const std::string& text : {"a" + character + "\u5B8B", "\u0327" + character + "\u0301"}) {
+                reused.assign(text);
+                const std::string form =
+                    letterCase == Case::ignored ? text::folded(text) : text::decomposed(text);
+                ASSERT_EQ(reused.bytes(), form) << "U+" << std::hex << static_cast<std::uint32_t>(codePoint);
+                ASSERT_TRUE(!reused.isPlain() || text::composed(form) == form); // and may be cut anywhere
+            }
+        }
+    }
+}
+
+TEST(Text, FindsOneOfManyNeedlesWhereEachWouldBe) {
+    const std::string all[] = {"e",      "\u00E9", "\u00DF", "\uFB03", "\u5B8B",
+                               "\uAC00", "\u1100", "\u0301", "x"};
+    const std::string haystacks[] = {"e\u0301", "E",       "strasse", "ffi",     "\u4EFF\u5B8B",  "\uAC01",
+                                     "\u0301e", "\uAC00x", "",        "EFG\xFF", "\u00C9t\u00E9", "s s"};
+    for (unsigned chosen = 0; chosen < 1U << std::size(all); ++chosen) {
+        text::NeedleSet set;
+        for (std::size_t index = 0; index < std::size(all); ++index)
+            if ((chosen >> index & 1U) != 0)
+                set.add(all[index]);
+        for (const std::string& haystack : haystacks) {
+            SearchedText searched(haystack);
+            bool expected = false;
+            for (std::size_t index = 0; index < std::size(all); ++index)
+                expected = expected || ((chosen >> index & 1U) != 0 && contains(haystack, all[index]));
+            ASSERT_EQ(set.anyIn(searched), expected) << haystack << " " << chosen;
+        }
+    }
+}
+
+TEST(Text, TellsWhichPartOfTheOriginalWasFound) {
+    const std::tuple<const char*, const char*, const char*> cases[] = {
+        {"Ünïcödé Straße", "strasse", "Straße"},
+        {"Ünïcödé Straße", "s", "S"},
+        {"Straße", "asse", "aße"},
+        {"xﬁy", "i", "ﬁ"},
+        {"cafe\u0301!", "é", "e\u0301"},
+        {"仿宋体", "宋", "宋"},
+        {"a\xFF\xFFz", "Z", "z"},
+    };
+    for (const auto& [given, needle, part] : cases) {
+        const auto found = Needle(needle).partOf(given);
+        ASSERT_TRUE(found) << given;
+        EXPECT_EQ(std::string(given).substr(found->begin, found->end - found->begin), part);
+    }
+    EXPECT_FALSE(Needle("e").partOf("é"));
 }
 
 TEST(Text, StaysLinearOnTextMadeToBeSlow) {
@@ -94,10 +204,17 @@ TEST(Text, StaysLinearOnTextMadeToBeSlow) {
     for (int count = 0; count < 100000; ++count)
         ordered += "\u0308\u0301";
     EXPECT_TRUE(text::decomposed(marks) == ordered);
-    EXPECT_TRUE(text::equal(marks, ordered));
-    EXPECT_FALSE(text::contains(std::string(400000, 'a'), std::string(200000, 'a') + "b"));
-    EXPECT_TRUE(text::contains(std::string(400000, 'a') + "b", std::string(200000, 'a') + "b"));
-    EXPECT_TRUE(text::contains("aabaabaac", "AABAAC"));
+    EXPECT_TRUE(ComparedText(marks, Case::kept) == ComparedText(ordered, Case::kept));
+    EXPECT_FALSE(contains(std::string(400000, 'a'), std::string(200000, 'a') + "b"));
+    EXPECT_TRUE(contains(std::string(400000, 'a') + "b", std::string(200000, 'a') + "b"));
+    EXPECT_FALSE(contains(std::string(400000, 'a') + "\u0301", std::string(32, 'a') + "b"));
+    const std::string marked = "a\u0301"; // a long needle that begins with a mark is at no place
+    std::string many = marked;
+    while (many.size() < 400000)
+        many += marked;
+    EXPECT_FALSE(contains(many, many.substr(1, 100000)));
+    EXPECT_TRUE(contains(many, many.substr(0, 99999)));
+    EXPECT_TRUE(contains("aabaabaac", "AABAAC"));
 }
 
 TEST(Text, CountsAndCutsInUTF16Units) {

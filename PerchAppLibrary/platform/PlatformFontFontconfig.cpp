@@ -1,6 +1,7 @@
 // Fonts as fontconfig knows them.
 #include <PerchAppLibrary/platform/PlatformFont.hpp>
 
+#include <PerchAppLibrary/platform/ComparedText.hpp>
 #include <PerchAppLibrary/platform/Text.hpp>
 
 #include <fontconfig/fontconfig.h>
@@ -32,8 +33,9 @@ std::string firstValue(const FcPattern* pattern, const char* property) {
 
 /// Fonts carry a name in several languages; any of them counts.
 bool hasName(const FcPattern* pattern, const char* property, std::string_view name) {
+    const text::ComparedText sought(name, text::Case::kept);
     for (int index = 0; const char* value = valueAt(pattern, property, index); ++index)
-        if (text::equal(value, name))
+        if (text::ComparedText(value, text::Case::kept) == sought)
             return true;
     return false;
 }

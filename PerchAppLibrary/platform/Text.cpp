@@ -1,90 +1,25 @@
 #include <PerchAppLibrary/platform/Text.hpp>
 
+#include <PerchAppLibrary/platform/ICU.hpp>
+
 #include <simdjson.h>
 #include <unicode/brkiter.h>
 #include <unicode/bytestream.h>
 #include <unicode/casemap.h>
-#include <unicode/normalizer2.h>
 #include <unicode/uchar.h>
 #include <unicode/utext.h>
-#include <unicode/utf8.h>
 
 #include <algorithm>
-#include <limits>
+#include <cstdint>
 #include <memory>
-#include <new>
 #include <utility>
 #include <vector>
 
 namespace PerchAppLibrary::text {
 namespace {
 
-/// ICU fails on these paths only for want of memory.
-void require(UErrorCode status) {
-    if (U_FAILURE(status))
-        throw std::bad_alloc();
-}
-
-icu::StringPiece piece(std::string_view text) {
-    if (text.size() > static_cast<std::size_t>(std::numeric_limits<std::int32_t>::max()))
-        throw std::bad_alloc();
-    return {text.data(), static_cast<std::int32_t>(text.size())};
-}
-
 bool isASCII(std::string_view text) noexcept {
     return std::ranges::none_of(text, [](char byte) { return static_cast<signed char>(byte) < 0; });
-}
-
-constexpr UChar32 replacementCharacter = 0xFFFD;
-
-/// The code point at the offset, which moves behind it; U+FFFD for each maximal ill-formed sequence.
-UChar32 nextCodePoint(std::string_view text, std::size_t& offset) noexcept {
-    const auto* const bytes = reinterpret_cast<const std::uint8_t*>(text.data());
-    UChar32 codePoint = 0;
-#pragma GCC diagnostic push
-#pragma GCC diagnostic ignored "-Wconversion" // of the macro's own bytes
-    U8_NEXT_OR_FFFD(bytes, offset, text.size(), codePoint);
-#pragma GCC diagnostic pop
-    return codePoint;
-}
-
-/// The start of the code point that ends at the offset. Requires well-formed text and an offset above 0.
-std::size_t previousOffset(std::string_view text, std::size_t offset) noexcept {
-    do
-        --offset;
-    while (offset > 0 && U8_IS_TRAIL(text[offset]));
-    return offset;
-}
-
-void append(std::string& text, UChar32 codePoint) {
-    char bytes[U8_MAX_LENGTH];
-    std::size_t length = 0;
-    U8_APPEND_UNSAFE(bytes, length, codePoint);
-    text.append(bytes, length);
-}
-
-const icu::Normalizer2& nfd() {
-    UErrorCode status = U_ZERO_ERROR;
-    const icu::Normalizer2* const normalizer = icu::Normalizer2::getNFDInstance(status);
-    require(status);
-    return *normalizer;
-}
-
-const icu::Normalizer2& nfc() {
-    UErrorCode status = U_ZERO_ERROR;
-    const icu::Normalizer2* const normalizer = icu::Normalizer2::getNFCInstance(status);
-    require(status);
-    return *normalizer;
-}
-
-/// Requires well-formed text.
-std::string normalized(const icu::Normalizer2& normalizer, std::string_view text) {
-    std::string result;
-    icu::StringByteSink<std::string> sink(&result, static_cast<std::int32_t>(piece(text).size()));
-    UErrorCode status = U_ZERO_ERROR;
-    normalizer.normalizeUTF8(0, piece(text), sink, nullptr, status);
-    require(status);
-    return result;
 }
 
 /// Marks that follow one another without end: ICU orders them by insertion, which takes the square of their number.
@@ -135,45 +70,6 @@ std::string decomposedByRuns(std::string_view text) {
     return result;
 }
 
-/// Whether the code point at the offset composes with what stands right before it, as a Hangul vowel or final
-/// and a few vowel signs do that are no combining marks. A composite has at most four code points, so that
-/// many are enough.
-bool composesBackwards(std::string_view decomposedText, std::size_t offset) {
-    std::size_t end = offset;
-    const UChar32 codePoint = nextCodePoint(decomposedText, end);
-    if (nfc().hasBoundaryBefore(codePoint))
-        return false;
-    std::size_t begin = offset;
-    for (int count = 0; count < 4 && begin > 0; ++count)
-        begin = previousOffset(decomposedText, begin);
-    const std::string before = normalized(nfc(), decomposedText.substr(begin, offset - begin));
-    const std::string alone = normalized(nfc(), decomposedText.substr(offset, end - offset));
-    return normalized(nfc(), decomposedText.substr(begin, end - begin)) != before + alone;
-}
-
-/// For each beginning of the needle, the length of the longest shorter beginning that it also ends with: what a match
-/// can be continued from without reading the haystack twice (Knuth, Morris and Pratt).
-std::vector<std::size_t> bordersOf(std::string_view needle) {
-    std::vector<std::size_t> borders(needle.size());
-    for (std::size_t end = 1, border = 0; end < needle.size(); ++end) {
-        while (border > 0 && needle[end] != needle[border])
-            border = borders[border - 1];
-        border += needle[end] == needle[border] ? 1 : 0;
-        borders[end] = border;
-    }
-    return borders;
-}
-
-/// Whether a text may be cut there without taking a mark from the character it belongs to.
-bool isBoundary(std::string_view decomposedText, std::size_t offset) {
-    if (offset == 0 || offset == decomposedText.size())
-        return true;
-    std::size_t end = offset;
-    if (u_getCombiningClass(nextCodePoint(decomposedText, end)) != 0)
-        return false;
-    return !composesBackwards(decomposedText, offset);
-}
-
 } // namespace
 
 bool isWellFormed(std::string_view text) noexcept { return simdjson::validate_utf8(text); }
@@ -212,34 +108,6 @@ std::string composed(std::string_view text) {
 }
 
 std::string folded(std::string_view text) { return decomposed(uppercased(decomposed(text))); }
-
-bool equal(std::string_view left, std::string_view right) {
-    if (left == right)
-        return true;
-    if (isASCII(left) && isASCII(right))
-        return false;
-    return decomposed(left) == decomposed(right);
-}
-
-bool contains(std::string_view haystack, std::string_view needle, Case letterCase) {
-    const auto compared = [letterCase](std::string_view text) {
-        return letterCase == Case::ignored ? folded(text) : decomposed(text);
-    };
-    const std::string within = compared(haystack);
-    const std::string sought = compared(needle);
-    if (sought.empty())
-        return false;
-    const std::vector<std::size_t> borders = bordersOf(sought);
-    std::size_t matched = 0;
-    for (std::size_t end = 0; end < within.size();) {
-        while (matched > 0 && (matched == sought.size() || within[end] != sought[matched]))
-            matched = borders[matched - 1];
-        matched += within[end++] == sought[matched] ? 1 : 0;
-        if (matched == sought.size() && isBoundary(within, end - matched) && isBoundary(within, end))
-            return true;
-    }
-    return false;
-}
 
 std::size_t utf16Length(std::string_view text) noexcept {
     std::size_t length = 0;

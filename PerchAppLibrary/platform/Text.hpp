@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstddef>
-#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -28,18 +27,6 @@ std::string composed(std::string_view text);
 /// The form in which texts are compared without regard to case: decomposed, upper-cased, decomposed again.
 /// The first step keeps the result the same for every canonically equivalent spelling, iota subscripts among them.
 std::string folded(std::string_view text);
-
-/// Canonical equivalence (UAX #15), case-sensitive.
-bool equal(std::string_view left, std::string_view right);
-
-/// Whether case counts in a comparison: `ignored` compares folded texts, `kept` decomposed ones.
-enum class Case : std::uint8_t { ignored, kept };
-
-/// Whether the needle occurs in the haystack, code point for code point in the compared form, at a place
-/// whose two ends fall before no character that combines with what stands before it: "e" is not in "é", in
-/// either spelling, and a Hangul syllable without a final consonant is not in one with. Expansion makes text
-/// of its own: "s" is in "ß". An empty needle is in nothing.
-bool contains(std::string_view haystack, std::string_view needle, Case letterCase = Case::ignored);
 
 /// Number of UTF-16 code units.
 std::size_t utf16Length(std::string_view text) noexcept;

@@ -105,19 +105,23 @@ public:                                                \
     }                                                 \
     static_assert(true)
 
-/// A stored property whose setter has a name that does not follow from the property's.
-/// What follows the names is the default; without it, the zero of the type.
-#define PERCH_PROPERTY_SET_BY(Type, Name, Setter, ...)                                                       \
-private:                                                                                                     \
-    Type m_##Name{__VA_ARGS__};                                                                              \
-                                                                                                             \
+/// A stored property whose field, `m_Name`, is declared by a base class between the record and its Base: for a record of
+/// which some fields are to lie together, whatever the order of the properties.
+#define PERCH_PROPERTY_IN_FIELD(Type, Name, Setter)                                                          \
 public:                                                                                                      \
-    virtual PerchAppLibrary::ReadType<Type> Name() const { return m_##Name; }                                \
-    virtual void Setter(Type newValue) { m_##Name = std::move(newValue); }                                   \
+    virtual PerchAppLibrary::ReadType<Type> Name() const { return this->m_##Name; }                          \
+    virtual void Setter(Type newValue) { this->m_##Name = std::move(newValue); }                             \
     static constexpr PerchAppLibrary::StoredProperty<Self, Type> propertyAt(PerchAppLibrary::At<__LINE__>) { \
         return {#Name, &Self::Name, &Self::Setter, &Self::m_##Name};                                         \
     }                                                                                                        \
     static_assert(true)
+
+/// A stored property whose setter has a name that does not follow from the property's.
+/// What follows the names is the default; without it, the zero of the type.
+#define PERCH_PROPERTY_SET_BY(Type, Name, Setter, ...) \
+private:                                               \
+    Type m_##Name{__VA_ARGS__};                        \
+    PERCH_PROPERTY_IN_FIELD(Type, Name, Setter)
 
 /// A stored property with the getter `Name()` and the setter `setName(value)`, both virtual.
 /// A name that begins with a small letter needs PERCH_PROPERTY_SET_BY, since its setter has a capital one.

@@ -1,0 +1,119 @@
+#include <PerchAppLibrary/IdSet.hpp>
+
+#include <boost/unordered/unordered_flat_set.hpp>
+
+#include <algorithm>
+#include <array>
+#include <bit>
+#include <limits>
+
+namespace PerchAppLibrary {
+
+struct IdSet::Sparse {
+    boost::unordered_flat_set<std::int64_t> ids;
+};
+
+namespace {
+
+using Ids = IdSet::Ids;
+
+/// Words that a set of any size may take for its bits.
+constexpr std::uint64_t fewWords = 1024;
+
+struct Range {
+    std::int64_t least = std::numeric_limits<std::int64_t>::max();
+    std::int64_t greatest = std::numeric_limits<std::int64_t>::min();
+    std::size_t count = 0;
+};
+
+Range rangeOf(std::span<const Ids* const> lists) {
+    Range range;
+    for (const Ids* const list : lists) {
+        range.count += list->size();
+        for (const std::int64_t id : *list) {
+            range.least = std::min(range.least, id);
+            range.greatest = std::max(range.greatest, id);
+        }
+    }
+    return range;
+}
+
+} // namespace
+
+IdSet::IdSet(std::span<const Ids* const> lists) {
+    const Range range = rangeOf(lists);
+    if (range.count == 0)
+        return;
+    m_first =
+        static_cast<std::uint64_t>(range.least) / wordBits * wordBits; // so that words of two sets lie alike
+    const std::uint64_t words = (static_cast<std::uint64_t>(range.greatest) - m_first) / wordBits + 1;
+    if (words <= std::max<std::uint64_t>(range.count, fewWords)) {
+        m_words.resize(words);
+        for (const Ids* const list : lists)
+            for (const std::int64_t id : *list) {
+                const std::uint64_t distance = static_cast<std::uint64_t>(id) - m_first;
+                m_words[distance / wordBits] |= std::uint64_t{1} << (distance % wordBits);
+            }
+        return;
+    }
+    m_sparse = std::make_unique<Sparse>();
+    for (const Ids* const list : lists)
+        m_sparse->ids.insert(list->begin(), list->end());
+}
+
+IdSet::IdSet(const Ids& ids) : IdSet(std::array{&ids}) {}
+
+IdSet::IdSet(IdSet&& other) noexcept = default;
+IdSet& IdSet::operator=(IdSet&& other) noexcept = default;
+IdSet::~IdSet() = default;
+
+bool IdSet::isInSparse(std::int64_t id) const noexcept { return m_sparse->ids.contains(id); }
+
+void IdSet::intersect(const IdSet& other) {
+    if (m_sparse || other.m_sparse) {
+        Ids common = ids();
+        std::erase_if(common, [&other](std::int64_t id) { return !other.contains(id); });
+        *this = IdSet(common);
+        return;
+    }
+    const std::int64_t shift =
+        static_cast<std::int64_t>(m_first - other.m_first) / static_cast<std::int64_t>(wordBits);
+    for (std::size_t index = 0; index < m_words.size(); ++index) {
+        // A word before the other set's first wraps around to one beyond all of them.
+        const std::uint64_t theirs = index + static_cast<std::uint64_t>(shift);
+        m_words[index] &= theirs < other.m_words.size() ? other.m_words[theirs] : 0;
+    }
+}
+
+Ids IdSet::ids() const {
+    Ids ids;
+    if (m_sparse) {
+        ids.assign(m_sparse->ids.begin(), m_sparse->ids.end());
+        std::ranges::sort(ids);
+        return ids;
+    }
+    std::size_t count = 0;
+    for (const std::uint64_t word : m_words)
+        count += static_cast<std::size_t>(std::popcount(word));
+    ids.resize(count);
+    auto next = ids.begin();
+    for (std::size_t index = 0; index < m_words.size(); ++index)
+        for (std::uint64_t word = m_words[index]; word != 0; word &= word - 1) { // takes the lowest bit away
+            const auto bit = static_cast<std::uint64_t>(std::countr_zero(word));
+            *next++ = static_cast<std::int64_t>(m_first + index * wordBits + bit);
+        }
+    return ids;
+}
+
+Ids unionOf(std::span<const Ids* const> lists) { return IdSet(lists).ids(); }
+
+Ids intersectionOf(std::span<const Ids* const> lists) {
+    if (lists.empty())
+        return {};
+    IdSet common(*lists.front());
+    for (const Ids* const list : lists.subspan(1))
+        common.intersect(IdSet(*list));
+    return common.ids();
+}
+
+} // namespace PerchAppLibrary

@@ -1,0 +1,114 @@
+#include <PerchAppLibrary/platform/ComparedText.hpp>
+
+#include <PerchAppLibrary/platform/CharacterForms.hpp>
+#include <PerchAppLibrary/platform/ICU.hpp>
+#include <PerchAppLibrary/platform/Text.hpp>
+#include <PerchAppLibrary/platform/Words.hpp>
+
+#include <unicode/uchar.h>
+
+#include <optional>
+#include <string>
+
+namespace PerchAppLibrary::text {
+namespace {
+
+constexpr std::uint8_t firstBeyondASCII = 0x80;
+
+std::uint8_t byteAt(std::string_view text, std::size_t offset) noexcept {
+    return static_cast<std::uint8_t>(text[offset]);
+}
+
+bool isTrail(std::uint8_t byte) noexcept { return (byte & 0xC0U) == 0x80; }
+
+/// Whether an ideograph from U+3400 to U+9FFF stands at the offset: E3 90..BF xx, or E4..E9 xx xx.
+bool isIdeographAt(std::string_view text, std::size_t offset) noexcept {
+    if (text.size() - offset < 3)
+        return false;
+    const std::uint8_t lead = byteAt(text, offset);
+    const std::uint8_t second = byteAt(text, offset + 1);
+    return lead >= (second >= 0x90 ? 0xE3 : 0xE4) && lead <= 0xE9 && isTrail(second) &&
+           isTrail(byteAt(text, offset + 2));
+}
+
+bool isPlainText(std::string_view text) noexcept {
+    if ((anyBytes(text) & highBits) == 0)
+        return true;
+    for (std::size_t offset = 0; offset < text.size();) {
+        if (byteAt(text, offset) < firstBeyondASCII)
+            ++offset;
+        else if (isIdeographAt(text, offset))
+            offset += 3;
+        else
+            return false;
+    }
+    return true;
+}
+
+/// Copies the text, with room for a whole word at its end, and makes small letters of ASCII capital if asked to.
+void store(std::vector<char>& buffer, std::string_view text, bool upperCasesASCII) {
+    if (buffer.size() < text.size() + wordSize)
+        buffer.resize(2 * text.size() + wordSize);
+    forEachWord(text, [upperCasesASCII, bytes = buffer.data()](std::size_t at, Word word) {
+        storeWord(bytes + at, upperCasesASCII ? upperCasedASCII(word) : word);
+    });
+}
+
+/// Whether the code point at the offset composes with what stands right before it, as a Hangul vowel or final
+/// and a few vowel signs do that are no combining marks. A composite has at most four code points, so that
+/// many are enough.
+bool composesBackwards(std::string_view decomposedText, std::size_t offset) {
+    std::size_t end = offset;
+    const UChar32 codePoint = nextCodePoint(decomposedText, end);
+    if (nfc().hasBoundaryBefore(codePoint))
+        return false;
+    std::size_t begin = offset;
+    for (int count = 0; count < 4 && begin > 0; ++count)
+        begin = previousOffset(decomposedText, begin);
+    const std::string before = normalized(nfc(), decomposedText.substr(begin, offset - begin));
+    const std::string alone = normalized(nfc(), decomposedText.substr(offset, end - offset));
+    return normalized(nfc(), decomposedText.substr(begin, end - begin)) != before + alone;
+}
+
+} // namespace
+
+ComparedText::ComparedText(Case letterCase) : m_case(letterCase) {}
+ComparedText::ComparedText(std::string_view text, Case letterCase) : m_case(letterCase) { assign(text); }
+ComparedText::ComparedText(ComparedText&& other) noexcept = default;
+ComparedText& ComparedText::operator=(ComparedText&& other) noexcept = default;
+ComparedText::~ComparedText() = default;
+
+void ComparedText::assign(std::string_view text) {
+    store(m_buffer, text, m_case == Case::ignored);
+    m_size = text.size();
+    m_isPlain = isPlainText(text);
+    if (!m_isPlain)
+        assignOther(text);
+}
+
+void ComparedText::take(std::string_view form) {
+    store(m_buffer, form, false);
+    m_size = form.size();
+}
+
+void ComparedText::assignOther(std::string_view text) {
+    if (m_hadOther && !m_forms)
+        m_forms = std::make_unique<CharacterForms>(m_case);
+    m_hadOther = true;
+    if (const auto form = m_forms ? m_forms->formOf(text) : std::nullopt)
+        take(*form);
+    else
+        take(m_case == Case::ignored ? folded(text) : decomposed(text));
+    m_isPlain = isPlainText(bytes()); // as of a ligature: "FI"
+}
+
+bool ComparedText::isBoundary(std::size_t offset) const {
+    if (m_isPlain || offset == 0 || offset == m_size)
+        return true;
+    std::size_t end = offset;
+    if (u_getCombiningClass(nextCodePoint(bytes(), end)) != 0)
+        return false;
+    return !composesBackwards(bytes(), offset);
+}
+
+} // namespace PerchAppLibrary::text

@@ -1,0 +1,148 @@
+#include <PerchAppLibrary/platform/Needle.hpp>
+
+#include <PerchAppLibrary/platform/ByteMatches.hpp>
+#include <PerchAppLibrary/platform/ICU.hpp>
+
+#include <algorithm>
+#include <bit>
+
+namespace PerchAppLibrary::text {
+namespace {
+
+/// Up to here, a search that compares the whole needle at each place is faster than one that is linear in both.
+constexpr std::size_t longestShortNeedle = ByteMatches::most / 2;
+
+/// For each beginning of the needle, the length of the longest shorter beginning that it also ends with: what a match
+/// can be continued from without reading the text twice (Knuth, Morris and Pratt).
+std::vector<std::size_t> bordersOf(std::string_view needle) {
+    std::vector<std::size_t> borders(needle.size());
+    for (std::size_t end = 1, border = 0; end < needle.size(); ++end) {
+        while (border > 0 && needle[end] != needle[border])
+            border = borders[border - 1];
+        border += needle[end] == needle[border] ? 1 : 0;
+        borders[end] = border;
+    }
+    return borders;
+}
+
+/// The end of the piece that begins there: the next place where nothing combines with what stands before it. A text is
+/// folded when its pieces are.
+std::size_t endOfPiece(std::string_view text, std::size_t begin) {
+    std::size_t end = begin;
+    nextCodePoint(text, end);
+    for (std::size_t next = end; next < text.size(); end = next)
+        if (nfc().hasBoundaryBefore(nextCodePoint(text, next)))
+            break;
+    return end;
+}
+
+} // namespace
+
+/// The first and the last byte of a needle, for texts that are folded and for ASCII that is not.
+struct Needle::Ends {
+    struct Pair {
+        SoughtByte first;
+        SoughtByte last;
+    };
+
+    explicit Ends(std::string_view needle)
+        : ofFolded{{needle.front(), false}, {needle.back(), false}},
+          ofASCII{{needle.front(), true}, {needle.back(), true}} {}
+
+    Pair ofFolded;
+    Pair ofASCII;
+};
+
+namespace {
+
+/// The first place where the needle's ends are, and `isTaken(place)`.
+template <class EndsPair, class Test>
+std::size_t findShort(std::string_view text, std::size_t length, const EndsPair& ends, Test isTaken) {
+    for (std::size_t begin = 0; begin + length <= text.size(); begin += ByteMatches::most - length + 1) {
+        const ByteMatches matches = matchesOf(text.substr(begin, ByteMatches::most), ends.first, ends.last);
+        std::uint64_t places = matches.first & (matches.last >> (length - 1));
+        for (; places != 0; places &= places - 1) { // takes the lowest bit away
+            const std::size_t place = begin + static_cast<std::size_t>(std::countr_zero(places));
+            if (isTaken(place))
+                return place;
+        }
+    }
+    return std::string_view::npos;
+}
+
+} // namespace
+
+Needle::Needle(std::string_view text) : m_text(text), m_isASCII((anyBytes(m_text.bytes()) & highBits) == 0) {
+    const std::string_view needle = m_text.bytes();
+    if (needle.size() > longestShortNeedle)
+        m_borders = bordersOf(needle);
+    else if (!needle.empty())
+        m_ends = std::make_unique<Ends>(needle);
+}
+
+Needle::Needle(Needle&& other) noexcept = default;
+Needle& Needle::operator=(Needle&& other) noexcept = default;
+Needle::~Needle() = default;
+
+std::size_t Needle::findInASCII(std::string_view text) const {
+    const std::string_view needle = m_text.bytes();
+    return findShort(text, needle.size(), m_ends->ofASCII, [text, needle](std::size_t place) {
+        return std::ranges::equal(text.substr(place, needle.size()), needle, {},
+                                  [](char byte) { return upperCasedASCII(byte); });
+    });
+}
+
+std::size_t Needle::findInFolded(const ComparedText& text) const {
+    const std::string_view needle = m_text.bytes();
+    if (text.isPlain() && !m_text.isPlain())
+        return notFound;
+    if (!m_ends)
+        return m_borders.empty() ? notFound : findLong(text); // the empty needle has neither
+    return findShort(text.bytes(), needle.size(), m_ends->ofFolded, [&](std::size_t place) {
+        return text.bytes().substr(place, needle.size()) == needle && isWhole(text, place);
+    });
+}
+
+std::size_t Needle::findLong(const ComparedText& text) const {
+    const std::string_view within = text.bytes();
+    const std::string_view sought = m_text.bytes();
+    std::size_t matched = 0;
+    for (std::size_t end = 0; end < within.size();) {
+        while (matched > 0 && (matched == sought.size() || within[end] != sought[matched]))
+            matched = m_borders[matched - 1];
+        matched += within[end++] == sought[matched] ? 1 : 0;
+        if (matched == sought.size() && isWhole(text, end - matched))
+            return end - matched;
+    }
+    return notFound;
+}
+
+bool Needle::isWhole(const ComparedText& text, std::size_t offset) const {
+    return text.isBoundary(offset) && text.isBoundary(offset + m_text.bytes().size());
+}
+
+std::optional<Needle::Part> Needle::partOf(std::string_view text) const {
+    SearchedText searched(text);
+    const std::optional<std::size_t> first = find(searched);
+    if (!first)
+        return std::nullopt;
+    const std::size_t last = *first + m_text.bytes().size() - 1;
+    Part part{0, text.size()};
+    ComparedText piece;
+    for (std::size_t begin = 0, foldedBegin = 0; begin < text.size();) {
+        const std::size_t end = endOfPiece(text, begin);
+        piece.assign(text.substr(begin, end - begin));
+        const std::size_t foldedEnd = foldedBegin + piece.bytes().size();
+        if (*first >= foldedBegin && *first < foldedEnd)
+            part.begin = begin;
+        if (last < foldedEnd) {
+            part.end = end;
+            break;
+        }
+        begin = end;
+        foldedBegin = foldedEnd;
+    }
+    return part;
+}
+
+} // namespace PerchAppLibrary::text

@@ -1,0 +1,53 @@
+#include <PerchAppLibrary/platform/NeedleSet.hpp>
+
+#include <PerchAppLibrary/platform/ICU.hpp>
+#include <PerchAppLibrary/platform/Text.hpp>
+
+#include <algorithm>
+
+namespace PerchAppLibrary::text {
+
+void NeedleSet::add(std::string_view text) {
+    const ComparedText folded(text);
+    const std::string_view needle = folded.bytes();
+    if (needle.empty())
+        return;
+    m_needles.emplace(needle);
+    m_longest = std::max(m_longest, codePointCount(needle));
+    const char capital = needle.front();
+    const bool isLetter = capital >= 'A' && capital <= 'Z';
+    for (const char byte : {capital, isLetter ? static_cast<char>(capital - 'A' + 'a') : capital}) {
+        FirstByte& first = m_firstBytes[static_cast<std::uint8_t>(byte)];
+        if (needle.size() == 1)
+            first = FirstByte::isOne;
+        else if (first == FirstByte::beginsNone)
+            first = FirstByte::beginsSome;
+    }
+}
+
+bool NeedleSet::anyIn(SearchedText& text) const {
+    // Each byte of ASCII has its place in the folded form, too.
+    const std::string_view bytes = text.isASCII() ? text.source() : text.folded().bytes();
+    for (std::size_t offset = 0; offset < bytes.size(); ++offset) {
+        const FirstByte first = m_firstBytes[static_cast<std::uint8_t>(bytes[offset])];
+        if (first == FirstByte::beginsNone)
+            continue;
+        if ((first == FirstByte::isOne && text.isASCII()) || anyAt(text.folded(), offset))
+            return true;
+    }
+    return false;
+}
+
+bool NeedleSet::anyAt(const ComparedText& text, std::size_t offset) const {
+    if (!text.isBoundary(offset))
+        return false;
+    std::size_t end = offset;
+    for (std::size_t codePoints = 1; codePoints <= m_longest && end < text.bytes().size(); ++codePoints) {
+        nextCodePoint(text.bytes(), end);
+        if (m_needles.contains(text.bytes().substr(offset, end - offset)) && text.isBoundary(end))
+            return true;
+    }
+    return false;
+}
+
+} // namespace PerchAppLibrary::text

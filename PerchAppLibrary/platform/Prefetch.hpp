@@ -1,0 +1,12 @@
+#pragma once
+
+namespace PerchAppLibrary {
+
+/// Asks the memory for what is read soon; takes any address, and changes nothing but the time that the reading takes.
+inline void prefetch([[maybe_unused]] const void* address) noexcept {
+#if defined(__GNUC__)
+    __builtin_prefetch(address);
+#endif
+}
+
+} // namespace PerchAppLibrary

@@ -1,0 +1,20 @@
+#include <PerchAppLibrary/platform/SearchedText.hpp>
+
+#include <PerchAppLibrary/platform/Words.hpp>
+
+namespace PerchAppLibrary::text {
+
+void SearchedText::assign(std::string_view text) noexcept {
+    m_source = text;
+    m_isASCII = (anyBytes(text) & highBits) == 0;
+    m_isFolded = false;
+}
+
+const ComparedText& SearchedText::folded() {
+    if (!m_isFolded)
+        m_folded.assign(m_source);
+    m_isFolded = true;
+    return m_folded;
+}
+
+} // namespace PerchAppLibrary::text
