@@ -4,6 +4,7 @@ set -euo pipefail
 velmo=$1
 fonts=$2/font-list.json
 activated=$2/activated-fonts.json
+tags=$2/font-tags.json
 
 show() { printf '\n$ velmo %s\n' "$*"; "$velmo" "$@"; }
 
@@ -26,6 +27,13 @@ show list activated "$fonts" --activate "$activated"
 printf '\nWhere one font and its previews are:\n'
 show locate "$fonts" 339 --preview-tag S --color-tag B --font-size 48 --fixed \
     --product-url https://files.example.com/ --fix-preview-url https://previews.example.com/fixed/
+
+printf '\nA search box shows the fonts with the whole key first, then those with one of its characters; in Latin and in Chinese:\n'
+show_beginning 9 search "$fonts" anuphan
+show search "$fonts" 宋体
+
+printf '\nTicked tags of one group add up (display or handwriting), those of several narrow one another (and Cyrillic):\n'
+show filter "$fonts" --tags "$tags" --check 4,5,12
 
 printf '\nThe whole tree goes back out as JSON:\n'
 start=$(date +%s%N)

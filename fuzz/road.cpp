@@ -1,13 +1,15 @@
 // Fuzzes the whole road: any bytes are a document or a ParseError; a document becomes fonts, which are asked
-// for everything that cannot end the process, marked by themselves, exported, and read again to the same export.
+// for everything that cannot end the process, searched, marked by themselves, exported, and read again to the same export.
 #include <VelmoCloudEntity/account/UserFontActivateMapItem.hpp>
+#include <VelmoCloudEntity/catalogue/FontTagList.hpp>
+#include <VelmoCloudEntity/entity/LeafWalk.hpp>
 #include <VelmoCloudEntity/font/FontList.hpp>
-#include <VelmoCloudEntity/font/LeafWalk.hpp>
 
 #include <PerchAppLibrary/Dictionary.hpp>
 #include <PerchAppLibrary/platform/Text.hpp>
 #include <PerchAppLibrary/platform/URL.hpp>
 
+#include <algorithm>
 #include <cstdint>
 #include <cstdlib>
 
@@ -36,7 +38,35 @@ void ask(const Records<FontItem>& fonts) {
     }
 }
 
+/// What a search finds depends on characters, not on their spelling; every font is found by its own name and identifier.
+void search(const Records<FontItem>& fonts, const Records<FontItem>& leaves) {
+    using namespace PerchAppLibrary;
+    for (const auto& leaf : leaves) {
+        const std::string& name = leaf->ProductName();
+        const auto found = FontList::getSearchResultFont(fonts, name);
+        require(found.first == FontList::getSearchResultFont(fonts, text::decomposed(name)).first);
+        require(found.first == FontList::getFontByKey(fonts, text::composed(name), true));
+        require(name.empty() || std::ranges::find(found.first, leaf) != found.first.end());
+        const Records<FontItem> same = FontList::getFontByKey(fonts, name, false);
+        require(std::ranges::find(same, leaf) != same.end());
+        const Records<FontItem> listed = FontList::getFontById(fonts, {leaf->Id()});
+        require(std::ranges::find(listed, leaf) != listed.end());
+    }
+}
+
+void filter(const JSON& json) {
+    const FontTagList tags(json);
+    FontTagList::setFontTagItemCheck(tags.List(), true);
+    (void)FontTagList::getCheckedFontTagList(tags.List());
+    for (const auto& tag : tags.List()) {
+        const std::vector<std::int64_t>& ids = tag->FontIdList();
+        const auto left = FontTagList::getCheckedFontTagFontIdList(tags.List(), ids);
+        require(left.size() <= ids.size());
+    }
+}
+
 void walk(const JSON& json) {
+    filter(json);
     const FontList fonts(json);
     ask(fonts.List());
     const std::string exported = PerchAppLibrary::toText(FontItem::getFontArray(fonts.List()));
@@ -45,6 +75,8 @@ void walk(const JSON& json) {
 
     const Records<FontItem> leaves = leavesWhere(again.List(), [](const FontItem&) { return true; });
     require(static_cast<std::int64_t>(leaves.size()) == FontList::getFontCount(fonts.List()));
+    if (leaves.size() <= 20)
+        search(again.List(), leaves);
     FontList::setActivatedFont(fonts.List(), leaves);
     require(FontList::getActivatedFont(fonts.List()).size() ==
             leaves.size()); // every font matches its own reading

@@ -5,6 +5,7 @@ velmo=$1
 samples=$2
 fonts=$samples/font-list.json
 activated=$samples/activated-fonts.json
+tags=$samples/font-tags.json
 directory=$(mktemp -d)
 trap 'rm -rf "$directory"' EXIT
 failures=0
@@ -78,6 +79,58 @@ expect 0 '^ +ProductName +Anuphan Light$' read FontList "$fonts"
 expect 0 '"UserGuid":"7f1c2c1e-5b0a-4a57-9c39-2f3d0d1a9e10","FontList":\[\{"Guid":"","Id":339,' \
     read UserFontActivateMapItem "$activated" --json
 expect 0 '^\[\{"Guid":"","Id":900001,.*"Children":\[\{"Guid":"","Id":1,' export "$fonts"
+
+# Finding: exit status 1 and an empty result when there is nothing; texts of any bytes.
+expect 0 '^2 fonts$' find "$fonts" --key ÉTUDE --fuzzy
+expect 0 '^ *10  Ünïcödé Straße ' find "$fonts" --name 'Ünïcödé Straße'
+expect 0 '^18 fonts$' find "$fonts" --key ''
+expect 0 '"ProductName":"Ünïcödé Straße"' find "$fonts" --key 'ÜNÏCÖDÉ STRASSE' --json
+for text in '' 'No such name' $'\xFF\xE5'; do
+    [ "$("$velmo" find "$fonts" --name "$text" --fuzzy --json; echo $?)" = "[]"$'\n'1 ] || fail "find of nothing: $text"
+done
+expect 2 'Exactly 1 option from' find "$fonts"
+expect 2 'Exactly 1 option from' find "$fonts" --name a --key b
+
+# Searching: whole-key matches first, and where they are.
+expect 0 '^ 4  仿宋 +ProductName +仿宋$' search "$fonts" 宋
+expect 0 '^337  Anuphan Thin  +ProductName  +Anuphan Thin$' search "$fonts" anuphan
+expect 0 '^7 fonts with "anuphan"$' search "$fonts" anuphan
+expect 0 '^369 fonts with one of its characters; 376 in all$' search "$fonts" anuphan
+for key in '' 'ǂ' $'\xFF'; do
+    [ "$("$velmo" search "$fonts" "$key" --json; echo $?)" = '{"whole":[],"character":[]}'$'\n'1 ] || fail "a search of nothing"
+done
+"$velmo" search "$fonts" 宋 --json | grep -qE '^\{"whole":\[\{"Id":1,.*\{"Id":4,[^]]*\],"character":\[\{"Id":1,' || fail "both lists"
+if command -v script >/dev/null; then
+    script -qc "'$velmo' search '$fonts' strasse" /dev/null </dev/null | grep -qF $'Ünïcödé \033[1;31mStraße\033[0m' ||
+        fail "the part that was found is not highlighted on a terminal"
+fi
+
+# Looking up: in the order of the tree; the flat way finds groups, and one item.
+expect 0 '^\[\{"Id":337,.*\{"Id":339,[^{]*\}\]$' lookup "$fonts" 339,337 339 --json
+expect 0 '^1 font$' lookup "$fonts" 339 -5
+grep -qF 'font-list.json: no font has the Id -5' "$directory/err" || fail "an unknown Id is not named"
+expect 0 '^\{"Id":900001,"ProductName":"","IsGroup":true,' lookup "$fonts" 900001 --flat --json
+[ "$("$velmo" lookup "$fonts" 339 --flat --json 2>/dev/null; echo $?)" = null$'\n'1 ] || fail "lookup --flat of a member"
+expect 1 'no item at the top level has the Id 339' lookup "$fonts" 339 --flat
+expect 2 'takes one ID' lookup "$fonts" 1 2 --flat
+expect 2 'ID: "x" is no integer' lookup "$fonts" 1,x
+
+# Filtering by ticked tags: together within a group, all groups at once.
+expect 0 '^display \([0-9]+ fonts\)$' filter "$fonts" --tags "$tags" --check 4,5
+count() { "$velmo" filter "$fonts" --tags "$tags" --check "$1" --json | grep -o '"IsGroup":false' | wc -l; }
+[ "$(count 4,5)" = $(($(count 4) + $(count 5))) ] || fail "tags of one group do not add up"
+[ "$(count 4,12)" -lt "$(count 4)" ] || fail "tags of two groups do not narrow one another"
+[ "$(count 8)" = 376 ] || fail "a group's own tick filters"
+expect 0 '^376 fonts$' filter --tags "$tags" --check 99999 "$fonts"
+grep -qF 'font-tags.json: no tag has the Id 99999' "$directory/err" || fail "an unknown tag is not named"
+document tags.json '[{"Id":1,"IsGroup":true,"Children":[{"Id":2,"FontIdList":[4,4,1]},{"Id":3}]}]'
+expect 0 '^\{"FontIdList":\[1,2,4\],' filter "$directory/odd.json" --tags "$directory/tags.json" --check 9 --json
+expect 0 '^\{"FontIdList":\[1,4\],"fonts":\[\{"Id":1,.*\{"Id":4,[^{]*\}\]\}$' \
+    filter "$directory/odd.json" --tags "$directory/tags.json" --check 2 --json
+[ "$("$velmo" filter "$directory/odd.json" --tags "$directory/tags.json" --check 3 --json; echo $?)" = \
+    '{"FontIdList":[],"fonts":[]}'$'\n'1 ] || fail "a tag without fonts leaves some"
+expect 0 '^ +SubTagFilterType +Or$' read FontTagList "$tags"
+expect 0 '"IsChecked":false,"FontIdList":\[4,4,1\],"Children":\[\]\}' read FontTagList "$directory/tags.json" --json
 
 # Fonts in JSON: exactly these members.
 expect 0 '^\[\{"Id":4,"ProductName":"","IsGroup":false,"DisplayName":"","TreeNodeTitle":"\(, \)","IsActivated":false,"IsFavorited":true,"IsAuthed":false\}\]$' \

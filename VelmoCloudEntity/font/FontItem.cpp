@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <string_view>
+#include <typeinfo>
 #include <utility>
 
 namespace VelmoCloudEntity {
@@ -111,7 +112,16 @@ void FontItem::setActivated(bool activated) {
 std::string FontItem::DisplayName() const {
     if (IsGroup())
         return ProductSetName() + " (" + std::to_string(Children().size()) + ")";
+    return nameToDisplay();
+}
+
+const std::string& FontItem::nameToDisplay() const {
     return displayName().empty() ? ProductName() : displayName();
+}
+
+const std::string* FontItem::storedDisplayName() const {
+    const bool isOverridable = typeid(*this) != typeid(FontItem);
+    return isOverridable || IsGroup() ? nullptr : &nameToDisplay();
 }
 
 std::string FontItem::PreviewText() const {

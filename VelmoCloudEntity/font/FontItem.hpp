@@ -1,6 +1,7 @@
 #pragma once
 
 #include <VelmoCloudEntity/entity/Records.hpp>
+#include <VelmoCloudEntity/font/FontFields.hpp>
 
 #include <PerchAppLibrary/BaseEntity.hpp>
 #include <PerchAppLibrary/platform/PlatformFont.hpp>
@@ -23,7 +24,7 @@ namespace VelmoCloudEntity {
 /// A tree that is built by hand may be deeper: queries and destruction manage any depth, whereas Dict(), properties(),
 /// setActivated() and the copy or destruction of a Dictionary go down one call for each level, as they must to honour
 /// overrides, and need stack for that (10,000 levels are tested).
-class FontItem : public PerchAppLibrary::BaseEntity {
+class FontItem : public FontFields {
     PERCH_RECORD(FontItem, PerchAppLibrary::BaseEntity);
 
     /// Popularity.
@@ -41,13 +42,13 @@ class FontItem : public PerchAppLibrary::BaseEntity {
     /// Identifier of the product set (family).
     PERCH_PROPERTY(std::int64_t, ProductSetId);
     /// Name of the product set.
-    PERCH_PROPERTY(std::string, ProductSetName);
+    PERCH_PROPERTY_IN_FIELD(std::string, ProductSetName, setProductSetName);
     /// Product name of the font.
-    PERCH_PROPERTY(std::string, ProductName);
+    PERCH_PROPERTY_IN_FIELD(std::string, ProductName, setProductName);
     /// PostScript name of the font.
     PERCH_PROPERTY(std::string, PostscriptName);
     /// What was stored by setDisplayName(); read by DisplayName().
-    PERCH_PROPERTY_SET_BY(std::string, displayName, setDisplayName);
+    PERCH_PROPERTY_IN_FIELD(std::string, displayName, setDisplayName);
     /// Format of the font file.
     PERCH_PROPERTY(std::string, Format);
     /// Version of the font.
@@ -55,7 +56,7 @@ class FontItem : public PerchAppLibrary::BaseEntity {
     /// Rights notice, as sent.
     PERCH_PROPERTY(std::string, Copyright);
     /// Name of the font file; the full path of one that does not come from the catalogue.
-    PERCH_PROPERTY(std::string, ProductFileName);
+    PERCH_PROPERTY_IN_FIELD(std::string, ProductFileName, setProductFileName);
     /// Address of the font file.
     PERCH_PROPERTY(std::string, ProductFileUrl);
     /// Address of the folder of the font's preview images.
@@ -69,7 +70,7 @@ class FontItem : public PerchAppLibrary::BaseEntity {
     /// Pre-release.
     PERCH_PROPERTY(bool, IsPreOnly);
     /// The user is authorised for the font.
-    PERCH_PROPERTY(bool, IsAuthed);
+    PERCH_PROPERTY_IN_FIELD(bool, IsAuthed, setIsAuthed);
     /// Free font.
     PERCH_PROPERTY(bool, IsFree);
     /// Label of the free offer.
@@ -79,13 +80,13 @@ class FontItem : public PerchAppLibrary::BaseEntity {
     /// Available to members.
     PERCH_PROPERTY(bool, IsMemberFont);
     /// The user's own upload.
-    PERCH_PROPERTY(bool, IsPrivate);
+    PERCH_PROPERTY_IN_FIELD(bool, IsPrivate, setIsPrivate);
     /// OEM label.
     PERCH_PROPERTY(std::string, OemTag);
     /// What was stored by setIsActivated(); read by IsActivated().
-    PERCH_PROPERTY_SET_BY(bool, isActivated, setIsActivated);
+    PERCH_PROPERTY_IN_FIELD(bool, isActivated, setIsActivated);
     /// The user's favourite.
-    PERCH_PROPERTY(bool, IsFavorited);
+    PERCH_PROPERTY_IN_FIELD(bool, IsFavorited, setIsFavorited);
     /// Recommended font.
     PERCH_PROPERTY(bool, IsRecommended);
     /// New font.
@@ -93,7 +94,7 @@ class FontItem : public PerchAppLibrary::BaseEntity {
     /// Key text of the service; no query reads it.
     PERCH_PROPERTY(std::string, FontKey);
     /// The record is a group of the fonts in Children.
-    PERCH_PROPERTY(bool, IsGroup);
+    PERCH_PROPERTY_IN_FIELD(bool, IsGroup, setIsGroup);
     /// Tag that names the group.
     PERCH_PROPERTY(std::string, GroupTag);
     /// Collection that the group belongs to.
@@ -101,7 +102,7 @@ class FontItem : public PerchAppLibrary::BaseEntity {
     /// Identifiers of the font's tags.
     PERCH_PROPERTY(std::vector<std::int64_t>, Tags);
     /// Members of a group.
-    PERCH_PROPERTY(Records<FontItem>, Children);
+    PERCH_PROPERTY_IN_FIELD(Records<FontItem>, Children, setChildren);
     /// Begin of a period of validity, as sent.
     PERCH_PROPERTY(std::string, DateStampBegin);
     /// End of a period of validity, as sent.
@@ -181,6 +182,10 @@ class FontItem : public PerchAppLibrary::BaseEntity {
     /// The Dicts of the fonts, in order.
     static std::vector<PerchAppLibrary::Dictionary> getFontArray(const Records<FontItem>& list);
 
+    /// The text that DisplayName() gives, without a copy: null where it is worked out, of a group or, as far as can be
+    /// known, by a subclass.
+    const std::string* storedDisplayName() const;
+
     /// ProductFileName() without its last four characters, a dot and an extension of three letters.
     /// Characters are UTF-16 code units; half of a character that is cut apart becomes U+FFFD. None when the
     /// name has fewer than four.
@@ -221,6 +226,7 @@ private:
     void init(GroupLabels labels);
     void init(ReferenceLabels labels);
 
+    const std::string& nameToDisplay() const; // of a leaf
     std::string previewName(bool isFixed, const std::string& previewTag, const std::string& colorTag,
                             std::int64_t fontSize) const;
 };

@@ -1,9 +1,28 @@
 #include <VelmoCloudEntity/font/FontList.hpp>
 
+#include <VelmoCloudEntity/catalogue/FontTagItem.hpp>
+#include <VelmoCloudEntity/entity/LeafWalk.hpp>
+#include <VelmoCloudEntity/font/FontNames.hpp>
 #include <VelmoCloudEntity/font/FontReferences.hpp>
-#include <VelmoCloudEntity/font/LeafWalk.hpp>
+
+#include <PerchAppLibrary/IdSet.hpp>
+#include <PerchAppLibrary/platform/Needle.hpp>
+#include <PerchAppLibrary/platform/NeedleSet.hpp>
+#include <PerchAppLibrary/platform/Text.hpp>
+
+#include <algorithm>
+#include <unordered_set>
 
 namespace VelmoCloudEntity {
+
+using PerchAppLibrary::IdSet;
+using PerchAppLibrary::text::Case;
+using PerchAppLibrary::text::ComparedText;
+using PerchAppLibrary::text::Needle;
+using PerchAppLibrary::text::NeedleSet;
+using PerchAppLibrary::text::SearchedText;
+namespace text = PerchAppLibrary::text;
+
 namespace {
 
 void markMatching(const Records<FontItem>& list, const Records<FontItem>& references,
@@ -15,6 +34,34 @@ void markMatching(const Records<FontItem>& list, const Records<FontItem>& refere
         if (index.match(*leaf))
             ((*leaf).*setFlag)(true);
     });
+}
+
+/// Whether all the identifiers, each of which is there once, are among the tags.
+bool carriesAll(const IdSet::Ids& tags, const IdSet::Ids& ids) {
+    constexpr std::size_t few = 256; // comparisons that are made sooner than a set
+    if (ids.size() > tags.size())
+        return false;
+    if (ids.size() * tags.size() <= few)
+        return std::ranges::all_of(
+            ids, [&tags](std::int64_t id) { return std::ranges::find(tags, id) != tags.end(); });
+    const IdSet carried(tags);
+    return std::ranges::all_of(ids, [&carried](std::int64_t id) { return carried.contains(id); });
+}
+
+/// The needles of FontList::isFontMatchedByCharacter(), each once.
+NeedleSet charactersOf(std::string_view key) {
+    NeedleSet needles;
+    std::unordered_set<std::string_view> seen;
+    const std::size_t count = text::graphemeCount(key);
+    for (std::size_t unit = 0; unit < count;) {
+        const std::string_view character = text::firstCodePoint(key);
+        key.remove_prefix(character.size());
+        const std::size_t units = text::utf16Length(character);
+        if (units == 1 && seen.insert(character).second)
+            needles.add(character);
+        unit += units;
+    }
+    return needles;
 }
 
 } // namespace
@@ -37,6 +84,85 @@ void FontList::setActivatedFont(const Records<FontItem>& list, const Records<Fon
 
 void FontList::setFavoritedFont(const Records<FontItem>& list, const Records<FontItem>& favoritedFont) {
     markMatching(list, favoritedFont, &FontItem::setIsFavorited);
+}
+
+Records<FontItem> FontList::getFontByName(const Records<FontItem>& list, const std::string& fontName,
+                                          bool fuzzy) {
+    if (!fuzzy) {
+        const ComparedText sought(fontName, Case::kept);
+        ComparedText name(Case::kept);
+        return namedLeavesWhere(list, FontFields::Names::product, [&](const FontItem& leaf) {
+            name.assign(leaf.ProductName());
+            return name == sought;
+        });
+    }
+    const Needle needle(fontName);
+    SearchedText name;
+    return namedLeavesWhere(list, FontFields::Names::product, [&](const FontItem& leaf) {
+        name.assign(leaf.ProductName());
+        return needle.isIn(name);
+    });
+}
+
+Records<FontItem> FontList::getFontByKey(const Records<FontItem>& list, const std::string& key, bool fuzzy) {
+    FontNames names;
+    if (!fuzzy) {
+        const ComparedText sought(key);
+        return namedLeavesWhere(list, FontFields::Names::all, [&](const FontItem& leaf) {
+            return names.anyStored(leaf, [&](SearchedText& name) { return name.is(sought); });
+        });
+    }
+    const Needle needle(key);
+    return namedLeavesWhere(list, FontFields::Names::all, [&](const FontItem& leaf) {
+        return names.any(leaf, [&](SearchedText& name) { return needle.isIn(name); });
+    });
+}
+
+std::pair<Records<FontItem>, Records<FontItem>> FontList::getSearchResultFont(const Records<FontItem>& list,
+                                                                              const std::string& key) {
+    const Needle needle(key);
+    const NeedleSet characters = charactersOf(key);
+    FontNames names;
+    std::pair<Records<FontItem>, Records<FontItem>> result;
+    forEachNamedLeaf(list, FontFields::Names::all, [&](const std::shared_ptr<FontItem>& leaf) {
+        bool hasKey = false;
+        bool hasCharacter = false;
+        names.any(*leaf, [&](SearchedText& name) {
+            hasKey = hasKey || needle.isIn(name);
+            hasCharacter = hasCharacter || characters.anyIn(name);
+            return hasKey && hasCharacter; // each name is read once, for both
+        });
+        if (hasKey)
+            result.first.push_back(leaf);
+        if (hasCharacter)
+            result.second.push_back(leaf);
+    });
+    return result;
+}
+
+bool FontList::isFontMatchedByCharacter(const std::shared_ptr<FontItem>& font, const std::string& key) {
+    const NeedleSet characters = charactersOf(key);
+    return FontNames().any(*font, [&](SearchedText& name) { return characters.anyIn(name); });
+}
+
+Records<FontItem> FontList::getFontById(const Records<FontItem>& list,
+                                        const std::vector<std::int64_t>& fontIdList) {
+    const IdSet ids(fontIdList);
+    return leavesWhere(list, [&ids](const FontItem& leaf) { return ids.contains(leaf.Id()); });
+}
+
+std::shared_ptr<FontItem> FontList::getFontItemById(const Records<FontItem>& list, std::int64_t fontId) {
+    const auto found =
+        std::ranges::find_if(list, [fontId](const auto& item) { return item->Id() == fontId; });
+    return found == list.end() ? nullptr : *found;
+}
+
+Records<FontItem> FontList::getFontByTags(const Records<FontItem>& list, const Records<FontTagItem>& tags) {
+    IdSet::Ids ids;
+    for (const std::shared_ptr<FontTagItem>& tag : tags)
+        ids.push_back(tag->Id());
+    ids = IdSet(ids).ids(); // each once
+    return leavesWhere(list, [&ids](const FontItem& leaf) { return carriesAll(leaf.Tags(), ids); });
 }
 
 std::int64_t FontList::getFontCount(const Records<FontItem>& list) {

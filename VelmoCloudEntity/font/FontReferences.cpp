@@ -1,27 +1,44 @@
 #include <VelmoCloudEntity/font/FontReferences.hpp>
 
-#include <PerchAppLibrary/platform/Text.hpp>
-
 namespace VelmoCloudEntity {
 
-namespace text = PerchAppLibrary::text;
+using PerchAppLibrary::IdSet;
+using PerchAppLibrary::text::Case;
 
-FontReferences::FontReferences(const Records<FontItem>& references) : m_references(&references) {
+namespace {
+
+IdSet idsOf(const Records<FontItem>& references, bool isPrivate) {
+    IdSet::Ids ids;
+    ids.reserve(references.size());
     for (const std::shared_ptr<FontItem>& reference : references)
-        m_ids[reference->IsPrivate() ? 1 : 0].insert(reference->Id());
+        if (reference->IsPrivate() == isPrivate)
+            ids.push_back(reference->Id());
+    return IdSet(ids);
 }
+
+} // namespace
+
+FontReferences::FontReferences(const Records<FontItem>& references)
+    : m_references(&references),
+      m_public(idsOf(references, false)),
+      m_private(idsOf(references, true)),
+      m_name(Case::kept) {}
 
 bool FontReferences::match(const FontItem& leaf) {
     if (const std::int64_t id = leaf.Id(); id >= 1)
-        return m_ids[leaf.IsPrivate() ? 1 : 0].contains(id);
-    return names().contains(text::decomposed(leaf.ProductName()));
+        return (leaf.IsPrivate() ? m_private : m_public).contains(id);
+    const TextSet& names = this->names();
+    m_name.assign(leaf.ProductName());
+    return names.contains(m_name.bytes());
 }
 
-const FontReferences::Names& FontReferences::names() {
+const FontReferences::TextSet& FontReferences::names() {
     if (!m_names) {
         m_names.emplace();
-        for (const std::shared_ptr<FontItem>& reference : *m_references)
-            m_names->insert(text::decomposed(reference->ProductName()));
+        for (const std::shared_ptr<FontItem>& reference : *m_references) {
+            m_name.assign(reference->ProductName());
+            m_names->emplace(m_name.bytes());
+        }
     }
     return *m_names;
 }

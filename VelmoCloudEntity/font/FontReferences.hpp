@@ -2,11 +2,11 @@
 
 #include <VelmoCloudEntity/font/FontItem.hpp>
 
-#include <array>
-#include <cstdint>
+#include <PerchAppLibrary/IdSet.hpp>
+#include <PerchAppLibrary/platform/ComparedText.hpp>
+#include <PerchAppLibrary/platform/TextSet.hpp>
+
 #include <optional>
-#include <string>
-#include <unordered_set>
 
 namespace VelmoCloudEntity {
 
@@ -20,15 +20,18 @@ public:
     bool match(const FontItem& leaf);
 
 private:
-    using Names = std::unordered_set<std::string>;
+    using TextSet = PerchAppLibrary::text::TextSet;
 
     /// The references' names, decomposed, so that equivalent names are the same bytes. Made when the first font without
     /// an identifier asks for them, since most fonts have one.
-    const Names& names();
+    const TextSet& names();
 
     const Records<FontItem>* m_references;
-    std::array<std::unordered_set<std::int64_t>, 2> m_ids; // of public and of private fonts
-    std::optional<Names> m_names;
+    PerchAppLibrary::IdSet m_public; // identifiers of the public and of the private references
+    PerchAppLibrary::IdSet m_private;
+    std::optional<TextSet> m_names;
+    PerchAppLibrary::text::ComparedText
+        m_name; // decomposed: of the font that is asked for, or of a reference
 };
 
 } // namespace VelmoCloudEntity

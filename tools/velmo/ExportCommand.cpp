@@ -4,8 +4,6 @@
 
 #include <CLI/App.hpp>
 
-#include <memory>
-
 namespace velmo {
 namespace {
 
@@ -22,11 +20,9 @@ ExitStatus exportFonts(const ExportOptions& options) {
 } // namespace
 
 void addExport(CLI::App& application, Work& work) {
-    const auto options = std::make_shared<ExportOptions>();
-    CLI::App* const command = application.add_subcommand("export", "Print the fonts' Dict as JSON");
-    addFile(*command, options->source);
-    addJSONFlag(*command, options->asJSON);
-    command->callback([options, &work] { work = [options] { return exportFonts(*options); }; });
+    auto [command, options] =
+        addCommand(application, work, "export", "Print the fonts' Dict as JSON", &exportFonts);
+    addFile(command, options.source);
 }
 
 } // namespace velmo

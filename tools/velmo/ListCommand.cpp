@@ -4,7 +4,6 @@
 #include <CLI/App.hpp>
 
 #include <map>
-#include <memory>
 
 namespace velmo {
 namespace {
@@ -36,16 +35,13 @@ ExitStatus list(const ListOptions& options) {
 } // namespace
 
 void addList(CLI::App& application, Work& work) {
-    const auto options = std::make_shared<ListOptions>();
-    CLI::App* const command =
-        application.add_subcommand("list", "List the activated, favorited or authorized fonts");
-    command->add_option("STATE", options->state, "activated, favorited or authorized")
+    auto [command, options] =
+        addCommand(application, work, "list", "List the activated, favorited or authorized fonts", &list);
+    command.add_option("STATE", options.state, "activated, favorited or authorized")
         ->required()
         ->check(CLI::IsMember(filters()));
-    addFile(*command, options->source);
-    addMarks(*command, options->source);
-    addJSONFlag(*command, options->asJSON);
-    command->callback([options, &work] { work = [options] { return list(*options); }; });
+    addFile(command, options.source);
+    addMarks(command, options.source);
 }
 
 } // namespace velmo

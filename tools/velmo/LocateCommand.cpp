@@ -3,7 +3,7 @@
 #include "FontView.hpp"
 #include "Terminal.hpp"
 
-#include <VelmoCloudEntity/font/LeafWalk.hpp>
+#include <VelmoCloudEntity/entity/LeafWalk.hpp>
 
 #include <PerchAppLibrary/platform/URL.hpp>
 
@@ -11,7 +11,6 @@
 #include <fmt/format.h>
 
 #include <functional>
-#include <memory>
 #include <optional>
 
 namespace velmo {
@@ -115,26 +114,24 @@ ExitStatus locate(const LocateOptions& options) {
 } // namespace
 
 void addLocate(CLI::App& application, Work& work) {
-    const auto options = std::make_shared<LocateOptions>();
-    CLI::App* const command = application.add_subcommand(
-        "locate", "Show where a font's file and previews are, here and at the service");
-    addFile(*command, options->source);
-    addInteger(*command, "ID", options->id, "Identifier of a leaf font")->required();
-    command->add_flag("--fixed", options->isFixed, "Fixed previews: named in clear, not by MD5");
-    const auto add = [command](const char* name, auto& value, const char* description) {
-        command->add_option(name, value, description)->capture_default_str();
+    auto [command, options] =
+        addCommand(application, work, "locate",
+                   "Show where a font's file and previews are, here and at the service", &locate);
+    addFile(command, options.source);
+    addInteger(command, "ID", options.id, "Identifier of a leaf font")->required();
+    command.add_flag("--fixed", options.isFixed, "Fixed previews: named in clear, not by MD5");
+    const auto add = [&into = command](const char* name, auto& value, const char* description) {
+        into.add_option(name, value, description)->capture_default_str();
     };
-    add("--preview-tag", options->previewTag, "Preview style");
-    add("--color-tag", options->colorTag, "Preview colour");
-    addInteger(*command, "--font-size", options->fontSize, "Preview size in points")->default_str("32");
-    add("--product-url", options->productUrl, "Prefix of public font files");
-    add("--private-product-url", options->privateProductUrl, "Prefix of private font files");
-    add("--fix-preview-url", options->fixPreviewUrl, "Prefix of fixed previews");
-    add("--preview-url", options->previewUrl, "Prefix of other previews");
-    add("--private-preview-url", options->privatePreviewUrl, "Prefix of a private font's previews");
-    add("--user-guid", options->userGuid, "User of private fonts");
-    addJSONFlag(*command, options->asJSON);
-    command->callback([options, &work] { work = [options] { return locate(*options); }; });
+    add("--preview-tag", options.previewTag, "Preview style");
+    add("--color-tag", options.colorTag, "Preview colour");
+    addInteger(command, "--font-size", options.fontSize, "Preview size in points")->default_str("32");
+    add("--product-url", options.productUrl, "Prefix of public font files");
+    add("--private-product-url", options.privateProductUrl, "Prefix of private font files");
+    add("--fix-preview-url", options.fixPreviewUrl, "Prefix of fixed previews");
+    add("--preview-url", options.previewUrl, "Prefix of other previews");
+    add("--private-preview-url", options.privatePreviewUrl, "Prefix of a private font's previews");
+    add("--user-guid", options.userGuid, "User of private fonts");
 }
 
 } // namespace velmo

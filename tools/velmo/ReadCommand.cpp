@@ -4,13 +4,13 @@
 #include "Terminal.hpp"
 
 #include <VelmoCloudEntity/account/UserFontActivateMapItem.hpp>
+#include <VelmoCloudEntity/catalogue/FontTagList.hpp>
 #include <VelmoCloudEntity/entity/UrlList.hpp>
 
 #include <CLI/App.hpp>
 
 #include <algorithm>
 #include <map>
-#include <memory>
 
 namespace velmo {
 namespace {
@@ -48,6 +48,8 @@ const std::map<std::string, Reader>& readers() {
     static const std::map<std::string, Reader> byType{
         {"FontItem", &readRecord<FontItem>},
         {"FontList", [](const JSON& json) { return propertiesOf(FontList(json).List()); }},
+        {"FontTagItem", &readRecord<FontTagItem>},
+        {"FontTagList", [](const JSON& json) { return propertiesOf(FontTagList(json).List()); }},
         {"UrlItem", &readRecord<UrlItem>},
         {"UrlList", [](const JSON& json) { return propertiesOf(UrlList(json).list()); }},
         {"UserFontActivateMapItem", &readRecord<UserFontActivateMapItem>},
@@ -112,13 +114,10 @@ std::string typeNames() {
 } // namespace
 
 void addRead(CLI::App& application, Work& work) {
-    const auto options = std::make_shared<ReadOptions>();
-    CLI::App* const command =
-        application.add_subcommand("read", "Show a record or a list, property by property");
-    command->add_option("TYPE", options->type, typeNames())->required()->check(CLI::IsMember(readers()));
-    command->add_option("FILE", options->file, "Document of that type")->required();
-    addJSONFlag(*command, options->asJSON);
-    command->callback([options, &work] { work = [options] { return read(*options); }; });
+    auto [command, options] =
+        addCommand(application, work, "read", "Show a record or a list, property by property", &read);
+    command.add_option("TYPE", options.type, typeNames())->required()->check(CLI::IsMember(readers()));
+    command.add_option("FILE", options.file, "Document of that type")->required();
 }
 
 } // namespace velmo

@@ -15,19 +15,36 @@ namespace {
 /// A longer cell is shown whole, and moves the rest of its own row only.
 constexpr std::size_t widestColumn = 80;
 
+/// The cell without anything that commands a terminal, and its highlighted part where it is then.
+Table::Cell printableCell(const Table::Cell& cell) {
+    const std::string_view text = cell.text;
+    std::string shown = printable(text.substr(0, cell.begin));
+    const std::size_t begin = shown.size();
+    shown += printable(text.substr(cell.begin, cell.end - cell.begin));
+    const std::size_t end = shown.size();
+    return {shown + printable(text.substr(cell.end)), begin, end};
+}
+
+std::string withHighlight(const Table::Cell& cell) {
+    if (cell.begin == cell.end)
+        return cell.text;
+    return cell.text.substr(0, cell.begin) +
+           highlighted(cell.text.substr(cell.begin, cell.end - cell.begin)) + cell.text.substr(cell.end);
+}
+
 } // namespace
 
 Table::Table(std::vector<Column> columns) : m_columns(std::move(columns)) {
-    std::vector<std::string> titles;
+    std::vector<Cell> titles;
     titles.reserve(m_columns.size());
     for (const Column& column : m_columns)
-        titles.push_back(column.title);
+        titles.emplace_back(column.title);
     add(std::move(titles), true);
 }
 
-void Table::add(std::vector<std::string> cells, bool isEmphasised) {
-    for (std::string& cell : cells)
-        cell = printable(cell);
+void Table::add(std::vector<Cell> cells, bool isEmphasised) {
+    for (Cell& cell : cells)
+        cell = printableCell(cell);
     m_rows.push_back({std::move(cells), isEmphasised});
 }
 
@@ -35,14 +52,14 @@ std::string Table::text() const {
     std::vector<std::size_t> widths(m_columns.size());
     for (const Row& row : m_rows)
         for (std::size_t column = 0; column < widths.size(); ++column)
-            if (const std::size_t width = columnCount(row.cells[column]); width <= widestColumn)
+            if (const std::size_t width = columnCount(row.cells[column].text); width <= widestColumn)
                 widths[column] = std::max(widths[column], width);
     std::string text;
     for (const Row& row : m_rows) {
         std::string line;
         for (std::size_t column = 0; column < widths.size(); ++column) {
-            const std::string& cell = row.cells[column];
-            const std::size_t width = columnCount(cell);
+            const std::string cell = withHighlight(row.cells[column]);
+            const std::size_t width = columnCount(row.cells[column].text);
             const std::string padding(widths[column] - std::min(width, widths[column]), ' ');
             line += m_columns[column].align == Align::left ? cell + padding : padding + cell;
             line += "  ";

@@ -16,10 +16,16 @@
 namespace velmo {
 namespace {
 
-bool isColoured() {
+bool findsColours() {
     const char* const noColour =
         std::getenv("NO_COLOR"); // NOLINT(concurrency-mt-unsafe): there is one thread
     return isatty(STDOUT_FILENO) == 1 && (noColour == nullptr || *noColour == '\0');
+}
+
+/// The text between an escape sequence and the one that ends it, where colours are shown.
+std::string styled(const std::string& text, const char* sequence) {
+    static const bool isColoured = findsColours();
+    return isColoured ? sequence + text + "\033[0m" : text;
 }
 
 } // namespace
@@ -45,10 +51,9 @@ std::string indent(std::size_t depth) {
 
 void warn(const std::string& message) { std::fprintf(stderr, "velmo: %s\n", printable(message).c_str()); }
 
-std::string bold(const std::string& text) {
-    static const bool coloured = isColoured();
-    return coloured ? "\033[1m" + text + "\033[0m" : text;
-}
+std::string bold(const std::string& text) { return styled(text, "\033[1m"); }
+
+std::string highlighted(const std::string& text) { return styled(text, "\033[1;31m"); }
 
 void print(std::string_view text) {
     if (std::fwrite(text.data(), 1, text.size(), stdout) != text.size() || std::fflush(stdout) != 0)

@@ -21,6 +21,9 @@ void warn(const std::string& message);
 /// The text in bold where standard output is a terminal and NO_COLOR is not set.
 std::string bold(const std::string& text);
 
+/// The text in bold red, as a search shows what it found, under the same conditions.
+std::string highlighted(const std::string& text);
+
 /// Writes to standard output. Throws Failure when that cannot be written.
 void print(std::string_view text);
 

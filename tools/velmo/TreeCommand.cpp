@@ -5,8 +5,6 @@
 
 #include <CLI/App.hpp>
 
-#include <memory>
-
 namespace velmo {
 namespace {
 
@@ -61,12 +59,10 @@ ExitStatus showTree(const TreeOptions& options) {
 } // namespace
 
 void addTree(CLI::App& application, Work& work) {
-    const auto options = std::make_shared<TreeOptions>();
-    CLI::App* const command = application.add_subcommand("tree", "Show the font tree: titles, counts, marks");
-    addFile(*command, options->source);
-    addMarks(*command, options->source);
-    addJSONFlag(*command, options->asJSON);
-    command->callback([options, &work] { work = [options] { return showTree(*options); }; });
+    auto [command, options] =
+        addCommand(application, work, "tree", "Show the font tree: titles, counts, marks", &showTree);
+    addFile(command, options.source);
+    addMarks(command, options.source);
 }
 
 } // namespace velmo

@@ -29,6 +29,10 @@ int run(int argc, char** argv) {
     velmo::Work work;
     velmo::addTree(application, work);
     velmo::addList(application, work);
+    velmo::addFind(application, work);
+    velmo::addSearch(application, work);
+    velmo::addLookup(application, work);
+    velmo::addFilter(application, work);
     velmo::addLocate(application, work);
     velmo::addRead(application, work);
     velmo::addExport(application, work);

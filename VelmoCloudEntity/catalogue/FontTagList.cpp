@@ -1,0 +1,38 @@
+#include <VelmoCloudEntity/catalogue/FontTagList.hpp>
+
+#include <VelmoCloudEntity/entity/LeafWalk.hpp>
+
+#include <PerchAppLibrary/IdSet.hpp>
+
+#include <optional>
+
+namespace VelmoCloudEntity {
+
+using PerchAppLibrary::IdSet;
+
+Records<FontTagItem> FontTagList::getCheckedFontTagList(const Records<FontTagItem>& tags) {
+    return leavesWhere(tags, [](const FontTagItem& tag) { return tag.IsChecked(); });
+}
+
+void FontTagList::setFontTagItemCheck(const Records<FontTagItem>& tags, bool check) {
+    forEachLeaf(tags, [check](const std::shared_ptr<FontTagItem>& tag) { tag->setIsChecked(check); });
+}
+
+IdSet::Ids FontTagList::getCheckedFontTagFontIdList(const Records<FontTagItem>& tags,
+                                                    const IdSet::Ids& fontIdList) {
+    std::vector<IdSet::Ids> made; // by the groups
+    made.reserve(tags.size());    // so that it does not move
+    std::vector<const IdSet::Ids*> lists{&fontIdList};
+    for (const std::shared_ptr<FontTagItem>& tag : tags) {
+        if (!tag->IsGroup()) {
+            if (tag->IsChecked() && !tag->Children().empty())
+                lists.push_back(&tag->FontIdList());
+        } else if (std::optional<IdSet::Ids> ids = tag->CheckedFontTagFontIdList()) {
+            made.push_back(*std::move(ids));
+            lists.push_back(&made.back());
+        }
+    }
+    return lists.size() == 1 ? fontIdList : PerchAppLibrary::intersectionOf(lists);
+}
+
+} // namespace VelmoCloudEntity

@@ -1,0 +1,82 @@
+#include "Commands.hpp"
+#include "Document.hpp"
+#include "FontView.hpp"
+#include "Terminal.hpp"
+
+#include <VelmoCloudEntity/catalogue/FontTagList.hpp>
+#include <VelmoCloudEntity/entity/LeafWalk.hpp>
+
+#include <CLI/App.hpp>
+#include <fmt/format.h>
+
+namespace velmo {
+namespace {
+
+using PerchAppLibrary::Dictionary;
+using VelmoCloudEntity::FontList;
+using VelmoCloudEntity::FontTagItem;
+using VelmoCloudEntity::FontTagList;
+using Tags = VelmoCloudEntity::Records<FontTagItem>;
+
+struct FilterOptions {
+    FontSource source;
+    std::string tagsFile;
+    std::vector<std::int64_t> checked;
+    bool asJSON = false;
+};
+
+/// Ticks every tag with this Id, at any depth. Gives their number.
+std::size_t tick(const Tags& tags, std::int64_t id) {
+    std::size_t ticked = 0;
+    for (const auto& tag : tags) {
+        if (tag->Id() == id) {
+            tag->setIsChecked(true);
+            ++ticked;
+        }
+        ticked += tick(tag->Children(), id);
+    }
+    return ticked;
+}
+
+std::vector<std::int64_t> idsOfLeaves(const Fonts& fonts) {
+    std::vector<std::int64_t> ids;
+    forEachLeaf(fonts, [&ids](const std::shared_ptr<FontItem>& leaf) { ids.push_back(leaf->Id()); });
+    return ids;
+}
+
+ExitStatus filter(const FilterOptions& options) {
+    const FontList fonts = readFontList(options.source);
+    const FontTagList tags(readDocument(options.tagsFile));
+    for (const std::int64_t id : options.checked)
+        if (tick(tags.List(), id) == 0)
+            warn(fmt::format("{}: no tag has the Id {}", nameOf(options.tagsFile), id));
+
+    const std::vector<std::int64_t> all = idsOfLeaves(fonts.List());
+    const std::vector<std::int64_t> left = FontTagList::getCheckedFontTagFontIdList(tags.List(), all);
+    const Fonts shown = FontList::getFontById(fonts.List(), left);
+    if (options.asJSON) {
+        Dictionary result;
+        result.emplace("FontIdList", PerchAppLibrary::toValue(left));
+        result.emplace("fonts", describe(shown));
+        printJSON(PerchAppLibrary::toValue(std::move(result)));
+        return shown.empty() ? ExitStatus::nothingFound : ExitStatus::done;
+    }
+    for (const auto& tag : FontTagList::getCheckedFontTagList(tags.List()))
+        print(fmt::format("{} ({})\n", printable(tag->Name()), countOfFonts(std::ssize(tag->FontIdList()))));
+    printFonts(shown, false);
+    return shown.empty() ? ExitStatus::nothingFound : ExitStatus::done;
+}
+
+} // namespace
+
+void addFilter(CLI::App& application, Work& work) {
+    auto [command, options] =
+        addCommand(application, work, "filter", "Show the fonts that ticked tags leave", &filter);
+    addFile(command, options.source);
+    command.add_option("--tags", options.tagsFile, "Font tags")->type_name("TAGS")->required();
+    addIntegers(command, "--check", options.checked, "Tags that are ticked, with commas between them")
+        ->required()
+        ->allow_extra_args(false); // which would take FILE
+}
+
+} // namespace velmo

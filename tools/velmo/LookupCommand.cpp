@@ -1,0 +1,60 @@
+#include "Commands.hpp"
+#include "Document.hpp"
+#include "FontView.hpp"
+#include "Terminal.hpp"
+
+#include <CLI/App.hpp>
+#include <fmt/format.h>
+
+#include <algorithm>
+
+namespace velmo {
+namespace {
+
+using PerchAppLibrary::Value;
+using VelmoCloudEntity::FontList;
+
+struct LookupOptions {
+    FontSource source;
+    std::vector<std::int64_t> ids;
+    bool isFlat = false;
+    bool asJSON = false;
+};
+
+/// Says which identifiers no font has.
+void warnOfUnknown(const LookupOptions& options, const Fonts& found) {
+    for (const std::int64_t id : options.ids)
+        if (std::ranges::none_of(found, [id](const auto& font) { return font->Id() == id; }))
+            warn(fmt::format("{}: no {} has the Id {}", nameOf(options.source.file),
+                             options.isFlat ? "item at the top level" : "font", id));
+}
+
+ExitStatus lookup(const LookupOptions& options) {
+    if (options.isFlat && options.ids.size() > 1)
+        throw Failure("lookup: --flat takes one ID");
+    const FontList fonts = readFontList(options.source);
+    Fonts found;
+    if (!options.isFlat)
+        found = FontList::getFontById(fonts.List(), options.ids);
+    else if (const auto item = FontList::getFontItemById(fonts.List(), options.ids.front()))
+        found = {item};
+    if (options.isFlat && options.asJSON)
+        printJSON(found.empty() ? Value(nullptr) : PerchAppLibrary::toValue(describe(*found.front())));
+    else
+        printFonts(found, options.asJSON);
+    warnOfUnknown(options, found);
+    return found.empty() ? ExitStatus::nothingFound : ExitStatus::done;
+}
+
+} // namespace
+
+void addLookup(CLI::App& application, Work& work) {
+    auto [command, options] = addCommand(application, work, "lookup",
+                                         "Find fonts by identifier, in the order of the tree", &lookup);
+    addFile(command, options.source);
+    addIntegers(command, "ID", options.ids, "Identifiers of leaf fonts")->required();
+    command.add_flag("--flat", options.isFlat,
+                     "The first item with the one ID, font or group, at the top level alone");
+}
+
+} // namespace velmo

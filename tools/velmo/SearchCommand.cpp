@@ -1,0 +1,113 @@
+#include "Commands.hpp"
+#include "FontView.hpp"
+#include "Table.hpp"
+#include "Terminal.hpp"
+
+#include <PerchAppLibrary/platform/Needle.hpp>
+#include <PerchAppLibrary/platform/Text.hpp>
+
+#include <CLI/App.hpp>
+#include <fmt/format.h>
+
+#include <unordered_set>
+
+namespace velmo {
+namespace {
+
+using PerchAppLibrary::Dictionary;
+using PerchAppLibrary::text::Needle;
+using VelmoCloudEntity::FontList;
+
+struct SearchOptions {
+    FontSource source;
+    std::string key;
+    bool asJSON = false;
+};
+
+std::vector<Needle> wholeOf(std::string_view key) {
+    std::vector<Needle> whole;
+    whole.emplace_back(key);
+    return whole;
+}
+
+std::vector<Needle> charactersOf(std::string_view key) {
+    std::vector<Needle> characters;
+    while (!key.empty()) {
+        const std::string_view character = PerchAppLibrary::text::firstCodePoint(key);
+        characters.emplace_back(character);
+        key.remove_prefix(character.size());
+    }
+    return characters;
+}
+
+/// A row that shows where the first of the needles that occurs in the font does so.
+void addRow(Table& table, const FontItem& font, const std::vector<Needle>& needles) {
+    const std::pair<const char*, std::string> names[] = {{"ProductName", font.ProductName()},
+                                                         {"ProductSetName", font.ProductSetName()},
+                                                         {"ProductFileName", font.ProductFileName()},
+                                                         {"DisplayName", font.DisplayName()}};
+    for (const Needle& needle : needles)
+        for (const auto& [property, name] : names)
+            if (const auto part = needle.partOf(name)) {
+                table.add({std::to_string(font.Id()),
+                           font.DisplayName(),
+                           property,
+                           {name, part->begin, part->end}});
+                return;
+            }
+}
+
+Table tableOf(const Fonts& fonts, const std::vector<Needle>& needles) {
+    Table table({{"ID", Table::Align::right}, {"NAME"}, {"FOUND IN"}, {"TEXT"}});
+    for (const auto& font : fonts)
+        addRow(table, *font, needles);
+    return table;
+}
+
+/// The fonts, in their order, that are not among the others.
+Fonts without(const Fonts& fonts, const Fonts& others) {
+    const std::unordered_set<std::shared_ptr<FontItem>> known(others.begin(), others.end());
+    Fonts rest;
+    for (const auto& font : fonts)
+        if (!known.contains(font))
+            rest.push_back(font);
+    return rest;
+}
+
+void printForPeople(const Fonts& whole, const Fonts& character, const std::string& key) {
+    if (!whole.empty())
+        print(tableOf(whole, wholeOf(key)).text());
+    print(fmt::format("{} with \"{}\"\n", countOfFonts(std::ssize(whole)), printable(key)));
+    const Fonts rest = without(character, whole);
+    if (!rest.empty())
+        print("\n" + tableOf(rest, charactersOf(key)).text());
+    print(fmt::format("{} with one of its characters; {} in all\n", countOfFonts(std::ssize(rest)),
+                      character.size()));
+}
+
+ExitStatus search(const SearchOptions& options) {
+    const FontList fonts = readFontList(options.source);
+    const auto [whole, character] = FontList::getSearchResultFont(fonts.List(), options.key);
+    if (options.asJSON) {
+        Dictionary result;
+        result.emplace("whole", describe(whole));
+        result.emplace("character", describe(character));
+        printJSON(PerchAppLibrary::toValue(std::move(result)));
+    } else {
+        printForPeople(whole, character, options.key);
+    }
+    return whole.empty() && character.empty() ? ExitStatus::nothingFound : ExitStatus::done;
+}
+
+} // namespace
+
+void addSearch(CLI::App& application, Work& work) {
+    auto [command, options] = addCommand(
+        application, work, "search",
+        "Search as the client's search box does: fonts with the whole key, and with one of its characters",
+        &search);
+    addFile(command, options.source);
+    command.add_option("KEY", options.key, "What is searched for")->required();
+}
+
+} // namespace velmo
