@@ -1,8 +1,9 @@
 #pragma once
 
-#include <benchmark/benchmark.h>
+#include <VelmoCloudEntity/font/FontList.hpp>
 
 #include <cstddef>
+#include <memory>
 #include <string>
 
 /// A font list as the service sends it, made of the bundled sample repeated.
@@ -11,6 +12,29 @@ struct FontDocument {
     std::size_t fonts; // leaf fonts
 };
 
+FontDocument repeatedSample(std::size_t leastFonts);
+
+using Fonts = VelmoCloudEntity::Records<VelmoCloudEntity::FontItem>;
+
+/// A document read, with its number of leaf fonts.
+struct FontTree {
+    explicit FontTree(const FontDocument& document);
+
+    Fonts fonts;
+    std::size_t leaves;
+};
+
+// Each registers the comparisons of one kind of work. What they are given must live until the benchmarks have run. They
+// throw when the sides of a comparison do not come to the same result.
+
 /// Loading a document: by the library, by simdjson on-demand and by nlohmann/json into a plain struct.
-/// The document must live until the benchmarks have run. Throws when the loaders do not agree on it.
-void registerLoadBenchmarks(const FontDocument& document);
+void registerLoad(const std::shared_ptr<const FontDocument>& document);
+
+/// Searching by name and key: the library, the rules written down literally with ICU, and Qt.
+void registerSearch(const std::shared_ptr<const FontTree>& tree);
+
+/// Finding and marking fonts by identifier: the library, and a bare hash join of two arrays of integers.
+void registerLookup(const std::shared_ptr<const FontTree>& tree);
+
+/// Reducing a million identifiers by ticked tags: the library, std::set and Roaring bitmaps.
+void registerTagFilter();

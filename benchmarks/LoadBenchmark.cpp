@@ -1,4 +1,5 @@
 #include "Benchmarks.hpp"
+#include "Comparison.hpp"
 #include "Loaders.hpp"
 
 #include <malloc.h>
@@ -95,25 +96,23 @@ void time(benchmark::State& state, Fonts (*load)(std::string), const FontDocumen
         bytes = static_cast<double>(heapInUse() - before);
         state.SetIterationTime(std::chrono::duration<double>(end - start).count());
     }
-    state.counters["ns/font"] =
-        benchmark::Counter(static_cast<double>(document.fonts) * 1e-9,
-                           benchmark::Counter::kIsIterationInvariantRate | benchmark::Counter::kInvert);
     state.counters["bytes/font"] = bytes / static_cast<double>(document.fonts);
     state.SetBytesProcessed(static_cast<std::int64_t>(document.text.size()) * state.iterations());
 }
 
 } // namespace
 
-void registerLoadBenchmarks(const FontDocument& document) {
-    const std::size_t digest = digestOf(loadOurs(reply(document)));
-    if (digest != digestOf(loadOnDemand(reply(document))) ||
-        digest != digestOf(loadNlohmann(reply(document))))
+void registerLoad(const std::shared_ptr<const FontDocument>& document) {
+    const std::size_t digest = digestOf(loadOurs(reply(*document)));
+    if (digest != digestOf(loadOnDemand(reply(*document))) ||
+        digest != digestOf(loadNlohmann(reply(*document))))
         throw std::runtime_error("the loaders read different fonts");
 
-    const auto add = [&document](const std::string& name, auto load) {
+    const Comparison loading("load", document->fonts);
+    const auto add = [&](const std::string& side, auto load) {
         benchmark::RegisterBenchmark(
-            ("load/" + name).c_str(),
-            [&document, load](benchmark::State& state) { time(state, load, document); })
+            loading.nameOf(side).c_str(),
+            [document, load](benchmark::State& state) { time(state, load, *document); })
             ->UseManualTime()
             ->Unit(benchmark::kMillisecond);
     };

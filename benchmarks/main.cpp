@@ -2,79 +2,89 @@
 // takes in proportion to the library.
 #include "Benchmarks.hpp"
 
-#include <VelmoCloudEntity/font/FontList.hpp>
+#include <benchmark/benchmark.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <exception>
-#include <fstream>
-#include <map>
-#include <sstream>
 #include <string>
-#include <string_view>
 #include <vector>
 
 namespace {
 
-using VelmoCloudEntity::FontList;
-
-FontDocument repeatedSample(std::size_t leastFonts) {
-    std::ifstream file(VELMO_SAMPLES "/font-list.json");
-    std::ostringstream content;
-    content << file.rdbuf();
-    const std::string sample = content.str();
-    const FontList list(PerchAppLibrary::JSON::parse(sample));
-    const auto fontsInSample = static_cast<std::size_t>(FontList::getFontCount(list.List()));
-
-    const std::size_t begin = sample.find('[') + 1;
-    const std::string items = sample.substr(begin, sample.rfind(']') - begin);
-    FontDocument document{"[", 0};
-    for (; document.fonts < leastFonts; document.fonts += fontsInSample)
-        document.text.append(document.fonts == 0 ? "" : ",").append(items);
-    document.text += ']';
-    return document;
-}
-
-constexpr std::string_view loadPrefix = "load/";
-
-/// Keeps the medians by the name of the side.
-class MedianReporter : public benchmark::ConsoleReporter {
-public:
-    struct Median {
-        double milliseconds;
-        double bytesPerFont;
-    };
-
-    void ReportRuns(const std::vector<Run>& runs) override {
-        ConsoleReporter::ReportRuns(runs);
-        for (const Run& run : runs)
-            if (run.aggregate_name == "median")
-                m_medians[run.run_name.function_name.substr(loadPrefix.size())] = {
-                    run.GetAdjustedRealTime(), run.counters.at("bytes/font")};
-    }
-
-    const std::map<std::string, Median>& medians() const { return m_medians; }
-
-private:
-    std::map<std::string, Median> m_medians;
+/// A side's median, under the name that Comparison gave it.
+struct Median {
+    std::int64_t place; // in the order of registration
+    std::string work;
+    std::string leaves;
+    std::string side;
+    double milliseconds;
+    double bytesPerFont; // 0 where it is not measured
 };
 
-void printTable(const MedianReporter& reporter, const FontDocument& document) {
-    const MedianReporter::Median ours = reporter.medians().at("VelmoCloudEntity");
-    std::printf("\nLoading %zu leaf fonts, %.1f MB of JSON; medians of one interleaved run\n\n",
-                document.fonts, static_cast<double>(document.text.size()) * 1e-6);
-    std::printf("| side | ms | ns/font | bytes/font | its time / ours | our bytes / its |\n");
-    std::printf("|---|---:|---:|---:|---:|---:|\n");
-    for (const auto& [name, median] : reporter.medians())
-        std::printf("| %s | %.1f | %.0f | %.0f | %.2f | %.2f |\n", name.c_str(), median.milliseconds,
-                    median.milliseconds * 1e6 / static_cast<double>(document.fonts), median.bytesPerFont,
-                    median.milliseconds / ours.milliseconds, ours.bytesPerFont / median.bytesPerFont);
+class MedianReporter : public benchmark::ConsoleReporter {
+public:
+    void ReportRuns(const std::vector<Run>& runs) override {
+        ConsoleReporter::ReportRuns(runs);
+        for (const Run& run : runs) {
+            if (run.aggregate_name != "median")
+                continue;
+            const std::string& name = run.run_name.function_name;
+            const std::size_t behindWork = name.find('/');
+            const std::size_t behindLeaves = name.find('/', behindWork + 1);
+            const auto bytes = run.counters.find("bytes/font");
+            m_medians.push_back({run.family_index, name.substr(0, behindWork),
+                                 name.substr(behindWork + 1, behindLeaves - behindWork - 1),
+                                 name.substr(behindLeaves + 1), run.GetAdjustedCPUTime(),
+                                 bytes == run.counters.end() ? 0.0 : double{bytes->second}});
+        }
+    }
+
+    /// In the order of registration, in which each comparison's own side is the first.
+    std::vector<Median> medians() const {
+        std::vector<Median> sorted = m_medians;
+        std::ranges::sort(sorted, {}, &Median::place);
+        return sorted;
+    }
+
+private:
+    std::vector<Median> m_medians; // in the order in which they came to an end
+};
+
+void printTable(const std::vector<Median>& medians) {
+    std::printf("\nMedians of one interleaved run\n\n"
+                "| work | leaves | side | ms | its time / ours | bytes/font | our bytes / its |\n"
+                "|---|---:|---|---:|---:|---:|---:|\n");
+    const Median* ours = nullptr;
+    for (const Median& median : medians) {
+        if (ours == nullptr || ours->work != median.work || ours->leaves != median.leaves)
+            ours = &median;
+        std::printf("| %s | %s | %s | %.2f | %.2f |", median.work.c_str(), median.leaves.c_str(),
+                    median.side.c_str(), median.milliseconds, median.milliseconds / ours->milliseconds);
+        if (median.bytesPerFont > 0)
+            std::printf(" %.0f | %.2f |\n", median.bytesPerFont, ours->bytesPerFont / median.bytesPerFont);
+        else
+            std::printf(" | |\n");
+    }
+}
+
+void registerAll() {
+    for (const std::size_t leaves : {60'000U, 600'000U}) {
+        auto document = std::make_shared<const FontDocument>(repeatedSample(leaves));
+        const auto tree = std::make_shared<const FontTree>(*document);
+        registerSearch(tree);
+        registerLookup(tree);
+        if (leaves == 60'000U)
+            registerLoad(document);
+    }
+    registerTagFilter();
 }
 
 } // namespace
 
 int main(int argc, char** argv) {
     std::vector<char*> arguments(argv, argv + argc);
-    std::string repetitions = "--benchmark_repetitions=9";
+    std::string repetitions = "--benchmark_repetitions=5";
     std::string interleaving = "--benchmark_enable_random_interleaving=true";
     std::string aggregates = "--benchmark_report_aggregates_only=true";
     for (std::string* const option : {&repetitions, &interleaving, &aggregates})
@@ -82,11 +92,10 @@ int main(int argc, char** argv) {
     int count = static_cast<int>(arguments.size());
     benchmark::Initialize(&count, arguments.data());
     try {
-        const FontDocument document = repeatedSample(60000);
-        registerLoadBenchmarks(document);
+        registerAll();
         MedianReporter reporter;
         benchmark::RunSpecifiedBenchmarks(&reporter);
-        printTable(reporter, document);
+        printTable(reporter.medians());
     } catch (const std::exception& error) {
         std::fprintf(stderr, "velmo-bench: %s\n", error.what());
         return 1;

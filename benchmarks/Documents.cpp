@@ -1,0 +1,39 @@
+#include "Benchmarks.hpp"
+
+#include "Loaders.hpp"
+
+#include <VelmoCloudEntity/entity/LeafWalk.hpp>
+
+#include <fstream>
+#include <sstream>
+
+using VelmoCloudEntity::FontItem;
+using VelmoCloudEntity::FontList;
+
+FontDocument repeatedSample(std::size_t leastFonts) {
+    std::ifstream file(VELMO_SAMPLES "/font-list.json");
+    std::ostringstream content;
+    content << file.rdbuf();
+    const std::string sample = content.str();
+    const FontList list(PerchAppLibrary::JSON::parse(sample));
+    const auto fontsInSample = static_cast<std::size_t>(FontList::getFontCount(list.List()));
+
+    const std::size_t begin = sample.find('[') + 1;
+    const std::string items = sample.substr(begin, sample.rfind(']') - begin);
+    FontDocument document{"[", 0};
+    for (; document.fonts < leastFonts; document.fonts += fontsInSample)
+        document.text.append(document.fonts == 0 ? "" : ",").append(items);
+    document.text += ']';
+    return document;
+}
+
+FontTree::FontTree(const FontDocument& document)
+    : fonts(loadOurs(document.text).List()), leaves(document.fonts) {
+    std::int64_t id = 0; // the sample's own repeat themselves
+    forEachLeaf(fonts, [&id](const std::shared_ptr<FontItem>& leaf) {
+        leaf->setId(++id);
+        leaf->setIsPrivate(false);
+        leaf->setIsActivated(false);
+        leaf->setIsFavorited(false);
+    });
+}

@@ -1,0 +1,77 @@
+#include "Benchmarks.hpp"
+#include "Comparison.hpp"
+
+#include <VelmoCloudEntity/entity/LeafWalk.hpp>
+
+#include <boost/unordered/unordered_flat_set.hpp>
+
+#include <cstdint>
+
+namespace {
+
+using VelmoCloudEntity::FontItem;
+using VelmoCloudEntity::FontList;
+
+using Ids = std::vector<std::int64_t>;
+
+Ids idsOfLeaves(const FontTree& tree) {
+    Ids ids;
+    forEachLeaf(tree.fonts, [&ids](const std::shared_ptr<FontItem>& leaf) { ids.push_back(leaf->Id()); });
+    return ids;
+}
+
+/// Every tenth of them, the last first.
+Ids tenthOf(const Ids& ids) {
+    Ids tenth;
+    for (std::size_t index = ids.size() / 10 * 10; index > 0; index -= 10)
+        tenth.push_back(ids[index - 1]);
+    return tenth;
+}
+
+/// The bare hash join: the positions in one array of what is in another.
+std::vector<std::size_t> join(const Ids& leaves, const Ids& wanted) {
+    const boost::unordered_flat_set<std::int64_t> set(wanted.begin(), wanted.end());
+    std::vector<std::size_t> positions;
+    for (std::size_t position = 0; position < leaves.size(); ++position)
+        if (set.contains(leaves[position]))
+            positions.push_back(position);
+    return positions;
+}
+
+template <class List>
+std::size_t sizeOf(const List& list) {
+    return list.size();
+}
+
+} // namespace
+
+void registerLookup(const std::shared_ptr<const FontTree>& tree) {
+    const auto leaves = std::make_shared<const Ids>(idsOfLeaves(*tree));
+    const auto wanted = std::make_shared<const Ids>(tenthOf(*leaves));
+    const auto bareJoin = [leaves, wanted] { return join(*leaves, *wanted); };
+
+    Comparison byId("getFontById", tree->leaves);
+    byId.add(
+        "VelmoCloudEntity", [tree, wanted] { return FontList::getFontById(tree->fonts, *wanted); },
+        sizeOf<Fonts>);
+    byId.add("hash join of integers", bareJoin, sizeOf<std::vector<std::size_t>>);
+
+    const auto references = std::make_shared<Fonts>();
+    for (const std::int64_t id : *wanted)
+        references->push_back(FontItem::create({.id = id, .productName = "", .isPrivate = false}));
+    for (const auto& [name, mark] : {std::pair("setActivatedFont", &FontList::setActivatedFont),
+                                     std::pair("setFavoritedFont", &FontList::setFavoritedFont)}) {
+        Comparison marking(name, tree->leaves);
+        marking.add(
+            "VelmoCloudEntity",
+            [tree, references, mark = mark] {
+                mark(tree->fonts, *references);
+                return references->size(); // what it did is counted by the digest
+            },
+            [tree, mark = mark](std::size_t) {
+                return mark == &FontList::setActivatedFont ? FontList::getActivatedFont(tree->fonts).size()
+                                                           : FontList::getFavoritedFont(tree->fonts).size();
+            });
+        marking.add("hash join of integers", bareJoin, sizeOf<std::vector<std::size_t>>);
+    }
+}

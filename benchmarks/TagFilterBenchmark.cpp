@@ -1,0 +1,111 @@
+#include "Benchmarks.hpp"
+#include "Comparison.hpp"
+
+#include <VelmoCloudEntity/catalogue/FontTagList.hpp>
+
+#include <roaring/roaring.hh>
+
+#include <algorithm>
+#include <cstdint>
+#include <numeric>
+#include <random>
+#include <set>
+
+namespace {
+
+using VelmoCloudEntity::FontTagItem;
+using VelmoCloudEntity::FontTagList;
+
+using Ids = std::vector<std::int64_t>;
+using Tags = VelmoCloudEntity::Records<FontTagItem>;
+
+constexpr std::size_t fontCount = 1'000'000;
+constexpr std::size_t groupCount = 3;
+constexpr std::size_t tagsInGroup = 10;
+constexpr std::size_t fontsOfTag = 100'000;
+
+struct Panel {
+    Ids fontIds;
+    Tags groups;
+};
+
+/// A catalogue's identifiers and a panel of ticked tags, each list in ascending order, as services send them, or in none.
+Panel makePanel(bool isAscending) {
+    std::mt19937_64 random(42);
+    Panel panel;
+    panel.fontIds.resize(fontCount);
+    std::iota(panel.fontIds.begin(), panel.fontIds.end(), 1);
+    const Ids all = panel.fontIds;
+    if (!isAscending)
+        std::ranges::shuffle(panel.fontIds, random);
+    for (std::size_t group = 0; group < groupCount; ++group) {
+        Tags tags;
+        for (std::size_t tag = 0; tag < tagsInGroup; ++tag) {
+            Ids ids;
+            std::ranges::sample(all, std::back_inserter(ids), fontsOfTag, random);
+            if (!isAscending)
+                std::ranges::shuffle(ids, random);
+            tags.push_back(FontTagItem::create());
+            tags.back()->setIsChecked(true);
+            tags.back()->setFontIdList(std::move(ids));
+        }
+        panel.groups.push_back(FontTagItem::create());
+        panel.groups.back()->setIsGroup(true);
+        panel.groups.back()->setChildren(std::move(tags));
+    }
+    return panel;
+}
+
+Ids filterBySets(const Panel& panel) {
+    std::set<std::int64_t> left(panel.fontIds.begin(), panel.fontIds.end());
+    for (const auto& group : panel.groups) {
+        std::set<std::int64_t> allowed;
+        for (const auto& tag : group->Children())
+            allowed.insert(tag->FontIdList().begin(), tag->FontIdList().end());
+        std::erase_if(left, [&allowed](std::int64_t id) { return !allowed.contains(id); });
+    }
+    return {left.begin(), left.end()};
+}
+
+Roaring bitmapOf(const Ids& ids) {
+    const std::vector<std::uint32_t> narrow(ids.begin(), ids.end());
+    Roaring bitmap;
+    bitmap.addMany(narrow.size(), narrow.data());
+    return bitmap;
+}
+
+Ids filterByRoaring(const Panel& panel) {
+    Roaring left = bitmapOf(panel.fontIds);
+    for (const auto& group : panel.groups) {
+        std::vector<Roaring> tags;
+        for (const auto& tag : group->Children())
+            tags.push_back(bitmapOf(tag->FontIdList()));
+        std::vector<const Roaring*> pointers;
+        for (const Roaring& tag : tags)
+            pointers.push_back(&tag);
+        left &= Roaring::fastunion(pointers.size(), pointers.data());
+    }
+    std::vector<std::uint32_t> narrow(left.cardinality());
+    left.toUint32Array(narrow.data());
+    return {narrow.begin(), narrow.end()};
+}
+
+std::size_t digestOfIds(const Ids& ids) {
+    return digestOf(ids, [](std::int64_t id) { return id; });
+}
+
+} // namespace
+
+void registerTagFilter() {
+    for (const bool isAscending : {true, false}) {
+        const auto panel = std::make_shared<const Panel>(makePanel(isAscending));
+        Comparison filter(isAscending ? "tag filter, lists in order" : "tag filter, lists shuffled",
+                          fontCount);
+        filter.add(
+            "VelmoCloudEntity",
+            [panel] { return FontTagList::getCheckedFontTagFontIdList(panel->groups, panel->fontIds); },
+            digestOfIds);
+        filter.add("Roaring", [panel] { return filterByRoaring(*panel); }, digestOfIds);
+        filter.add("std::set", [panel] { return filterBySets(*panel); }, digestOfIds);
+    }
+}
