@@ -76,7 +76,7 @@ struct Setter {
 
     template <class T>
     void operator()(const FieldAccess<T>& access) const {
-        if (!isOverridable) {
+        if (!isOverridable && access.field != nullptr) {
             convertElement(element, record.*access.field);
             return;
         }

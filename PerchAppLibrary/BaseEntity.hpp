@@ -4,6 +4,7 @@
 #include <PerchAppLibrary/JSON.hpp>
 #include <PerchAppLibrary/UndefinedKeyError.hpp>
 #include <PerchAppLibrary/record/KeyList.hpp>
+#include <PerchAppLibrary/record/RareTexts.hpp>
 #include <PerchAppLibrary/record/Record.hpp>
 #include <PerchAppLibrary/record/Required.hpp>
 
@@ -29,25 +30,25 @@ public:
     PERCH_PROPERTIES(BaseEntity);
 
     /// Global identifier.
-    PERCH_PROPERTY(std::string, Guid);
+    PERCH_PROPERTY_RARE_TEXT(Guid);
     /// Identifier of the record.
     PERCH_PROPERTY(std::int64_t, Id);
     /// The record is out of use.
-    PERCH_PROPERTY(bool, IsDisabled);
+    PERCH_PROPERTY_IN_FIELD(bool, IsDisabled, setIsDisabled);
     /// Number of an error that the service reports with the record.
     PERCH_PROPERTY(std::int64_t, ErrorCode);
     /// The service reports an error with the record.
-    PERCH_PROPERTY(bool, Exception);
+    PERCH_PROPERTY_IN_FIELD(bool, Exception, setException);
     /// Code of that error.
-    PERCH_PROPERTY(std::string, ExceptionCode);
+    PERCH_PROPERTY_RARE_TEXT(ExceptionCode);
     /// Message of that error.
-    PERCH_PROPERTY(std::string, ExceptionMessage);
+    PERCH_PROPERTY_RARE_TEXT(ExceptionMessage);
     /// Time of the record, as sent.
-    PERCH_PROPERTY(std::string, TimeStamp);
+    PERCH_PROPERTY_RARE_TEXT(TimeStamp);
     /// Date of the record, as sent.
-    PERCH_PROPERTY(std::string, DateStamp);
+    PERCH_PROPERTY_RARE_TEXT(DateStamp);
     /// Token of the request that the record belongs to.
-    PERCH_PROPERTY(std::string, Token);
+    PERCH_PROPERTY_RARE_TEXT(Token);
 
     PERCH_RECORD_END;
 
@@ -84,6 +85,11 @@ protected:
     /// The stored properties without the excluded ones: what a record's reflective `Dict` begins with. Ends
     /// the process (fatalError) when an excluded name is not that of a stored property.
     Dictionary reflect(const Excluded& excluded) const;
+
+private:
+    RareTexts m_rareTexts;
+    bool m_IsDisabled = false; // at the end, where the fields of a subclass that are small follow closely
+    bool m_Exception = false;
 };
 
 } // namespace PerchAppLibrary

@@ -43,7 +43,8 @@ using ReadType = std::conditional_t<std::is_scalar_v<T>, T, const T&>;
 template <int Line>
 struct At {};
 
-/// A property with a value of its own: its name, its two virtual accessors and its field.
+/// A property with a value of its own: its name, its two virtual accessors and its field, or null where a field alone does
+/// not hold it.
 template <class Record, class T>
 struct StoredProperty {
     std::string_view name;
@@ -105,14 +106,28 @@ public:                                                \
     }                                                 \
     static_assert(true)
 
-/// A stored property whose field, `m_Name`, is declared by a base class between the record and its Base: for a record of
-/// which some fields are to lie together, whatever the order of the properties.
+/// A stored property whose field, `m_Name`, is declared elsewhere, by the class or by one between the record and its Base: for
+/// a record of which some fields are to lie together, whatever the order of the properties.
 #define PERCH_PROPERTY_IN_FIELD(Type, Name, Setter)                                                          \
 public:                                                                                                      \
     virtual PerchAppLibrary::ReadType<Type> Name() const { return this->m_##Name; }                          \
     virtual void Setter(Type newValue) { this->m_##Name = std::move(newValue); }                             \
     static constexpr PerchAppLibrary::StoredProperty<Self, Type> propertyAt(PerchAppLibrary::At<__LINE__>) { \
         return {#Name, &Self::Name, &Self::Setter, &Self::m_##Name};                                         \
+    }                                                                                                        \
+    static_assert(true)
+
+/// The same for a property of which a change has an effect on the record: the statement that comes last. A change by any road
+/// takes the setter.
+#define PERCH_PROPERTY_WITH_EFFECT(Type, Name, Setter, Effect)                                               \
+public:                                                                                                      \
+    virtual PerchAppLibrary::ReadType<Type> Name() const { return this->m_##Name; }                          \
+    virtual void Setter(Type newValue) {                                                                     \
+        this->m_##Name = std::move(newValue);                                                                \
+        Effect;                                                                                              \
+    }                                                                                                        \
+    static constexpr PerchAppLibrary::StoredProperty<Self, Type> propertyAt(PerchAppLibrary::At<__LINE__>) { \
+        return {#Name, &Self::Name, &Self::Setter, nullptr};                                                 \
     }                                                                                                        \
     static_assert(true)
 
@@ -128,6 +143,17 @@ private:                                               \
 #define PERCH_PROPERTY(Type, Name, ...)                                                                  \
     static_assert(#Name[0] < 'a' || #Name[0] > 'z', "PERCH_PROPERTY_SET_BY names the setter of " #Name); \
     PERCH_PROPERTY_SET_BY(Type, Name, set##Name __VA_OPT__(, ) __VA_ARGS__)
+
+/// A stored text, empty by default, that few records have: kept in the RareTexts `m_rareTexts` of the class.
+#define PERCH_PROPERTY_RARE_TEXT(Name)                                                                     \
+public:                                                                                                    \
+    virtual const std::string& Name() const { return this->m_rareTexts[__LINE__]; }                        \
+    virtual void set##Name(std::string newValue) { this->m_rareTexts.set(__LINE__, std::move(newValue)); } \
+    static constexpr PerchAppLibrary::StoredProperty<Self, std::string> propertyAt(                        \
+        PerchAppLibrary::At<__LINE__>) {                                                                   \
+        return {#Name, &Self::Name, &Self::set##Name, nullptr};                                            \
+    }                                                                                                      \
+    static_assert(true)
 
 /// A computed property with the virtual getter `Name()`, which the class defines in its source file.
 #define PERCH_COMPUTED(Type, Name)                                             \

@@ -19,7 +19,7 @@
 namespace PerchAppLibrary {
 
 /// A stored property of type T, reached through any record of the class: by its virtual accessors, or by its
-/// field where no subclass can have overridden them.
+/// field, if there is one, where no subclass can have overridden them.
 template <class T>
 struct FieldAccess {
     ReadType<T> (BaseEntity::*get)() const;
