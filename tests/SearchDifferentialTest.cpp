@@ -383,4 +383,34 @@ TEST(SearchDifferential, HonoursOverriddenNames) {
     }
 }
 
+/// A query leaves notes on the names that it has read; a change by any road must be seen by the next.
+TEST(SearchDifferential, SeesANameThatHasChanged) {
+    using Change = void (*)(FontItem&, const std::string& name);
+    static const auto parsed = [](const char* key, const std::string& name) {
+        return PerchAppLibrary::JSON::parse(std::string("{\"") + key + "\":\"" + name + "\"}");
+    };
+    const std::vector<Change> changes{
+        [](FontItem& font, const std::string& name) { font.setProductName(name); },
+        [](FontItem& font, const std::string& name) { font.setProductSetName(name); },
+        [](FontItem& font, const std::string& name) { font.setProductFileName(name); },
+        [](FontItem& font, const std::string& name) { font.setDisplayName(name); },
+        [](FontItem& font, const std::string& name) { font.setValue(parsed("ProductName", name)); },
+        [](FontItem& font, const std::string& name) { font.setValue(parsed("ProductSetName", name), {}); },
+        [](FontItem& font, const std::string& name) {
+            font.BaseEntity::setValue(parsed("displayName", name), {});
+        },
+    };
+    for (std::size_t which = 0; which < changes.size(); ++which)
+        for (const char* before : {"Song", "", "é"})
+            for (const char* after : {"Kai", "宋体", "É", "ß"}) {
+                const auto font = FontItem::create();
+                changes[which](*font, before);
+                found<FontList>(font, "Kai");
+                changes[which](*font, after);
+                for (const char* key : {before, after})
+                    EXPECT_EQ(found<FontList>(font, key), found<LiteralSearch>(font, key))
+                        << which << ' ' << before << ' ' << after << ' ' << key;
+            }
+}
+
 } // namespace

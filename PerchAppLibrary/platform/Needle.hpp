@@ -2,6 +2,7 @@
 
 #include <PerchAppLibrary/platform/ComparedText.hpp>
 #include <PerchAppLibrary/platform/SearchedText.hpp>
+#include <PerchAppLibrary/platform/TextSignature.hpp>
 
 #include <cstddef>
 #include <memory>
@@ -26,8 +27,20 @@ public:
 
     bool isEmpty() const noexcept { return m_text.bytes().empty(); }
 
+    /// The needle, folded.
+    const ComparedText& text() const noexcept { return m_text; }
+
+    const TextSignature& signature() const noexcept { return m_signature; }
+
     /// Whether the needle occurs in the text. Linear in both together.
     bool isIn(SearchedText& text) const { return offsetIn(text) != notFound; }
+
+    /// Whether the needle occurs in one of the texts that the signature is of; none when it does not tell.
+    std::optional<bool> isIn(const TextSignature& texts) const {
+        if (!texts.covers(m_signature) || isEmpty())
+            return false;
+        return m_isTold && texts.isPlain() ? std::optional(true) : std::nullopt;
+    }
 
     /// Offset of the first occurrence in the folded form of the text.
     std::optional<std::size_t> find(SearchedText& text) const {
@@ -63,7 +76,9 @@ private:
     bool isWhole(const ComparedText& text, std::size_t offset) const;
 
     ComparedText m_text;
+    TextSignature m_signature;
     bool m_isASCII;
+    bool m_isTold;                      // for certain by the signature of plain texts
     std::unique_ptr<const Ends> m_ends; // of a short needle
     std::vector<std::size_t> m_borders; // of a long one
 };

@@ -6,13 +6,21 @@
 #include <algorithm>
 
 namespace PerchAppLibrary::text {
+namespace {
+
+/// Signatures of needles that are compared sooner than a text is read.
+constexpr std::size_t mostOthers = 16;
+
+} // namespace
 
 void NeedleSet::add(std::string_view text) {
     const ComparedText folded(text);
     const std::string_view needle = folded.bytes();
     if (needle.empty())
         return;
-    m_needles.emplace(needle);
+    if (!m_needles.emplace(needle).second)
+        return;
+    addSignature(folded);
     m_longest = std::max(m_longest, codePointCount(needle));
     const char capital = needle.front();
     const bool isLetter = capital >= 'A' && capital <= 'Z';
@@ -23,6 +31,26 @@ void NeedleSet::add(std::string_view text) {
         else if (first == FirstByte::beginsNone)
             first = FirstByte::beginsSome;
     }
+}
+
+void NeedleSet::addSignature(const ComparedText& needle) {
+    if (TextSignature::isExact(needle.bytes())) {
+        m_told.add(needle);
+        return;
+    }
+    if (m_others.size() > mostOthers)
+        return;
+    m_others.emplace_back().add(needle);
+}
+
+std::optional<bool> NeedleSet::anyIn(const TextSignature& texts) const {
+    const bool hasTold = texts.sharesCharacter(m_told);
+    if (hasTold && texts.isPlain())
+        return true;
+    if (hasTold || m_others.size() > mostOthers ||
+        std::ranges::any_of(m_others, [&texts](const TextSignature& other) { return texts.covers(other); }))
+        return std::nullopt;
+    return false;
 }
 
 bool NeedleSet::anyIn(SearchedText& text) const {

@@ -7,8 +7,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <memory>
-#include <tuple>
-#include <utility>
+#include <span>
 #include <vector>
 
 /// The one walk that every query over a tree of records makes: of fonts, of tags.
@@ -24,36 +23,60 @@ void prefetchWalked(const Item& item) noexcept {
     }
 }
 
+/// Asks the memory for what a walk reads of these items, of the groups among them, and of the first members of each: one
+/// kind after the other, so that waiting for the first of a kind is waiting for all.
+template <class Item>
+void prefetchBranches(std::span<const std::shared_ptr<Item>> items) {
+    const auto forEachGroup = [items](auto&& visit) {
+        for (const std::shared_ptr<Item>& item : items)
+            if (item->IsGroup())
+                visit(item->Children());
+    };
+    for (const std::shared_ptr<Item>& item : items)
+        prefetchWalked(*item);
+    forEachGroup([](const Records<Item>& members) { PerchAppLibrary::prefetch(&members); });
+    forEachGroup([](const Records<Item>& members) { PerchAppLibrary::prefetch(members.data()); });
+    forEachGroup([](const Records<Item>& members) {
+        const auto first = std::span(members).first(std::min<std::size_t>(members.size(), 16));
+        for (const std::shared_ptr<Item>& member : first)
+            prefetchWalked(*member);
+    });
+}
+
 /// Visits the leaves below the list, depth first, in order: an item that is a group is replaced by its
 /// Children at its place, and is not visited itself. Manages any depth.
 template <class Item, class Visitor>
 void forEachLeaf(const Records<Item>& list, Visitor&& visit) {
-    using Place = const std::shared_ptr<Item>*;
-    constexpr std::ptrdiff_t ahead = 8; // far enough for the memory, and few enough for the cache
-    Place next = list.data();
-    Place end = next + list.size();
-    std::vector<std::pair<Place, Place>> outer; // what is left of the levels above
+    constexpr std::size_t ahead = 16; // enough to keep the memory busy, and few enough for the nearest cache
+    struct Level {
+        std::span<const std::shared_ptr<Item>> left;
+        std::size_t prefetched = 0; // the first of these
+
+        explicit Level(const Records<Item>& items) : left(items) {}
+    };
+    Level level(list);
+    std::vector<Level> outer;
     while (true) {
-        if (next == end) {
+        if (level.left.empty()) {
             if (outer.empty())
                 return;
-            std::tie(next, end) = outer.back();
+            level = outer.back();
             outer.pop_back();
             continue;
         }
-        if (end - next > ahead)
-            prefetchWalked(*next[ahead]);
-        const std::shared_ptr<Item>& item = *next++;
+        if (level.prefetched == 0) {
+            level.prefetched = std::min(level.left.size(), ahead);
+            prefetchBranches(level.left.first(level.prefetched));
+        }
+        const std::shared_ptr<Item>& item = level.left.front();
+        level.left = level.left.subspan(1);
+        --level.prefetched;
         if (!item->IsGroup()) {
             visit(item);
             continue;
         }
-        outer.emplace_back(next, end);
-        const Records<Item>& children = item->Children();
-        next = children.data();
-        end = next + children.size();
-        for (Place soon = next; soon != next + std::min(ahead, end - next); ++soon)
-            prefetchWalked(**soon);
+        outer.push_back(level);
+        level = Level(item->Children());
     }
 }
 

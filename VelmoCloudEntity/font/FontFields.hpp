@@ -4,6 +4,7 @@
 
 #include <PerchAppLibrary/BaseEntity.hpp>
 #include <PerchAppLibrary/platform/Prefetch.hpp>
+#include <PerchAppLibrary/platform/TextSignature.hpp>
 
 #include <string>
 
@@ -11,19 +12,19 @@ namespace VelmoCloudEntity {
 
 class FontItem;
 
-/// The fields of a font that queries read, side by side: a font is a thousand bytes, and a walk over a large tree takes as
+/// The fields of a font that queries read, side by side: a font is hundreds of bytes, and a walk over a large tree takes as
 /// long as the memory takes to bring what it looks at. FontItem declares the properties.
 class FontFields : public PerchAppLibrary::BaseEntity {
 public:
-    /// Where the first of them is.
-    const void* walkedFields() const noexcept { return &m_IsGroup; }
+    /// Where the last of the fields is that every query reads; the identifier and the class stand before it.
+    const void* walkedFields() const noexcept { return &m_nameSignature; }
 
-    /// The names that a query reads.
-    enum class Names { product, all };
+    /// Of the names by which a font is searched, as they are stored: ProductName, ProductSetName, ProductFileName, displayName.
+    const PerchAppLibrary::text::CachedSignature& nameSignature() const noexcept { return m_nameSignature; }
 
-    /// Ask the memory for the fields of the names, and, when these are there, for the texts that they keep elsewhere.
-    void prefetchFields(Names names) const noexcept;
-    void prefetchTexts(Names names) const noexcept;
+    /// Ask the memory for the names, and, when these are there, for the texts that they keep elsewhere.
+    void prefetchNames() const noexcept;
+    void prefetchTexts() const noexcept;
 
 protected:
     bool m_IsGroup = false;
@@ -31,6 +32,7 @@ protected:
     bool m_isActivated = false;
     bool m_IsFavorited = false;
     bool m_IsAuthed = false;
+    PerchAppLibrary::text::CachedSignature m_nameSignature;
     Records<FontItem> m_Children;
     std::string m_ProductName;
     std::string m_ProductSetName;
@@ -38,19 +40,13 @@ protected:
     std::string m_displayName;
 };
 
-inline void FontFields::prefetchFields(Names names) const noexcept {
-    PerchAppLibrary::prefetch(&m_ProductName);
-    if (names == Names::product)
-        return;
-    for (const std::string* const name : {&m_ProductFileName, &m_displayName})
+inline void FontFields::prefetchNames() const noexcept {
+    for (const std::string* const name : {&m_ProductName, &m_ProductFileName, &m_displayName})
         PerchAppLibrary::prefetch(name);
 }
 
-inline void FontFields::prefetchTexts(Names names) const noexcept {
-    PerchAppLibrary::prefetch(m_ProductName.data());
-    if (names == Names::product)
-        return;
-    for (const std::string* const name : {&m_ProductSetName, &m_ProductFileName})
+inline void FontFields::prefetchTexts() const noexcept {
+    for (const std::string* const name : {&m_ProductName, &m_ProductSetName, &m_ProductFileName})
         PerchAppLibrary::prefetch(name->data());
 }
 

@@ -88,34 +88,32 @@ void FontList::setFavoritedFont(const Records<FontItem>& list, const Records<Fon
 
 Records<FontItem> FontList::getFontByName(const Records<FontItem>& list, const std::string& fontName,
                                           bool fuzzy) {
-    if (!fuzzy) {
-        const ComparedText sought(fontName, Case::kept);
-        ComparedText name(Case::kept);
-        return namedLeavesWhere(list, FontFields::Names::product, [&](const FontItem& leaf) {
-            name.assign(leaf.ProductName());
-            return name == sought;
-        });
-    }
     const Needle needle(fontName);
-    SearchedText name;
-    return namedLeavesWhere(list, FontFields::Names::product, [&](const FontItem& leaf) {
-        name.assign(leaf.ProductName());
-        return needle.isIn(name);
+    const ComparedText sought(fontName, Case::kept);
+    FontNames names;
+    SearchedText searched;
+    ComparedText compared(Case::kept);
+    return namedLeavesWhere(list, names.mayHold(needle.signature()), [&](const FontItem& leaf) {
+        if (fuzzy) {
+            searched.assign(leaf.ProductName());
+            return needle.isIn(searched);
+        }
+        compared.assign(leaf.ProductName());
+        return compared == sought;
     });
 }
 
 Records<FontItem> FontList::getFontByKey(const Records<FontItem>& list, const std::string& key, bool fuzzy) {
-    FontNames names;
-    if (!fuzzy) {
-        const ComparedText sought(key);
-        return namedLeavesWhere(list, FontFields::Names::all, [&](const FontItem& leaf) {
-            return names.anyStored(leaf, [&](SearchedText& name) { return name.is(sought); });
-        });
-    }
     const Needle needle(key);
-    return namedLeavesWhere(list, FontFields::Names::all, [&](const FontItem& leaf) {
-        return names.any(leaf, [&](SearchedText& name) { return needle.isIn(name); });
-    });
+    FontNames names;
+    if (!fuzzy)
+        return namedLeavesWhere(list, names.mayHold(needle.signature()), [&](const FontItem& leaf) {
+            return names.anyStored(leaf, [&](SearchedText& name) { return name.is(needle.text()); });
+        });
+    const auto test = [&](auto& texts) { return needle.isIn(texts); };
+    return namedLeavesWhere(
+        list, [&](const FontItem& leaf) { return names.told(leaf, test); },
+        [&](const FontItem& leaf) { return names.any(leaf, test); });
 }
 
 std::pair<Records<FontItem>, Records<FontItem>> FontList::getSearchResultFont(const Records<FontItem>& list,
@@ -123,18 +121,18 @@ std::pair<Records<FontItem>, Records<FontItem>> FontList::getSearchResultFont(co
     const Needle needle(key);
     const NeedleSet characters = charactersOf(key);
     FontNames names;
+    const auto hasKey = [&](auto& texts) { return needle.isIn(texts); };
+    const auto hasCharacter = [&](auto& texts) { return characters.anyIn(texts); };
+    const auto tell = [&](const FontItem& leaf) {
+        const std::optional<bool> whole = names.told(leaf, hasKey);
+        const std::optional<bool> character = names.told(leaf, hasCharacter);
+        return whole && character ? std::optional(*whole || *character) : std::nullopt;
+    };
     std::pair<Records<FontItem>, Records<FontItem>> result;
-    forEachNamedLeaf(list, FontFields::Names::all, [&](const std::shared_ptr<FontItem>& leaf) {
-        bool hasKey = false;
-        bool hasCharacter = false;
-        names.any(*leaf, [&](SearchedText& name) {
-            hasKey = hasKey || needle.isIn(name);
-            hasCharacter = hasCharacter || characters.anyIn(name);
-            return hasKey && hasCharacter; // each name is read once, for both
-        });
-        if (hasKey)
+    forEachNamedLeaf(list, tell, [&](const std::shared_ptr<FontItem>& leaf) {
+        if (names.any(*leaf, hasKey))
             result.first.push_back(leaf);
-        if (hasCharacter)
+        if (names.any(*leaf, hasCharacter))
             result.second.push_back(leaf);
     });
     return result;
@@ -142,7 +140,7 @@ std::pair<Records<FontItem>, Records<FontItem>> FontList::getSearchResultFont(co
 
 bool FontList::isFontMatchedByCharacter(const std::shared_ptr<FontItem>& font, const std::string& key) {
     const NeedleSet characters = charactersOf(key);
-    return FontNames().any(*font, [&](SearchedText& name) { return characters.anyIn(name); });
+    return FontNames().any(*font, [&](auto& searched) { return characters.anyIn(searched); });
 }
 
 Records<FontItem> FontList::getFontById(const Records<FontItem>& list,
