@@ -81,7 +81,7 @@ struct Setter {
             return;
         }
         T value{};
-        if (convertElement(element, value))
+        if (access.set != nullptr && convertElement(element, value))
             (record.*access.set)(std::move(value));
     }
 
@@ -160,6 +160,14 @@ Dictionary BaseEntity::reflect(const Excluded& excluded) const {
     for (std::size_t index = 0; index < all.size(); ++index)
         if (left[index])
             dictionary.insert_or_assign(all[index].name, all[index].value(*this));
+    return dictionary;
+}
+
+Dictionary BaseEntity::select(std::span<const std::string> names) const {
+    Dictionary dictionary;
+    dictionary.reserve(names.size());
+    for (const std::string& name : names)
+        dictionary.insert_or_assign(name, value(name));
     return dictionary;
 }
 

@@ -6,9 +6,9 @@
 #include <PerchAppLibrary/record/KeyList.hpp>
 #include <PerchAppLibrary/record/RareTexts.hpp>
 #include <PerchAppLibrary/record/Record.hpp>
-#include <PerchAppLibrary/record/Required.hpp>
 
 #include <cstdint>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -78,6 +78,11 @@ public:
     virtual const RecordSchema& schema() const;
 
 protected:
+    /// What the public constructor of a record that is made from JSON alone takes, so that its `create` alone can call it.
+    struct FromJSON {
+        explicit FromJSON() = default;
+    };
+
     /// What `create(json)` does once the record has its defaults. A class whose contract bypasses its
     /// subclasses hides this function with its own.
     void initFromJSON(const JSON& json) { setValue(json); }
@@ -85,6 +90,10 @@ protected:
     /// The stored properties without the excluded ones: what a record's reflective `Dict` begins with. Ends
     /// the process (fatalError) when an excluded name is not that of a stored property.
     Dictionary reflect(const Excluded& excluded) const;
+
+    /// The stored and computed properties with these names, in their order, each once: what a record's `Dict` of certain
+    /// keys holds. Throws UndefinedKeyError for a name that the record has not.
+    Dictionary select(std::span<const std::string> names) const;
 
 private:
     RareTexts m_rareTexts;

@@ -1,5 +1,6 @@
 #include <PerchAppLibrary/Dictionary.hpp>
 
+#include <PerchAppLibrary/JSONElement.hpp>
 #include <PerchAppLibrary/platform/PlatformFont.hpp>
 #include <PerchAppLibrary/platform/Text.hpp>
 #include <PerchAppLibrary/platform/URL.hpp>
@@ -13,6 +14,8 @@
 namespace PerchAppLibrary {
 namespace {
 
+namespace dom = simdjson::dom;
+
 template <class Element>
 Value arrayValue(const std::vector<Element>& elements) {
     ValueArray array;
@@ -25,6 +28,47 @@ Value arrayValue(const std::vector<Element>& elements) {
 template <class T>
 Value optionalValue(const std::optional<T>& optional) {
     return optional ? toValue(*optional) : Value(nullptr);
+}
+
+Value valueOf(dom::element element);
+
+Value valueOf(dom::array elements) {
+    ValueArray array;
+    array.reserve(elements.size());
+    for (const dom::element each : elements)
+        array.push_back(valueOf(each));
+    return array;
+}
+
+Value valueOf(dom::object members) {
+    Dictionary dictionary;
+    dictionary.reserve(members.size());
+    for (const auto& [key, member] : members)
+        dictionary.insert_or_assign(key, valueOf(member));
+    return toValue(std::move(dictionary));
+}
+
+/// Goes down one call for each level, of which a document has JSON::maximumDepth at most.
+Value valueOf(dom::element element) {
+    switch (element.type()) {
+    case dom::element_type::INT64:
+        return element.get_int64().value_unsafe();
+    case dom::element_type::UINT64:
+        return element.get_uint64().value_unsafe();
+    case dom::element_type::DOUBLE:
+        return element.get_double().value_unsafe();
+    case dom::element_type::STRING:
+        return boost::json::string(element.get_string().value_unsafe());
+    case dom::element_type::BOOL:
+        return element.get_bool().value_unsafe();
+    case dom::element_type::ARRAY:
+        return valueOf(element.get_array().value_unsafe());
+    case dom::element_type::OBJECT:
+        return valueOf(element.get_object().value_unsafe());
+    case dom::element_type::NULL_VALUE:
+        break;
+    }
+    return nullptr;
 }
 
 template <class Source>
@@ -72,6 +116,10 @@ Value toValue(const std::vector<std::string>& texts) { return arrayValue(texts);
 Value toValue(const URL& url) { return toValue(std::string_view(url.buffer())); }
 Value toValue(const PlatformFont& font) {
     return Dictionary{{"name", toValue(font.name())}, {"size", font.points()}};
+}
+Value toValue(const JSON& json) {
+    const std::optional<dom::element> element = JSONElement::of(json);
+    return element ? valueOf(*element) : nullptr;
 }
 Value toValue(Dictionary dictionary) {
     Value value = std::move(dictionary); // braces would make an array of it

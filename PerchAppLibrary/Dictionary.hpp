@@ -15,11 +15,12 @@
 
 namespace PerchAppLibrary {
 
+class JSON;
 class PlatformFont;
 
 /// The value of a property as it stands in a Dictionary: integers and Booleans as such, a float as the number
 /// that reads back to the same float (null when it is not finite), text with every ill-formed sequence of
-/// bytes replaced by U+FFFD, an absent optional as null, a URL as its text, a font as {"name", "size"}.
+/// bytes replaced by U+FFFD, an absent optional as null, a URL as its text, a font as {"name", "size"}, a JSON as it is.
 Value toValue(std::int64_t number);
 Value toValue(bool flag);
 Value toValue(float number);
@@ -32,6 +33,7 @@ Value toValue(const std::optional<std::vector<std::int64_t>>& numbers);
 Value toValue(const std::vector<std::string>& texts);
 Value toValue(const URL& url);
 Value toValue(const PlatformFont& font);
+Value toValue(const JSON& json);
 Value toValue(Dictionary dictionary);
 
 /// JSON text (RFC 8259) in UTF-8, without white space; keys keep their order.

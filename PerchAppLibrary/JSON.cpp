@@ -96,6 +96,19 @@ JSON::ParseError::ParseError(std::size_t line, std::size_t column, std::string_v
       m_column(column),
       m_reason(reason) {}
 
+JSON JSONElement::detached(dom::element element) {
+    if (element.is_null())
+        return JSON::null;
+    if (std::string_view text; element.get(text) == simdjson::SUCCESS && text.empty())
+        return JSON::emptyString();
+    return JSON::parse(simdjson::minify(element));
+}
+
+const JSON& JSON::emptyString() {
+    static const JSON empty = parse("\"\"");
+    return empty;
+}
+
 JSON JSON::parse(std::string_view text) { return parseText(text, false); }
 
 JSON JSON::parse(std::string&& text) {

@@ -34,6 +34,9 @@ public:
     /// The null value, which also stands for everything that is missing.
     static const JSON null;
 
+    /// The string without a character.
+    static const JSON& emptyString();
+
     constexpr JSON() noexcept = default;
 
     /// The document that the text (UTF-8, without a byte order mark, less than 4 GiB) spells. A number beyond 64-bit

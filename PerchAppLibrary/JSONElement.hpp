@@ -25,6 +25,9 @@ public:
         return {json.m_document, std::bit_cast<JSON::Place>(element)};
     }
 
+    /// The element in a document of its own, so that it does not keep the whole of a large one.
+    static JSON detached(simdjson::dom::element element);
+
     static JSON inDocument(std::shared_ptr<const void> document, simdjson::dom::element element) noexcept {
         return {std::move(document), std::bit_cast<JSON::Place>(element)};
     }

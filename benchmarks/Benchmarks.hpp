@@ -30,6 +30,9 @@ struct FontTree {
 /// Loading a document: by the library, by simdjson on-demand and by nlohmann/json into a plain struct.
 void registerLoad(const std::shared_ptr<const FontDocument>& document);
 
+/// Reading every type of record: the library, and simdjson on-demand by hand into a plain struct.
+void registerRecords();
+
 /// Searching by name and key: the library, the rules written down literally with ICU, and Qt.
 void registerSearch(const std::shared_ptr<const FontTree>& tree);
 

@@ -69,6 +69,8 @@ void printTable(const std::vector<Median>& medians) {
 }
 
 void registerAll() {
+    registerRecords();
+    registerTagFilter();
     for (const std::size_t leaves : {60'000U, 600'000U}) {
         auto document = std::make_shared<const FontDocument>(repeatedSample(leaves));
         const auto tree = std::make_shared<const FontTree>(*document);
@@ -77,7 +79,6 @@ void registerAll() {
         if (leaves == 60'000U)
             registerLoad(document);
     }
-    registerTagFilter();
 }
 
 } // namespace

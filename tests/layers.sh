@@ -22,6 +22,8 @@ forbid "Third-party libraries are reached through PerchAppLibrary" VelmoCloudEnt
 forbid "entity is the ground floor" VelmoCloudEntity/entity -- '#include <VelmoCloudEntity/(font|catalogue|account|client)/'
 forbid "catalogue stands below font" VelmoCloudEntity/catalogue -- '#include <VelmoCloudEntity/(font|account|client)/'
 forbid "font stands below account and client" VelmoCloudEntity/font -- '#include <VelmoCloudEntity/(account|client)/'
+forbid "account and client do not know each other" VelmoCloudEntity/account -- '#include <VelmoCloudEntity/client/'
+forbid "account and client do not know each other" VelmoCloudEntity/client -- '#include <VelmoCloudEntity/(catalogue|font|account)/'
 forbid "Nothing is printed and no process ended but in fatalError" VelmoCloudEntity \
     $(find PerchAppLibrary -name "*.?pp" ! -name fatalError.cpp) -- \
     '\b(printf|fputs|std::c(out|err)|abort|exit|terminate)\b *[(<]'

@@ -132,6 +132,32 @@ expect 0 '^\{"FontIdList":\[1,4\],"fonts":\[\{"Id":1,.*\{"Id":4,[^{]*\}\]\}$' \
 expect 0 '^ +SubTagFilterType +Or$' read FontTagList "$tags"
 expect 0 '"IsChecked":false,"FontIdList":\[4,4,1\],"Children":\[\]\}' read FontTagList "$directory/tags.json" --json
 
+# Every type: its sample is read, and each of the properties that --types names is shown.
+[ "$("$velmo" read --types | wc -l)" = 28 ] || fail "28 types"
+for type in $("$velmo" read --types); do
+    expect 0 . read "$type" "$samples/records/$type.json"
+    expect 0 "\"$type\":\[\{\"name\":" read --types --json
+    expect 0 '^[[{]' read "$type" "$samples/records/$type.json" --json
+done
+expect 0 '\{"name":"hotKeyCode","kind":"optional String","default":null\}' read --types --json
+expect 0 '"UserFontGroupMapItem":\[\{"name":"UserGuid","kind":"String","default":""\},\{"name":"FontList","kind":"array of FontItem","default":\[\]\}\]' \
+    read --types --json
+expect 0 '"UrlList":\[\{"name":"list","kind":"array of UrlItem","default":\[\]\}\]' read --types --json
+expect 0 '\{"name":"sms_token","kind":"any","default":""\}.*\{"name":"PlatformId","kind":"Int","default":1\}' read --types --json
+expect 0 '^EmSize +4.85E1$' read fontim "$samples/records/FontImageItem.json"
+expect 0 '^AppTag ' read FONTAP "$samples/records/FontApplyItem.json"
+expect 2 'did you mean UserItem\?' read UsrItem "$fonts"
+expect 2 'may be FontTagItem, FontTagList' read FontTag "$fonts"
+expect 2 'TYPE and FILE are required' read FontTagList
+
+# Error codes.
+expect 0 '^\{"code":"006004","Ch":"目标微信已占用","En":"微信 used."\}$' error 006004 --json
+expect 0 '^Code record fail.$' error 002004 --lang En
+expect 0 '^  Ch  验证码记录失败$' error 002004
+[ "$("$velmo" error 001001 --lang Ch; echo $?)" = $'\n'0 ] || fail "a code with a blank message"
+for code in 2004 000004 ''; do expect 1 "no error has the code \"$code\"" error "$code"; done
+expect 2 'lang' error 000000 --lang De
+
 # Fonts in JSON: exactly these members.
 expect 0 '^\[\{"Id":4,"ProductName":"","IsGroup":false,"DisplayName":"","TreeNodeTitle":"\(, \)","IsActivated":false,"IsFavorited":true,"IsAuthed":false\}\]$' \
     list favorited "$directory/odd.json" --json

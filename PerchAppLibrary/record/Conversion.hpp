@@ -1,5 +1,7 @@
 #pragma once
 
+#include <PerchAppLibrary/JSON.hpp>
+
 #include <simdjson.h>
 
 #include <cstdint>
@@ -36,5 +38,6 @@ bool convertElement(simdjson::dom::element element, float& value);
 bool convertElement(simdjson::dom::element element, std::optional<std::string>& value);
 bool convertElement(simdjson::dom::element element, std::vector<std::int64_t>& value);
 bool convertElement(simdjson::dom::element element, std::vector<std::string>& value);
+bool convertElement(simdjson::dom::element element, JSON& value);
 
 } // namespace PerchAppLibrary

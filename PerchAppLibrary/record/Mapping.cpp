@@ -178,6 +178,11 @@ bool convertElement(dom::element element, std::vector<std::string>& value) {
     return convertArray(element, value);
 }
 
+bool convertElement(dom::element element, JSON& value) {
+    value = JSONElement::detached(element);
+    return true;
+}
+
 template <class T>
 std::optional<T> convert(const JSON& json) {
     const std::optional<dom::element> element = JSONElement::of(json);

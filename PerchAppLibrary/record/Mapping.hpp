@@ -32,6 +32,7 @@
 ///   not convert.
 /// - An array of Int or of String is converted as a whole, element by element by the columns above, or not at all.
 /// - An optional String takes what a String takes, and is absent after a null.
+/// - A JSON takes any value as it is, a null too, in a document of its own.
 /// - Arrays of records are never filled here: the record makes its nested records itself.
 namespace PerchAppLibrary {
 

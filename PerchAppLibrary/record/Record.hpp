@@ -1,5 +1,7 @@
 #pragma once
 
+#include <PerchAppLibrary/record/Required.hpp>
+
 #include <concepts>
 #include <memory>
 #include <string_view>
@@ -27,7 +29,8 @@
 /// the same way.
 ///
 /// Types that a property can have: std::int64_t, bool, float, std::string, std::optional<std::string>,
-/// std::vector<std::int64_t>, std::vector<std::string> and std::vector<std::shared_ptr<R>> for a record R.
+/// std::vector<std::int64_t>, std::vector<std::string>, JSON (a value of any kind, kept as it is) and
+/// std::vector<std::shared_ptr<R>> for a record R.
 /// Each property stands on a line of its own: its line number is its place in the order.
 namespace PerchAppLibrary {
 
@@ -43,8 +46,8 @@ using ReadType = std::conditional_t<std::is_scalar_v<T>, T, const T&>;
 template <int Line>
 struct At {};
 
-/// A property with a value of its own: its name, its two virtual accessors and its field, or null where a field alone does
-/// not hold it.
+/// A property with a value of its own: its name, its virtual getter and setter, and its field. The setter of a constant is null,
+/// and so is the field where setting the property takes more than storing the value.
 template <class Record, class T>
 struct StoredProperty {
     std::string_view name;
@@ -52,6 +55,17 @@ struct StoredProperty {
     void (Record::*set)(T);
     T Record::* field;
 };
+
+template <class Getter>
+struct LabelOf;
+template <class Record, class T>
+struct LabelOf<T (Record::*)() const> {
+    using Type = Required<std::remove_cvref_t<T>>;
+};
+
+/// The argument of a constructor that sets the property with this getter.
+template <class Getter>
+using Label = typename LabelOf<Getter>::Type;
 
 /// A property that is worked out at each reading.
 template <class Record, class T>
@@ -76,22 +90,68 @@ public:                                                \
 /// a default constructor, whose overrides run while it is filled. (A subclass without PERCH_RECORD of its own inherits
 /// these: `R::create()` still makes a Class.) Every record is owned by the shared_ptr that is returned.
 #define PERCH_RECORD(Class, BaseClass)                                    \
-    PERCH_PROPERTIES(Class);                                              \
-    using Base = BaseClass;                                               \
-    using Base::setValue;                                                 \
-    const PerchAppLibrary::RecordSchema& schema() const override;         \
-    template <class R = Class>                                            \
-        requires std::derived_from<R, Class>                              \
-    static std::shared_ptr<R> create() {                                  \
-        return std::make_shared<R>();                                     \
-    }                                                                     \
+    PERCH_RECORD_OF_CLIENT(Class, BaseClass);                             \
     template <class R = Class>                                            \
         requires std::derived_from<R, Class>                              \
     static std::shared_ptr<R> create(const PerchAppLibrary::JSON& json) { \
-        auto record = std::make_shared<R>();                              \
-        record->Class::initFromJSON(json);                                \
-        return record;                                                    \
+        return filled<R>(std::make_shared<R>(), json);                    \
     }                                                                     \
+    static_assert(true)
+
+/// Opens a record that the client makes and no reply does: by `create()`.
+#define PERCH_RECORD_OF_CLIENT(Class, BaseClass) \
+    PERCH_RECORD_BASICS(Class, BaseClass);       \
+    template <class R = Class>                   \
+        requires std::derived_from<R, Class>     \
+    static std::shared_ptr<R> create() {         \
+        return std::make_shared<R>();            \
+    }                                            \
+    static_assert(true)
+
+/// Opens a record that is made from JSON alone: by `create(json)`, or `create<R>(json)` for a subclass R. There is no other way to
+/// make one.
+#define PERCH_RECORD_FROM_JSON(Class, BaseClass)                          \
+    PERCH_RECORD_BASICS(Class, BaseClass);                                \
+    explicit Class(FromJSON /*passed by create() alone*/) {}              \
+    template <class R = Class>                                            \
+        requires std::derived_from<R, Class>                              \
+    static std::shared_ptr<R> create(const PerchAppLibrary::JSON& json) { \
+        if constexpr (std::same_as<R, Class>)                             \
+            return filled<R>(std::make_shared<R>(FromJSON()), json);      \
+        else                                                              \
+            return filled<R>(std::make_shared<R>(), json);                \
+    }                                                                     \
+                                                                          \
+protected:                                                                \
+    Class() = default;                                                    \
+                                                                          \
+public:                                                                   \
+    static_assert(true)
+
+/// What the macros above have in common.
+#define PERCH_RECORD_BASICS(Class, BaseClass)                                                        \
+    PERCH_PROPERTIES(Class);                                                                         \
+    using Base = BaseClass;                                                                          \
+    using Base::setValue;                                                                            \
+    [[maybe_unused]] static constexpr std::string_view recordName = #Class;                          \
+    const PerchAppLibrary::RecordSchema& schema() const override;                                    \
+                                                                                                     \
+protected:                                                                                           \
+    template <class R>                                                                               \
+    static std::shared_ptr<R> filled(std::shared_ptr<R> record, const PerchAppLibrary::JSON& json) { \
+        record->Class::initFromJSON(json);                                                           \
+        return record;                                                                               \
+    }                                                                                                \
+                                                                                                     \
+public:                                                                                              \
+    static_assert(true)
+
+/// Says that `create(json)` fills the record by the base's own mapping, whatever a subclass overrides.
+#define PERCH_FILLED_BY_BASE                               \
+protected:                                                 \
+    void initFromJSON(const PerchAppLibrary::JSON& json) { \
+        PerchAppLibrary::BaseEntity::setValue(json, {});   \
+    }                                                      \
     static_assert(true)
 
 /// One more way of making a record: `create({.label = value, ...})` for the aggregate Labels, whose members
@@ -105,6 +165,35 @@ public:                                                \
         return record;                                \
     }                                                 \
     static_assert(true)
+
+/// The usual one: `create({.label = value, ...})` sets one property by each label, in their order. A pair names a label and its
+/// property: PERCH_LABELS(PersonLabels, (name, Name), (age, Age)).
+#define PERCH_LABELS(Labels, ...)                                                \
+public:                                                                          \
+    struct Labels {                                                              \
+        PERCH_FOR_EACH(PERCH_DECLARE_LABEL, __VA_ARGS__)                         \
+    };                                                                           \
+    PERCH_CREATE(Labels);                                                        \
+                                                                                 \
+protected:                                                                       \
+    void init(Labels labels) { PERCH_FOR_EACH(PERCH_SET_LABELLED, __VA_ARGS__) } \
+                                                                                 \
+public:                                                                          \
+    static_assert(true)
+#define PERCH_DECLARE_LABEL(label, Name) PerchAppLibrary::Label<decltype(&Self::Name)> label;
+#define PERCH_SET_LABELLED(label, Name) set##Name(std::move(labels.label.value));
+
+// PERCH_FOR_EACH(MACRO, (a, b), (c, d)) gives MACRO(a, b) MACRO(c, d). A macro does not expand within itself, so each step leaves
+// the next one spelled out behind it, for PERCH_EXPAND to find when it scans the result again: up to 64 times.
+#define PERCH_FOR_EACH(MACRO, ...) __VA_OPT__(PERCH_EXPAND(PERCH_FOR_FIRST(MACRO, __VA_ARGS__)))
+#define PERCH_FOR_FIRST(MACRO, first, ...) \
+    MACRO first __VA_OPT__(PERCH_FOR_REST PERCH_PARENTHESES(MACRO, __VA_ARGS__))
+#define PERCH_FOR_REST() PERCH_FOR_FIRST
+#define PERCH_PARENTHESES ()
+#define PERCH_EXPAND(...) PERCH_EXPAND16(PERCH_EXPAND16(PERCH_EXPAND16(PERCH_EXPAND16(__VA_ARGS__))))
+#define PERCH_EXPAND16(...) PERCH_EXPAND4(PERCH_EXPAND4(PERCH_EXPAND4(PERCH_EXPAND4(__VA_ARGS__))))
+#define PERCH_EXPAND4(...) PERCH_EXPAND1(PERCH_EXPAND1(PERCH_EXPAND1(PERCH_EXPAND1(__VA_ARGS__))))
+#define PERCH_EXPAND1(...) __VA_ARGS__
 
 /// A stored property whose field, `m_Name`, is declared elsewhere, by the class or by one between the record and its Base: for
 /// a record of which some fields are to lie together, whatever the order of the properties.
@@ -143,6 +232,16 @@ private:                                               \
 #define PERCH_PROPERTY(Type, Name, ...)                                                                  \
     static_assert(#Name[0] < 'a' || #Name[0] > 'z', "PERCH_PROPERTY_SET_BY names the setter of " #Name); \
     PERCH_PROPERTY_SET_BY(Type, Name, set##Name __VA_OPT__(, ) __VA_ARGS__)
+
+/// A stored property that is the same for every record: it has no setter and no place in the record, and no document
+/// changes it.
+#define PERCH_CONSTANT(Type, Name, Constant)                                                                 \
+public:                                                                                                      \
+    virtual PerchAppLibrary::ReadType<Type> Name() const { return Constant; }                                \
+    static constexpr PerchAppLibrary::StoredProperty<Self, Type> propertyAt(PerchAppLibrary::At<__LINE__>) { \
+        return {#Name, &Self::Name, nullptr, nullptr};                                                       \
+    }                                                                                                        \
+    static_assert(true)
 
 /// A stored text, empty by default, that few records have: kept in the RareTexts `m_rareTexts` of the class.
 #define PERCH_PROPERTY_RARE_TEXT(Name)                                                                     \

@@ -82,6 +82,27 @@ struct ValueReader {
 
 } // namespace
 
+namespace {
+
+struct KindName {
+    std::string operator()(const FieldAccess<std::int64_t>&) const { return "Int"; }
+    std::string operator()(const FieldAccess<bool>&) const { return "Bool"; }
+    std::string operator()(const FieldAccess<float>&) const { return "Float"; }
+    std::string operator()(const FieldAccess<std::string>&) const { return "String"; }
+    std::string operator()(const FieldAccess<std::optional<std::string>>&) const { return "optional String"; }
+    std::string operator()(const FieldAccess<std::vector<std::int64_t>>&) const { return "array of Int"; }
+    std::string operator()(const FieldAccess<std::vector<std::string>>&) const { return "array of String"; }
+    std::string operator()(const FieldAccess<JSON>&) const { return "any"; }
+    std::string operator()(const RecordsAccess& access) const {
+        return "array of " + std::string(access.className);
+    }
+    std::string operator()(const ComputedAccess&) const { return "any"; }
+};
+
+} // namespace
+
+std::string Property::kind() const { return std::visit(KindName(), access); }
+
 Value Property::value(const BaseEntity& record) const { return std::visit(ValueReader{record}, access); }
 
 } // namespace PerchAppLibrary

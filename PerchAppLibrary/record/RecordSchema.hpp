@@ -27,8 +27,9 @@ struct FieldAccess {
     T BaseEntity::* field;
 };
 
-/// A stored array of records. The pointers live as long as the records that the property holds.
+/// A stored array of records of one class. The pointers live as long as the records that the property holds.
 struct RecordsAccess {
+    std::string_view className;
     std::vector<const BaseEntity*> (*get)(const BaseEntity&);
 };
 
@@ -41,10 +42,13 @@ struct Property {
     std::string_view name;
     std::variant<FieldAccess<std::int64_t>, FieldAccess<bool>, FieldAccess<float>, FieldAccess<std::string>,
                  FieldAccess<std::optional<std::string>>, FieldAccess<std::vector<std::int64_t>>,
-                 FieldAccess<std::vector<std::string>>, RecordsAccess, ComputedAccess>
+                 FieldAccess<std::vector<std::string>>, FieldAccess<JSON>, RecordsAccess, ComputedAccess>
         access;
 
     bool isStored() const noexcept { return !std::holds_alternative<ComputedAccess>(access); }
+
+    /// The kind of values, as in "Int", "optional String", "array of FontItem"; "any" for JSON and for what is worked out.
+    std::string kind() const;
 
     /// The property's value in a record of the class, read through the virtual accessor; nested records as
     /// dictionaries of all their stored properties.
@@ -141,13 +145,14 @@ private:
 
     template <int Line, class Item>
     static auto access(StoredProperty<Record, std::vector<std::shared_ptr<Item>>>) {
-        return RecordsAccess{[](const BaseEntity& record) {
-            constexpr auto declared = Record::propertyAt(At<Line>());
-            std::vector<const BaseEntity*> items;
-            for (const std::shared_ptr<Item>& item : (static_cast<const Record&>(record).*declared.get)())
-                items.push_back(item.get());
-            return items;
-        }};
+        return RecordsAccess{Item::recordName, [](const BaseEntity& record) {
+                                 constexpr auto declared = Record::propertyAt(At<Line>());
+                                 std::vector<const BaseEntity*> items;
+                                 for (const std::shared_ptr<Item>& item :
+                                      (static_cast<const Record&>(record).*declared.get)())
+                                     items.push_back(item.get());
+                                 return items;
+                             }};
     }
 
     template <int Line, class T>

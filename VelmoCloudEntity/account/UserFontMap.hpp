@@ -21,21 +21,11 @@ class UserFontMap : public PerchAppLibrary::BaseEntity {
 
     PERCH_RECORD_END;
 
-    /// Labels of a map without fonts: create({.userGuid = "u"}).
-    struct UserLabels {
-        PerchAppLibrary::Required<std::string> userGuid;
-    };
-
-    /// Labels of a map with the given fonts: create({.userGuid = "u", .fontList = fonts}).
-    struct UserFontsLabels {
-        PerchAppLibrary::Required<std::string> userGuid;
-        PerchAppLibrary::Required<Records<FontItem>> fontList;
-    };
+    /// Labels of a map without fonts, create({.userGuid = "u"}), and of one with the given fonts.
+    PERCH_LABELS(UserLabels, (userGuid, UserGuid));
+    PERCH_LABELS(UserFontsLabels, (userGuid, UserGuid), (fontList, FontList));
 
 protected:
-    void init(UserLabels labels);
-    void init(UserFontsLabels labels);
-
     /// The base's own mapping, whatever a subclass overrides; then one font for each element of the array "FontList".
     void initFromJSON(const PerchAppLibrary::JSON& json);
 };

@@ -13,17 +13,9 @@ namespace VelmoCloudEntity {
 ///
 /// They take any array of tags, read and write them through their virtual accessors, and look at the state of the
 /// moment. Requires: no tag is null.
-class FontTagList : private RecordList<FontTagItem> {
+class FontTagList : public RecordList<FontTagItem> {
 public:
-    /// An empty list.
-    FontTagList() = default;
-
-    /// One tag for each element of a JSON array, in order; empty for any other value.
-    explicit FontTagList(const PerchAppLibrary::JSON& json) : RecordList(json) {}
-
-    /// The tags, in order.
-    const Records<FontTagItem>& List() const noexcept { return items(); }
-    void setList(Records<FontTagItem> newList) { setItems(std::move(newList)); }
+    using RecordList::RecordList;
 
     /// The ticked plain tags, in the order of the tree: a group is replaced by those below it, at its place. The sub-tags
     /// of a plain tag are not looked at.

@@ -13,40 +13,43 @@
 /// The one walk that every query over a tree of records makes: of fonts, of tags.
 namespace VelmoCloudEntity {
 
-/// Asks the memory for what a walk reads of an item: its begin, where its class is known, and its `walkedFields()`, if it
-/// says where they are.
-template <class Item>
-void prefetchWalked(const Item& item) noexcept {
-    if constexpr (requires { item.walkedFields(); }) {
-        PerchAppLibrary::prefetch(&item);
-        PerchAppLibrary::prefetch(item.walkedFields());
+/// Asks the memory for what a walk reads of an item: from its begin, where its class is known, to its `walkedEnd()`, if it
+/// says where that is.
+struct PrefetchWalked {
+    template <class Item>
+    void operator()(const Item& item) const noexcept {
+        if constexpr (requires { item.walkedEnd(); }) {
+            PerchAppLibrary::prefetch(&item);
+            PerchAppLibrary::prefetch(item.walkedEnd());
+        }
     }
-}
+};
 
 /// Asks the memory for what a walk reads of these items, of the groups among them, and of the first members of each: one
 /// kind after the other, so that waiting for the first of a kind is waiting for all.
-template <class Item>
-void prefetchBranches(std::span<const std::shared_ptr<Item>> items) {
+template <class Item, class Prefetch>
+void prefetchBranches(std::span<const std::shared_ptr<Item>> items, Prefetch prefetchItem) {
     const auto forEachGroup = [items](auto&& visit) {
         for (const std::shared_ptr<Item>& item : items)
             if (item->IsGroup())
                 visit(item->Children());
     };
     for (const std::shared_ptr<Item>& item : items)
-        prefetchWalked(*item);
+        prefetchItem(*item);
     forEachGroup([](const Records<Item>& members) { PerchAppLibrary::prefetch(&members); });
     forEachGroup([](const Records<Item>& members) { PerchAppLibrary::prefetch(members.data()); });
-    forEachGroup([](const Records<Item>& members) {
+    forEachGroup([prefetchItem](const Records<Item>& members) {
         const auto first = std::span(members).first(std::min<std::size_t>(members.size(), 16));
         for (const std::shared_ptr<Item>& member : first)
-            prefetchWalked(*member);
+            prefetchItem(*member);
     });
 }
 
 /// Visits the leaves below the list, depth first, in order: an item that is a group is replaced by its
-/// Children at its place, and is not visited itself. Manages any depth.
-template <class Item, class Visitor>
-void forEachLeaf(const Records<Item>& list, Visitor&& visit) {
+/// Children at its place, and is not visited itself. Manages any depth. A visitor that reads other fields of an item than those
+/// of which the walk knows may bring its own `prefetchItem(item)`.
+template <class Item, class Visitor, class Prefetch = PrefetchWalked>
+void forEachLeaf(const Records<Item>& list, Visitor&& visit, Prefetch prefetchItem = {}) {
     constexpr std::size_t ahead = 16; // enough to keep the memory busy, and few enough for the nearest cache
     struct Level {
         std::span<const std::shared_ptr<Item>> left;
@@ -66,7 +69,7 @@ void forEachLeaf(const Records<Item>& list, Visitor&& visit) {
         }
         if (level.prefetched == 0) {
             level.prefetched = std::min(level.left.size(), ahead);
-            prefetchBranches(level.left.first(level.prefetched));
+            prefetchBranches(level.left.first(level.prefetched), prefetchItem);
         }
         const std::shared_ptr<Item>& item = level.left.front();
         level.left = level.left.subspan(1);

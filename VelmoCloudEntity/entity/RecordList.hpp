@@ -6,17 +6,20 @@
 
 namespace VelmoCloudEntity {
 
-/// What the list wrappers have in common: an array of records that is read from a JSON array. A wrapper names
-/// its array, and says which elements become records. A plain value; copies share the records.
-template <class Item>
+/// What the list wrappers have in common: an array of records that is read from a JSON array. A plain value;
+/// copies share the records.
+template <class Item, Elements which = Elements::all>
 class RecordList {
-protected:
+public:
+    /// An empty list.
     RecordList() = default;
-    explicit RecordList(const PerchAppLibrary::JSON& json, Elements which = Elements::all)
-        : m_items(makeRecords<Item>(json, which)) {}
 
-    const Records<Item>& items() const noexcept { return m_items; }
-    void setItems(Records<Item> newItems) { m_items = std::move(newItems); }
+    /// One record for each element of a JSON array, or for each that is an object, in order; empty for any other value.
+    explicit RecordList(const PerchAppLibrary::JSON& json) : m_items(makeRecords<Item>(json, which)) {}
+
+    /// The records, in order. The array lives as long as the list: copy it from one that is about to go.
+    const Records<Item>& List() const noexcept { return m_items; }
+    void setList(Records<Item> newList) { m_items = std::move(newList); }
 
 private:
     Records<Item> m_items;

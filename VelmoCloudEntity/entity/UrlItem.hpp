@@ -16,10 +16,7 @@ class UrlItem : public PerchAppLibrary::BaseEntity {
     PERCH_PROPERTY(std::string, Url);
 
     PERCH_RECORD_END;
-
-protected:
-    /// The base's own mapping, whatever a subclass overrides.
-    void initFromJSON(const PerchAppLibrary::JSON& json) { BaseEntity::setValue(json, {}); }
+    PERCH_FILLED_BY_BASE;
 };
 
 } // namespace VelmoCloudEntity

@@ -16,8 +16,13 @@ class FontItem;
 /// long as the memory takes to bring what it looks at. FontItem declares the properties.
 class FontFields : public PerchAppLibrary::BaseEntity {
 public:
-    /// Where the last of the fields is that every query reads; the identifier and the class stand before it.
-    const void* walkedFields() const noexcept { return &m_nameSignature; }
+    /// Where the last of the fields is that every query reads; the class and the identifier stand before it.
+    const void* walkedEnd() const noexcept { return &m_IsAuthed; }
+
+    /// Where the signature ends, which stands behind these.
+    const void* signatureEnd() const noexcept {
+        return reinterpret_cast<const char*>(&m_nameSignature) + sizeof(m_nameSignature) - 1;
+    }
 
     /// Of the names by which a font is searched, as they are stored: ProductName, ProductSetName, ProductFileName, displayName.
     const PerchAppLibrary::text::CachedSignature& nameSignature() const noexcept { return m_nameSignature; }

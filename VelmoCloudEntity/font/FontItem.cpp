@@ -56,17 +56,9 @@ FontItem::~FontItem() {
     releaseTree(m_Children, [](FontItem& group) { return std::move(group.m_Children); });
 }
 
-void FontItem::init(NameLabels labels) { setProductName(std::move(labels.productName.value)); }
-
 void FontItem::init(GroupLabels labels) {
     setIsGroup(true);
     setGroupTag(std::move(labels.groupTag.value));
-}
-
-void FontItem::init(ReferenceLabels labels) {
-    setId(labels.id.value);
-    setProductName(std::move(labels.productName.value));
-    setIsPrivate(labels.isPrivate.value);
 }
 
 void FontItem::setValue(const JSON& json) {

@@ -150,10 +150,7 @@ class FontItem : public FontFields {
     PERCH_RECORD_END;
 
     /// Labels of a font that is known by its name: create({.productName = "A"}).
-    struct NameLabels {
-        PerchAppLibrary::Required<std::string> productName;
-    };
-    PERCH_CREATE(NameLabels);
+    PERCH_LABELS(NameLabels, (productName, ProductName));
 
     /// Labels of an empty group: create({.groupTag = "x"}).
     struct GroupLabels {
@@ -162,12 +159,7 @@ class FontItem : public FontFields {
     PERCH_CREATE(GroupLabels);
 
     /// Labels of a reference to a font: create({.id = 7, .productName = "A", .isPrivate = true}).
-    struct ReferenceLabels {
-        PerchAppLibrary::Required<std::int64_t> id;
-        PerchAppLibrary::Required<std::string> productName;
-        PerchAppLibrary::Required<bool> isPrivate;
-    };
-    PERCH_CREATE(ReferenceLabels);
+    PERCH_LABELS(ReferenceLabels, (id, Id), (productName, ProductName), (isPrivate, IsPrivate));
 
     FontItem();
     ~FontItem() override;
@@ -222,9 +214,7 @@ class FontItem : public FontFields {
                                              const std::string& userGuid) const;
 
 private:
-    void init(NameLabels labels);
     void init(GroupLabels labels);
-    void init(ReferenceLabels labels);
 
     const std::string& nameToDisplay() const; // of a leaf
     std::string previewName(bool isFixed, const std::string& previewTag, const std::string& colorTag,

@@ -13,7 +13,7 @@ namespace VelmoCloudEntity {
 
 class FontTagItem;
 
-/// The list of fonts that the service sends, and the queries over trees of fonts.
+/// The list of fonts that the service sends (one for each object in a JSON array, its other elements dropped), and the queries over trees of fonts.
 ///
 /// The queries take any array of fonts (a list, a group's Children, one that the client put together) and
 /// walk it in one pass: depth first and in order, a group being replaced by its members at its place. They
@@ -24,17 +24,9 @@ class FontTagItem;
 /// Texts are any bytes, ill-formed ones standing for U+FFFD. They are equal when they are canonically equivalent
 /// (UAX #15). A key occurs in a name as a text::Needle does: without regard to case, by the full mapping of the
 /// root locale, and in whole characters; an empty key is in nothing. Time is linear in the key and the names.
-class FontList : private RecordList<FontItem> {
+class FontList : public RecordList<FontItem, Elements::objects> {
 public:
-    /// An empty list.
-    FontList() = default;
-
-    /// One font for each object in a JSON array, in order; its other elements are dropped. Empty for any other value.
-    explicit FontList(const PerchAppLibrary::JSON& json) : RecordList(json, Elements::objects) {}
-
-    /// The fonts, in order.
-    const Records<FontItem>& List() const noexcept { return items(); }
-    void setList(Records<FontItem> newList) { setItems(std::move(newList)); }
+    using RecordList::RecordList;
 
     /// The activated fonts: those whose IsActivated is true.
     static Records<FontItem> getActivatedFont(const Records<FontItem>& list);

@@ -109,7 +109,7 @@ void forEachNamedLeaf(const Records<FontItem>& list, Tell&& tell, Visitor&& visi
             visit(*each.leaf);
         count = 0;
     };
-    forEachLeaf(list, [&](const std::shared_ptr<FontItem>& leaf) {
+    const auto sort = [&](const std::shared_ptr<FontItem>& leaf) {
         const std::optional<bool> told = tell(*leaf);
         if (told && !*told)
             return;
@@ -118,6 +118,10 @@ void forEachNamedLeaf(const Records<FontItem>& list, Tell&& tell, Visitor&& visi
         waiting[count++] = {&leaf, told.has_value()};
         if (count == waiting.size())
             visitAll();
+    };
+    forEachLeaf(list, sort, [](const FontItem& font) {
+        PerchAppLibrary::prefetch(&font);
+        PerchAppLibrary::prefetch(font.signatureEnd());
     });
     visitAll();
 }

@@ -30,6 +30,7 @@ void addFilter(CLI::App& application, Work& work);
 void addLocate(CLI::App& application, Work& work);
 void addRead(CLI::App& application, Work& work);
 void addExport(CLI::App& application, Work& work);
+void addError(CLI::App& application, Work& work);
 
 /// Adds a command with the option --json, which every command takes. `toDo` is its work.
 CLI::App& addCommand(CLI::App& application, Work& work, const std::string& name,

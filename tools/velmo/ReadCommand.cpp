@@ -1,61 +1,25 @@
 #include "Commands.hpp"
 #include "Document.hpp"
-#include "FontView.hpp"
+#include "RecordTypes.hpp"
 #include "Terminal.hpp"
-
-#include <VelmoCloudEntity/account/UserFontActivateMapItem.hpp>
-#include <VelmoCloudEntity/catalogue/FontTagList.hpp>
-#include <VelmoCloudEntity/entity/UrlList.hpp>
 
 #include <CLI/App.hpp>
 
 #include <algorithm>
-#include <map>
 
 namespace velmo {
 namespace {
 
 using PerchAppLibrary::Dictionary;
-using PerchAppLibrary::JSON;
 using PerchAppLibrary::toText;
 using PerchAppLibrary::Value;
-using PerchAppLibrary::ValueArray;
-using namespace VelmoCloudEntity;
 
 struct ReadOptions {
     std::string type;
     std::string file;
+    bool showsTypes = false;
     bool asJSON = false;
 };
-
-template <class Record>
-Value readRecord(const JSON& json) {
-    return Record::create(json)->properties();
-}
-
-template <class Record>
-Value propertiesOf(const Records<Record>& records) {
-    ValueArray array;
-    for (const auto& record : records)
-        array.push_back(record->properties());
-    return array;
-}
-
-using Reader = Value (*)(const JSON&);
-
-/// The types that can be read, by name.
-const std::map<std::string, Reader>& readers() {
-    static const std::map<std::string, Reader> byType{
-        {"FontItem", &readRecord<FontItem>},
-        {"FontList", [](const JSON& json) { return propertiesOf(FontList(json).List()); }},
-        {"FontTagItem", &readRecord<FontTagItem>},
-        {"FontTagList", [](const JSON& json) { return propertiesOf(FontTagList(json).List()); }},
-        {"UrlItem", &readRecord<UrlItem>},
-        {"UrlList", [](const JSON& json) { return propertiesOf(UrlList(json).list()); }},
-        {"UserFontActivateMapItem", &readRecord<UserFontActivateMapItem>},
-    };
-    return byType;
-}
 
 bool holdsRecords(const Value& value) {
     return value.is_array() && !value.get_array().empty() && value.get_array().front().is_object();
@@ -92,23 +56,35 @@ void show(std::string& text, const Value& value, std::size_t depth) {
     }
 }
 
+ExitStatus showTypes(bool asJSON) {
+    Dictionary byName;
+    std::string names;
+    for (const RecordType& type : recordTypes()) {
+        byName.emplace(type.name, type.properties());
+        names.append(type.name) += '\n';
+    }
+    if (asJSON)
+        printJSON(byName);
+    else
+        print(names);
+    return ExitStatus::done;
+}
+
 ExitStatus read(const ReadOptions& options) {
-    const Value value = readers().at(options.type)(readDocument(options.file));
+    if (options.showsTypes)
+        return showTypes(options.asJSON);
+    if (options.file.empty())
+        throw Failure("read: TYPE and FILE are required (velmo read --types lists the types)");
+    const RecordType& type = recordType(options.type);
+    const Value value = type.read(readDocument(options.file));
     if (options.asJSON) {
         printJSON(value);
         return ExitStatus::done;
     }
     std::string text;
     show(text, value, 0);
-    print(text.empty() ? "an empty " + options.type + "\n" : text);
+    print(text.empty() ? "an empty " + type.name + "\n" : text);
     return ExitStatus::done;
-}
-
-std::string typeNames() {
-    std::string names;
-    for (const auto& [name, reader] : readers())
-        names.append(names.empty() ? "" : ", ").append(name);
-    return names;
 }
 
 } // namespace
@@ -116,8 +92,9 @@ std::string typeNames() {
 void addRead(CLI::App& application, Work& work) {
     auto [command, options] =
         addCommand(application, work, "read", "Show a record or a list, property by property", &read);
-    command.add_option("TYPE", options.type, typeNames())->required()->check(CLI::IsMember(readers()));
-    command.add_option("FILE", options.file, "Document of that type")->required();
+    command.add_option("TYPE", options.type, "Type of the record or list, or the beginning of its name");
+    command.add_option("FILE", options.file, "Document of that type");
+    command.add_flag("--types", options.showsTypes, "List the types; with --json, with their properties");
 }
 
 } // namespace velmo

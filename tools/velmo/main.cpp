@@ -36,6 +36,7 @@ int run(int argc, char** argv) {
     velmo::addLocate(application, work);
     velmo::addRead(application, work);
     velmo::addExport(application, work);
+    velmo::addError(application, work);
     try {
         application.parse(argc, argv);
     } catch (const CLI::Success& request) {

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <PerchAppLibrary/BaseEntity.hpp>
+
+#include <cstdint>
+#include <string>
+
+namespace VelmoCloudEntity {
+
+/// A user of an enterprise account. It is always made from JSON: `create(json)`, which runs the virtual mapping.
+class EsUserItem : public PerchAppLibrary::BaseEntity {
+    PERCH_RECORD_FROM_JSON(EsUserItem, PerchAppLibrary::BaseEntity);
+
+    /// Identifier of the user within the enterprise.
+    PERCH_PROPERTY(std::string, UserId);
+    /// Password of the request.
+    PERCH_PROPERTY(std::string, Pwd);
+    /// Identifier of the enterprise.
+    PERCH_PROPERTY(std::int64_t, EnterpriseId);
+    /// Disabled entries are included.
+    PERCH_PROPERTY(bool, ContainDisabled);
+    /// Tag of the request, as the service defines it.
+    PERCH_PROPERTY(std::int64_t, Tag);
+
+    /// All stored properties, the base's first.
+    PERCH_COMPUTED(PerchAppLibrary::Dictionary, Dict);
+
+    PERCH_RECORD_END;
+
+protected:
+    /// The mapping alone: a subclass's override of it runs, one of setValue(json) does not.
+    void initFromJSON(const PerchAppLibrary::JSON& json) { setValue(json, {}); }
+};
+
+} // namespace VelmoCloudEntity

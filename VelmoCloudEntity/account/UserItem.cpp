@@ -1,0 +1,42 @@
+#include <VelmoCloudEntity/account/UserItem.hpp>
+
+#include <PerchAppLibrary/Dictionary.hpp>
+#include <PerchAppLibrary/record/RecordSchema.hpp>
+
+#include <initializer_list>
+#include <typeinfo>
+
+namespace VelmoCloudEntity {
+
+using PerchAppLibrary::Dictionary;
+using PerchAppLibrary::Excluded;
+using PerchAppLibrary::Included;
+using PerchAppLibrary::JSON;
+
+PERCH_RECORD_SCHEMA(UserItem);
+
+namespace {
+
+constexpr std::initializer_list<const char*> fontLists{"Fonts", "Activates", "Favorites", "Systems",
+                                                       "Personals"};
+
+} // namespace
+
+void UserItem::setValue(const JSON& json) {
+    static const Included included(fontLists);
+    if (typeid(*this) == typeid(UserItem))
+        UserItem::setValue(json, included);
+    else
+        setValue(json, included);
+}
+
+void UserItem::setValue(const JSON& json, Included) {
+    static const Excluded excluded(fontLists);
+    setValue(json, excluded);
+}
+
+Dictionary UserItem::Dict() const { return properties(); }
+
+Dictionary UserItem::getDict(const std::vector<std::string>& names) const { return select(names); }
+
+} // namespace VelmoCloudEntity

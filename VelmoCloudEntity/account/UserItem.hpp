@@ -1,0 +1,129 @@
+#pragma once
+
+#include <PerchAppLibrary/BaseEntity.hpp>
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace VelmoCloudEntity {
+
+/// The account of a user: identity, bound accounts, membership, profile, and what a login or registration sends.
+///
+/// A record to be sent is made with the labels of what the request needs; a code by e-mail is kept in TelCode, as one by phone is.
+class UserItem : public PerchAppLibrary::BaseEntity {
+    PERCH_RECORD(UserItem, PerchAppLibrary::BaseEntity);
+
+    /// Token of the SMS verification, whatever the service sends for one.
+    PERCH_PROPERTY_SET_BY(PerchAppLibrary::JSON, sms_token, setSms_token,
+                          PerchAppLibrary::JSON::emptyString());
+    /// Phone number.
+    PERCH_PROPERTY(std::string, Tel);
+    /// Days of membership left.
+    PERCH_PROPERTY(std::int64_t, MemberLimitDays);
+    /// State of the membership, as the service codes it.
+    PERCH_PROPERTY(std::int64_t, MembershipStatus);
+    /// A phone number is bound.
+    PERCH_PROPERTY(bool, IsTelBinded);
+    /// Verification code of the request, by phone or by e-mail.
+    PERCH_PROPERTY(std::string, TelCode);
+    /// E-mail address.
+    PERCH_PROPERTY(std::string, Email);
+    /// An e-mail address is bound.
+    PERCH_PROPERTY(bool, IsEmailBinded);
+    /// Open id of the QQ account.
+    PERCH_PROPERTY(std::string, QqOpenId);
+    /// A QQ account is bound.
+    PERCH_PROPERTY(bool, IsQqBinded);
+    /// Open id of the WeChat account.
+    PERCH_PROPERTY(std::string, WeChatOpenId);
+    /// Union id of the WeChat account.
+    PERCH_PROPERTY(std::string, WeChatUnionId);
+    /// A WeChat account is bound.
+    PERCH_PROPERTY(bool, IsWeChatBinded);
+    /// Open id of the Zbj account.
+    PERCH_PROPERTY(std::string, ZbjOpenId);
+    /// A Zbj account is bound.
+    PERCH_PROPERTY(bool, IsZbjBinded);
+    /// User id of the Ali account.
+    PERCH_PROPERTY(std::string, AliUserId);
+    /// Password of a login or registration.
+    PERCH_PROPERTY(std::string, Pwd);
+    /// User id at the bound QQ or WeChat account.
+    PERCH_PROPERTY(std::string, Uid);
+    /// Name shown.
+    PERCH_PROPERTY(std::string, Name);
+    /// City.
+    PERCH_PROPERTY(std::string, City);
+    /// Profession.
+    PERCH_PROPERTY(std::string, Career);
+    /// Address of the user's photo.
+    PERCH_PROPERTY(std::string, PhotoUrl);
+    /// File name of the photo.
+    PERCH_PROPERTY(std::string, PhotoFileName);
+    /// The photo, as Base64 text.
+    PERCH_PROPERTY(std::string, PhotoBase64String);
+    /// Address of the user's work page.
+    PERCH_PROPERTY(std::string, WorkUrl);
+    /// Platform of the client.
+    PERCH_PROPERTY(std::int64_t, PlatformId, 1);
+    /// Version of the client that sends the request.
+    PERCH_PROPERTY(std::string, ClientVersion);
+    /// OEM label of the client.
+    PERCH_PROPERTY(std::string, ClientOemTag);
+    /// Serial number of the machine's disk.
+    PERCH_PROPERTY(std::string, Disksn);
+    /// Address of the advertising space shown to this user.
+    PERCH_PROPERTY(std::string, AdSpaceUrl);
+    /// Addresses sent by the service.
+    PERCH_PROPERTY_SET_BY(std::vector<std::string>, uriList, setUriList);
+    /// Advanced user.
+    PERCH_PROPERTY(bool, IsAdvanced);
+    /// Log in at start.
+    PERCH_PROPERTY(bool, AutoLogin);
+    /// The user is a member.
+    PERCH_PROPERTY(bool, IsMember);
+    /// When the membership ends, as sent.
+    PERCH_PROPERTY(std::string, MemberLimitTimeStamp);
+    /// The user is a partner.
+    PERCH_PROPERTY(bool, IsPartner);
+
+    /// All stored properties, the base's first.
+    PERCH_COMPUTED(PerchAppLibrary::Dictionary, Dict);
+
+    PERCH_RECORD_END;
+
+    /// Labels of what is sent. Each member fills the property of its name, `code` TelCode.
+    PERCH_LABELS(GuidLabels, (guid, Guid));
+    PERCH_LABELS(TelLabels, (tel, Tel));
+    PERCH_LABELS(GuidTelLabels, (guid, Guid), (tel, Tel));
+    PERCH_LABELS(GuidEmailLabels, (guid, Guid), (email, Email));
+    PERCH_LABELS(TelRegistrationLabels, (guid, Guid), (tel, Tel), (telCode, TelCode), (pwd, Pwd));
+    PERCH_LABELS(EmailRegistrationLabels, (guid, Guid), (email, Email), (code, TelCode), (pwd, Pwd));
+    PERCH_LABELS(ClientLabels, (guid, Guid), (clientVersion, ClientVersion), (clientOemTag, ClientOemTag),
+                 (disksn, Disksn));
+    PERCH_LABELS(OemLabels, (guid, Guid), (clientOemTag, ClientOemTag));
+    PERCH_LABELS(QqLabels, (guid, Guid), (qqOpenId, QqOpenId), (uid, Uid), (photoUrl, PhotoUrl));
+    PERCH_LABELS(WeChatLabels, (guid, Guid), (weChatOpenId, WeChatOpenId), (weChatUnionId, WeChatUnionId),
+                 (uid, Uid), (photoUrl, PhotoUrl));
+    PERCH_LABELS(TelLoginLabels, (tel, Tel), (pwd, Pwd), (clientVersion, ClientVersion),
+                 (clientOemTag, ClientOemTag), (disksn, Disksn));
+    PERCH_LABELS(TelCodeLabels, (tel, Tel), (telCode, TelCode), (pwd, Pwd), (clientVersion, ClientVersion),
+                 (clientOemTag, ClientOemTag));
+    PERCH_LABELS(EmailLoginLabels, (email, Email), (pwd, Pwd), (clientVersion, ClientVersion),
+                 (clientOemTag, ClientOemTag), (disksn, Disksn));
+    PERCH_LABELS(EmailLabels, (email, Email), (pwd, Pwd), (clientVersion, ClientVersion),
+                 (clientOemTag, ClientOemTag));
+
+    /// The mapping without the lists of the user's fonts that come in the same reply (Fonts, Activates, Favorites, Systems,
+    /// Personals): these belong to the user-font maps. For a subclass, setValue(json, Included) with these five keys.
+    void setValue(const PerchAppLibrary::JSON& json) override;
+
+    /// The same mapping. Which keys are given does not matter.
+    virtual void setValue(const PerchAppLibrary::JSON& json, PerchAppLibrary::Included included);
+
+    /// The properties with these names, each once. Throws UndefinedKeyError for a name that the record has not.
+    virtual PerchAppLibrary::Dictionary getDict(const std::vector<std::string>& names) const;
+};
+
+} // namespace VelmoCloudEntity

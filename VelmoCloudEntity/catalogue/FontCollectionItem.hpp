@@ -1,0 +1,33 @@
+#pragma once
+
+#include <PerchAppLibrary/BaseEntity.hpp>
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace VelmoCloudEntity {
+
+/// A curated, titled set of fonts with a cover.
+class FontCollectionItem : public PerchAppLibrary::BaseEntity {
+    PERCH_RECORD(FontCollectionItem, PerchAppLibrary::BaseEntity);
+
+    /// Cover image.
+    PERCH_PROPERTY(std::string, Cover);
+    /// Title shown on the card.
+    PERCH_PROPERTY(std::string, Title);
+    /// Second name.
+    PERCH_PROPERTY(std::string, Alias);
+    /// Short description.
+    PERCH_PROPERTY(std::string, Abstract);
+    /// Position in the order.
+    PERCH_PROPERTY(std::int64_t, Ordinal);
+    /// Identifiers of the fonts in the collection, in the service's order.
+    PERCH_PROPERTY(std::vector<std::int64_t>, FontIdList);
+    /// Count used by top lists.
+    PERCH_PROPERTY(std::int64_t, TopCount);
+
+    PERCH_RECORD_END;
+};
+
+} // namespace VelmoCloudEntity

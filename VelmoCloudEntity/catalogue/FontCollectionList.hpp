@@ -1,0 +1,14 @@
+#pragma once
+
+#include <VelmoCloudEntity/catalogue/FontCollectionItem.hpp>
+#include <VelmoCloudEntity/entity/RecordList.hpp>
+
+namespace VelmoCloudEntity {
+
+/// The collections that the service sends.
+class FontCollectionList : public RecordList<FontCollectionItem> {
+public:
+    using RecordList::RecordList;
+};
+
+} // namespace VelmoCloudEntity

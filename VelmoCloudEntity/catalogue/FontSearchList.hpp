@@ -1,0 +1,14 @@
+#pragma once
+
+#include <VelmoCloudEntity/catalogue/FontSearchItem.hpp>
+#include <VelmoCloudEntity/entity/RecordList.hpp>
+
+namespace VelmoCloudEntity {
+
+/// The search records that the service sends.
+class FontSearchList : public RecordList<FontSearchItem> {
+public:
+    using RecordList::RecordList;
+};
+
+} // namespace VelmoCloudEntity

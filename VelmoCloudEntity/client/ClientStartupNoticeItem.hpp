@@ -1,0 +1,21 @@
+#pragma once
+
+#include <PerchAppLibrary/BaseEntity.hpp>
+
+#include <string>
+
+namespace VelmoCloudEntity {
+
+/// A notice shown when the client starts.
+class ClientStartupNoticeItem : public PerchAppLibrary::BaseEntity {
+    PERCH_RECORD(ClientStartupNoticeItem, PerchAppLibrary::BaseEntity);
+
+    /// Title of the notice.
+    PERCH_PROPERTY(std::string, Title);
+    /// Text of the notice.
+    PERCH_PROPERTY(std::string, Content);
+
+    PERCH_RECORD_END;
+};
+
+} // namespace VelmoCloudEntity

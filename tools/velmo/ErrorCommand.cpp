@@ -1,0 +1,66 @@
+#include "Commands.hpp"
+#include "Terminal.hpp"
+
+#include <VelmoCloudEntity/entity/ExceptionItem.hpp>
+
+#include <PerchAppLibrary/Dictionary.hpp>
+
+#include <CLI/App.hpp>
+#include <fmt/format.h>
+
+namespace velmo {
+namespace {
+
+using PerchAppLibrary::BaseExceptionEntity;
+using PerchAppLibrary::Dictionary;
+using PerchAppLibrary::toValue;
+using PerchAppLibrary::Value;
+
+struct ErrorOptions {
+    std::string code;
+    std::string language;
+    bool asJSON = false;
+};
+
+void printForPeople(const BaseExceptionEntity& error, const std::string& language) {
+    std::string text = language.empty() ? bold(error.code()) + "\n" : "";
+    for (const auto& [each, message] : error.msgDict())
+        if (language.empty())
+            text += fmt::format("  {}  {}\n", each, message);
+        else if (language == each)
+            text += message + "\n";
+    print(text);
+}
+
+ExitStatus showError(const ErrorOptions& options) {
+    const VelmoCloudEntity::ExceptionItem errors;
+    const auto found = errors.Dict().find(options.code);
+    if (found == errors.Dict().end()) {
+        if (options.asJSON)
+            printJSON(nullptr);
+        warn(fmt::format("no error has the code \"{}\"; codes are six digits, as in 002004", options.code));
+        return ExitStatus::nothingFound;
+    }
+    const BaseExceptionEntity& error = *found->second;
+    if (!options.asJSON) {
+        printForPeople(error, options.language);
+        return ExitStatus::done;
+    }
+    Dictionary described{{"code", toValue(error.code())}};
+    for (const auto& [language, message] : error.msgDict())
+        described[language] = toValue(message);
+    printJSON(described);
+    return ExitStatus::done;
+}
+
+} // namespace
+
+void addError(CLI::App& application, Work& work) {
+    auto [command, options] = addCommand(application, work, "error",
+                                         "Show the messages of an error code of the service", &showError);
+    command.add_option("CODE", options.code, "The six digits")->required();
+    command.add_option("--lang", options.language, "The message in one language alone")
+        ->check(CLI::IsMember({"Ch", "En"}));
+}
+
+} // namespace velmo

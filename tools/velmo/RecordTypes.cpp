@@ -1,0 +1,193 @@
+#include "RecordTypes.hpp"
+
+#include "ExitStatus.hpp"
+
+#include <VelmoCloudEntity/account/EsUserItem.hpp>
+#include <VelmoCloudEntity/account/PhoneNumberPrefixList.hpp>
+#include <VelmoCloudEntity/account/SmsTokenItem.hpp>
+#include <VelmoCloudEntity/account/UserFontActivateMapItem.hpp>
+#include <VelmoCloudEntity/account/UserFontFavoriteMapItem.hpp>
+#include <VelmoCloudEntity/account/UserFontGroupMapItem.hpp>
+#include <VelmoCloudEntity/account/UserItem.hpp>
+#include <VelmoCloudEntity/catalogue/FontApplyItem.hpp>
+#include <VelmoCloudEntity/catalogue/FontCollectionList.hpp>
+#include <VelmoCloudEntity/catalogue/FontImageItem.hpp>
+#include <VelmoCloudEntity/catalogue/FontSearchList.hpp>
+#include <VelmoCloudEntity/catalogue/FontTagList.hpp>
+#include <VelmoCloudEntity/catalogue/FontUploadItem.hpp>
+#include <VelmoCloudEntity/catalogue/WebFontItem.hpp>
+#include <VelmoCloudEntity/catalogue/ZRFontEffectEntity.hpp>
+#include <VelmoCloudEntity/client/ClientOperaItem.hpp>
+#include <VelmoCloudEntity/client/ClientStartupNoticeItem.hpp>
+#include <VelmoCloudEntity/client/ClientVersionItem.hpp>
+#include <VelmoCloudEntity/client/ConfigItem.hpp>
+#include <VelmoCloudEntity/client/ZRMessageBubbleItem.hpp>
+#include <VelmoCloudEntity/entity/UrlList.hpp>
+#include <VelmoCloudEntity/font/FontList.hpp>
+
+#include <PerchAppLibrary/record/RecordSchema.hpp>
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <cctype>
+#include <numeric>
+
+namespace velmo {
+namespace {
+
+using namespace VelmoCloudEntity;
+using PerchAppLibrary::BaseEntity;
+using PerchAppLibrary::Dictionary;
+using PerchAppLibrary::JSON;
+using PerchAppLibrary::Property;
+using PerchAppLibrary::RecordSchema;
+using PerchAppLibrary::toValue;
+using PerchAppLibrary::Value;
+using PerchAppLibrary::ValueArray;
+
+template <class Record>
+std::shared_ptr<Record> make(const JSON& json) {
+    if constexpr (requires { Record::create(json); }) {
+        return Record::create(json);
+    } else {
+        auto record = Record::create(); // settings, which were saved and not sent
+        record->setValue(json);
+        return record;
+    }
+}
+
+Dictionary describe(std::string_view name, const std::string& kind, Value whenNew) {
+    return {{"name", name}, {"kind", kind}, {"default", std::move(whenNew)}};
+}
+
+template <class Record>
+RecordType record() {
+    return {std::string(Record::recordName),
+            [](const JSON& json) { return toValue(make<Record>(json)->properties()); },
+            [] {
+                const std::shared_ptr<Record> record = make<Record>(JSON::null);
+                const BaseEntity base;
+                ValueArray properties;
+                for (const Property& property : record->schema().properties())
+                    if (property.isStored() && base.schema().find(property.name) == RecordSchema::notFound)
+                        properties.push_back(
+                            describe(property.name, property.kind(), property.value(*record)));
+                return properties;
+            }};
+}
+
+template <class List>
+auto itemsOf(const List& list) {
+    if constexpr (requires { list.List(); })
+        return list.List();
+    else
+        return list.list();
+}
+
+template <class List>
+RecordType list(const char* name) {
+    return {name,
+            [](const JSON& json) {
+                ValueArray array;
+                for (const auto& item : itemsOf(List(json)))
+                    array.push_back(item->properties());
+                return Value(std::move(array));
+            },
+            [] {
+                const List empty;
+                using Item = std::remove_cvref_t<decltype(*itemsOf(empty).front())>;
+                const char* const property = requires { empty.List(); } ? "List" : "list"; // as its accessor
+                return ValueArray{
+                    describe(property, "array of " + std::string(Item::recordName), ValueArray())};
+            }};
+}
+
+std::string inSmallLetters(std::string text) {
+    std::ranges::transform(text, text.begin(), [](unsigned char letter) { return std::tolower(letter); });
+    return text;
+}
+
+/// How many letters have to be put in, taken out or exchanged to make one text of the other (Levenshtein).
+std::size_t distanceOf(const std::string& from, const std::string& to) {
+    std::vector<std::size_t> row(to.size() +
+                                 1); // distances of the letters read so far to each beginning of `to`
+    std::iota(row.begin(), row.end(), std::size_t{0});
+    for (const char letter : from) {
+        std::size_t diagonal = row.front()++;
+        for (std::size_t length = 1; length <= to.size(); ++length) {
+            const std::size_t exchanged = diagonal + (letter == to[length - 1] ? 0 : 1);
+            diagonal = row[length];
+            row[length] = std::min({exchanged, row[length] + 1, row[length - 1] + 1});
+        }
+    }
+    return row.back();
+}
+
+const RecordType& nearestTo(const std::string& text) {
+    return *std::ranges::min_element(recordTypes(), {}, [&text](const RecordType& type) {
+        return distanceOf(inSmallLetters(text), inSmallLetters(type.name));
+    });
+}
+
+} // namespace
+
+const std::vector<RecordType>& recordTypes() {
+    static const std::vector<RecordType> types = [] {
+        std::vector<RecordType> all{record<ClientOperaItem>(),
+                                    record<ClientStartupNoticeItem>(),
+                                    record<ClientVersionItem>(),
+                                    record<ConfigItem>(),
+                                    record<EsUserItem>(),
+                                    record<FontApplyItem>(),
+                                    record<FontCollectionItem>(),
+                                    record<FontImageItem>(),
+                                    record<FontItem>(),
+                                    record<FontSearchItem>(),
+                                    record<FontTagItem>(),
+                                    record<FontUploadItem>(),
+                                    record<PhoneNumberPrefixItem>(),
+                                    record<SmsTokenItem>(),
+                                    record<UrlItem>(),
+                                    record<UserFontActivateMapItem>(),
+                                    record<UserFontFavoriteMapItem>(),
+                                    record<UserFontGroupMapItem>(),
+                                    record<UserItem>(),
+                                    record<WebFontItem>(),
+                                    record<ZRFontEffectEntity>(),
+                                    record<ZRMessageBubbleItem>(),
+                                    list<FontCollectionList>("FontCollectionList"),
+                                    list<FontList>("FontList"),
+                                    list<FontSearchList>("FontSearchList"),
+                                    list<FontTagList>("FontTagList"),
+                                    list<PhoneNumberPrefixList>("PhoneNumberPrefixList"),
+                                    list<UrlList>("UrlList")};
+        std::ranges::sort(all, {}, &RecordType::name);
+        return all;
+    }();
+    return types;
+}
+
+const RecordType& recordType(const std::string& text) {
+    const std::string sought = inSmallLetters(text);
+    std::vector<const RecordType*> begun;
+    for (const RecordType& type : recordTypes()) {
+        const std::string name = inSmallLetters(type.name);
+        if (name == sought)
+            return type;
+        if (name.starts_with(sought))
+            begun.push_back(&type);
+    }
+    if (begun.size() == 1)
+        return *begun.front();
+    if (begun.empty())
+        throw Failure(
+            fmt::format("read: TYPE \"{}\" is none; did you mean {}? (velmo read --types lists them)", text,
+                        nearestTo(text).name));
+    std::string names;
+    for (const RecordType* const type : begun)
+        names.append(names.empty() ? "" : ", ").append(type->name);
+    throw Failure(fmt::format("read: TYPE \"{}\" may be {}", text, names));
+}
+
+} // namespace velmo
