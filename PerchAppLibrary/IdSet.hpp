@@ -11,7 +11,7 @@ namespace PerchAppLibrary {
 /// A set of identifiers, made for one question and then thrown away: which of many identifiers are in a list.
 ///
 /// Identifiers that lie close together, as those of a catalogue do, are kept as a map of bits, any others in a
-/// hash table. Both take memory in proportion to the number of identifiers at most, and constant time for each.
+/// hash table. Both take memory in proportion to the number of identifiers (or 8 KB), and constant time for each.
 class IdSet {
 public:
     using Ids = std::vector<std::int64_t>;

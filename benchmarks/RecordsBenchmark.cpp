@@ -67,22 +67,22 @@ void read(ondemand::value value, std::shared_ptr<Record>& field) {
 
 #define DECLARE(Type, Name) Type Name{};
 #define READER(Type, Name) {#Name, [](Self& record, ondemand::value value) { read(value, record.Name); }},
-#define PLAIN_STRUCT(Struct, ...)                                                                         \
-    struct Struct {                                                                                       \
-        using Self = Struct;                                                                              \
-        PERCH_FOR_EACH(DECLARE, __VA_ARGS__)                                                              \
-        void fill(ondemand::object object) {                                                              \
-            static const Readers<Self> readers{PERCH_FOR_EACH(READER, __VA_ARGS__)};                      \
-            for (auto member : object)                                                                    \
-                if (const auto reader = readers.find(std::string_view(member.unescaped_key()));           \
-                    reader != readers.end())                                                              \
-                    reader->second(*this, member.value());                                                \
-        }                                                                                                 \
+#define PLAIN_STRUCT(Struct, ...)                                                               \
+    struct Struct {                                                                             \
+        using Self = Struct;                                                                    \
+        PERCH_FOR_EACH(DECLARE, __VA_ARGS__)                                                    \
+        void fill(ondemand::object object) {                                                    \
+            static const Readers<Self> readers{PERCH_FOR_EACH(READER, __VA_ARGS__)};            \
+            for (auto member : object)                                                          \
+                if (const auto reader = readers.find(std::string_view(member.unescaped_key())); \
+                    reader != readers.end())                                                    \
+                    reader->second(*this, member.value());                                      \
+        }                                                                                       \
     }
-#define PLAIN_RECORD(Struct, ...)                                                                         \
-    PLAIN_STRUCT(Struct, (std::string, Guid), (std::int64_t, Id), (bool, IsDisabled),                     \
-                 (std::int64_t, ErrorCode), (bool, Exception), (std::string, ExceptionCode),              \
-                 (std::string, ExceptionMessage), (std::string, TimeStamp), (std::string, DateStamp),     \
+#define PLAIN_RECORD(Struct, ...)                                                                     \
+    PLAIN_STRUCT(Struct, (std::string, Guid), (std::int64_t, Id), (bool, IsDisabled),                 \
+                 (std::int64_t, ErrorCode), (bool, Exception), (std::string, ExceptionCode),          \
+                 (std::string, ExceptionMessage), (std::string, TimeStamp), (std::string, DateStamp), \
                  (std::string, Token), __VA_ARGS__)
 
 PLAIN_RECORD(FontItem, (std::int64_t, ApplyHot), (std::int64_t, Ordinal), (std::int64_t, NameOrdinal),

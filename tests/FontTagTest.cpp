@@ -255,6 +255,19 @@ TEST(FontTag, ManagesAMillionIdentifiers) {
     for (std::size_t i = 0; i < 100'000; ++i)
         many.push_back(made(false, true, {sorted[i * 5]}, {}));
     EXPECT_EQ(filtered({made(true, false, {}, std::move(many))}, ids).size(), 100'000U);
+
+    // Each takes away next to nothing of a list that is far longer.
+    Tags pairs;
+    for (std::size_t i = 0; i < 20'000; ++i)
+        pairs.push_back(made(false, true, {0, 60}, {FontTagItem::create()}));
+    Ids spread;
+    for (std::int64_t i = 0; i < 400'000; ++i)
+        spread.push_back(60 * i);
+    EXPECT_EQ(filtered(pairs, spread), (Ids{0, 60}));
+    pairs.insert(pairs.begin(), made(false, true, spread, {}));
+    const auto all = made(true, false, {}, std::move(pairs));
+    all->setSubTagFilterType("And");
+    EXPECT_EQ(all->CheckedFontTagFontIdList(), (Ids{0, 60}));
 }
 
 TEST(FontTag, OperationsAndDestructionManageAnyDepth) {

@@ -383,6 +383,26 @@ TEST(SearchDifferential, HonoursOverriddenNames) {
     }
 }
 
+/// Members that are made when they are asked for, and kept until the next time.
+struct FreshGroup : FontItem {
+    const Fonts& Children() const override {
+        Fonts members;
+        for (const char* const name : {"Song", "Kai", "Song Ti"})
+            members.push_back(FontItem::create({.productName = name}));
+        made = std::move(members);
+        return made;
+    }
+    bool IsGroup() const override { return true; }
+    mutable Fonts made;
+};
+
+TEST(SearchDifferential, KeepsMembersThatAreMadeForEachReading) {
+    const std::shared_ptr<FontItem> group = std::make_shared<FreshGroup>();
+    EXPECT_EQ(FontList::getFontByKey({group, group}, "song", true).size(), 4U);
+    EXPECT_EQ(FontList::getFontByName({group, group, group}, "Kai", false).size(), 3U);
+    EXPECT_EQ(FontList::getSearchResultFont({group, group}, "song").second.size(), 4U);
+}
+
 /// A query leaves notes on the names that it has read; a change by any road must be seen by the next.
 TEST(SearchDifferential, SeesANameThatHasChanged) {
     using Change = void (*)(FontItem&, const std::string& name);

@@ -105,6 +105,16 @@ if command -v script >/dev/null; then
         fail "the part that was found is not highlighted on a terminal"
 fi
 
+document halves.json '[{"ProductName": "y 😀 x"}, {"ProductName": "😀"}]'
+expect 0 '^1 font with "😀 x"$' search "$directory/halves.json" '😀 x'
+expect 0 '^0 fonts with one of its characters; 2 in all$' search "$directory/halves.json" '😀'
+if command -v script >/dev/null; then
+    script -qc "'$velmo' search '$directory/halves.json' '😀xy'" /dev/null </dev/null | grep -qF $'😀 \033[1;31mx' ||
+        fail "highlighted is what did not match"
+fi
+echo '[]' | "$velmo" list activated - --activate - 2>&1 | grep -qF 'standard input can stand for one file' ||
+    fail "standard input read twice"
+
 # Looking up: in the order of the tree; the flat way finds groups, and one item.
 expect 0 '^\[\{"Id":337,.*\{"Id":339,[^{]*\}\]$' lookup "$fonts" 339,337 339 --json
 expect 0 '^1 font$' lookup "$fonts" 339 -5

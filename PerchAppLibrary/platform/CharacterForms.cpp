@@ -14,7 +14,12 @@ std::optional<std::string_view> CharacterForms::formOf(std::string_view text) {
     m_form.clear();
     std::uint8_t lastClass = 0;
     for (std::size_t offset = 0; offset < text.size();) {
-        const Entry& entry = entryOf(nextCodePoint(text, offset));
+        const UChar32 codePoint = nextCodePoint(text, offset);
+        if (appendHangul(codePoint)) {
+            lastClass = 0;
+            continue;
+        }
+        const Entry& entry = entryOf(codePoint);
         const bool isOutOfOrder = entry.firstClass != 0 && entry.firstClass < lastClass;
         if (isOutOfOrder || entry.length == tooLong)
             return std::nullopt;
@@ -22,6 +27,20 @@ std::optional<std::string_view> CharacterForms::formOf(std::string_view text) {
         m_form.append(entry.bytes, entry.length);
     }
     return m_form;
+}
+
+bool CharacterForms::appendHangul(std::int32_t codePoint) {
+    constexpr std::int32_t firstSyllable = 0xAC00, firstLead = 0x1100, firstVowel = 0x1161,
+                           beforeTrails = 0x11A7;
+    constexpr std::int32_t vowels = 21, trails = 28, syllables = 19 * vowels * trails;
+    const std::int32_t index = codePoint - firstSyllable;
+    if (index < 0 || index >= syllables)
+        return false;
+    append(m_form, firstLead + index / (vowels * trails));
+    append(m_form, firstVowel + index / trails % vowels);
+    if (index % trails != 0)
+        append(m_form, beforeTrails + index % trails);
+    return true;
 }
 
 const CharacterForms::Entry& CharacterForms::entryOf(std::int32_t codePoint) {

@@ -29,8 +29,12 @@ private:
         std::uint8_t firstClass = 0; // canonical combining classes of the ends of its decomposition
         std::uint8_t lastClass = 0;
         std::uint8_t length = 0; // of the compared form, or tooLong
-        char bytes[9] = {};      // three Hangul letters
+        char bytes[9] = {};      // three characters of three bytes each
     };
+
+    /// Appends the letters of a Hangul syllable, which are worked out (Unicode Standard, section 3.12) and have no case; false for
+    /// any other character.
+    bool appendHangul(std::int32_t codePoint);
 
     const Entry& entryOf(std::int32_t codePoint);
     void fill(Entry& entry, std::int32_t codePoint) const;

@@ -32,7 +32,7 @@ bool isIdeographAt(std::string_view text, std::size_t offset) noexcept {
 }
 
 bool isPlainText(std::string_view text) noexcept {
-    if ((anyBytes(text) & highBits) == 0)
+    if (isASCII(text))
         return true;
     for (std::size_t offset = 0; offset < text.size();) {
         if (byteAt(text, offset) < firstBeyondASCII)

@@ -20,7 +20,7 @@ class CharacterForms;
 ///
 /// Most texts are plain: ASCII, and Chinese ideographs (U+3400 to U+9FFF), which have no case but that of ASCII and no
 /// decomposition, and combine with nothing. The bytes of a plain text need no Unicode service. Of other texts, those in which
-/// no mark stands by itself are put together from the forms of their characters, which are asked for once.
+/// no mark stands by itself are put together from the forms of their characters, the latest of which are kept.
 class ComparedText {
 public:
     /// An empty text.

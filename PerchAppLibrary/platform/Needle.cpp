@@ -2,6 +2,7 @@
 
 #include <PerchAppLibrary/platform/ByteMatches.hpp>
 #include <PerchAppLibrary/platform/ICU.hpp>
+#include <PerchAppLibrary/platform/Words.hpp>
 
 #include <algorithm>
 #include <bit>
@@ -73,9 +74,7 @@ std::size_t findShort(std::string_view text, std::size_t length, const EndsPair&
 } // namespace
 
 Needle::Needle(std::string_view text)
-    : m_text(text),
-      m_isASCII((anyBytes(m_text.bytes()) & highBits) == 0),
-      m_isTold(TextSignature::isExact(m_text.bytes())) {
+    : m_text(text), m_isASCII(isASCII(m_text.bytes())), m_isTold(TextSignature::isExact(m_text.bytes())) {
     m_signature.add(m_text);
     const std::string_view needle = m_text.bytes();
     if (needle.size() > longestShortNeedle)

@@ -6,7 +6,7 @@ namespace PerchAppLibrary::text {
 
 void SearchedText::assign(std::string_view text) noexcept {
     m_source = text;
-    m_isASCII = (anyBytes(text) & highBits) == 0;
+    m_isASCII = text::isASCII(text);
     m_isFolded = false;
 }
 

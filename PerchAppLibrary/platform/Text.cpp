@@ -1,6 +1,7 @@
 #include <PerchAppLibrary/platform/Text.hpp>
 
 #include <PerchAppLibrary/platform/ICU.hpp>
+#include <PerchAppLibrary/platform/Words.hpp>
 
 #include <simdjson.h>
 #include <unicode/brkiter.h>
@@ -17,10 +18,6 @@
 
 namespace PerchAppLibrary::text {
 namespace {
-
-bool isASCII(std::string_view text) noexcept {
-    return std::ranges::none_of(text, [](char byte) { return static_cast<signed char>(byte) < 0; });
-}
 
 /// Marks that follow one another without end: ICU orders them by insertion, which takes the square of their number.
 bool hasLongRunOfMarks(std::string_view text) {

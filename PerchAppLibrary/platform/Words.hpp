@@ -47,6 +47,8 @@ inline Word anyBytes(std::string_view text) noexcept {
     return any;
 }
 
+inline bool isASCII(std::string_view text) noexcept { return (anyBytes(text) & highBits) == 0; }
+
 /// The byte, eight times.
 constexpr Word repeated(char byte) noexcept { return everyByte * static_cast<std::uint8_t>(byte); }
 

@@ -58,7 +58,8 @@ class FontTagItem : public PerchAppLibrary::BaseEntity {
     /// children together with "Or", those in all of them with "And"; by any other SubTagFilterType the first one's.
     /// Absent when no child is ticked, whether the group itself is ticked or not. Children count as plain tags
     /// here, whatever they are. The list of one child comes as stored, a combination in ascending order and
-    /// without duplicates. Linear in all the lists together.
+    /// without duplicates. Linear in all the lists together while the identifiers
+    /// lie close together.
     PERCH_COMPUTED(std::optional<std::vector<std::int64_t>>, CheckedFontTagFontIdList);
 
     PERCH_RECORD_END;

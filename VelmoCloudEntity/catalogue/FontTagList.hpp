@@ -27,7 +27,8 @@ public:
     /// The identifiers that every tag with something to say lets pass: of a group, those in its
     /// CheckedFontTagFontIdList, if it has one; of a ticked plain tag that has sub-tags, those in its own FontIdList.
     /// A plain tag without sub-tags says nothing here. In ascending order and without duplicates, but when no tag has
-    /// anything to say: then `fontIdList` as it is. Linear in all the lists together.
+    /// anything to say: then `fontIdList` as it is. Linear in all the lists together
+    /// while the identifiers lie close together.
     static std::vector<std::int64_t> getCheckedFontTagFontIdList(const Records<FontTagItem>& tags,
                                                                  const std::vector<std::int64_t>& fontIdList);
 };

@@ -5,6 +5,7 @@
 #include <PerchAppLibrary/platform/Prefetch.hpp>
 
 #include <algorithm>
+#include <array>
 #include <cstddef>
 #include <memory>
 #include <span>
@@ -25,22 +26,29 @@ struct PrefetchWalked {
     }
 };
 
+/// So many items does a walk look ahead: enough to keep the memory busy, and few enough for the nearest cache.
+constexpr std::size_t mostAhead = 16;
+
 /// Asks the memory for what a walk reads of these items, of the groups among them, and of the first members of each: one
 /// kind after the other, so that waiting for the first of a kind is waiting for all.
 template <class Item, class Prefetch>
 void prefetchBranches(std::span<const std::shared_ptr<Item>> items, Prefetch prefetchItem) {
-    const auto forEachGroup = [items](auto&& visit) {
-        for (const std::shared_ptr<Item>& item : items)
-            if (item->IsGroup())
-                visit(item->Children());
+    std::array<const Records<Item>*, mostAhead> groups;
+    std::size_t groupCount = 0;
+    const auto forEachGroup = [&](auto&& visit) {
+        for (const Records<Item>* const members : std::span(groups).first(groupCount))
+            visit(*members);
     };
     for (const std::shared_ptr<Item>& item : items)
         prefetchItem(*item);
+    for (const std::shared_ptr<Item>& item : items)
+        if (item->IsGroup())
+            groups[groupCount++] = &item->Children();
     forEachGroup([](const Records<Item>& members) { PerchAppLibrary::prefetch(&members); });
     forEachGroup([](const Records<Item>& members) { PerchAppLibrary::prefetch(members.data()); });
     forEachGroup([prefetchItem](const Records<Item>& members) {
-        const auto first = std::span(members).first(std::min<std::size_t>(members.size(), 16));
-        for (const std::shared_ptr<Item>& member : first)
+        for (const std::shared_ptr<Item>& member :
+             std::span(members).first(std::min(members.size(), mostAhead)))
             prefetchItem(*member);
     });
 }
@@ -50,7 +58,6 @@ void prefetchBranches(std::span<const std::shared_ptr<Item>> items, Prefetch pre
 /// of which the walk knows may bring its own `prefetchItem(item)`.
 template <class Item, class Visitor, class Prefetch = PrefetchWalked>
 void forEachLeaf(const Records<Item>& list, Visitor&& visit, Prefetch prefetchItem = {}) {
-    constexpr std::size_t ahead = 16; // enough to keep the memory busy, and few enough for the nearest cache
     struct Level {
         std::span<const std::shared_ptr<Item>> left;
         std::size_t prefetched = 0; // the first of these
@@ -68,7 +75,7 @@ void forEachLeaf(const Records<Item>& list, Visitor&& visit, Prefetch prefetchIt
             continue;
         }
         if (level.prefetched == 0) {
-            level.prefetched = std::min(level.left.size(), ahead);
+            level.prefetched = std::min(level.left.size(), mostAhead);
             prefetchBranches(level.left.first(level.prefetched), prefetchItem);
         }
         const std::shared_ptr<Item>& item = level.left.front();

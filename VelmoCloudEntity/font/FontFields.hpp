@@ -27,7 +27,8 @@ public:
     /// Of the names by which a font is searched, as they are stored: ProductName, ProductSetName, ProductFileName, displayName.
     const PerchAppLibrary::text::CachedSignature& nameSignature() const noexcept { return m_nameSignature; }
 
-    /// Ask the memory for the names, and, when these are there, for the texts that they keep elsewhere.
+    /// Ask the memory for the names (the first, one from the middle and the last of what lies side by side), and, when these are
+    /// there, for the texts that they keep elsewhere, of which few fonts have a displayName.
     void prefetchNames() const noexcept;
     void prefetchTexts() const noexcept;
 

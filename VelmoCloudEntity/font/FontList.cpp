@@ -4,14 +4,13 @@
 #include <VelmoCloudEntity/entity/LeafWalk.hpp>
 #include <VelmoCloudEntity/font/FontNames.hpp>
 #include <VelmoCloudEntity/font/FontReferences.hpp>
+#include <VelmoCloudEntity/font/searchedCharacters.hpp>
 
 #include <PerchAppLibrary/IdSet.hpp>
 #include <PerchAppLibrary/platform/Needle.hpp>
 #include <PerchAppLibrary/platform/NeedleSet.hpp>
-#include <PerchAppLibrary/platform/Text.hpp>
 
 #include <algorithm>
-#include <unordered_set>
 
 namespace VelmoCloudEntity {
 
@@ -21,7 +20,6 @@ using PerchAppLibrary::text::ComparedText;
 using PerchAppLibrary::text::Needle;
 using PerchAppLibrary::text::NeedleSet;
 using PerchAppLibrary::text::SearchedText;
-namespace text = PerchAppLibrary::text;
 
 namespace {
 
@@ -48,19 +46,11 @@ bool carriesAll(const IdSet::Ids& tags, const IdSet::Ids& ids) {
     return std::ranges::all_of(ids, [&carried](std::int64_t id) { return carried.contains(id); });
 }
 
-/// The needles of FontList::isFontMatchedByCharacter(), each once.
+/// The needles of FontList::isFontMatchedByCharacter().
 NeedleSet charactersOf(std::string_view key) {
     NeedleSet needles;
-    std::unordered_set<std::string_view> seen;
-    const std::size_t count = text::graphemeCount(key);
-    for (std::size_t unit = 0; unit < count;) {
-        const std::string_view character = text::firstCodePoint(key);
-        key.remove_prefix(character.size());
-        const std::size_t units = text::utf16Length(character);
-        if (units == 1 && seen.insert(character).second)
-            needles.add(character);
-        unit += units;
-    }
+    for (const std::string_view character : searchedCharacters(key))
+        needles.add(character);
     return needles;
 }
 

@@ -73,6 +73,7 @@ private:
         if (passes(name, test))
             return true;
         const std::string& setName = font.ProductSetName();
+        // An override may answer both from one member, in which the set name now stands.
         const bool isTried = m_name.isASCII() && &setName != &name && name.starts_with(setName);
         if ((!isTried && passes(setName, test)) || passes(font.ProductFileName(), test))
             return true;
@@ -96,7 +97,7 @@ private:
 template <class Tell, class Visitor>
 void forEachNamedLeaf(const Records<FontItem>& list, Tell&& tell, Visitor&& visit) {
     struct Waiting {
-        const std::shared_ptr<FontItem>* leaf;
+        std::shared_ptr<FontItem> leaf; // kept: the array it stands in may go before it is visited
         bool isTold;
     };
     std::array<Waiting, 32> waiting;
@@ -104,9 +105,9 @@ void forEachNamedLeaf(const Records<FontItem>& list, Tell&& tell, Visitor&& visi
     const auto visitAll = [&] {
         for (const Waiting& each : std::span(waiting).first(count))
             if (!each.isTold)
-                (*each.leaf)->prefetchTexts();
+                each.leaf->prefetchTexts();
         for (const Waiting& each : std::span(waiting).first(count))
-            visit(*each.leaf);
+            visit(each.leaf);
         count = 0;
     };
     const auto sort = [&](const std::shared_ptr<FontItem>& leaf) {
@@ -115,7 +116,7 @@ void forEachNamedLeaf(const Records<FontItem>& list, Tell&& tell, Visitor&& visi
             return;
         if (!told)
             leaf->prefetchNames();
-        waiting[count++] = {&leaf, told.has_value()};
+        waiting[count++] = {leaf, told.has_value()};
         if (count == waiting.size())
             visitAll();
     };

@@ -30,8 +30,7 @@ private:
     PerchAppLibrary::IdSet m_public; // identifiers of the public and of the private references
     PerchAppLibrary::IdSet m_private;
     std::optional<TextSet> m_names;
-    PerchAppLibrary::text::ComparedText
-        m_name; // decomposed: of the font that is asked for, or of a reference
+    PerchAppLibrary::text::ComparedText m_name; // decomposed: of a font that is asked for, or of a reference
 };
 
 } // namespace VelmoCloudEntity

@@ -29,6 +29,8 @@ std::string readAll(const std::string& file, std::FILE* stream) {
 }
 
 std::string readFile(const std::string& file) {
+    if (file == "-" && std::feof(stdin) != 0)
+        throw Failure("standard input can stand for one file, not for several");
     if (file == "-")
         return readAll(file, stdin);
     const std::unique_ptr<std::FILE, int (*)(std::FILE*)> stream(std::fopen(file.c_str(), "rb"),

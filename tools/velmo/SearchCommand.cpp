@@ -3,8 +3,9 @@
 #include "Table.hpp"
 #include "Terminal.hpp"
 
+#include <VelmoCloudEntity/font/searchedCharacters.hpp>
+
 #include <PerchAppLibrary/platform/Needle.hpp>
-#include <PerchAppLibrary/platform/Text.hpp>
 
 #include <CLI/App.hpp>
 #include <fmt/format.h>
@@ -32,11 +33,8 @@ std::vector<Needle> wholeOf(std::string_view key) {
 
 std::vector<Needle> charactersOf(std::string_view key) {
     std::vector<Needle> characters;
-    while (!key.empty()) {
-        const std::string_view character = PerchAppLibrary::text::firstCodePoint(key);
+    for (const std::string_view character : VelmoCloudEntity::searchedCharacters(key))
         characters.emplace_back(character);
-        key.remove_prefix(character.size());
-    }
     return characters;
 }
 
@@ -82,7 +80,7 @@ void printForPeople(const Fonts& whole, const Fonts& character, const std::strin
     if (!rest.empty())
         print("\n" + tableOf(rest, charactersOf(key)).text());
     print(fmt::format("{} with one of its characters; {} in all\n", countOfFonts(std::ssize(rest)),
-                      character.size()));
+                      whole.size() + rest.size()));
 }
 
 ExitStatus search(const SearchOptions& options) {
