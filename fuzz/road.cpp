@@ -1,6 +1,7 @@
 // Fuzzes the whole road: any bytes are a document or a ParseError; a document becomes fonts, which are asked
-// for everything that cannot end the process, searched, marked by themselves, exported, and read again to the same export.
+// for everything that cannot end the process, searched, marked by themselves, exported, and read again to the same export; and a user, likewise.
 #include <VelmoCloudEntity/account/UserFontActivateMapItem.hpp>
+#include <VelmoCloudEntity/account/UserItem.hpp>
 #include <VelmoCloudEntity/catalogue/FontTagList.hpp>
 #include <VelmoCloudEntity/entity/LeafWalk.hpp>
 #include <VelmoCloudEntity/font/FontList.hpp>
@@ -82,6 +83,9 @@ void walk(const JSON& json) {
             leaves.size()); // every font matches its own reading
     const auto map = UserFontActivateMapItem::create(json);
     require(map->FontList().size() == json["FontList"].arrayValue().size());
+    const std::string user =
+        PerchAppLibrary::toText(UserItem::create(json)->Dict()); // with a token of any kind
+    require(PerchAppLibrary::toText(UserItem::create(JSON::parse(user))->Dict()) == user);
 }
 
 } // namespace

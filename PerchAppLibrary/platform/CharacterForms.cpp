@@ -30,9 +30,13 @@ std::optional<std::string_view> CharacterForms::formOf(std::string_view text) {
 }
 
 bool CharacterForms::appendHangul(std::int32_t codePoint) {
-    constexpr std::int32_t firstSyllable = 0xAC00, firstLead = 0x1100, firstVowel = 0x1161,
-                           beforeTrails = 0x11A7;
-    constexpr std::int32_t vowels = 21, trails = 28, syllables = 19 * vowels * trails;
+    constexpr std::int32_t firstSyllable = 0xAC00;
+    constexpr std::int32_t firstLead = 0x1100;
+    constexpr std::int32_t firstVowel = 0x1161;
+    constexpr std::int32_t beforeTrails = 0x11A7;
+    constexpr std::int32_t vowels = 21;
+    constexpr std::int32_t trails = 28; // none among them
+    constexpr std::int32_t syllables = 19 * vowels * trails;
     const std::int32_t index = codePoint - firstSyllable;
     if (index < 0 || index >= syllables)
         return false;

@@ -4,7 +4,6 @@
 #include <PerchAppLibrary/record/RecordSchema.hpp>
 
 #include <initializer_list>
-#include <typeinfo>
 
 namespace VelmoCloudEntity {
 
@@ -24,10 +23,7 @@ constexpr std::initializer_list<const char*> fontLists{"Fonts", "Activates", "Fa
 
 void UserItem::setValue(const JSON& json) {
     static const Included included(fontLists);
-    if (typeid(*this) == typeid(UserItem))
-        UserItem::setValue(json, included);
-    else
-        setValue(json, included);
+    setValue(json, included);
 }
 
 void UserItem::setValue(const JSON& json, Included) {

@@ -57,7 +57,7 @@ std::shared_ptr<Record> make(const JSON& json) {
     }
 }
 
-Dictionary describe(std::string_view name, const std::string& kind, Value whenNew) {
+Dictionary describeProperty(std::string_view name, const std::string& kind, Value whenNew) {
     return {{"name", name}, {"kind", kind}, {"default", std::move(whenNew)}};
 }
 
@@ -72,7 +72,7 @@ RecordType record() {
                 for (const Property& property : record->schema().properties())
                     if (property.isStored() && base.schema().find(property.name) == RecordSchema::notFound)
                         properties.push_back(
-                            describe(property.name, property.kind(), property.value(*record)));
+                            describeProperty(property.name, property.kind(), property.value(*record)));
                 return properties;
             }};
 }
@@ -99,7 +99,7 @@ RecordType list(const char* name) {
                 using Item = std::remove_cvref_t<decltype(*itemsOf(empty).front())>;
                 const char* const property = requires { empty.List(); } ? "List" : "list"; // as its accessor
                 return ValueArray{
-                    describe(property, "array of " + std::string(Item::recordName), ValueArray())};
+                    describeProperty(property, "array of " + std::string(Item::recordName), ValueArray())};
             }};
 }
 
