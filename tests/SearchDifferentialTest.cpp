@@ -390,17 +390,26 @@ struct FreshGroup : FontItem {
         for (const char* const name : {"Song", "Kai", "Song Ti"})
             members.push_back(FontItem::create({.productName = name}));
         made = std::move(members);
+        ++timesMade;
         return made;
     }
     bool IsGroup() const override { return true; }
     mutable Fonts made;
+    mutable int timesMade = 0;
 };
 
 TEST(SearchDifferential, KeepsMembersThatAreMadeForEachReading) {
-    const std::shared_ptr<FontItem> group = std::make_shared<FreshGroup>();
+    const auto group = std::make_shared<FreshGroup>();
     EXPECT_EQ(FontList::getFontByKey({group, group}, "song", true).size(), 4U);
     EXPECT_EQ(FontList::getFontByName({group, group, group}, "Kai", false).size(), 3U);
     EXPECT_EQ(FontList::getSearchResultFont({group, group}, "song").second.size(), 4U);
+
+    // Once for each place, however far the walk looks ahead: here two of one depth and one of the next.
+    const auto outer = FontItem::create({.groupTag = "outer"});
+    outer->setChildren({group});
+    group->timesMade = 0;
+    EXPECT_EQ(FontList::getFontCount({group, outer, group}), 9);
+    EXPECT_EQ(group->timesMade, 3);
 }
 
 /// A query leaves notes on the names that it has read; a change by any road must be seen by the next.

@@ -6,6 +6,7 @@ namespace PerchAppLibrary {
 inline void prefetch([[maybe_unused]] const void* address) noexcept {
 #if defined(__GNUC__)
     __builtin_prefetch(address);
+    asm volatile(""); // or GCC drops the call of a function that does nothing but ask
 #endif
 }
 

@@ -9,6 +9,7 @@
 #include <cstddef>
 #include <memory>
 #include <span>
+#include <typeinfo>
 #include <vector>
 
 /// The one walk that every query over a tree of records makes: of fonts, of tags.
@@ -26,31 +27,49 @@ struct PrefetchWalked {
     }
 };
 
-/// So many items does a walk look ahead: enough to keep the memory busy, and few enough for the nearest cache.
-constexpr std::size_t mostAhead = 16;
+/// How far a walk looks ahead: so many items of a list, of each group below them so many members, and so many items of one
+/// depth in all. Enough to keep the memory busy, and few enough for the nearest caches.
+constexpr std::size_t mostAhead = 32;
+constexpr std::size_t mostMembersAhead = 16;
+constexpr std::size_t mostOfDepthAhead = mostAhead * mostMembersAhead;
 
-/// Asks the memory for what a walk reads of these items, of the groups among them, and of the first members of each: one
-/// kind after the other, so that waiting for the first of a kind is waiting for all.
+/// Whether the item is of this very class, so that its fields can be looked at ahead: the accessors of a subclass may do
+/// anything, and are called when the walk gets there.
+template <class Item>
+bool isOfVeryClass(const Item& item) {
+    return typeid(item) == typeid(Item);
+}
+
+/// Asks the memory for what a walk reads of the items, and below the groups among them: depth by depth and, in each, one kind
+/// of thing after the other, so that waiting for the first of them is waiting for all.
 template <class Item, class Prefetch>
 void prefetchBranches(std::span<const std::shared_ptr<Item>> items, Prefetch prefetchItem) {
-    std::array<const Records<Item>*, mostAhead> groups;
-    std::size_t groupCount = 0;
-    const auto forEachGroup = [&](auto&& visit) {
-        for (const Records<Item>* const members : std::span(groups).first(groupCount))
-            visit(*members);
+    std::array<const Item*, mostOfDepthAhead> depth;
+    std::array<const Records<Item>*, mostOfDepthAhead> groups;
+    std::size_t itemCount = 0;
+    const auto addAll = [&](std::span<const std::shared_ptr<Item>> added) {
+        for (const std::shared_ptr<Item>& item :
+             added.first(std::min(added.size(), depth.size() - itemCount)))
+            depth[itemCount++] = item.get();
     };
-    for (const std::shared_ptr<Item>& item : items)
-        prefetchItem(*item);
-    for (const std::shared_ptr<Item>& item : items)
-        if (item->IsGroup())
-            groups[groupCount++] = &item->Children();
-    forEachGroup([](const Records<Item>& members) { PerchAppLibrary::prefetch(&members); });
-    forEachGroup([](const Records<Item>& members) { PerchAppLibrary::prefetch(members.data()); });
-    forEachGroup([prefetchItem](const Records<Item>& members) {
-        for (const std::shared_ptr<Item>& member :
-             std::span(members).first(std::min(members.size(), mostAhead)))
-            prefetchItem(*member);
-    });
+    addAll(items);
+    while (itemCount > 0) {
+        const std::span found = std::span(depth).first(itemCount);
+        for (const Item* const item : found)
+            prefetchItem(*item);
+        std::size_t groupCount = 0;
+        for (const Item* const item : found)
+            if (isOfVeryClass(*item) && item->Item::IsGroup())
+                groups[groupCount++] = &item->Item::Children();
+        const std::span branches = std::span(groups).first(groupCount);
+        for (const Records<Item>* const members : branches)
+            PerchAppLibrary::prefetch(members);
+        for (const Records<Item>* const members : branches)
+            PerchAppLibrary::prefetch(members->data());
+        itemCount = 0;
+        for (const Records<Item>* const members : branches)
+            addAll(std::span(*members).first(std::min(members->size(), mostMembersAhead)));
+    }
 }
 
 /// Visits the leaves below the list, depth first, in order: an item that is a group is replaced by its
@@ -60,11 +79,9 @@ template <class Item, class Visitor, class Prefetch = PrefetchWalked>
 void forEachLeaf(const Records<Item>& list, Visitor&& visit, Prefetch prefetchItem = {}) {
     struct Level {
         std::span<const std::shared_ptr<Item>> left;
-        std::size_t prefetched = 0; // the first of these
-
-        explicit Level(const Records<Item>& items) : left(items) {}
+        std::size_t prefetched; // the first of these
     };
-    Level level(list);
+    Level level{list, 0};
     std::vector<Level> outer;
     while (true) {
         if (level.left.empty()) {
@@ -86,7 +103,8 @@ void forEachLeaf(const Records<Item>& list, Visitor&& visit, Prefetch prefetchIt
             continue;
         }
         outer.push_back(level);
-        level = Level(item->Children());
+        const Records<Item>& members = item->Children();
+        level = {members, isOfVeryClass(*item) ? std::min(members.size(), mostMembersAhead) : 0};
     }
 }
 
