@@ -1,13 +1,11 @@
 #include <PerchAppLibrary/BaseEntity.hpp>
 
 #include <PerchAppLibrary/JSONElement.hpp>
-#include <PerchAppLibrary/fatalError.hpp>
 #include <PerchAppLibrary/record/Conversion.hpp>
 #include <PerchAppLibrary/record/RecordSchema.hpp>
 
 #include <boost/container/small_vector.hpp>
 
-#include <algorithm>
 #include <bit>
 #include <cstdint>
 #include <optional>
@@ -143,23 +141,11 @@ Value BaseEntity::value(std::string_view name) const {
 Dictionary BaseEntity::properties() const { return reflect({}); }
 
 Dictionary BaseEntity::reflect(const Excluded& excluded) const {
-    const std::span<const Property> all = schema().properties();
-    boost::container::small_vector<bool, usualPropertyCount> left(all.size());
-    std::ranges::transform(all, left.begin(), &Property::isStored);
-    for (const std::string& key : excluded.keys()) {
-        std::size_t index = 0;
-        while (index < all.size() && !(left[index] && all[index].name == key))
-            ++index;
-        if (index == all.size())
-            fatalError(std::string(schema().className()) + " has no stored property \"" + key +
-                       "\" to exclude");
-        left[index] = false;
-    }
+    const std::vector<const Property*> left = schema().storedWithout(excluded);
     Dictionary dictionary;
-    dictionary.reserve(all.size());
-    for (std::size_t index = 0; index < all.size(); ++index)
-        if (left[index])
-            dictionary.insert_or_assign(all[index].name, all[index].value(*this));
+    dictionary.reserve(left.size() + 1); // nested records that a class adds
+    for (const Property* const property : left)
+        dictionary.insert_or_assign(property->name, property->value(*this));
     return dictionary;
 }
 

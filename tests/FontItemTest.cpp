@@ -8,6 +8,7 @@
 
 #include <filesystem>
 #include <fstream>
+#include <limits>
 #include <random>
 #include <string>
 #include <tuple>
@@ -59,6 +60,28 @@ TEST(FontItem, ExportsAndReadsBackItsPropertiesInOrderTheChildrenLast) {
     EXPECT_EQ(toText(parsed(toText(document))->Dict()), toText(document));
     EXPECT_EQ(toText(parsed(R"({"isActivated":true,"displayName":"D","previewText":"P"})")->Dict()),
               defaults);
+}
+
+/// Fonts of classes of their own, of which one changes what is exported and one the export.
+struct RenamedFont : FontItem {
+    const std::string& ProductName() const override { return PostscriptName(); }
+};
+struct BriefFont : FontItem {
+    Dictionary Dict() const override { return {{"brief", Id()}}; }
+};
+
+TEST(FontItem, ExportsTheSameTextWithDictionariesAndWithout) {
+    const auto texts = FontItem::create({.productName = "quote \" back \\ slash / line \n nul \1 del \x7F"});
+    texts->setPostscriptName("ill-formed \xFF\xC3(\xED\xA0\x80 end");
+    texts->setCopyright("宋体 \U0001F600 \xC2\x85");
+    texts->setTags({-1, std::numeric_limits<std::int64_t>::min(), std::numeric_limits<std::int64_t>::max()});
+    texts->setGuid("rare");
+    const auto renamed =
+        FontItem::create<RenamedFont>(JSON::parse(R"({"PostscriptName":"p","ProductName":"n"})"));
+    const auto group = nested(2, FontItem::create<BriefFont>(JSON::parse(R"({"Id":5})")));
+    group->setChildren({texts, renamed, group->Children().front()});
+    for (const Records<FontItem>& list : {Records<FontItem>{}, {texts}, {group, renamed, texts}})
+        EXPECT_EQ(FontItem::getFontArrayText(list), toText(FontItem::getFontArray(list)));
 }
 
 TEST(FontItem, ConstructorsSetWhatTheirLabelsSayAndNothingElse) {

@@ -1,4 +1,6 @@
+#include <PerchAppLibrary/Dictionary.hpp>
 #include <PerchAppLibrary/JSON.hpp>
+#include <PerchAppLibrary/platform/JSONText.hpp>
 
 #include <PerchAppLibrary/record/Mapping.hpp>
 
@@ -131,6 +133,20 @@ TEST(JSON, KeepsTheDocumentAliveAndTheLastOfARepeatedKey) {
         inner = json["b"];
     }
     EXPECT_EQ(convert<std::string>(inner["c"]), "last");
+}
+
+/// Any byte, at any place in a word or behind the last whole one.
+TEST(JSON, TextsAreWrittenDirectlyAsByWayOfAValue) {
+    for (int byte = 0; byte < 256; ++byte)
+        for (const std::size_t size : {0U, 1U, 7U, 8U, 9U, 20U})
+            for (std::size_t place = 0; place <= size; ++place) {
+                std::string content(size, 'a');
+                content.insert(place, 1, static_cast<char>(byte));
+                std::string written = "before";
+                PerchAppLibrary::text::appendJSONString(written, content);
+                EXPECT_EQ(written, "before" + PerchAppLibrary::toText(PerchAppLibrary::toValue(content)))
+                    << byte << ' ' << size << ' ' << place;
+            }
 }
 
 } // namespace

@@ -1,5 +1,7 @@
 #include <PerchAppLibrary/record/RecordSchema.hpp>
 
+#include <PerchAppLibrary/fatalError.hpp>
+
 #include <boost/unordered/unordered_flat_map.hpp>
 
 #include <algorithm>
@@ -58,6 +60,20 @@ RecordSchema::~RecordSchema() = default;
 std::size_t RecordSchema::find(std::string_view name) const noexcept {
     const auto found = m_byName->indices.find(name);
     return found == m_byName->indices.end() ? notFound : found->second;
+}
+
+std::vector<const Property*> RecordSchema::storedWithout(const Excluded& excluded) const {
+    std::vector<const Property*> left;
+    for (const Property& property : m_properties)
+        left.push_back(property.isStored() ? &property : nullptr);
+    for (const std::string& key : excluded.keys()) {
+        const std::size_t index = find(key);
+        if (index == notFound || left[index] == nullptr)
+            fatalError(std::string(m_className) + " has no stored property \"" + key + "\" to exclude");
+        left[index] = nullptr;
+    }
+    std::erase(left, nullptr);
+    return left;
 }
 
 namespace {

@@ -2,6 +2,7 @@
 
 #include <PerchAppLibrary/BaseEntity.hpp>
 #include <PerchAppLibrary/Dictionary.hpp>
+#include <PerchAppLibrary/record/KeyList.hpp>
 #include <PerchAppLibrary/record/Record.hpp>
 
 #include <cstdint>
@@ -79,6 +80,10 @@ public:
 
     /// The properties that the class itself declares.
     std::span<const Property> ownProperties() const noexcept { return properties().subspan(m_firstOwn); }
+
+    /// The stored properties without the excluded ones, in their order. Ends the process (fatalError) when an excluded name is
+    /// not that of a stored property.
+    std::vector<const Property*> storedWithout(const Excluded& excluded) const;
 
     /// What find() answers for a name that no property has.
     static constexpr std::size_t notFound = static_cast<std::size_t>(-1);

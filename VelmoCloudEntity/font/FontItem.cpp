@@ -6,6 +6,7 @@
 #include <PerchAppLibrary/platform/Path.hpp>
 #include <PerchAppLibrary/platform/Text.hpp>
 #include <PerchAppLibrary/platform/URL.hpp>
+#include <PerchAppLibrary/record/DictText.hpp>
 #include <PerchAppLibrary/record/RecordSchema.hpp>
 
 #include <algorithm>
@@ -17,6 +18,7 @@ namespace VelmoCloudEntity {
 
 using PerchAppLibrary::ApplicationManager;
 using PerchAppLibrary::Dictionary;
+using PerchAppLibrary::DictText;
 using PerchAppLibrary::Excluded;
 using PerchAppLibrary::fatalError;
 using PerchAppLibrary::JSON;
@@ -38,6 +40,12 @@ std::optional<std::string> withoutExtension(const std::string& fileName) {
     if (length < extensionLength)
         return std::nullopt;
     return text::utf16Substring(fileName, 0, length - extensionLength);
+}
+
+/// What Dict leaves out, or adds by itself.
+const Excluded& notReflected() {
+    static const Excluded excluded{"displayName", "previewText", "isActivated", "Children"};
+    return excluded;
 }
 
 std::string requireStem(const FontItem& font) {
@@ -68,8 +76,7 @@ void FontItem::setValue(const JSON& json) {
 }
 
 Dictionary FontItem::Dict() const {
-    static const Excluded excluded{"displayName", "previewText", "isActivated", "Children"};
-    Dictionary dictionary = reflect(excluded);
+    Dictionary dictionary = reflect(notReflected());
     PerchAppLibrary::ValueArray members;
     members.reserve(Children().size());
     for (const std::shared_ptr<FontItem>& member : Children())
@@ -84,6 +91,35 @@ std::vector<Dictionary> FontItem::getFontArray(const Records<FontItem>& list) {
     for (const std::shared_ptr<FontItem>& font : list)
         dictionaries.push_back(font->Dict());
     return dictionaries;
+}
+
+std::string FontItem::getFontArrayText(const Records<FontItem>& list) {
+    std::string text;
+    appendText(text, list);
+    return text;
+}
+
+void FontItem::appendText(std::string& text, const Records<FontItem>& list) {
+    text += '[';
+    for (const std::shared_ptr<FontItem>& font : list) {
+        if (&font != list.data())
+            text += ',';
+        font->appendText(text);
+    }
+    text += ']';
+}
+
+void FontItem::appendText(std::string& text) const {
+    if (typeid(*this) != typeid(FontItem)) { // whose accessors, and Dict itself, may be overridden
+        text += PerchAppLibrary::toText(Dict());
+        return;
+    }
+    static const DictText reflected(schema(), notReflected());
+    text += '{';
+    reflected.append(text, *this);
+    text += ",\"Children\":";
+    appendText(text, m_Children);
+    text += '}';
 }
 
 bool FontItem::IsActivated() const {

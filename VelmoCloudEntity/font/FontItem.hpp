@@ -174,6 +174,10 @@ class FontItem : public FontFields {
     /// The Dicts of the fonts, in order.
     static std::vector<PerchAppLibrary::Dictionary> getFontArray(const Records<FontItem>& list);
 
+    /// The text of a JSON array of these (RFC 8259, without white space): what toText(getFontArray(list)) gives, without the
+    /// dictionaries, so several times as fast.
+    static std::string getFontArrayText(const Records<FontItem>& list);
+
     /// The text that DisplayName() gives, without a copy: null where it is worked out, of a group or, as far as can be
     /// known, by a subclass.
     const std::string* storedDisplayName() const;
@@ -217,6 +221,8 @@ private:
     void init(GroupLabels labels);
 
     const std::string& nameToDisplay() const; // of a leaf
+    void appendText(std::string& text) const; // of Dict()
+    static void appendText(std::string& text, const Records<FontItem>& list);
     std::string previewName(bool isFixed, const std::string& previewTag, const std::string& colorTag,
                             std::int64_t fontSize) const;
 };

@@ -13,7 +13,7 @@ struct ExportOptions {
 };
 
 ExitStatus exportFonts(const ExportOptions& options) {
-    print(PerchAppLibrary::toText(FontItem::getFontArray(readFontList(options.source).List())) + "\n");
+    print(FontItem::getFontArrayText(readFontList(options.source).List()) + "\n");
     return ExitStatus::done;
 }
 
