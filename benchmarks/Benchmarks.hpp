@@ -14,6 +14,9 @@ struct FontDocument {
 
 FontDocument repeatedSample(std::size_t leastFonts);
 
+/// A reply as it arrives in a client's buffer, with room for the padding that simdjson wants.
+std::string reply(const FontDocument& document);
+
 using Fonts = VelmoCloudEntity::Records<VelmoCloudEntity::FontItem>;
 
 /// A document read, with its number of leaf fonts.
@@ -27,8 +30,11 @@ struct FontTree {
 // Each registers the comparisons of one kind of work. What they are given must live until the benchmarks have run. They
 // throw when the sides of a comparison do not come to the same result.
 
-/// Loading a document: by the library, by simdjson on-demand and by nlohmann/json into a plain struct.
+/// Loading a document: by the library, and by the usual readers of JSON into a plain struct.
 void registerLoad(const std::shared_ptr<const FontDocument>& document);
+
+/// Writing fonts as JSON: by the library, and from a plain struct by nlohmann/json and RapidJSON.
+void registerExport(const std::shared_ptr<const FontDocument>& document);
 
 /// Reading every type of record: the library, and simdjson on-demand by hand into a plain struct.
 void registerRecords();

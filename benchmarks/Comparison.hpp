@@ -3,8 +3,9 @@
 #include <benchmark/benchmark.h>
 
 #include <cstddef>
+#include <functional>
+#include <map>
 #include <memory>
-#include <optional>
 #include <string>
 #include <utility>
 
@@ -22,12 +23,10 @@ public:
     /// what it came to. A side that does not come to the same as those before it is not timed but reported.
     template <class Run, class Digest>
     void add(const std::string& side, Run run, Digest digest) {
-        benchmark::RegisterBenchmark(nameOf(side).c_str(), [run, digest,
-                                                            agreed = m_digest](benchmark::State& state) {
-            const std::size_t own = digest(run());
-            if (!*agreed)
-                *agreed = own;
-            if (**agreed != own)
+        benchmark::RegisterBenchmark(nameOf(side).c_str(), [run, isAgreed = agreementOf(side, [run, digest] {
+                                                                     return digest(run());
+                                                                 })](benchmark::State& state) {
+            if (!isAgreed())
                 state.SkipWithError("comes to another result");
             for (auto _ : state) {
                 auto result = run();
@@ -39,11 +38,22 @@ public:
         })->Unit(benchmark::kMillisecond);
     }
 
+    /// A function that says whether the side comes to the same as the others: at its first call it asks what the side
+    /// comes to.
+    auto agreementOf(std::string side, std::function<std::size_t()> digest) const {
+        return [side = std::move(side), digest = std::move(digest), digests = m_digests] {
+            if (!digests->contains(side))
+                digests->emplace(side, digest());
+            return digests->at(side) == digests->begin()->second;
+        };
+    }
+
 private:
     std::string m_work;
     std::size_t m_leaves;
-    /// What the first of the sides that ran came to.
-    std::shared_ptr<std::optional<std::size_t>> m_digest = std::make_shared<std::optional<std::size_t>>();
+    /// What the sides that have run came to.
+    std::shared_ptr<std::map<std::string, std::size_t>> m_digests =
+        std::make_shared<std::map<std::string, std::size_t>>();
 };
 
 /// Joins the elements' hashes in their order.

@@ -27,6 +27,13 @@ FontDocument repeatedSample(std::size_t leastFonts) {
     return document;
 }
 
+std::string reply(const FontDocument& document) {
+    std::string text;
+    text.reserve(document.text.size() + 64);
+    text = document.text;
+    return text;
+}
+
 FontTree::FontTree(const FontDocument& document)
     : fonts(loadOurs(document.text).List()), leaves(document.fonts) {
     std::int64_t id = 0; // the sample's own repeat themselves

@@ -16,3 +16,10 @@ PlainFonts loadOnDemand(std::string text);
 
 /// nlohmann/json, each field looked up by its key.
 PlainFonts loadNlohmann(std::string text);
+
+/// RapidJSON in situ and Boost.JSON in a monotonic resource, the keys told apart by hand.
+PlainFonts loadRapidJSON(std::string text);
+PlainFonts loadBoostJSON(std::string text);
+
+/// QJsonDocument, each field looked up by its key.
+PlainFonts loadQt(std::string text);

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
 /// What a developer would write without the library: the same fields as a FontItem, in the same order and
@@ -117,4 +118,99 @@ void forEachField(PlainFont& font, Visitor&& visit) {
     visit("DateStampBegin", font.DateStampBegin);
     visit("DateStampEnd", font.DateStampEnd);
     visit("TopCount", font.TopCount);
+}
+
+/// Calls `read(field)` for the field with this key, if there is one: what those who go through an object's members do with
+/// each. Keys of one length are few, so that most are told apart by their length.
+template <class Read>
+void readMember(PlainFont& font, std::string_view key, Read&& read) {
+#define FIELD(Name)   \
+    if (key == #Name) \
+    return read(font.Name)
+    switch (key.size()) {
+    case 2:
+        FIELD(Id);
+        break;
+    case 4:
+        FIELD(Tags);
+        FIELD(Guid);
+        break;
+    case 5:
+        FIELD(Token);
+        break;
+    case 6:
+        FIELD(Format);
+        FIELD(IsFree);
+        FIELD(OemTag);
+        break;
+    case 7:
+        FIELD(Ordinal);
+        FIELD(Version);
+        FIELD(IsNewly);
+        FIELD(FontKey);
+        FIELD(IsGroup);
+        FIELD(FreeTag);
+        break;
+    case 8:
+        FIELD(ApplyHot);
+        FIELD(IsOnline);
+        FIELD(IsAuthed);
+        FIELD(TopCount);
+        FIELD(Children);
+        FIELD(GroupTag);
+        break;
+    case 9:
+        FIELD(Copyright);
+        FIELD(IsPrivate);
+        FIELD(IsPreOnly);
+        FIELD(ErrorCode);
+        FIELD(Exception);
+        FIELD(TimeStamp);
+        FIELD(DateStamp);
+        break;
+    case 10:
+        FIELD(IsDisabled);
+        FIELD(IsFontAuth);
+        break;
+    case 11:
+        FIELD(NameOrdinal);
+        FIELD(TopClassify);
+        FIELD(ProductName);
+        FIELD(RegisterKey);
+        FIELD(IsFavorited);
+        FIELD(UserOrdinal);
+        FIELD(displayName);
+        FIELD(previewText);
+        FIELD(isActivated);
+        break;
+    case 12:
+        FIELD(ProductSetId);
+        FIELD(IsMemberFont);
+        FIELD(DateStampEnd);
+        break;
+    case 13:
+        FIELD(AppendOrdinal);
+        FIELD(IsRecommended);
+        FIELD(ExceptionCode);
+        break;
+    case 14:
+        FIELD(ProductSetName);
+        FIELD(PostscriptName);
+        FIELD(ProductFileUrl);
+        FIELD(PreviewFileUrl);
+        FIELD(DateStampBegin);
+        break;
+    case 15:
+        FIELD(ProductFileName);
+        break;
+    case 16:
+        FIELD(ExceptionMessage);
+        break;
+    case 17:
+        FIELD(GroupCollectionId);
+        break;
+    default:
+        break;
+    }
+#undef FIELD
 }

@@ -10,6 +10,7 @@
 #include <numeric>
 #include <random>
 #include <set>
+#include <unordered_set>
 
 namespace {
 
@@ -56,15 +57,18 @@ Panel makePanel(bool isAscending) {
     return panel;
 }
 
+template <class Set>
 Ids filterBySets(const Panel& panel) {
-    std::set<std::int64_t> left(panel.fontIds.begin(), panel.fontIds.end());
+    Set left(panel.fontIds.begin(), panel.fontIds.end());
     for (const auto& group : panel.groups) {
-        std::set<std::int64_t> allowed;
+        Set allowed;
         for (const auto& tag : group->Children())
             allowed.insert(tag->FontIdList().begin(), tag->FontIdList().end());
         std::erase_if(left, [&allowed](std::int64_t id) { return !allowed.contains(id); });
     }
-    return {left.begin(), left.end()};
+    Ids ids(left.begin(), left.end());
+    std::ranges::sort(ids);
+    return ids;
 }
 
 Roaring bitmapOf(const Ids& ids) {
@@ -106,6 +110,9 @@ void registerTagFilter() {
             [panel] { return FontTagList::getCheckedFontTagFontIdList(panel->groups, panel->fontIds); },
             digestOfIds);
         filter.add("Roaring", [panel] { return filterByRoaring(*panel); }, digestOfIds);
-        filter.add("std::set", [panel] { return filterBySets(*panel); }, digestOfIds);
+        filter.add("std::set", [panel] { return filterBySets<std::set<std::int64_t>>(*panel); }, digestOfIds);
+        filter.add(
+            "std::unordered_set", [panel] { return filterBySets<std::unordered_set<std::int64_t>>(*panel); },
+            digestOfIds);
     }
 }

@@ -1,26 +1,23 @@
 // Runs the comparisons and prints them as a table: medians of interleaved repetitions, and what each side
-// takes in proportion to the library.
+// takes in proportion to the library. Takes the options of Google Benchmark and --results=FOLDER, where the table
+// goes as Markdown and as JSON, with charts.
 #include "Benchmarks.hpp"
+#include "Report.hpp"
 
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
 #include <cstdio>
 #include <exception>
+#include <filesystem>
+#include <fstream>
+#include <optional>
+#include <stdexcept>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace {
-
-/// A side's median, under the name that Comparison gave it.
-struct Median {
-    std::int64_t place; // in the order of registration
-    std::string work;
-    std::string leaves;
-    std::string side;
-    double milliseconds;
-    double bytesPerFont; // 0 where it is not measured
-};
 
 class MedianReporter : public benchmark::ConsoleReporter {
 public:
@@ -31,16 +28,16 @@ public:
                 continue;
             const std::string& name = run.run_name.function_name;
             const std::size_t behindWork = name.find('/');
-            const std::size_t behindLeaves = name.find('/', behindWork + 1);
+            const std::size_t behindFonts = name.find('/', behindWork + 1);
             const auto bytes = run.counters.find("bytes/font");
             m_medians.push_back({run.family_index, name.substr(0, behindWork),
-                                 name.substr(behindWork + 1, behindLeaves - behindWork - 1),
-                                 name.substr(behindLeaves + 1), run.GetAdjustedCPUTime(),
+                                 std::stoll(name.substr(behindWork + 1)), name.substr(behindFonts + 1),
+                                 run.GetAdjustedRealTime(),
                                  bytes == run.counters.end() ? 0.0 : double{bytes->second}});
         }
     }
 
-    /// In the order of registration, in which each comparison's own side is the first.
+    /// In the order of registration.
     std::vector<Median> medians() const {
         std::vector<Median> sorted = m_medians;
         std::ranges::sort(sorted, {}, &Median::place);
@@ -51,44 +48,58 @@ private:
     std::vector<Median> m_medians; // in the order in which they came to an end
 };
 
-void printTable(const std::vector<Median>& medians) {
-    std::printf("\nMedians of one interleaved run\n\n"
-                "| work | leaves | side | ms | its time / ours | bytes/font | our bytes / its |\n"
-                "|---|---:|---|---:|---:|---:|---:|\n");
-    const Median* ours = nullptr;
-    for (const Median& median : medians) {
-        if (ours == nullptr || ours->work != median.work || ours->leaves != median.leaves)
-            ours = &median;
-        std::printf("| %s | %s | %s | %.2f | %.2f |", median.work.c_str(), median.leaves.c_str(),
-                    median.side.c_str(), median.milliseconds, median.milliseconds / ours->milliseconds);
-        if (median.bytesPerFont > 0)
-            std::printf(" %.0f | %.2f |\n", median.bytesPerFont, ours->bytesPerFont / median.bytesPerFont);
-        else
-            std::printf(" | |\n");
+void write(const std::filesystem::path& file, const std::string& text) {
+    std::ofstream stream(file, std::ios::binary);
+    stream << text;
+    if (!stream.flush())
+        throw std::runtime_error("cannot write " + file.string());
+}
+
+void writeResults(const std::filesystem::path& folder, const std::vector<Median>& medians) {
+    std::filesystem::create_directories(folder);
+    write(folder / "results.md", markdownOf(medians));
+    write(folder / "results.json", jsonOf(medians));
+    for (const std::string work : {"load", "export"}) {
+        write(folder / (work + "-throughput.svg"), throughputChartOf(medians, work));
+        write(folder / (work + "-growth.svg"), growthChartOf(medians, work));
     }
 }
 
 void registerAll() {
     registerRecords();
     registerTagFilter();
-    for (const std::size_t leaves : {60'000U, 600'000U}) {
-        auto document = std::make_shared<const FontDocument>(repeatedSample(leaves));
+    for (const std::size_t fonts : {6'000U, 60'000U, 600'000U}) {
+        const auto document = std::make_shared<const FontDocument>(repeatedSample(fonts));
         const auto tree = std::make_shared<const FontTree>(*document);
+        registerLoad(document);
+        registerExport(document);
         registerSearch(tree);
         registerLookup(tree);
-        if (leaves == 60'000U)
-            registerLoad(document);
     }
+}
+
+/// Takes `--results=FOLDER` out of the arguments.
+std::optional<std::filesystem::path> takeResultsFolder(std::vector<char*>& arguments) {
+    constexpr std::string_view option = "--results=";
+    const auto found = std::ranges::find_if(
+        arguments, [=](const char* each) { return std::string_view(each).starts_with(option); });
+    if (found == arguments.end())
+        return std::nullopt;
+    std::filesystem::path folder = *found + option.size();
+    arguments.erase(found);
+    return folder;
 }
 
 } // namespace
 
 int main(int argc, char** argv) {
     std::vector<char*> arguments(argv, argv + argc);
+    const std::optional<std::filesystem::path> results = takeResultsFolder(arguments);
     std::string repetitions = "--benchmark_repetitions=5";
     std::string interleaving = "--benchmark_enable_random_interleaving=true";
     std::string aggregates = "--benchmark_report_aggregates_only=true";
-    for (std::string* const option : {&repetitions, &interleaving, &aggregates})
+    std::string leastSeconds = "--benchmark_min_time=0.2";
+    for (std::string* const option : {&repetitions, &interleaving, &aggregates, &leastSeconds})
         arguments.insert(arguments.begin() + 1, option->data()); // before the user's, which override them
     int count = static_cast<int>(arguments.size());
     benchmark::Initialize(&count, arguments.data());
@@ -96,7 +107,9 @@ int main(int argc, char** argv) {
         registerAll();
         MedianReporter reporter;
         benchmark::RunSpecifiedBenchmarks(&reporter);
-        printTable(reporter.medians());
+        std::printf("\nMedians of one interleaved run\n\n%s", markdownOf(reporter.medians()).c_str());
+        if (results)
+            writeResults(*results, reporter.medians());
     } catch (const std::exception& error) {
         std::fprintf(stderr, "velmo-bench: %s\n", error.what());
         return 1;

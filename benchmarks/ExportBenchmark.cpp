@@ -1,0 +1,95 @@
+#include "Benchmarks.hpp"
+#include "Comparison.hpp"
+#include "Loaders.hpp"
+
+#include <PerchAppLibrary/Dictionary.hpp>
+
+#include <nlohmann/json.hpp>
+#include <rapidjson/stringbuffer.h>
+#include <rapidjson/writer.h>
+
+namespace {
+
+using VelmoCloudEntity::FontItem;
+
+/// The fields that stand in no reply and no export.
+template <class Visitor>
+void forEachExported(PlainFont& font, Visitor&& visit) {
+    forEachField(font, [&](std::string_view key, auto& field) {
+        if (key != "displayName" && key != "previewText" && key != "isActivated")
+            visit(key, field);
+    });
+}
+
+/// ordered_json, since json sorts the keys.
+using Json = nlohmann::ordered_json;
+
+Json jsonOf(const PlainFonts& fonts) {
+    Json array = Json::array();
+    for (const auto& font : fonts) {
+        Json object = Json::object();
+        forEachExported(*font,
+                        [&](std::string_view key, const auto& field) { object[std::string(key)] = field; });
+        object["Children"] = jsonOf(font->Children);
+        array.push_back(std::move(object));
+    }
+    return array;
+}
+
+using Writer = rapidjson::Writer<rapidjson::StringBuffer>;
+
+void write(Writer& writer, std::int64_t number) { writer.Int64(number); }
+void write(Writer& writer, bool flag) { writer.Bool(flag); }
+void write(Writer& writer, const std::string& text) {
+    writer.String(text.data(), static_cast<rapidjson::SizeType>(text.size()));
+}
+void write(Writer& writer, const std::vector<std::int64_t>& numbers) {
+    writer.StartArray();
+    for (const std::int64_t number : numbers)
+        writer.Int64(number);
+    writer.EndArray();
+}
+void write(Writer& writer, const PlainFonts& fonts) {
+    writer.StartArray();
+    for (const auto& font : fonts) {
+        writer.StartObject();
+        forEachExported(*font, [&](std::string_view key, const auto& field) {
+            writer.Key(key.data(), static_cast<rapidjson::SizeType>(key.size()));
+            write(writer, field);
+        });
+        writer.Key("Children");
+        write(writer, font->Children);
+        writer.EndObject();
+    }
+    writer.EndArray();
+}
+
+} // namespace
+
+void registerExport(const std::shared_ptr<const FontDocument>& document) {
+    const auto fonts = std::make_shared<const Fonts>(loadOurs(document->text).List());
+    const auto plain = std::make_shared<const PlainFonts>(loadOnDemand(reply(*document)));
+    const auto digest = std::hash<std::string>();
+
+    Comparison dictionaries("Dict and its text", document->fonts);
+    dictionaries.add(
+        "VelmoCloudEntity", [fonts] { return PerchAppLibrary::toText(FontItem::getFontArray(*fonts)); },
+        digest);
+    dictionaries.add("nlohmann/json", [plain] { return jsonOf(*plain).dump(); }, digest);
+
+    Comparison texts("export", document->fonts);
+    texts.add("VelmoCloudEntity", [fonts] { return FontItem::getFontArrayText(*fonts); }, digest);
+    texts.add(
+        "RapidJSON's writer by hand",
+        [plain] {
+            rapidjson::StringBuffer buffer;
+            Writer writer(buffer);
+            write(writer, *plain);
+            return buffer;
+        },
+        [](const rapidjson::StringBuffer& buffer) {
+            return std::hash<std::string_view>()(
+                {buffer.GetString(), buffer.GetSize()}); // that of a std::string
+        });
+    texts.add("nlohmann/json", [plain] { return jsonOf(*plain).dump(); }, digest);
+}
