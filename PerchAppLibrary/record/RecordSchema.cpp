@@ -64,6 +64,7 @@ std::size_t RecordSchema::find(std::string_view name) const noexcept {
 
 std::vector<const Property*> RecordSchema::storedWithout(const Excluded& excluded) const {
     std::vector<const Property*> left;
+    left.reserve(m_properties.size());
     for (const Property& property : m_properties)
         left.push_back(property.isStored() ? &property : nullptr);
     for (const std::string& key : excluded.keys()) {
