@@ -219,6 +219,7 @@ TEST(FontItem, ExportsAndActivatesTenThousandLevels) {
     for (const Dictionary* level = &exported; !level->at("Children").as_array().empty(); ++depth)
         level = &level->at("Children").as_array()[0].as_object();
     EXPECT_EQ(depth, 10'000);
+    EXPECT_TRUE(FontItem::getFontArrayText({tree}) == "[" + toText(exported) + "]"); // megabytes
 }
 
 } // namespace

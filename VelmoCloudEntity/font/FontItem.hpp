@@ -21,9 +21,9 @@ namespace VelmoCloudEntity {
 /// same object may stand in several groups and lists, and whoever changes it changes it for all.
 ///
 /// Requires: no group is a member of itself, at any depth, and no member is null. Documents nest groups up to 511 deep.
-/// A tree that is built by hand may be deeper: queries and destruction manage any depth, whereas Dict(), properties(),
-/// setActivated() and the copy or destruction of a Dictionary go down one call for each level, as they must to honour
-/// overrides, and need stack for that (10,000 levels are tested).
+/// A tree that is built by hand may be deeper: queries and destruction manage any depth, whereas Dict(), its text,
+/// properties(), setActivated() and the copy or destruction of a Dictionary go down one call for each level, as they
+/// must to honour overrides, and need stack for that (10,000 levels are tested).
 class FontItem : public FontFields {
     PERCH_RECORD(FontItem, PerchAppLibrary::BaseEntity);
 
