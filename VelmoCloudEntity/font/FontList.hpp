@@ -13,7 +13,8 @@ namespace VelmoCloudEntity {
 
 class FontTagItem;
 
-/// The list of fonts that the service sends (one for each object in a JSON array, its other elements dropped), and the queries over trees of fonts.
+/// The list of fonts that the service sends (one for each object in a JSON array, its other elements dropped), and the
+/// queries over trees of fonts.
 ///
 /// The queries take any array of fonts (a list, a group's Children, one that the client put together) and
 /// walk it in one pass: depth first and in order, a group being replaced by its members at its place. They
