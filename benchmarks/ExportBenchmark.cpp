@@ -4,6 +4,9 @@
 
 #include <PerchAppLibrary/Dictionary.hpp>
 
+#include <boost/json/array.hpp>
+#include <boost/json/object.hpp>
+#include <boost/json/serialize.hpp>
 #include <nlohmann/json.hpp>
 #include <rapidjson/stringbuffer.h>
 #include <rapidjson/writer.h>
@@ -31,6 +34,25 @@ Json jsonOf(const PlainFonts& fonts) {
         forEachExported(*font,
                         [&](std::string_view key, const auto& field) { object[std::string(key)] = field; });
         object["Children"] = jsonOf(font->Children);
+        array.push_back(std::move(object));
+    }
+    return array;
+}
+
+/// What the library's dictionaries are made of, filled as its documentation advises.
+boost::json::array boostArrayOf(const PlainFonts& fonts) {
+    boost::json::array array;
+    array.reserve(fonts.size());
+    for (const auto& font : fonts) {
+        boost::json::object object;
+        object.reserve(64);
+        forEachExported(*font, [&](std::string_view key, const auto& field) {
+            if constexpr (requires { boost::json::value(field); })
+                object.emplace(key, field);
+            else
+                object.emplace(key, boost::json::array(field.begin(), field.end()));
+        });
+        object.emplace("Children", boostArrayOf(font->Children));
         array.push_back(std::move(object));
     }
     return array;
@@ -75,6 +97,8 @@ void registerExport(const std::shared_ptr<const FontDocument>& document) {
     dictionaries.add(
         "VelmoCloudEntity", [fonts] { return PerchAppLibrary::toText(FontItem::getFontArray(*fonts)); },
         digest);
+    dictionaries.add(
+        "Boost.JSON by hand", [plain] { return boost::json::serialize(boostArrayOf(*plain)); }, digest);
     dictionaries.add("nlohmann/json", [plain] { return jsonOf(*plain).dump(); }, digest);
 
     Comparison texts("export", document->fonts);

@@ -108,6 +108,7 @@ void registerLoad(const std::shared_ptr<const FontDocument>& document) {
     };
     add("VelmoCloudEntity", &loadOurs);
     add("simdjson on-demand by hand", &loadOnDemand);
+    add("simdjson document by hand", &loadDOM);
     add("RapidJSON", &loadRapidJSON);
     add("Boost.JSON", &loadBoostJSON);
     add("Qt", &loadQt);

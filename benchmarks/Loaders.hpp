@@ -14,6 +14,9 @@ VelmoCloudEntity::FontList loadOurs(std::string text);
 /// simdjson on-demand, the keys told apart by hand.
 PlainFonts loadOnDemand(std::string text);
 
+/// The same by way of simdjson's document, whose values can be kept and read in any order, as ours can.
+PlainFonts loadDOM(std::string text);
+
 /// nlohmann/json, each field looked up by its key.
 PlainFonts loadNlohmann(std::string text);
 
