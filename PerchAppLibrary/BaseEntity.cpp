@@ -1,11 +1,13 @@
 #include <PerchAppLibrary/BaseEntity.hpp>
 
 #include <PerchAppLibrary/JSONElement.hpp>
+#include <PerchAppLibrary/platform/Words.hpp>
 #include <PerchAppLibrary/record/Conversion.hpp>
 #include <PerchAppLibrary/record/RecordSchema.hpp>
 
 #include <boost/container/small_vector.hpp>
 
+#include <algorithm>
 #include <bit>
 #include <cstdint>
 #include <optional>
@@ -21,19 +23,19 @@ namespace dom = simdjson::dom;
 /// Records of up to this many properties are filled without a separate allocation.
 constexpr std::size_t usualPropertyCount = 64;
 
-/// The element found for a property; without one until it is set, since most properties of most records have none.
-union Slot {
-    Slot() noexcept {} // NOLINT(modernize-use-equals-default): the member has a constructor of its own
-    dom::element element;
-};
-
 /// Which properties have an element: a bit for each.
 class PropertySet {
 public:
     explicit PropertySet(std::size_t propertyCount) : m_words((propertyCount + wordBits - 1) / wordBits) {}
 
     void insert(std::size_t index) { m_words[index / wordBits] |= bit(index); }
-    void erase(std::size_t index) { m_words[index / wordBits] &= ~bit(index); }
+
+    /// Whether it was there.
+    bool erase(std::size_t index) {
+        const bool wasThere = (m_words[index / wordBits] & bit(index)) != 0;
+        m_words[index / wordBits] &= ~bit(index);
+        return wasThere;
+    }
 
     /// Calls `visit(index)` for each property of the set, in order.
     template <class Visitor>
@@ -50,21 +52,6 @@ private:
 
     boost::container::small_vector<std::uint64_t, usualPropertyCount / wordBits> m_words;
 };
-
-/// Finds the properties that the members of a JSON object belong to, and leaves the last element of each in its slot.
-PropertySet findElements(const RecordSchema& schema, dom::object members, std::span<Slot> slots) {
-    PropertySet found(slots.size());
-    std::size_t guess = 0;
-    const auto end = members.end();
-    for (auto member = members.begin(); member != end; ++member) {
-        if (const std::size_t index = schema.find(member.key(), guess); index != RecordSchema::notFound) {
-            slots[index].element = member.value();
-            found.insert(index);
-            guess = index + 1; // the service sends properties in their order, leaving some out
-        }
-    }
-    return found;
-}
 
 /// Sets one property from an element where that converts.
 struct Setter {
@@ -89,6 +76,61 @@ struct Setter {
 
 } // namespace
 
+/// The elements of a JSON object that belong to properties; of a repeated key the last.
+class BaseEntity::Elements {
+public:
+    Elements(const RecordSchema& schema, dom::object members)
+        : m_schema(schema),
+          m_slots(schema.properties().size(), boost::container::default_init),
+          m_found(m_slots.size()) {
+        std::size_t guess = 0;
+        const auto end = members.end();
+        for (auto member = members.begin(); member != end; ++member) {
+            if (const std::size_t index = find(member.key(), guess); index != RecordSchema::notFound) {
+                m_slots[index].element = member.value();
+                m_found.insert(index);
+                guess = index + 1; // the service sends properties in their order, leaving some out
+            }
+        }
+    }
+
+    const RecordSchema& schema() const { return m_schema; }
+
+    /// Takes the element under the key out of these.
+    std::optional<dom::element> take(std::string_view key) {
+        const std::size_t index = m_schema.find(key);
+        if (index == RecordSchema::notFound || !m_found.erase(index))
+            return std::nullopt;
+        return m_slots[index].element;
+    }
+
+    /// Calls `visit(index, element)` for each, in the order of the properties.
+    template <class Visitor>
+    void forEach(Visitor&& visit) const {
+        m_found.forEach([&](std::size_t index) { visit(index, m_slots[index].element); });
+    }
+
+private:
+    /// Without an element until it is set, since most properties of most records have none.
+    union Slot {
+        Slot() noexcept {} // NOLINT(modernize-use-equals-default): the member has a constructor of its own
+        dom::element element;
+    };
+
+    /// Index of the property with this name, faster when it is the one at the index `guess` or one of the two behind it.
+    std::size_t find(std::string_view name, std::size_t guess) const {
+        const std::span<const std::string_view> names = m_schema.names();
+        for (std::size_t index = guess; index < std::min(guess + 3, names.size()); ++index)
+            if (text::isSame(names[index], name))
+                return index;
+        return m_schema.find(name);
+    }
+
+    const RecordSchema& m_schema;
+    boost::container::small_vector<Slot, usualPropertyCount> m_slots;
+    PropertySet m_found;
+};
+
 BaseEntity::BaseEntity() = default;
 BaseEntity::~BaseEntity() = default;
 
@@ -106,20 +148,30 @@ void BaseEntity::setValue(const JSON& json, Excluded excluded) {
     dom::object members;
     if (!element || element->get(members) != simdjson::SUCCESS)
         return;
-    const RecordSchema& recordSchema = schema();
-    boost::container::small_vector<Slot, usualPropertyCount> slots(recordSchema.properties().size(),
-                                                                   boost::container::default_init);
-    PropertySet found = findElements(recordSchema, members, slots);
+    Elements elements(schema(), members);
     for (const std::string& key : excluded.keys())
-        if (const std::size_t index = recordSchema.find(key); index != RecordSchema::notFound)
-            found.erase(index);
+        elements.take(key);
+    fillFrom(elements);
+}
 
+JSON BaseEntity::mapAround(std::string_view key, const JSON& json) {
+    const std::optional<dom::element> element = JSONElement::of(json);
+    dom::object members;
+    if (!element || element->get(members) != simdjson::SUCCESS)
+        return JSON::null;
+    Elements elements(schema(), members);
+    const std::optional<dom::element> left = elements.take(key);
+    fillFrom(elements);
+    return left ? JSONElement::inDocumentOf(json, *left) : JSON::null;
+}
+
+void BaseEntity::fillFrom(const Elements& elements) {
     // Nothing can have overridden the accessors of the properties that the record's very class declares.
+    const RecordSchema& recordSchema = elements.schema();
     const bool isOfDeclaringClass = typeid(*this) == recordSchema.type();
-    found.forEach([&](std::size_t index) {
+    elements.forEach([&](std::size_t index, const dom::element& element) {
         const bool isOverridable = !isOfDeclaringClass || index < recordSchema.firstOwn();
-        std::visit(Setter{*this, slots[index].element, isOverridable},
-                   recordSchema.properties()[index].access);
+        std::visit(Setter{*this, element, isOverridable}, recordSchema.properties()[index].access);
     });
 }
 

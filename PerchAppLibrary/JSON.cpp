@@ -13,48 +13,45 @@ namespace {
 
 namespace dom = simdjson::dom;
 
-/// Makes room for a text of this length. The reader's buffers are several times as large as the text and are
-/// written once from front to back, so that page faults would take as long as the parsing.
-simdjson::error_code allocate(dom::parser& parser, dom::document& document, std::size_t length,
-                              std::size_t depth) {
-    const std::size_t capacity = std::max(length, simdjson::SIMDJSON_PADDING);
-    if (const simdjson::error_code error = parser.allocate(capacity, depth))
-        return error;
-    if (const simdjson::error_code error = document.allocate(capacity))
-        return error;
-    memory::preferLargePages(parser.implementation->structural_indexes.get(),
-                             capacity * sizeof(std::uint32_t));
-    memory::preferLargePages(document.tape.get(), capacity * sizeof(std::uint64_t));
-    memory::preferLargePages(document.string_buf.get(), capacity);
-    return simdjson::SUCCESS;
+/// An array that is written once from front to back, so that page faults could take as long as the parsing.
+template <class Element>
+std::unique_ptr<Element[]> makeBuffer(std::size_t size) {
+    std::unique_ptr<Element[]> buffer(new Element[size]);
+    memory::preferLargePages(buffer.get(), size * sizeof(Element));
+    return buffer;
 }
 
-/// Parses text[0, length), behind which at least SIMDJSON_PADDING bytes can be read when it is `padded`.
-std::optional<JSON> read(std::string_view text, bool padded, std::size_t depth, simdjson::error_code& error) {
-    const auto document = std::make_shared<dom::document>();
+/// Makes room for what the reader's second stage writes, knowing what the first has found. The reader would take eight bytes
+/// for each byte of text, several times what texts need.
+void allocate(dom::document& document, std::size_t length, std::size_t structuralCount) {
+    // A bracket, a scalar's begin, a colon or a comma gives one word at most, but a number's begin gives two. No word is given by
+    // the comma behind a number, or behind the arrays that end with it; only the last number may have none. The root has two words.
+    document.tape = makeBuffer<std::uint64_t>(structuralCount + 3);
+    // An empty text of two quotes and a comma becomes a length and a zero. Texts are copied in whole blocks.
+    document.string_buf = makeBuffer<std::uint8_t>(length / 3 * 5 + 5 + 2 * simdjson::SIMDJSON_PADDING);
+}
+
+/// Parses text[0, length), behind which at least SIMDJSON_PADDING bytes can be read.
+std::optional<JSON> read(std::string_view text, std::size_t depth, simdjson::error_code& error) {
     dom::parser parser;
-    dom::element root;
-    error = allocate(parser, *document, text.size(), depth);
-    if (!error)
-        error = parser.parse_into_document(*document, text.data(), text.size(), !padded).get(root);
-    if (error)
+    if (error = parser.allocate(std::max(text.size(), simdjson::SIMDJSON_PADDING), depth); error)
         return std::nullopt;
-    return JSONElement::inDocument(document, root);
+    simdjson::internal::dom_parser_implementation& stages = *parser.implementation;
+    memory::preferLargePages(stages.structural_indexes.get(), text.size() * sizeof(std::uint32_t));
+    const auto* const bytes = reinterpret_cast<const std::uint8_t*>(text.data());
+    if (error = stages.stage1(bytes, text.size(), simdjson::stage1_mode::regular); error)
+        return std::nullopt;
+    const auto document = std::make_shared<dom::document>();
+    allocate(*document, text.size(), stages.n_structural_indexes);
+    if (error = stages.stage2(*document); error)
+        return std::nullopt;
+    return JSONElement::inDocument(document, document->root());
 }
 
-JSON parseText(std::string_view text, bool padded) {
-    simdjson::error_code error = simdjson::SUCCESS;
-    if (std::optional<JSON> json = read(text, padded, JSON::maximumDepth, error))
-        return *std::move(json);
-    if (error == simdjson::CAPACITY)
-        throw JSON::ParseError(1, 1, "the text is too long");
-    if (error == simdjson::MEMALLOC)
-        throw std::bad_alloc();
-    const std::string spelled = fallback::readableSpelling(text);
-    // The reader counts an innermost array or object only when it is empty; the depth has just been checked exactly.
-    if (std::optional<JSON> json = read(spelled, false, JSON::maximumDepth + 1, error))
-        return *std::move(json);
-    throw JSON::ParseError(1, 1, simdjson::error_message(error));
+std::string_view padded(std::string& text) {
+    const std::size_t length = text.size();
+    text.append(simdjson::SIMDJSON_PADDING, ' ');
+    return std::string_view(text).substr(0, length);
 }
 
 JSON::Type typeOf(dom::element element) noexcept {
@@ -109,12 +106,26 @@ const JSON& JSON::emptyString() {
     return empty;
 }
 
-JSON JSON::parse(std::string_view text) { return parseText(text, false); }
+JSON JSON::parse(std::string_view text) {
+    std::string copy;
+    copy.reserve(text.size() + simdjson::SIMDJSON_PADDING);
+    return parse(std::move(copy.append(text)));
+}
 
 JSON JSON::parse(std::string&& text) {
-    const std::size_t length = text.size();
-    text.append(simdjson::SIMDJSON_PADDING, ' ');
-    return parseText(std::string_view(text).substr(0, length), true);
+    const std::string_view readable = padded(text);
+    simdjson::error_code error = simdjson::SUCCESS;
+    if (std::optional<JSON> json = read(readable, maximumDepth, error))
+        return *std::move(json);
+    if (error == simdjson::CAPACITY)
+        throw ParseError(1, 1, "the text is too long");
+    if (error == simdjson::MEMALLOC)
+        throw std::bad_alloc();
+    std::string spelled = fallback::readableSpelling(readable);
+    // The reader counts an innermost array or object only when it is empty; the depth has just been checked exactly.
+    if (std::optional<JSON> json = read(padded(spelled), maximumDepth + 1, error))
+        return *std::move(json);
+    throw ParseError(1, 1, simdjson::error_message(error));
 }
 
 JSON::Type JSON::type() const noexcept {

@@ -91,19 +91,8 @@ public:
     /// Index of the property with this name in properties(), or notFound. Constant time.
     std::size_t find(std::string_view name) const noexcept;
 
-    /// The same, faster when the property is the one at the index `guess` or one of the two behind it.
-    std::size_t find(std::string_view name, std::size_t guess) const noexcept {
-        if (guess + 2 < m_names.size()) {
-            const std::string_view* const guessed = m_names.data() + guess;
-            if (guessed[0] == name)
-                return guess;
-            if (guessed[1] == name)
-                return guess + 1;
-            if (guessed[2] == name)
-                return guess + 2;
-        }
-        return find(name);
-    }
+    /// The names of properties(), close together.
+    std::span<const std::string_view> names() const noexcept { return m_names; }
 
 private:
     struct NameIndex;
@@ -112,7 +101,7 @@ private:
     const std::type_info* m_type;
     std::size_t m_firstOwn;
     std::vector<Property> m_properties;
-    std::vector<std::string_view> m_names; // of m_properties, close together
+    std::vector<std::string_view> m_names;
     std::unique_ptr<const NameIndex> m_byName;
 };
 

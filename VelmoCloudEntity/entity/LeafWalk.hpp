@@ -9,7 +9,6 @@
 #include <cstddef>
 #include <memory>
 #include <span>
-#include <typeinfo>
 #include <vector>
 
 /// The one walk that every query over a tree of records makes: of fonts, of tags.
@@ -32,13 +31,6 @@ struct PrefetchWalked {
 constexpr std::size_t mostAhead = 32;
 constexpr std::size_t mostMembersAhead = 16;
 constexpr std::size_t mostOfDepthAhead = mostAhead * mostMembersAhead;
-
-/// Whether the item is of this very class, so that its fields can be looked at ahead: the accessors of a subclass may do
-/// anything, and are called when the walk gets there.
-template <class Item>
-bool isOfVeryClass(const Item& item) {
-    return typeid(item) == typeid(Item);
-}
 
 /// Asks the memory for what a walk reads of the items, and below the groups among them: depth by depth and, in each, one kind
 /// of thing after the other, so that waiting for the first of them is waiting for all.

@@ -5,6 +5,7 @@
 #include <iterator>
 #include <memory>
 #include <new>
+#include <typeinfo>
 #include <utility>
 #include <vector>
 
@@ -31,6 +32,13 @@ Records<Item> makeRecords(const PerchAppLibrary::JSON& json, Elements which = El
         if (which == Elements::all || element.type() == JSON::Type::dictionary)
             records.push_back(Item::create(element));
     return records;
+}
+
+/// Whether the record is of this very class, so that its fields can stand for its accessors: those of a subclass may do
+/// anything.
+template <class Record>
+bool isOfVeryClass(const Record& record) noexcept {
+    return typeid(record) == typeid(Record);
 }
 
 /// Destroys the records that nobody else holds, and what hangs below them, in a loop: a chain of groups of any length

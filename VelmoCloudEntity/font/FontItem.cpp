@@ -11,7 +11,6 @@
 
 #include <algorithm>
 #include <string_view>
-#include <typeinfo>
 #include <utility>
 
 namespace VelmoCloudEntity {
@@ -70,9 +69,14 @@ void FontItem::init(GroupLabels labels) {
 }
 
 void FontItem::setValue(const JSON& json) {
+    constexpr std::string_view key = "Children";
+    if (isOfVeryClass(*this)) { // so that the mapping is not overridden
+        m_Children = makeRecords<FontItem>(mapAround(key, json));
+        return;
+    }
     static const Excluded skipped{"Children"};
     setValue(json, skipped);
-    setChildren(makeRecords<FontItem>(json["Children"]));
+    setChildren(makeRecords<FontItem>(json[key]));
 }
 
 Dictionary FontItem::Dict() const {
@@ -110,7 +114,7 @@ void FontItem::appendText(std::string& text, const Records<FontItem>& list) {
 }
 
 void FontItem::appendText(std::string& text) const {
-    if (typeid(*this) != typeid(FontItem)) { // whose accessors, and Dict itself, may be overridden
+    if (!isOfVeryClass(*this)) { // whose accessors, and Dict itself, may be overridden
         text += PerchAppLibrary::toText(Dict());
         return;
     }
