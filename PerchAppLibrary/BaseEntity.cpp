@@ -1,5 +1,6 @@
 #include <PerchAppLibrary/BaseEntity.hpp>
 
+#include <PerchAppLibrary/CommonStorage.hpp>
 #include <PerchAppLibrary/JSONElement.hpp>
 #include <PerchAppLibrary/platform/Words.hpp>
 #include <PerchAppLibrary/record/Conversion.hpp>
@@ -192,12 +193,21 @@ Value BaseEntity::value(std::string_view name) const {
 
 Dictionary BaseEntity::properties() const { return reflect({}); }
 
-Dictionary BaseEntity::reflect(const Excluded& excluded) const {
+Dictionary BaseEntity::properties(const Storage& storage) const { return reflect({}, storage); }
+
+Dictionary BaseEntity::reflect(const Excluded& excluded) const { return reflect(excluded, storageForDict()); }
+
+CommonStorage BaseEntity::storageForDict(std::size_t members) const {
+    constexpr std::size_t usualSize = 60; // of a property, its key and a short text
+    return CommonStorage((1 + members) * schema().properties().size() * usualSize);
+}
+
+Dictionary BaseEntity::reflect(const Excluded& excluded, const Storage& storage) const {
     const std::vector<const Property*> left = schema().storedWithout(excluded);
-    Dictionary dictionary;
+    Dictionary dictionary(storage);
     dictionary.reserve(left.size() + 1); // nested records that a class adds
     for (const Property* const property : left)
-        dictionary.insert_or_assign(property->name, property->value(*this));
+        dictionary.insert_or_assign(property->name, property->value(*this, storage));
     return dictionary;
 }
 

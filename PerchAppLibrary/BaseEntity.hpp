@@ -74,6 +74,9 @@ public:
     /// All stored properties in their order, the base's first; nested records as dictionaries of the same kind.
     Dictionary properties() const;
 
+    /// The same in the storage of a larger dictionary.
+    Dictionary properties(const Storage& storage) const;
+
     /// The record's class as the library sees it: the most derived one that declares properties.
     virtual const RecordSchema& schema() const;
 
@@ -94,6 +97,12 @@ protected:
     /// The stored properties without the excluded ones: what a record's reflective `Dict` begins with. Ends
     /// the process (fatalError) when an excluded name is not that of a stored property.
     Dictionary reflect(const Excluded& excluded) const;
+
+    /// The same in the storage of a larger dictionary.
+    Dictionary reflect(const Excluded& excluded, const Storage& storage) const;
+
+    /// Storage for a dictionary of the record's properties and for those of this many members of its class.
+    CommonStorage storageForDict(std::size_t members = 0) const;
 
     /// The stored and computed properties with these names, in their order, each once: what a record's `Dict` of certain
     /// keys holds. Throws UndefinedKeyError for a name that the record has not.

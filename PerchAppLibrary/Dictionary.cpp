@@ -10,6 +10,7 @@
 #include <charconv>
 #include <cmath>
 #include <iterator>
+#include <type_traits>
 
 namespace PerchAppLibrary {
 namespace {
@@ -17,17 +18,16 @@ namespace {
 namespace dom = simdjson::dom;
 
 template <class Element>
-Value arrayValue(const std::vector<Element>& elements) {
-    ValueArray array;
+Value arrayValue(const std::vector<Element>& elements, const Storage& storage) {
+    ValueArray array(storage);
     array.reserve(elements.size());
-    for (const Element& element : elements)
-        array.push_back(toValue(element));
+    for (const Element& element : elements) {
+        if constexpr (std::is_scalar_v<Element>)
+            array.push_back(toValue(element));
+        else
+            array.push_back(toValue(element, storage));
+    }
     return array;
-}
-
-template <class T>
-Value optionalValue(const std::optional<T>& optional) {
-    return optional ? toValue(*optional) : Value(nullptr);
 }
 
 Value valueOf(dom::element element);
@@ -102,17 +102,27 @@ Value toValue(float number) {
     return value;
 }
 
-Value toValue(std::string_view text) {
+Value toValue(std::string_view text, const Storage& storage) {
     if (text::isWellFormed(text))
-        return boost::json::string(text);
-    return boost::json::string(text::wellFormed(text));
+        return boost::json::string(text, storage);
+    return boost::json::string(text::wellFormed(text), storage);
 }
 
-Value toValue(const std::string& text) { return toValue(std::string_view(text)); }
-Value toValue(const std::optional<std::string>& text) { return optionalValue(text); }
-Value toValue(const std::vector<std::int64_t>& numbers) { return arrayValue(numbers); }
-Value toValue(const std::optional<std::vector<std::int64_t>>& numbers) { return optionalValue(numbers); }
-Value toValue(const std::vector<std::string>& texts) { return arrayValue(texts); }
+Value toValue(const std::string& text, const Storage& storage) {
+    return toValue(std::string_view(text), storage);
+}
+Value toValue(const std::optional<std::string>& text, const Storage& storage) {
+    return text ? toValue(*text, storage) : nullptr;
+}
+Value toValue(const std::vector<std::int64_t>& numbers, const Storage& storage) {
+    return arrayValue(numbers, storage);
+}
+Value toValue(const std::optional<std::vector<std::int64_t>>& numbers) {
+    return numbers ? toValue(*numbers) : nullptr;
+}
+Value toValue(const std::vector<std::string>& texts, const Storage& storage) {
+    return arrayValue(texts, storage);
+}
 Value toValue(const URL& url) { return toValue(std::string_view(url.buffer())); }
 Value toValue(const PlatformFont& font) {
     return Dictionary{{"name", toValue(font.name())}, {"size", font.points()}};

@@ -5,6 +5,7 @@
 
 #include <boost/json/array.hpp>
 #include <boost/json/object.hpp>
+#include <boost/json/storage_ptr.hpp>
 #include <boost/json/value.hpp>
 
 #include <cstdint>
@@ -24,13 +25,13 @@ class PlatformFont;
 Value toValue(std::int64_t number);
 Value toValue(bool flag);
 Value toValue(float number);
-Value toValue(std::string_view text);
-Value toValue(const std::string& text);
+Value toValue(std::string_view text, const Storage& storage = {});
+Value toValue(const std::string& text, const Storage& storage = {});
 Value toValue(const char* text) = delete; // would be taken for a Boolean
-Value toValue(const std::optional<std::string>& text);
-Value toValue(const std::vector<std::int64_t>& numbers);
+Value toValue(const std::optional<std::string>& text, const Storage& storage = {});
+Value toValue(const std::vector<std::int64_t>& numbers, const Storage& storage = {});
 Value toValue(const std::optional<std::vector<std::int64_t>>& numbers);
-Value toValue(const std::vector<std::string>& texts);
+Value toValue(const std::vector<std::string>& texts, const Storage& storage = {});
 Value toValue(const URL& url);
 Value toValue(const PlatformFont& font);
 Value toValue(const JSON& json);

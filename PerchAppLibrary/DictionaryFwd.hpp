@@ -3,6 +3,7 @@
 namespace boost::json {
 class array;
 class object;
+class storage_ptr;
 class value;
 } // namespace boost::json
 
@@ -18,5 +19,10 @@ using Value = boost::json::value;
 
 /// An array of values.
 using ValueArray = boost::json::array;
+
+/// Where the values of a Dictionary lie; by default, each on its own in the heap. A value that is moved to another storage is
+/// copied.
+using Storage = boost::json::storage_ptr;
+class CommonStorage;
 
 } // namespace PerchAppLibrary

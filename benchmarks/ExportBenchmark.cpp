@@ -5,6 +5,7 @@
 #include <PerchAppLibrary/Dictionary.hpp>
 
 #include <boost/json/array.hpp>
+#include <boost/json/monotonic_resource.hpp>
 #include <boost/json/object.hpp>
 #include <boost/json/serialize.hpp>
 #include <nlohmann/json.hpp>
@@ -40,19 +41,19 @@ Json jsonOf(const PlainFonts& fonts) {
 }
 
 /// What the library's dictionaries are made of, filled as its documentation advises.
-boost::json::array boostArrayOf(const PlainFonts& fonts) {
-    boost::json::array array;
+boost::json::array boostArrayOf(const PlainFonts& fonts, const boost::json::storage_ptr& storage) {
+    boost::json::array array(storage);
     array.reserve(fonts.size());
     for (const auto& font : fonts) {
-        boost::json::object object;
+        boost::json::object object(storage);
         object.reserve(64);
         forEachExported(*font, [&](std::string_view key, const auto& field) {
             if constexpr (requires { boost::json::value(field); })
                 object.emplace(key, field);
             else
-                object.emplace(key, boost::json::array(field.begin(), field.end()));
+                object.emplace(key, boost::json::array(field.begin(), field.end(), storage));
         });
-        object.emplace("Children", boostArrayOf(font->Children));
+        object.emplace("Children", boostArrayOf(font->Children, storage));
         array.push_back(std::move(object));
     }
     return array;
@@ -98,7 +99,12 @@ void registerExport(const std::shared_ptr<const FontDocument>& document) {
         "VelmoCloudEntity", [fonts] { return PerchAppLibrary::toText(FontItem::getFontArray(*fonts)); },
         digest);
     dictionaries.add(
-        "Boost.JSON by hand", [plain] { return boost::json::serialize(boostArrayOf(*plain)); }, digest);
+        "Boost.JSON by hand",
+        [plain] {
+            boost::json::monotonic_resource resource;
+            return boost::json::serialize(boostArrayOf(*plain, &resource));
+        },
+        digest);
     dictionaries.add("nlohmann/json", [plain] { return jsonOf(*plain).dump(); }, digest);
 
     Comparison texts("export", document->fonts);

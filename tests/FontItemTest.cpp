@@ -9,6 +9,8 @@
 #include <filesystem>
 #include <fstream>
 #include <limits>
+#include <malloc.h>
+#include <optional>
 #include <random>
 #include <string>
 #include <tuple>
@@ -69,6 +71,31 @@ struct RenamedFont : FontItem {
 struct BriefFont : FontItem {
     Dictionary Dict() const override { return {{"brief", Id()}}; }
 };
+
+TEST(FontItem, PartsOfADictOutliveIt) {
+    std::optional<Dictionary> dict =
+        parsed(R"({"IsGroup":true,"Children":[{"Id":5,"Copyright":"a text that is long enough"}]})")->Dict();
+    const PerchAppLibrary::Value taken = std::move(dict->at("Children").at(0));
+    Dictionary copy = *dict;
+    dict.reset();
+    EXPECT_EQ(taken.at("Copyright"), "a text that is long enough");
+    copy["IsGroup"] = taken;
+    EXPECT_EQ(copy.at("IsGroup").at("Id"), 5);
+}
+
+TEST(FontItem, CopiesOfADictGiveBackWhatTheyTook) {
+    const Dictionary dict = parsed(R"({"IsGroup":true,"Children":[{"Id":5},{"Id":6}]})")->Dict();
+    const auto used = [] { return mallinfo2().uordblks; };
+    const std::size_t before = used();
+    if (before == 0)
+        GTEST_SKIP() << "this heap does not tell what is used of it";
+    for (int round = 0; round < 100; ++round) {
+        Dictionary copy = dict;
+        copy["Remark"] = std::string(10'000, 'x');
+        EXPECT_GT(used(), before + 10'000);
+    }
+    EXPECT_LT(used(), before + 10'000);
+}
 
 TEST(FontItem, ExportsTheSameTextWithDictionariesAndWithout) {
     const auto texts = FontItem::create({.productName = "quote \" back \\ slash / line \n nul \1 del \x7F"});

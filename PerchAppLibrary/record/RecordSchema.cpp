@@ -81,16 +81,20 @@ namespace {
 
 struct ValueReader {
     const BaseEntity& record;
+    const Storage& storage;
 
     template <class T>
     Value operator()(const FieldAccess<T>& access) const {
-        return toValue((record.*access.get)());
+        if constexpr (requires(const T& value) { toValue(value, storage); })
+            return toValue((record.*access.get)(), storage);
+        else
+            return toValue((record.*access.get)());
     }
 
     Value operator()(const RecordsAccess& access) const {
-        ValueArray values;
+        ValueArray values(storage);
         for (const BaseEntity* const item : access.get(record))
-            values.push_back(item == nullptr ? Value(nullptr) : toValue(item->properties()));
+            values.push_back(item == nullptr ? Value(nullptr) : toValue(item->properties(storage)));
         return values;
     }
 
@@ -120,6 +124,8 @@ struct KindName {
 
 std::string Property::kind() const { return std::visit(KindName(), access); }
 
-Value Property::value(const BaseEntity& record) const { return std::visit(ValueReader{record}, access); }
+Value Property::value(const BaseEntity& record, const Storage& storage) const {
+    return std::visit(ValueReader{record, storage}, access);
+}
 
 } // namespace PerchAppLibrary

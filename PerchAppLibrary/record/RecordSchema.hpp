@@ -53,7 +53,7 @@ struct Property {
 
     /// The property's value in a record of the class, read through the virtual accessor; nested records as
     /// dictionaries of all their stored properties.
-    Value value(const BaseEntity& record) const;
+    Value value(const BaseEntity& record, const Storage& storage = {}) const;
 };
 
 /// The properties of one class of records. Immutable; there is one for each class, made at the first use of it.

@@ -1,6 +1,7 @@
 #include <VelmoCloudEntity/font/FontItem.hpp>
 
 #include <PerchAppLibrary/ApplicationManager.hpp>
+#include <PerchAppLibrary/CommonStorage.hpp>
 #include <PerchAppLibrary/fatalError.hpp>
 #include <PerchAppLibrary/md5.hpp>
 #include <PerchAppLibrary/platform/Path.hpp>
@@ -79,12 +80,14 @@ void FontItem::setValue(const JSON& json) {
     setChildren(makeRecords<FontItem>(json[key]));
 }
 
-Dictionary FontItem::Dict() const {
-    Dictionary dictionary = reflect(notReflected());
-    PerchAppLibrary::ValueArray members;
+Dictionary FontItem::Dict() const { return dictIn(storageForDict(Children().size())); }
+
+Dictionary FontItem::dictIn(const PerchAppLibrary::Storage& storage) const {
+    Dictionary dictionary = reflect(notReflected(), storage);
+    PerchAppLibrary::ValueArray members(storage);
     members.reserve(Children().size());
     for (const std::shared_ptr<FontItem>& member : Children())
-        members.push_back(member->Dict());
+        members.push_back(isOfVeryClass(*member) ? member->dictIn(storage) : member->Dict());
     dictionary.insert_or_assign("Children", std::move(members));
     return dictionary;
 }

@@ -221,6 +221,7 @@ private:
     void init(GroupLabels labels);
 
     const std::string& nameToDisplay() const; // of a leaf
+    PerchAppLibrary::Dictionary dictIn(const PerchAppLibrary::Storage& storage) const;
     void appendText(std::string& text) const; // of Dict()
     static void appendText(std::string& text, const Records<FontItem>& list);
     std::string previewName(bool isFixed, const std::string& previewTag, const std::string& colorTag,

@@ -1,0 +1,71 @@
+#include <PerchAppLibrary/CommonStorage.hpp>
+
+#include <boost/json/memory_resource.hpp>
+
+#include <algorithm>
+#include <functional>
+#include <memory>
+#include <vector>
+
+namespace PerchAppLibrary {
+
+/// Hands out pieces of its blocks while it is open, then pieces of the heap.
+class CommonStorage::Arena final : public boost::json::memory_resource {
+public:
+    /// Says where it stands, since make_shared_resource does not.
+    Arena(std::size_t size, Arena*& place) : free(0) {
+        addBlock(size);
+        place = this;
+    }
+
+    void close() { isOpen = false; }
+
+private:
+    struct Block {
+        std::unique_ptr<std::byte[]> bytes;
+        std::size_t size;
+
+        bool holds(const void* piece) const {
+            const std::less<> isBefore; // the order of pointers into several blocks
+            return !isBefore(piece, bytes.get()) && isBefore(piece, bytes.get() + size);
+        }
+    };
+
+    void addBlock(std::size_t size) {
+        blocks.push_back({std::make_unique_for_overwrite<std::byte[]>(size), size});
+        free = 0;
+    }
+
+    void* do_allocate(std::size_t size, std::size_t alignment) override {
+        if (!isOpen)
+            return heap->allocate(size, alignment);
+        std::size_t start = (free + alignment - 1) / alignment * alignment;
+        if (start > blocks.back().size || size > blocks.back().size - start) {
+            addBlock(std::max(size, 2 * blocks.back().size));
+            start = 0;
+        }
+        free = start + size;
+        return blocks.back().bytes.get() + start;
+    }
+
+    void do_deallocate(void* piece, std::size_t size, std::size_t alignment) override {
+        if (std::ranges::none_of(blocks, [&](const Block& block) { return block.holds(piece); }))
+            heap->deallocate(piece, size, alignment);
+    }
+
+    bool do_is_equal(const boost::json::memory_resource& other) const noexcept override {
+        return this == &other;
+    }
+
+    const Storage heap;
+    std::vector<Block> blocks; // each twice the one before, or larger
+    std::size_t free;          // where the unused part of the last block starts
+    bool isOpen = true;
+};
+
+CommonStorage::CommonStorage(std::size_t size)
+    : storage(boost::json::make_shared_resource<Arena>(size, arena)) {}
+
+CommonStorage::~CommonStorage() { arena->close(); }
+
+} // namespace PerchAppLibrary

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <PerchAppLibrary/Dictionary.hpp>
+
+#include <cstddef>
+
+namespace PerchAppLibrary {
+
+/// Storage for one dictionary and all that it nests, which lie one behind the other while they are put together: for as
+/// long as this object lives. It is given back when the last of them goes, their copies included.
+///
+/// Afterwards whatever is added to the dictionary or to a copy lies on its own in the heap. So a copy belongs to itself:
+/// other threads may change it, and what is erased from it is given back.
+class CommonStorage {
+public:
+    /// Bytes that are expected together; more are found as they are needed.
+    explicit CommonStorage(std::size_t size);
+    CommonStorage(const CommonStorage&) = delete;
+    CommonStorage& operator=(const CommonStorage&) = delete;
+    ~CommonStorage();
+
+    operator const Storage&() const { return storage; }
+
+private:
+    class Arena;
+
+    Arena* arena = nullptr; // of the storage
+    Storage storage;
+};
+
+} // namespace PerchAppLibrary
