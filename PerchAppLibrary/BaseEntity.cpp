@@ -195,7 +195,9 @@ Dictionary BaseEntity::properties() const { return reflect({}); }
 
 Dictionary BaseEntity::properties(const Storage& storage) const { return reflect({}, storage); }
 
-Dictionary BaseEntity::reflect(const Excluded& excluded) const { return reflect(excluded, storageForDict()); }
+Dictionary BaseEntity::reflect(const Excluded& excluded) const {
+    return reflect(excluded, storageForDict().get());
+}
 
 CommonStorage BaseEntity::storageForDict(std::size_t members) const {
     constexpr std::size_t usualSize = 60; // of a property, its key and a short text

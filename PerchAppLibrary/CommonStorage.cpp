@@ -13,7 +13,7 @@ namespace PerchAppLibrary {
 class CommonStorage::Arena final : public boost::json::memory_resource {
 public:
     /// Says where it stands, since make_shared_resource does not.
-    Arena(std::size_t size, Arena*& place) : free(0) {
+    Arena(std::size_t size, Arena*& place) {
         addBlock(size);
         place = this;
     }
@@ -59,7 +59,7 @@ private:
 
     const Storage heap;
     std::vector<Block> blocks; // each twice the one before, or larger
-    std::size_t free;          // where the unused part of the last block starts
+    std::size_t free = 0;      // where the unused part of the last block starts
     bool isOpen = true;
 };
 

@@ -19,7 +19,8 @@ public:
     CommonStorage& operator=(const CommonStorage&) = delete;
     ~CommonStorage();
 
-    operator const Storage&() const { return storage; }
+    /// For those who put the dictionary together.
+    const Storage& get() const { return storage; }
 
 private:
     class Arena;

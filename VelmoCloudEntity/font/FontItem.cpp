@@ -80,7 +80,7 @@ void FontItem::setValue(const JSON& json) {
     setChildren(makeRecords<FontItem>(json[key]));
 }
 
-Dictionary FontItem::Dict() const { return dictIn(storageForDict(Children().size())); }
+Dictionary FontItem::Dict() const { return dictIn(storageForDict(Children().size()).get()); }
 
 Dictionary FontItem::dictIn(const PerchAppLibrary::Storage& storage) const {
     Dictionary dictionary = reflect(notReflected(), storage);
