@@ -42,7 +42,7 @@ void registerRecords();
 /// Searching by name and key: the library, the rules written down literally with ICU, and Qt.
 void registerSearch(const std::shared_ptr<const FontTree>& tree);
 
-/// Finding and marking fonts by identifier: the library, and a bare hash join of two arrays of integers.
+/// Finding and marking fonts by identifier: the library, and bare hash joins of two arrays of integers.
 void registerLookup(const std::shared_ptr<const FontTree>& tree);
 
 /// Reducing a million identifiers by ticked tags: the library, std::set and Roaring bitmaps.
