@@ -1,6 +1,6 @@
 #include <PerchAppLibrary/Dictionary.hpp>
 #include <PerchAppLibrary/JSON.hpp>
-#include <PerchAppLibrary/platform/JSONText.hpp>
+#include <PerchAppLibrary/record/JSONText.hpp>
 
 #include <PerchAppLibrary/record/Mapping.hpp>
 
@@ -143,7 +143,7 @@ TEST(JSON, TextsAreWrittenDirectlyAsByWayOfAValue) {
                 std::string content(size, 'a');
                 content.insert(place, 1, static_cast<char>(byte));
                 std::string written = "before";
-                PerchAppLibrary::text::appendJSONString(written, content);
+                PerchAppLibrary::appendJSONString(written, content);
                 EXPECT_EQ(written, "before" + PerchAppLibrary::toText(PerchAppLibrary::toValue(content)))
                     << byte << ' ' << size << ' ' << place;
             }

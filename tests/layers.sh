@@ -17,6 +17,8 @@ forbid() {
 }
 
 forbid "PerchAppLibrary stands below VelmoCloudEntity" PerchAppLibrary -- '#include [<"]VelmoCloudEntity/'
+forbid "platform is the ground floor of PerchAppLibrary" PerchAppLibrary/platform -- \
+    '#include <PerchAppLibrary/([A-Za-z]+\.hpp|record/)'
 forbid "Third-party libraries are reached through PerchAppLibrary" VelmoCloudEntity -- \
     '#include [<"](simdjson|boost/|unicode/|fontconfig|md5\.h|fmt/|CLI/)'
 forbid "entity is the ground floor" VelmoCloudEntity/entity -- '#include <VelmoCloudEntity/(font|catalogue|account|client)/'

@@ -1,7 +1,7 @@
 #include <PerchAppLibrary/record/DictText.hpp>
 
 #include <PerchAppLibrary/Dictionary.hpp>
-#include <PerchAppLibrary/platform/JSONText.hpp>
+#include <PerchAppLibrary/record/JSONText.hpp>
 #include <PerchAppLibrary/record/RecordSchema.hpp>
 
 #include <charconv>
@@ -18,7 +18,7 @@ void append(std::string& text, std::int64_t number) {
 
 void append(std::string& text, bool flag) { text.append(flag ? "true" : "false"); }
 
-void append(std::string& text, const std::string& content) { text::appendJSONString(text, content); }
+void append(std::string& text, const std::string& content) { appendJSONString(text, content); }
 
 void append(std::string& text, const std::vector<std::int64_t>& numbers) {
     text += '[';

@@ -1,11 +1,17 @@
-#include <PerchAppLibrary/platform/JSONText.hpp>
+#include <PerchAppLibrary/record/JSONText.hpp>
 
 #include <PerchAppLibrary/Dictionary.hpp>
 #include <PerchAppLibrary/platform/Text.hpp>
 #include <PerchAppLibrary/platform/Words.hpp>
 
-namespace PerchAppLibrary::text {
+namespace PerchAppLibrary {
 namespace {
+
+using text::forEachWord;
+using text::highBits;
+using text::repeated;
+using text::Word;
+using text::wordSize;
 
 /// Not zero when a byte of the word is below the limit, of 0x80 at most. Bytes that are not ASCII are never.
 constexpr Word anyBelow(Word word, char limit) noexcept {
@@ -32,7 +38,7 @@ bool isPlain(std::string_view content) noexcept {
             any |= word;
         });
     }
-    return escaped == 0 && ((any & highBits) == 0 || isWellFormed(content));
+    return escaped == 0 && ((any & highBits) == 0 || text::isWellFormed(content));
 }
 
 } // namespace
@@ -49,4 +55,4 @@ void appendJSONString(std::string& text, std::string_view content) {
     }
 }
 
-} // namespace PerchAppLibrary::text
+} // namespace PerchAppLibrary
