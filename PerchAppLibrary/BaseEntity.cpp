@@ -2,8 +2,8 @@
 
 #include <PerchAppLibrary/CommonStorage.hpp>
 #include <PerchAppLibrary/JSONElement.hpp>
-#include <PerchAppLibrary/platform/Words.hpp>
 #include <PerchAppLibrary/record/Conversion.hpp>
+#include <PerchAppLibrary/record/NameIndex.hpp>
 #include <PerchAppLibrary/record/RecordSchema.hpp>
 
 #include <boost/container/small_vector.hpp>
@@ -57,13 +57,14 @@ private:
 /// Sets one property from an element where that converts.
 struct Setter {
     BaseEntity& record;
-    const dom::element& element;
+    dom::element element;
     bool isOverridable; // the accessors that were declared with the property may not be the ones that count
 
     template <class T>
     void operator()(const FieldAccess<T>& access) const {
         if (!isOverridable && access.field != nullptr) {
-            convertElement(element, record.*access.field);
+            if (convertElement(element, record.*access.field) && access.effect != nullptr)
+                (record.*access.effect)();
             return;
         }
         T value{};
@@ -84,15 +85,15 @@ public:
         : m_schema(schema),
           m_slots(schema.properties().size(), boost::container::default_init),
           m_found(m_slots.size()) {
-        std::size_t guess = 0;
+        // The text of a key lies in the document, where other texts follow, and the reader's padding at the end.
+        static_assert(NameIndex::headSize <= simdjson::SIMDJSON_PADDING);
+        const NameIndex& names = schema.names();
         const auto end = members.end();
-        for (auto member = members.begin(); member != end; ++member) {
-            if (const std::size_t index = find(member.key(), guess); index != RecordSchema::notFound) {
+        for (auto member = members.begin(); member != end; ++member)
+            if (const std::size_t index = names.findReadable(member.key()); index != NameIndex::notFound) {
                 m_slots[index].element = member.value();
                 m_found.insert(index);
-                guess = index + 1; // the service sends properties in their order, leaving some out
             }
-        }
     }
 
     const RecordSchema& schema() const { return m_schema; }
@@ -117,15 +118,6 @@ private:
         Slot() noexcept {} // NOLINT(modernize-use-equals-default): the member has a constructor of its own
         dom::element element;
     };
-
-    /// Index of the property with this name, faster when it is the one at the index `guess` or one of the two behind it.
-    std::size_t find(std::string_view name, std::size_t guess) const {
-        const std::span<const std::string_view> names = m_schema.names();
-        for (std::size_t index = guess; index < std::min(guess + 3, names.size()); ++index)
-            if (text::isSame(names[index], name))
-                return index;
-        return m_schema.find(name);
-    }
 
     const RecordSchema& m_schema;
     boost::container::small_vector<Slot, usualPropertyCount> m_slots;
@@ -170,9 +162,10 @@ void BaseEntity::fillFrom(const Elements& elements) {
     // Nothing can have overridden the accessors of the properties that the record's very class declares.
     const RecordSchema& recordSchema = elements.schema();
     const bool isOfDeclaringClass = typeid(*this) == recordSchema.type();
-    elements.forEach([&](std::size_t index, const dom::element& element) {
-        const bool isOverridable = !isOfDeclaringClass || index < recordSchema.firstOwn();
-        std::visit(Setter{*this, element, isOverridable}, recordSchema.properties()[index].access);
+    const std::span<const Property> properties = recordSchema.properties();
+    const std::size_t overridableEnd = isOfDeclaringClass ? recordSchema.firstOwn() : properties.size();
+    elements.forEach([this, properties, overridableEnd](std::size_t index, dom::element element) {
+        std::visit(Setter{*this, element, index < overridableEnd}, properties[index].access);
     });
 }
 

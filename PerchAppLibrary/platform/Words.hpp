@@ -5,7 +5,7 @@
 #include <cstring>
 #include <string_view>
 
-/// Eight bytes of text at a time, in a machine word, in either byte order. Private to the text module.
+/// Eight bytes of text at a time, in a machine word, in either byte order.
 namespace PerchAppLibrary::text {
 
 using Word = std::uint64_t;
@@ -21,25 +21,6 @@ inline Word loadWord(const char* bytes) noexcept {
 }
 
 inline void storeWord(char* bytes, Word word) noexcept { std::memcpy(bytes, &word, wordSize); }
-
-/// Whether two texts are the same: for short ones faster than a call of memcmp.
-inline bool isSame(std::string_view one, std::string_view other) noexcept {
-    const std::size_t size = one.size();
-    if (size != other.size())
-        return false;
-    if (size < wordSize) {
-        for (std::size_t at = 0; at < size; ++at)
-            if (one[at] != other[at])
-                return false;
-        return true;
-    }
-    const std::size_t last =
-        size - wordSize; // where the last word begins, which may overlap the one before it
-    for (std::size_t at = 0; at < last; at += wordSize)
-        if (loadWord(one.data() + at) != loadWord(other.data() + at))
-            return false;
-    return loadWord(one.data() + last) == loadWord(other.data() + last);
-}
 
 /// Calls `visit(offset, word)` for words that cover the text: the last may overlap the one before it, and of a text shorter
 /// than a word, zeros stand behind.

@@ -46,14 +46,16 @@ using ReadType = std::conditional_t<std::is_scalar_v<T>, T, const T&>;
 template <int Line>
 struct At {};
 
-/// A property with a value of its own: its name, its virtual getter and setter, and its field. The setter of a constant is null,
-/// and so is the field where setting the property takes more than storing the value.
+/// A property with a value of its own: its name, its virtual getter and setter, its field, and what the setter calls once the
+/// value is stored. The setter of a constant is null, the field where the record keeps the value otherwise, the effect
+/// where there is none.
 template <class Record, class T>
 struct StoredProperty {
     std::string_view name;
     ReadType<T> (Record::*get)() const;
     void (Record::*set)(T);
     T Record::* field;
+    void (Record::*effect)() = nullptr;
 };
 
 template <class Getter>
@@ -206,17 +208,17 @@ public:                                                                         
     }                                                                                                        \
     static_assert(true)
 
-/// The same for a property of which a change has an effect on the record: the statement that comes last. A change by any road
-/// takes the setter.
+/// The same for a property of which a change has an effect on the record: the member function that comes last, which is called
+/// after a change by any road.
 #define PERCH_PROPERTY_WITH_EFFECT(Type, Name, Setter, Effect)                                               \
 public:                                                                                                      \
     virtual PerchAppLibrary::ReadType<Type> Name() const { return this->m_##Name; }                          \
     virtual void Setter(Type newValue) {                                                                     \
         this->m_##Name = std::move(newValue);                                                                \
-        Effect;                                                                                              \
+        this->Effect();                                                                                      \
     }                                                                                                        \
     static constexpr PerchAppLibrary::StoredProperty<Self, Type> propertyAt(PerchAppLibrary::At<__LINE__>) { \
-        return {#Name, &Self::Name, &Self::Setter, nullptr};                                                 \
+        return {#Name, &Self::Name, &Self::Setter, &Self::m_##Name, &Self::Effect};                          \
     }                                                                                                        \
     static_assert(true)
 

@@ -1,66 +1,49 @@
 #include <PerchAppLibrary/record/RecordSchema.hpp>
 
 #include <PerchAppLibrary/fatalError.hpp>
-
-#include <boost/unordered/unordered_flat_map.hpp>
+#include <PerchAppLibrary/record/NameIndex.hpp>
 
 #include <algorithm>
-#include <cstdint>
 #include <iterator>
 
 namespace PerchAppLibrary {
 
 namespace {
 
-/// Enough to tell names apart: the length and three letters. Equal hashes cost a comparison more.
-struct NameHash {
-    using is_avalanching = void;
-
-    std::size_t operator()(std::string_view name) const noexcept {
-        if (name.empty())
-            return 0;
-        const auto letter = [name](std::size_t at) {
-            return std::uint64_t{static_cast<unsigned char>(name[at])};
-        };
-        const std::uint64_t letters =
-            letter(0) | letter(name.size() / 2) << 8U | letter(name.size() - 1) << 16U | name.size() << 24U;
-        constexpr std::uint64_t goldenRatio =
-            0x9E3779B97F4A7C15U; // 2^64 divided by it: spreads close numbers
-        const std::uint64_t product = letters * goldenRatio;
-        return product ^ product >> 32U;
-    }
-};
-
-} // namespace
-
-struct RecordSchema::NameIndex {
-    boost::unordered_flat_map<std::string_view, std::size_t, NameHash> indices;
-};
-
-RecordSchema::RecordSchema(std::string_view className, const std::type_info& type, const RecordSchema* base,
-                           std::vector<Property> own)
-    : m_className(className), m_type(&type) {
+/// The properties of the base, but those that the class declares again, and then its own.
+std::vector<Property> inheritedAndOwn(const RecordSchema* base, std::vector<Property> own) {
+    std::vector<Property> properties;
     if (base != nullptr)
-        std::ranges::copy_if(base->m_properties, std::back_inserter(m_properties),
+        std::ranges::copy_if(base->properties(), std::back_inserter(properties),
                              [&own](const Property& inherited) {
                                  return std::ranges::find(own, inherited.name, &Property::name) == own.end();
                              });
-    m_firstOwn = m_properties.size();
-    std::ranges::copy(own, std::back_inserter(m_properties));
-    auto byName = std::make_unique<NameIndex>();
-    for (const Property& property : m_properties) {
-        byName->indices.emplace(property.name, m_names.size());
-        m_names.push_back(property.name);
-    }
-    m_byName = std::move(byName);
+    std::ranges::move(own, std::back_inserter(properties));
+    return properties;
 }
+
+std::vector<std::string_view> namesOf(std::span<const Property> properties) {
+    std::vector<std::string_view> names;
+    names.reserve(properties.size());
+    for (const Property& property : properties)
+        names.push_back(property.name);
+    return names;
+}
+
+} // namespace
+
+RecordSchema::RecordSchema(std::string_view className, const std::type_info& type, const RecordSchema* base,
+                           std::vector<Property> own)
+    : m_className(className),
+      m_type(&type),
+      m_ownCount(own.size()),
+      m_properties(inheritedAndOwn(base, std::move(own))),
+      m_names(std::make_unique<const NameIndex>(namesOf(m_properties))) {}
 
 RecordSchema::~RecordSchema() = default;
 
-std::size_t RecordSchema::find(std::string_view name) const noexcept {
-    const auto found = m_byName->indices.find(name);
-    return found == m_byName->indices.end() ? notFound : found->second;
-}
+static_assert(RecordSchema::notFound == NameIndex::notFound);
+std::size_t RecordSchema::find(std::string_view name) const noexcept { return m_names->find(name); }
 
 std::vector<const Property*> RecordSchema::storedWithout(const Excluded& excluded) const {
     std::vector<const Property*> left;

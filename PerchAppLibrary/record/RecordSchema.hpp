@@ -19,13 +19,14 @@
 /// of records and by code that treats all records alike; a user of a record does not need it.
 namespace PerchAppLibrary {
 
-/// A stored property of type T, reached through any record of the class: by its virtual accessors, or by its
-/// field, if there is one, where no subclass can have overridden them.
+/// A stored property of type T, reached through any record of the class: by its virtual accessors, or, where no subclass can
+/// have overridden them, by its field, if there is one, and the effect of a change, if there is one.
 template <class T>
 struct FieldAccess {
     ReadType<T> (BaseEntity::*get)() const;
     void (BaseEntity::*set)(T);
     T BaseEntity::* field;
+    void (BaseEntity::*effect)();
 };
 
 /// A stored array of records of one class. The pointers live as long as the records that the property holds.
@@ -56,6 +57,8 @@ struct Property {
     Value value(const BaseEntity& record, const Storage& storage = {}) const;
 };
 
+class NameIndex;
+
 /// The properties of one class of records. Immutable; there is one for each class, made at the first use of it.
 class RecordSchema {
 public:
@@ -76,10 +79,10 @@ public:
     std::span<const Property> properties() const noexcept { return m_properties; }
 
     /// Index of the first property that the class itself declares.
-    std::size_t firstOwn() const noexcept { return m_firstOwn; }
+    std::size_t firstOwn() const noexcept { return m_properties.size() - m_ownCount; }
 
     /// The properties that the class itself declares.
-    std::span<const Property> ownProperties() const noexcept { return properties().subspan(m_firstOwn); }
+    std::span<const Property> ownProperties() const noexcept { return properties().last(m_ownCount); }
 
     /// The stored properties without the excluded ones, in their order. Ends the process (fatalError) when an excluded name is
     /// not that of a stored property.
@@ -91,18 +94,15 @@ public:
     /// Index of the property with this name in properties(), or notFound. Constant time.
     std::size_t find(std::string_view name) const noexcept;
 
-    /// The names of properties(), close together.
-    std::span<const std::string_view> names() const noexcept { return m_names; }
+    /// What find() looks into, for who looks up many names.
+    const NameIndex& names() const noexcept { return *m_names; }
 
 private:
-    struct NameIndex;
-
     std::string_view m_className;
     const std::type_info* m_type;
-    std::size_t m_firstOwn;
+    std::size_t m_ownCount;
     std::vector<Property> m_properties;
-    std::vector<std::string_view> m_names;
-    std::unique_ptr<const NameIndex> m_byName;
+    std::unique_ptr<const NameIndex> m_names;
 };
 
 /// Collects the properties of the class Record from its declarations, one line after the other.
@@ -134,7 +134,8 @@ private:
     static auto access(StoredProperty<Record, T> property) {
         return FieldAccess<T>{static_cast<ReadType<T> (BaseEntity::*)() const>(property.get),
                               static_cast<void (BaseEntity::*)(T)>(property.set),
-                              static_cast<T BaseEntity::*>(property.field)};
+                              static_cast<T BaseEntity::*>(property.field),
+                              static_cast<void (BaseEntity::*)()>(property.effect)};
     }
 
     template <int Line, class Item>

@@ -33,6 +33,9 @@ public:
     void prefetchTexts() const noexcept;
 
 protected:
+    /// What the names have an effect on.
+    void forgetNames() noexcept { m_nameSignature.forget(); }
+
     bool m_IsGroup = false;
     bool m_IsPrivate = false;
     bool m_isActivated = false;

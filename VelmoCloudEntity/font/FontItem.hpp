@@ -42,13 +42,13 @@ class FontItem : public FontFields {
     /// Identifier of the product set (family).
     PERCH_PROPERTY(std::int64_t, ProductSetId);
     /// Name of the product set.
-    PERCH_PROPERTY_WITH_EFFECT(std::string, ProductSetName, setProductSetName, m_nameSignature.forget());
+    PERCH_PROPERTY_WITH_EFFECT(std::string, ProductSetName, setProductSetName, forgetNames);
     /// Product name of the font.
-    PERCH_PROPERTY_WITH_EFFECT(std::string, ProductName, setProductName, m_nameSignature.forget());
+    PERCH_PROPERTY_WITH_EFFECT(std::string, ProductName, setProductName, forgetNames);
     /// PostScript name of the font.
     PERCH_PROPERTY(std::string, PostscriptName);
     /// What was stored by setDisplayName(); read by DisplayName().
-    PERCH_PROPERTY_WITH_EFFECT(std::string, displayName, setDisplayName, m_nameSignature.forget());
+    PERCH_PROPERTY_WITH_EFFECT(std::string, displayName, setDisplayName, forgetNames);
     /// Format of the font file.
     PERCH_PROPERTY(std::string, Format);
     /// Version of the font.
@@ -56,7 +56,7 @@ class FontItem : public FontFields {
     /// Rights notice, as sent.
     PERCH_PROPERTY(std::string, Copyright);
     /// Name of the font file; the full path of one that does not come from the catalogue.
-    PERCH_PROPERTY_WITH_EFFECT(std::string, ProductFileName, setProductFileName, m_nameSignature.forget());
+    PERCH_PROPERTY_WITH_EFFECT(std::string, ProductFileName, setProductFileName, forgetNames);
     /// Address of the font file.
     PERCH_PROPERTY(std::string, ProductFileUrl);
     /// Address of the folder of the font's preview images.

@@ -1,0 +1,92 @@
+#pragma once
+
+#include <PerchAppLibrary/platform/Words.hpp>
+
+#include <algorithm>
+#include <array>
+#include <bit>
+#include <cstddef>
+#include <span>
+#include <string_view>
+#include <vector>
+
+namespace PerchAppLibrary {
+
+/// Finds the place of a name among names that differ in their first sixteen bytes, as those of properties nearly always do.
+/// Immutable.
+///
+/// Every key of every record is looked up, in an order that the processor can hardly foresee. So a look takes the key as
+/// two words, whatever its length, and goes to one place, where the name nearly always stands: there is little to branch on.
+class NameIndex {
+public:
+    /// Of different names, which live as long as the index.
+    explicit NameIndex(std::span<const std::string_view> names);
+
+    /// What find() answers for a name that is not among them.
+    static constexpr std::size_t notFound = static_cast<std::size_t>(-1);
+
+    std::size_t find(std::string_view name) const noexcept { return find(name, headOf(name)); }
+
+    /// How many bytes findReadable() looks at.
+    static constexpr std::size_t headSize = 2 * text::wordSize;
+
+    /// The same, faster, for a name from the begin of which headSize bytes can be read, whatever they are.
+    std::size_t findReadable(std::string_view name) const noexcept {
+        return find(name, headOfReadable(name));
+    }
+
+private:
+    /// The first sixteen bytes of a name; behind a shorter one, zeros.
+    struct Head {
+        text::Word first = 0;
+        text::Word second = 0;
+
+        bool operator==(const Head&) const = default;
+    };
+
+    struct Entry {
+        Head head;
+        std::string_view name;
+        std::size_t index = notFound;
+    };
+
+    static Head headOf(std::string_view name) noexcept;
+
+    /// Leaves as many bytes as stand from some place in it up to its middle.
+    static constexpr auto headMask = [] {
+        std::array<char, 2 * headSize> bytes{};
+        std::fill_n(bytes.begin(), headSize, static_cast<char>(0xFF));
+        return bytes;
+    }();
+
+    static Head headOfReadable(std::string_view name) noexcept {
+        const char* const mask = headMask.data() + headSize - std::min(name.size(), headSize);
+        return {text::loadWord(name.data()) & text::loadWord(mask),
+                text::loadWord(name.data() + text::wordSize) & text::loadWord(mask + text::wordSize)};
+    }
+
+    std::size_t find(std::string_view name, Head head) const noexcept {
+        std::size_t place = firstPlace(head);
+        while (m_entries[place].index != notFound && !isAt(place, name, head))
+            place = next(place);
+        return m_entries[place].index;
+    }
+
+    bool isAt(std::size_t place, std::string_view name, Head head) const noexcept {
+        const Entry& entry = m_entries[place];
+        return entry.head == head && entry.name.size() == name.size() &&
+               (name.size() <= headSize || entry.name == name);
+    }
+
+    std::size_t firstPlace(Head head) const noexcept {
+        constexpr text::Word goldenRatio = 0x9E3779B97F4A7C15U; // 2^64 divided by it: spreads close numbers
+        return static_cast<std::size_t>((head.first ^ std::rotl(head.second, 31)) * goldenRatio >> m_shift);
+    }
+
+    std::size_t next(std::size_t place) const noexcept { return (place + 1) % m_entries.size(); }
+
+    std::vector<Entry> m_entries; // more than the names, so that a look ends
+    unsigned m_shift;             // leaves as many high bits as number the entries
+};
+
+} // namespace PerchAppLibrary

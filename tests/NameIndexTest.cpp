@@ -1,0 +1,63 @@
+#include <PerchAppLibrary/record/NameIndex.hpp>
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace {
+
+using namespace std::string_view_literals;
+using PerchAppLibrary::NameIndex;
+
+/// Both ways of looking a name up, on memory that ends where they may read no further.
+std::size_t find(const NameIndex& index, std::string_view name) {
+    const std::unique_ptr<char[]> alone(new char[name.size()]);
+    name.copy(alone.get(), name.size());
+    const std::size_t found = index.find({alone.get(), name.size()});
+
+    const std::size_t readableSize = std::max(name.size(), NameIndex::headSize);
+    const std::unique_ptr<char[]> readable(new char[readableSize]);
+    std::fill_n(readable.get(), readableSize, 'x'); // what follows must not matter
+    name.copy(readable.get(), name.size());
+    EXPECT_EQ(index.findReadable({readable.get(), name.size()}), found) << name;
+    return found;
+}
+
+TEST(NameIndex, TellsNamesOfAllLengthsApart) {
+    const std::vector names = {""sv,
+                               "I"sv,
+                               "Id"sv,
+                               "IdA"sv,
+                               "IsGroup"sv,
+                               "GroupTag"sv,
+                               "TagGroup"sv,
+                               "ExceptionMessag"sv,
+                               "ExceptionMessage"sv,
+                               "GroupCollectionId"sv,
+                               "GroupCollectionIdentifier"sv,
+                               "Id\0"sv};
+    const NameIndex index(names);
+    for (std::size_t place = 0; place < names.size(); ++place)
+        EXPECT_EQ(find(index, names[place]), place) << names[place];
+    for (const std::string_view other : {"i"sv, "ID"sv, "Idx"sv, "\0"sv, "Id\0\0"sv, "ExceptionMessageA"sv,
+                                         "GroupCollectionI"sv, "GroupCollectionIx"sv})
+        EXPECT_EQ(find(index, other), NameIndex::notFound) << other;
+}
+
+TEST(NameIndex, TakesManyNamesThatBeginAlike) {
+    std::vector<std::string> owned;
+    for (std::size_t number = 0; number < 300; ++number)
+        owned.push_back((number % 2 == 0 ? "PropertyOfARecord" : "P") + std::to_string(number));
+    const NameIndex index(std::vector<std::string_view>(owned.begin(), owned.end()));
+    for (std::size_t place = 0; place < owned.size(); ++place)
+        EXPECT_EQ(find(index, owned[place]), place);
+    EXPECT_EQ(find(index, "PropertyOfARecord301"), NameIndex::notFound);
+}
+
+TEST(NameIndex, FindsNothingAmongNone) { EXPECT_EQ(find(NameIndex({}), "Id"), NameIndex::notFound); }
+
+} // namespace
