@@ -6,6 +6,8 @@
 
 #include <benchmark/benchmark.h>
 
+#include <malloc.h>
+
 #include <algorithm>
 #include <cstdio>
 #include <exception>
@@ -78,6 +80,13 @@ void registerAll() {
     }
 }
 
+/// Has the heap keep what is freed. Otherwise each repetition of a load or an export begins with new pages of the system, whose
+/// price, on a virtual machine, depends on what ran before: it varies tenfold and hides what is compared.
+void keepFreedMemory() {
+    mallopt(M_MMAP_MAX, 0);
+    mallopt(M_TRIM_THRESHOLD, -1);
+}
+
 /// Takes `--results=FOLDER` out of the arguments.
 std::optional<std::filesystem::path> takeResultsFolder(std::vector<char*>& arguments) {
     constexpr std::string_view option = "--results=";
@@ -93,6 +102,7 @@ std::optional<std::filesystem::path> takeResultsFolder(std::vector<char*>& argum
 } // namespace
 
 int main(int argc, char** argv) {
+    keepFreedMemory();
     std::vector<char*> arguments(argv, argv + argc);
     const std::optional<std::filesystem::path> results = takeResultsFolder(arguments);
     std::string repetitions = "--benchmark_repetitions=5";
