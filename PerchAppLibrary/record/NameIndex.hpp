@@ -52,7 +52,7 @@ private:
 
     static Head headOf(std::string_view name) noexcept;
 
-    /// Leaves as many bytes as stand from some place in it up to its middle.
+    /// Ones, then zeros: from `headSize - n` on, it keeps the first n bytes of a head.
     static constexpr auto headMask = [] {
         std::array<char, 2 * headSize> bytes{};
         std::fill_n(bytes.begin(), headSize, static_cast<char>(0xFF));
