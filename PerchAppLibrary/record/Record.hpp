@@ -245,16 +245,21 @@ public:                                                                         
     }                                                                                                        \
     static_assert(true)
 
-/// A stored text, empty by default, that few records have: kept in the RareTexts `m_rareTexts` of the class.
-#define PERCH_PROPERTY_RARE_TEXT(Name)                                                                     \
-public:                                                                                                    \
-    virtual const std::string& Name() const { return this->m_rareTexts[__LINE__]; }                        \
-    virtual void set##Name(std::string newValue) { this->m_rareTexts.set(__LINE__, std::move(newValue)); } \
-    static constexpr PerchAppLibrary::StoredProperty<Self, std::string> propertyAt(                        \
-        PerchAppLibrary::At<__LINE__>) {                                                                   \
-        return {#Name, &Self::Name, &Self::set##Name, nullptr};                                            \
-    }                                                                                                      \
+/// A stored text, empty by default, that few records have: kept in the RareTexts `m_rareTexts` of the class. The member function
+/// that comes last, if there is one, is called after a change.
+#define PERCH_PROPERTY_RARE_TEXT_SET_BY(Name, Setter, ...)                          \
+public:                                                                             \
+    virtual const std::string& Name() const { return this->m_rareTexts[__LINE__]; } \
+    virtual void Setter(std::string newValue) {                                     \
+        this->m_rareTexts.set(__LINE__, std::move(newValue));                       \
+        __VA_OPT__(this->__VA_ARGS__();)                                            \
+    }                                                                               \
+    static constexpr PerchAppLibrary::StoredProperty<Self, std::string> propertyAt( \
+        PerchAppLibrary::At<__LINE__>) {                                            \
+        return {#Name, &Self::Name, &Self::Setter, nullptr};                        \
+    }                                                                               \
     static_assert(true)
+#define PERCH_PROPERTY_RARE_TEXT(Name) PERCH_PROPERTY_RARE_TEXT_SET_BY(Name, set##Name)
 
 /// A computed property with the virtual getter `Name()`, which the class defines in its source file.
 #define PERCH_COMPUTED(Type, Name)                                             \

@@ -5,6 +5,7 @@
 #include <PerchAppLibrary/BaseEntity.hpp>
 #include <PerchAppLibrary/platform/Prefetch.hpp>
 #include <PerchAppLibrary/platform/TextSignature.hpp>
+#include <PerchAppLibrary/record/RareTexts.hpp>
 
 #include <string>
 
@@ -46,12 +47,13 @@ protected:
     std::string m_ProductName;
     std::string m_ProductSetName;
     std::string m_ProductFileName;
-    std::string m_displayName;
+    PerchAppLibrary::RareTexts m_rareTexts; // displayName among them
 };
 
 inline void FontFields::prefetchNames() const noexcept {
-    for (const std::string* const name : {&m_ProductName, &m_ProductFileName, &m_displayName})
-        PerchAppLibrary::prefetch(name);
+    PerchAppLibrary::prefetch(&m_ProductName);
+    PerchAppLibrary::prefetch(&m_ProductFileName);
+    PerchAppLibrary::prefetch(&m_rareTexts);
 }
 
 inline void FontFields::prefetchTexts() const noexcept {

@@ -48,7 +48,7 @@ class FontItem : public FontFields {
     /// PostScript name of the font.
     PERCH_PROPERTY(std::string, PostscriptName);
     /// What was stored by setDisplayName(); read by DisplayName().
-    PERCH_PROPERTY_WITH_EFFECT(std::string, displayName, setDisplayName, forgetNames);
+    PERCH_PROPERTY_RARE_TEXT_SET_BY(displayName, setDisplayName, forgetNames);
     /// Format of the font file.
     PERCH_PROPERTY(std::string, Format);
     /// Version of the font.
@@ -62,7 +62,7 @@ class FontItem : public FontFields {
     /// Address of the folder of the font's preview images.
     PERCH_PROPERTY(std::string, PreviewFileUrl);
     /// What was stored by setPreviewText(); read by PreviewText().
-    PERCH_PROPERTY_SET_BY(std::string, previewText, setPreviewText);
+    PERCH_PROPERTY_RARE_TEXT_SET_BY(previewText, setPreviewText);
     /// Opaque text of the service.
     PERCH_PROPERTY(std::string, RegisterKey);
     /// The font is on line in the catalogue.
@@ -74,7 +74,7 @@ class FontItem : public FontFields {
     /// Free font.
     PERCH_PROPERTY(bool, IsFree);
     /// Label of the free offer.
-    PERCH_PROPERTY(std::string, FreeTag);
+    PERCH_PROPERTY_RARE_TEXT(FreeTag);
     /// Authorisation flag of the font itself.
     PERCH_PROPERTY(bool, IsFontAuth);
     /// Available to members.
@@ -82,7 +82,7 @@ class FontItem : public FontFields {
     /// The user's own upload.
     PERCH_PROPERTY_IN_FIELD(bool, IsPrivate, setIsPrivate);
     /// OEM label.
-    PERCH_PROPERTY(std::string, OemTag);
+    PERCH_PROPERTY_RARE_TEXT(OemTag);
     /// What was stored by setIsActivated(); read by IsActivated().
     PERCH_PROPERTY_IN_FIELD(bool, isActivated, setIsActivated);
     /// The user's favourite.
@@ -96,7 +96,7 @@ class FontItem : public FontFields {
     /// The record is a group of the fonts in Children.
     PERCH_PROPERTY_IN_FIELD(bool, IsGroup, setIsGroup);
     /// Tag that names the group.
-    PERCH_PROPERTY(std::string, GroupTag);
+    PERCH_PROPERTY_RARE_TEXT(GroupTag);
     /// Collection that the group belongs to.
     PERCH_PROPERTY(std::int64_t, GroupCollectionId);
     /// Identifiers of the font's tags.
@@ -104,9 +104,9 @@ class FontItem : public FontFields {
     /// Members of a group.
     PERCH_PROPERTY_IN_FIELD(Records<FontItem>, Children, setChildren);
     /// Begin of a period of validity, as sent.
-    PERCH_PROPERTY(std::string, DateStampBegin);
+    PERCH_PROPERTY_RARE_TEXT(DateStampBegin);
     /// End of a period of validity, as sent.
-    PERCH_PROPERTY(std::string, DateStampEnd);
+    PERCH_PROPERTY_RARE_TEXT(DateStampEnd);
     /// Count used by top lists.
     PERCH_PROPERTY(std::int64_t, TopCount);
 
