@@ -26,6 +26,7 @@ public:
     void ReportRuns(const std::vector<Run>& runs) override {
         ConsoleReporter::ReportRuns(runs);
         for (const Run& run : runs) {
+            m_hasFailed = m_hasFailed || run.error_occurred;
             if (run.aggregate_name != "median")
                 continue;
             const std::string& name = run.run_name.function_name;
@@ -46,7 +47,11 @@ public:
         return sorted;
     }
 
+    /// Whether a side was not timed because it came to another result than the others.
+    bool hasFailed() const { return m_hasFailed; }
+
 private:
+    bool m_hasFailed = false;
     std::vector<Median> m_medians; // in the order in which they came to an end
 };
 
@@ -118,6 +123,8 @@ int main(int argc, char** argv) {
         MedianReporter reporter;
         benchmark::RunSpecifiedBenchmarks(&reporter);
         std::printf("\nMedians of one interleaved run\n\n%s", markdownOf(reporter.medians()).c_str());
+        if (reporter.hasFailed())
+            throw std::runtime_error("sides of a comparison come to different results: see \"ERROR\" above");
         if (results)
             writeResults(*results, reporter.medians());
     } catch (const std::exception& error) {
