@@ -45,7 +45,7 @@ std::size_t sizeOf(const List& list) {
     return list.size();
 }
 
-/// Adds the join with the standard set, and the one with the fastest.
+/// Adds the join with the standard set, and the one with a set that is made for speed.
 void addJoins(Comparison& comparison, const std::shared_ptr<const Ids>& leaves,
               const std::shared_ptr<const Ids>& wanted) {
     using Positions = std::vector<std::size_t>;
