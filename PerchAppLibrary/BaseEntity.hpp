@@ -91,8 +91,9 @@ protected:
     void initFromJSON(const JSON& json) { setValue(json); }
 
     /// What this class's own setValue(json, {key}) does, and then the value under the key, or null: in one pass over the
-    /// members. For a record of which no subclass can have overridden that mapping.
-    JSON mapAround(std::string_view key, const JSON& json);
+    /// members. The key is that of the property with this index in the schema. For a record of which no subclass can have
+    /// overridden that mapping.
+    JSON mapAround(std::size_t index, const JSON& json);
 
     /// The stored properties without the excluded ones: what a record's reflective `Dict` begins with. Ends
     /// the process (fatalError) when an excluded name is not that of a stored property.
@@ -109,10 +110,6 @@ protected:
     Dictionary select(std::span<const std::string> names) const;
 
 private:
-    class Elements;
-
-    void fillFrom(const Elements& elements);
-
     RareTexts m_rareTexts;
     bool m_IsDisabled = false; // at the end, where the fields of a subclass that are small follow closely
     bool m_Exception = false;

@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include <map>
+#include <random>
 #include <string>
 
 using namespace PerchAppLibrary;
@@ -176,6 +177,72 @@ TEST(Mapping, SetsEachPropertyOnceInTheirOrderAndTheLastOfARepeatedKeyHolds) {
         // The same through the fields, where nothing is overridden.
         if (const std::string notes = row.notes; notes.find("Int") == std::string::npos) {
             EXPECT_EQ(Sample::create(JSON::parse(row.json))->Int(), -7) << row.json;
+        }
+    }
+}
+
+/// Looks at another property when it is set.
+class Observing : public BaseEntity {
+    PERCH_RECORD(Observing, BaseEntity);
+
+    PERCH_PROPERTY(std::int64_t, Int);
+    PERCH_PROPERTY(std::int64_t, IntAtId);
+
+    PERCH_RECORD_END;
+
+public:
+    void setId(std::int64_t newValue) override { setIntAtId(Int() + newValue); }
+};
+PERCH_RECORD_SCHEMA(Observing);
+
+TEST(Mapping, KeepsTheOrderForAnOverrideInTheVeryClass) {
+    EXPECT_EQ(Observing::create(JSON::parse(R"({"Int":5,"Id":1})"))->IntAtId(), 1);
+}
+
+/// One property of each kind, empty to begin with.
+class Empty : public BaseEntity {
+    PERCH_RECORD(Empty, BaseEntity);
+
+    PERCH_PROPERTY(std::int64_t, Int);
+    PERCH_PROPERTY(bool, Bool);
+    PERCH_PROPERTY(float, Float);
+    PERCH_PROPERTY(std::string, String);
+    PERCH_PROPERTY(std::optional<std::string>, Optional);
+    PERCH_PROPERTY(std::vector<std::int64_t>, Ints);
+    PERCH_PROPERTY(JSON, Any);
+
+    PERCH_RECORD_END;
+};
+PERCH_RECORD_SCHEMA(Empty);
+class SetByAccessors : public Empty {};
+
+/// An object of some members, of which some have the same key.
+std::string randomObject(std::mt19937& random) {
+    const auto oneOf = [&](const auto& list) {
+        return std::string(list[std::uniform_int_distribution<std::size_t>(0, std::size(list) - 1)(random)]);
+    };
+    const char* const keys[] = {"Int", "Bool", "Float", "String", "Optional", "Ints", "Any", "Id", "Token"};
+    const char* const values[] = {"0",    "1",    "-0.0", "2.5", R"("")",    R"("text")",
+                                  "true", "null", "[]",   "[3]", R"(["x"])", "{}"};
+    std::string members;
+    for (int count = std::uniform_int_distribution<>(0, 8)(random); count > 0; --count)
+        members += (members.empty() ? "\"" : ",\"") + oneOf(keys) + "\":" + oneOf(values);
+    return "{" + members + "}";
+}
+
+TEST(Mapping, GivesTheSameThroughFieldsAndThroughSetters) {
+    std::mt19937 random(5); // NOLINT(cert-msc32-c,cert-msc51-cpp): the same run each time
+    for (int run = 0; run < 2'000; ++run) {
+        const auto byFields = Empty::create();
+        const auto bySetters = Empty::create<SetByAccessors>();
+        std::string objects;
+        for (int filling = 0; filling < 3; ++filling) {
+            const std::string object = randomObject(random);
+            objects += object + " ";
+            const JSON json = JSON::parse(object);
+            byFields->setValue(json);
+            bySetters->setValue(json);
+            ASSERT_EQ(toText(byFields->properties()), toText(bySetters->properties())) << objects;
         }
     }
 }

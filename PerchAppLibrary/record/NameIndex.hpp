@@ -6,6 +6,8 @@
 #include <array>
 #include <bit>
 #include <cstddef>
+#include <cstdint>
+#include <limits>
 #include <span>
 #include <string_view>
 #include <vector>
@@ -16,14 +18,14 @@ namespace PerchAppLibrary {
 /// Immutable.
 ///
 /// Every key of every record is looked up, in an order that the processor can hardly foresee. So a look takes the key as
-/// two words, whatever its length, and goes to one place, where the name nearly always stands: there is little to branch on.
+/// two words, whatever its length, and goes to one place, where the name stands: there is little to branch on.
 class NameIndex {
 public:
     /// Of different names, which live as long as the index.
     explicit NameIndex(std::span<const std::string_view> names);
 
     /// What find() answers for a name that is not among them.
-    static constexpr std::size_t notFound = static_cast<std::size_t>(-1);
+    static constexpr std::size_t notFound = std::numeric_limits<std::uint32_t>::max();
 
     std::size_t find(std::string_view name) const noexcept { return find(name, headOf(name)); }
 
@@ -44,10 +46,17 @@ private:
         bool operator==(const Head&) const = default;
     };
 
-    struct Entry {
+    /// On one line of the cache.
+    struct alignas(32) Entry {
         Head head;
-        std::string_view name;
-        std::size_t index = notFound;
+        const char* name = nullptr;
+        std::uint32_t size = 0;
+        std::uint32_t index = notFound;
+
+        bool isOf(std::string_view other, Head headOfOther) const noexcept {
+            return head == headOfOther && size == other.size() &&
+                   (size <= headSize || std::string_view(name, size) == other);
+        }
     };
 
     static Head headOf(std::string_view name) noexcept;
@@ -66,26 +75,25 @@ private:
     }
 
     std::size_t find(std::string_view name, Head head) const noexcept {
-        std::size_t place = firstPlace(head);
-        while (m_entries[place].index != notFound && !isAt(place, name, head))
-            place = next(place);
-        return m_entries[place].index;
+        const Entry& first = m_entries[firstPlace(head)];
+        return first.isOf(name, head) ? first.index : findFurther(name, head);
     }
 
-    bool isAt(std::size_t place, std::string_view name, Head head) const noexcept {
-        const Entry& entry = m_entries[place];
-        return entry.head == head && entry.name.size() == name.size() &&
-               (name.size() <= headSize || entry.name == name);
-    }
+    std::size_t findFurther(std::string_view name, Head head) const noexcept;
 
     std::size_t firstPlace(Head head) const noexcept {
-        constexpr text::Word goldenRatio = 0x9E3779B97F4A7C15U; // 2^64 divided by it: spreads close numbers
-        return static_cast<std::size_t>((head.first ^ std::rotl(head.second, 31)) * goldenRatio >> m_shift);
+        return static_cast<std::size_t>((head.first ^ std::rotl(head.second, 31)) * m_factor >> m_shift);
     }
+
+    void chooseFactor(std::span<const std::string_view> names);
+
+    /// How many of the names have to go on from the first place.
+    std::size_t displaced(std::span<const std::string_view> names) const;
 
     std::size_t next(std::size_t place) const noexcept { return (place + 1) % m_entries.size(); }
 
     std::vector<Entry> m_entries; // more than the names, so that a look ends
+    text::Word m_factor = 0;      // odd; spreads close numbers
     unsigned m_shift;             // leaves as many high bits as number the entries
 };
 

@@ -197,12 +197,20 @@ public:                                                                         
 #define PERCH_EXPAND4(...) PERCH_EXPAND1(PERCH_EXPAND1(PERCH_EXPAND1(PERCH_EXPAND1(__VA_ARGS__))))
 #define PERCH_EXPAND1(...) __VA_ARGS__
 
+/// Says of the property at this line whether a record uses the setter that is declared with it.
+#define PERCH_SETTER_IS_KEPT(Type, Setter)                                                           \
+    template <class Record>                                                                          \
+    static constexpr bool keepsSetterAt(PerchAppLibrary::At<__LINE__>) {                             \
+        return requires { requires std::same_as<decltype(&Record::Setter), void (Self::*)(Type)>; }; \
+    }
+
 /// A stored property whose field, `m_Name`, is declared elsewhere, by the class or by one between the record and its Base: for
 /// a record of which some fields are to lie together, whatever the order of the properties.
 #define PERCH_PROPERTY_IN_FIELD(Type, Name, Setter)                                                          \
 public:                                                                                                      \
     virtual PerchAppLibrary::ReadType<Type> Name() const { return this->m_##Name; }                          \
     virtual void Setter(Type newValue) { this->m_##Name = std::move(newValue); }                             \
+    PERCH_SETTER_IS_KEPT(Type, Setter)                                                                       \
     static constexpr PerchAppLibrary::StoredProperty<Self, Type> propertyAt(PerchAppLibrary::At<__LINE__>) { \
         return {#Name, &Self::Name, &Self::Setter, &Self::m_##Name};                                         \
     }                                                                                                        \
@@ -217,6 +225,7 @@ public:                                                                         
         this->m_##Name = std::move(newValue);                                                                \
         this->Effect();                                                                                      \
     }                                                                                                        \
+    PERCH_SETTER_IS_KEPT(Type, Setter)                                                                       \
     static constexpr PerchAppLibrary::StoredProperty<Self, Type> propertyAt(PerchAppLibrary::At<__LINE__>) { \
         return {#Name, &Self::Name, &Self::Setter, &Self::m_##Name, &Self::Effect};                          \
     }                                                                                                        \
@@ -254,6 +263,7 @@ public:                                                                         
         this->m_rareTexts.set(__LINE__, std::move(newValue));                       \
         __VA_OPT__(this->__VA_ARGS__();)                                            \
     }                                                                               \
+    PERCH_SETTER_IS_KEPT(std::string, Setter)                                       \
     static constexpr PerchAppLibrary::StoredProperty<Self, std::string> propertyAt( \
         PerchAppLibrary::At<__LINE__>) {                                            \
         return {#Name, &Self::Name, &Self::Setter, nullptr};                        \

@@ -30,15 +30,35 @@ std::vector<std::string_view> namesOf(std::span<const Property> properties) {
     return names;
 }
 
+struct HasField {
+    template <class T>
+    bool operator()(const FieldAccess<T>& access) const {
+        return access.field != nullptr;
+    }
+    bool operator()(const RecordsAccess&) const { return false; }
+    bool operator()(const ComputedAccess&) const { return false; }
+};
+
+/// A setter that is overridden may look at other properties, which keep their turns then.
+std::vector<Way> waysOf(std::span<const Property> properties, bool overridesSetters) {
+    std::vector<Way> ways;
+    ways.reserve(properties.size());
+    for (const Property& property : properties)
+        ways.push_back(!overridesSetters && std::visit(HasField(), property.access) ? Way::field
+                                                                                    : Way::setter);
+    return ways;
+}
+
 } // namespace
 
 RecordSchema::RecordSchema(std::string_view className, const std::type_info& type, const RecordSchema* base,
-                           std::vector<Property> own)
+                           std::vector<Property> own, bool overridesSetters)
     : m_className(className),
       m_type(&type),
       m_ownCount(own.size()),
       m_properties(inheritedAndOwn(base, std::move(own))),
-      m_names(std::make_unique<const NameIndex>(namesOf(m_properties))) {}
+      m_names(std::make_unique<const NameIndex>(namesOf(m_properties))),
+      m_ways(waysOf(m_properties, overridesSetters)) {}
 
 RecordSchema::~RecordSchema() = default;
 

@@ -6,6 +6,7 @@
 #include <PerchAppLibrary/record/Record.hpp>
 
 #include <cstdint>
+#include <limits>
 #include <memory>
 #include <optional>
 #include <span>
@@ -57,15 +58,19 @@ struct Property {
     Value value(const BaseEntity& record, const Storage& storage = {}) const;
 };
 
+/// How a property is filled: not at all; by its setter, in its turn; or by its field, in any order. The last stands for a field
+/// that has been filled.
+enum class Way : std::uint8_t { excluded, setter, field, filledField };
+
 class NameIndex;
 
 /// The properties of one class of records. Immutable; there is one for each class, made at the first use of it.
 class RecordSchema {
 public:
     /// The class's own properties in declaration order, behind those of the base, if there is one. A property that the
-    /// class declares again takes the place of the base's.
+    /// class declares again takes the place of the base's. Says as well whether the class overrides a setter that it inherits.
     RecordSchema(std::string_view className, const std::type_info& type, const RecordSchema* base,
-                 std::vector<Property> own);
+                 std::vector<Property> own, bool overridesSetters);
     RecordSchema(const RecordSchema&) = delete;
     RecordSchema& operator=(const RecordSchema&) = delete;
     ~RecordSchema();
@@ -78,8 +83,8 @@ public:
     /// All properties, base first, then in declaration order.
     std::span<const Property> properties() const noexcept { return m_properties; }
 
-    /// Index of the first property that the class itself declares.
-    std::size_t firstOwn() const noexcept { return m_properties.size() - m_ownCount; }
+    /// How the properties of a record of this very class are filled.
+    std::span<const Way> ways() const noexcept { return m_ways; }
 
     /// The properties that the class itself declares.
     std::span<const Property> ownProperties() const noexcept { return properties().last(m_ownCount); }
@@ -89,7 +94,7 @@ public:
     std::vector<const Property*> storedWithout(const Excluded& excluded) const;
 
     /// What find() answers for a name that no property has.
-    static constexpr std::size_t notFound = static_cast<std::size_t>(-1);
+    static constexpr std::size_t notFound = std::numeric_limits<std::uint32_t>::max();
 
     /// Index of the property with this name in properties(), or notFound. Constant time.
     std::size_t find(std::string_view name) const noexcept;
@@ -103,6 +108,7 @@ private:
     std::size_t m_ownCount;
     std::vector<Property> m_properties;
     std::unique_ptr<const NameIndex> m_names;
+    std::vector<Way> m_ways;
 };
 
 /// Collects the properties of the class Record from its declarations, one line after the other.
@@ -116,7 +122,32 @@ public:
         return properties;
     }
 
+    /// Whether the class overrides the setter of a property that the ancestor, its base to begin with, or one before declares.
+    template <class Ancestor>
+    static constexpr bool overridesSettersOf() {
+        if (overridesSettersFrom<Ancestor>(
+                std::make_integer_sequence<int, Ancestor::lastPropertyLine - Ancestor::firstPropertyLine>()))
+            return true;
+        if constexpr (requires { typename Ancestor::Base; })
+            return overridesSettersOf<typename Ancestor::Base>();
+        else
+            return false;
+    }
+
 private:
+    template <class Ancestor, int... Offsets>
+    static constexpr bool overridesSettersFrom(std::integer_sequence<int, Offsets...>) {
+        return (overridesSetterAt<Ancestor, Ancestor::firstPropertyLine + 1 + Offsets>() || ...);
+    }
+
+    template <class Ancestor, int Line>
+    static constexpr bool overridesSetterAt() {
+        if constexpr (requires { Ancestor::template keepsSetterAt<Record>(At<Line>()); })
+            return !Ancestor::template keepsSetterAt<Record>(At<Line>());
+        else
+            return false;
+    }
+
     template <int... Offsets>
     static void collectFrom(std::vector<Property>& properties, std::integer_sequence<int, Offsets...>) {
         (collectLine<Record::firstPropertyLine + 1 + Offsets>(properties), ...);
@@ -162,10 +193,11 @@ private:
 } // namespace PerchAppLibrary
 
 /// Defines what PERCH_RECORD(Class, ...) declares. Stands once, in the record's source file, in its namespace.
-#define PERCH_RECORD_SCHEMA(Class)                                                                         \
-    const PerchAppLibrary::RecordSchema& Class::schema() const {                                           \
-        static const PerchAppLibrary::RecordSchema schema(                                                 \
-            #Class, typeid(Class), &Base::schema(), PerchAppLibrary::PropertyCollector<Class>::collect()); \
-        return schema;                                                                                     \
-    }                                                                                                      \
+#define PERCH_RECORD_SCHEMA(Class)                                                                        \
+    const PerchAppLibrary::RecordSchema& Class::schema() const {                                          \
+        static const PerchAppLibrary::RecordSchema schema(                                                \
+            #Class, typeid(Class), &Base::schema(), PerchAppLibrary::PropertyCollector<Class>::collect(), \
+            PerchAppLibrary::PropertyCollector<Class>::overridesSettersOf<Base>());                       \
+        return schema;                                                                                    \
+    }                                                                                                     \
     static_assert(true)

@@ -70,12 +70,13 @@ void FontItem::init(GroupLabels labels) {
 }
 
 void FontItem::setValue(const JSON& json) {
-    constexpr std::string_view key = "Children";
+    constexpr const char* key = "Children";
     if (isOfVeryClass(*this)) { // so that the mapping is not overridden
-        m_Children = makeRecords<FontItem>(mapAround(key, json));
+        static const std::size_t index = schema().find(key);
+        m_Children = makeRecords<FontItem>(mapAround(index, json));
         return;
     }
-    static const Excluded skipped{"Children"};
+    static const Excluded skipped{key};
     setValue(json, skipped);
     setChildren(makeRecords<FontItem>(json[key]));
 }
