@@ -67,9 +67,9 @@ Value BaseEntity::value(std::string_view name) const {
     return recordSchema.properties()[index].value(*this);
 }
 
-Dictionary BaseEntity::properties() const { return reflect({}); }
+Dictionary BaseEntity::properties() const { return reflect(Excluded()); }
 
-Dictionary BaseEntity::properties(const Storage& storage) const { return reflect({}, storage); }
+Dictionary BaseEntity::properties(const Storage& storage) const { return reflect(Excluded(), storage); }
 
 Dictionary BaseEntity::reflect(const Excluded& excluded) const {
     return reflect(excluded, storageForDict().get());
@@ -81,11 +81,14 @@ CommonStorage BaseEntity::storageForDict(std::size_t members) const {
 }
 
 Dictionary BaseEntity::reflect(const Excluded& excluded, const Storage& storage) const {
-    const std::vector<const Property*> left = schema().storedWithout(excluded);
+    return reflect(schema().storedWithout(excluded), storage);
+}
+
+Dictionary BaseEntity::reflect(std::span<const Property* const> properties, const Storage& storage) const {
     Dictionary dictionary(storage);
-    dictionary.reserve(left.size() + 1); // nested records that a class adds
-    for (const Property* const property : left)
-        dictionary.insert_or_assign(property->name, property->value(*this, storage));
+    dictionary.reserve(properties.size() + 1); // nested records that a class adds
+    for (const Property* const property : properties)
+        property->addTo(dictionary, *this);
     return dictionary;
 }
 

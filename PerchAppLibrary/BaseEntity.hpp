@@ -14,6 +14,8 @@
 
 namespace PerchAppLibrary {
 
+struct Property;
+
 /// The base of every record.
 ///
 /// A record is filled from JSON by the names of its properties and read by them. All of this goes through the
@@ -101,6 +103,9 @@ protected:
 
     /// The same in the storage of a larger dictionary.
     Dictionary reflect(const Excluded& excluded, const Storage& storage) const;
+
+    /// The same of a list that was made once: of properties of the record's schema.
+    Dictionary reflect(std::span<const Property* const> properties, const Storage& storage) const;
 
     /// Storage for a dictionary of the record's properties and for those of this many members of its class.
     CommonStorage storageForDict(std::size_t members = 0) const;

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <functional>
 #include <memory>
+#include <utility>
 #include <vector>
 
 namespace PerchAppLibrary {
@@ -33,19 +34,25 @@ private:
 
     void addBlock(std::size_t size) {
         blocks.push_back({std::make_unique_for_overwrite<std::byte[]>(size), size});
-        free = 0;
+        next = blocks.back().bytes.get();
+        left = size;
     }
 
     void* do_allocate(std::size_t size, std::size_t alignment) override {
         if (!isOpen)
             return heap->allocate(size, alignment);
-        std::size_t start = (free + alignment - 1) / alignment * alignment;
-        if (start > blocks.back().size || size > blocks.back().size - start) {
-            addBlock(std::max(size, 2 * blocks.back().size));
-            start = 0;
-        }
-        free = start + size;
-        return blocks.back().bytes.get() + start;
+        if (void* const piece = takeFromBlock(size, alignment))
+            return piece;
+        addBlock(std::max(size, 2 * blocks.back().size));
+        return takeFromBlock(size, alignment);
+    }
+
+    /// Null where too little is left.
+    void* takeFromBlock(std::size_t size, std::size_t alignment) {
+        if (std::align(alignment, size, next, left) == nullptr)
+            return nullptr;
+        left -= size;
+        return std::exchange(next, static_cast<std::byte*>(next) + size);
     }
 
     void do_deallocate(void* piece, std::size_t size, std::size_t alignment) override {
@@ -59,7 +66,8 @@ private:
 
     const Storage heap;
     std::vector<Block> blocks; // each twice the one before, or larger
-    std::size_t free = 0;      // where the unused part of the last block starts
+    void* next = nullptr;      // the unused part of the last block
+    std::size_t left = 0;
     bool isOpen = true;
 };
 

@@ -18,57 +18,65 @@ namespace {
 namespace dom = simdjson::dom;
 
 template <class Element>
-Value arrayValue(const std::vector<Element>& elements, const Storage& storage) {
-    ValueArray array(storage);
+void assignArray(Value& place, const std::vector<Element>& elements) {
+    ValueArray& array = place.emplace_array();
     array.reserve(elements.size());
-    for (const Element& element : elements) {
-        if constexpr (std::is_scalar_v<Element>)
-            array.push_back(toValue(element));
-        else
-            array.push_back(toValue(element, storage));
-    }
-    return array;
+    for (const Element& element : elements)
+        assign(array.emplace_back(nullptr), element);
 }
 
-Value valueOf(dom::element element);
+template <class T>
+void assignOptional(Value& place, const std::optional<T>& source) {
+    if (source)
+        assign(place, *source);
+    else
+        place = nullptr;
+}
 
-Value valueOf(dom::array elements) {
-    ValueArray array;
+void assign(Value& place, dom::element element);
+
+void assign(Value& place, dom::array elements) {
+    ValueArray& array = place.emplace_array();
     array.reserve(elements.size());
     for (const dom::element each : elements)
-        array.push_back(valueOf(each));
-    return array;
+        assign(array.emplace_back(nullptr), each);
 }
 
-Value valueOf(dom::object members) {
-    Dictionary dictionary;
+void assign(Value& place, dom::object members) {
+    Dictionary& dictionary = place.emplace_object();
     dictionary.reserve(members.size());
     for (const auto& [key, member] : members)
-        dictionary.insert_or_assign(key, valueOf(member));
-    return toValue(std::move(dictionary));
+        assign(dictionary[key], member);
 }
 
 /// Goes down one call for each level, of which a document has JSON::maximumDepth at most.
-Value valueOf(dom::element element) {
+void assign(Value& place, dom::element element) {
     switch (element.type()) {
     case dom::element_type::INT64:
-        return element.get_int64().value_unsafe();
+        place = element.get_int64().value_unsafe();
+        break;
     case dom::element_type::UINT64:
-        return element.get_uint64().value_unsafe();
+        place = element.get_uint64().value_unsafe();
+        break;
     case dom::element_type::DOUBLE:
-        return element.get_double().value_unsafe();
+        place = element.get_double().value_unsafe();
+        break;
     case dom::element_type::STRING:
-        return boost::json::string(element.get_string().value_unsafe());
+        place.emplace_string() = element.get_string().value_unsafe();
+        break;
     case dom::element_type::BOOL:
-        return element.get_bool().value_unsafe();
+        place = element.get_bool().value_unsafe();
+        break;
     case dom::element_type::ARRAY:
-        return valueOf(element.get_array().value_unsafe());
+        assign(place, element.get_array().value_unsafe());
+        break;
     case dom::element_type::OBJECT:
-        return valueOf(element.get_object().value_unsafe());
+        assign(place, element.get_object().value_unsafe());
+        break;
     case dom::element_type::NULL_VALUE:
+        place = nullptr;
         break;
     }
-    return nullptr;
 }
 
 template <class Source>
@@ -89,52 +97,49 @@ std::string textOf(const Source& source) {
 
 } // namespace
 
-Value toValue(std::int64_t number) { return number; }
-Value toValue(bool flag) { return flag; }
+void assign(Value& place, std::int64_t number) { place = number; }
+void assign(Value& place, bool flag) { place = flag; }
 
-Value toValue(float number) {
-    if (!std::isfinite(number))
-        return nullptr;
+void assign(Value& place, float number) {
+    if (!std::isfinite(number)) {
+        place = nullptr;
+        return;
+    }
     // By way of the shortest decimal that gives the float back: 12.7, where a plain cast gives 12.699999809265137.
     char decimal[32];
     double value = 0;
     std::from_chars(decimal, std::to_chars(decimal, std::end(decimal), number).ptr, value);
-    return value;
+    place = value;
 }
 
-Value toValue(std::string_view text, const Storage& storage) {
+void assign(Value& place, std::string_view text) {
+    boost::json::string& string = place.emplace_string();
     if (text::isWellFormed(text))
-        return boost::json::string(text, storage);
-    return boost::json::string(text::wellFormed(text), storage);
+        string = text;
+    else
+        string = text::wellFormed(text);
 }
 
-Value toValue(const std::string& text, const Storage& storage) {
-    return toValue(std::string_view(text), storage);
+void assign(Value& place, const std::string& text) { assign(place, std::string_view(text)); }
+void assign(Value& place, const std::optional<std::string>& text) { assignOptional(place, text); }
+void assign(Value& place, const std::vector<std::int64_t>& numbers) { assignArray(place, numbers); }
+void assign(Value& place, const std::optional<std::vector<std::int64_t>>& numbers) {
+    assignOptional(place, numbers);
 }
-Value toValue(const std::optional<std::string>& text, const Storage& storage) {
-    return text ? toValue(*text, storage) : nullptr;
+void assign(Value& place, const std::vector<std::string>& texts) { assignArray(place, texts); }
+void assign(Value& place, const URL& url) { assign(place, std::string_view(url.buffer())); }
+void assign(Value& place, const PlatformFont& font) {
+    Dictionary& dictionary = place.emplace_object();
+    assign(dictionary["name"], font.name());
+    dictionary["size"] = font.points();
 }
-Value toValue(const std::vector<std::int64_t>& numbers, const Storage& storage) {
-    return arrayValue(numbers, storage);
+void assign(Value& place, const JSON& json) {
+    if (const std::optional<dom::element> element = JSONElement::of(json))
+        assign(place, *element);
+    else
+        place = nullptr;
 }
-Value toValue(const std::optional<std::vector<std::int64_t>>& numbers) {
-    return numbers ? toValue(*numbers) : nullptr;
-}
-Value toValue(const std::vector<std::string>& texts, const Storage& storage) {
-    return arrayValue(texts, storage);
-}
-Value toValue(const URL& url) { return toValue(std::string_view(url.buffer())); }
-Value toValue(const PlatformFont& font) {
-    return Dictionary{{"name", toValue(font.name())}, {"size", font.points()}};
-}
-Value toValue(const JSON& json) {
-    const std::optional<dom::element> element = JSONElement::of(json);
-    return element ? valueOf(*element) : nullptr;
-}
-Value toValue(Dictionary dictionary) {
-    Value value = std::move(dictionary); // braces would make an array of it
-    return value;
-}
+void assign(Value& place, Dictionary dictionary) { place = std::move(dictionary); }
 
 std::string toText(const Dictionary& dictionary) { return textOf(dictionary); }
 std::string toText(const Value& value) { return textOf(value); }

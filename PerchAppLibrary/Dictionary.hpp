@@ -12,6 +12,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace PerchAppLibrary {
@@ -19,23 +20,33 @@ namespace PerchAppLibrary {
 class JSON;
 class PlatformFont;
 
-/// The value of a property as it stands in a Dictionary: integers and Booleans as such, a float as the number
-/// that reads back to the same float (null when it is not finite), text with every ill-formed sequence of
+/// Puts the value of a property in its place in a Dictionary, in the Dictionary's storage: integers and Booleans as such, a float as
+/// the number that reads back to the same float (null when it is not finite), text with every ill-formed sequence of
 /// bytes replaced by U+FFFD, an absent optional as null, a URL as its text, a font as {"name", "size"}, a JSON as it is.
-Value toValue(std::int64_t number);
-Value toValue(bool flag);
-Value toValue(float number);
-Value toValue(std::string_view text, const Storage& storage = {});
-Value toValue(const std::string& text, const Storage& storage = {});
-Value toValue(const char* text) = delete; // would be taken for a Boolean
-Value toValue(const std::optional<std::string>& text, const Storage& storage = {});
-Value toValue(const std::vector<std::int64_t>& numbers, const Storage& storage = {});
-Value toValue(const std::optional<std::vector<std::int64_t>>& numbers);
-Value toValue(const std::vector<std::string>& texts, const Storage& storage = {});
-Value toValue(const URL& url);
-Value toValue(const PlatformFont& font);
-Value toValue(const JSON& json);
-Value toValue(Dictionary dictionary);
+void assign(Value& place, std::int64_t number);
+void assign(Value& place, bool flag);
+void assign(Value& place, float number);
+void assign(Value& place, std::string_view text);
+void assign(Value& place, const std::string& text);
+void assign(Value& place, const char* text) = delete; // would be taken for a Boolean
+void assign(Value& place, const std::optional<std::string>& text);
+void assign(Value& place, const std::vector<std::int64_t>& numbers);
+void assign(Value& place, const std::optional<std::vector<std::int64_t>>& numbers);
+void assign(Value& place, const std::vector<std::string>& texts);
+void assign(Value& place, const URL& url);
+void assign(Value& place, const PlatformFont& font);
+void assign(Value& place, const JSON& json);
+void assign(Value& place, Dictionary dictionary);
+
+/// The same as a value of its own.
+template <class T>
+Value toValue(T&& source)
+    requires requires(Value& place) { assign(place, std::forward<T>(source)); }
+{
+    Value value;
+    assign(value, std::forward<T>(source));
+    return value;
+}
 
 /// JSON text (RFC 8259) in UTF-8, without white space; keys keep their order.
 std::string toText(const Dictionary& dictionary);

@@ -69,7 +69,10 @@ std::string decomposedByRuns(std::string_view text) {
 
 } // namespace
 
-bool isWellFormed(std::string_view text) noexcept { return simdjson::validate_utf8(text); }
+bool isWellFormed(std::string_view text) noexcept {
+    constexpr std::size_t shortSize = 64; // for which the call of the library costs more than the look
+    return (text.size() <= shortSize && isASCII(text)) || simdjson::validate_utf8(text);
+}
 
 std::string wellFormed(std::string_view text) {
     if (isWellFormed(text))

@@ -1,9 +1,11 @@
 #include <PerchAppLibrary/record/RecordSchema.hpp>
 
 #include <PerchAppLibrary/fatalError.hpp>
+#include <PerchAppLibrary/platform/Text.hpp>
 #include <PerchAppLibrary/record/NameIndex.hpp>
 
 #include <algorithm>
+#include <concepts>
 #include <iterator>
 
 namespace PerchAppLibrary {
@@ -84,24 +86,56 @@ namespace {
 
 struct ValueReader {
     const BaseEntity& record;
-    const Storage& storage;
+    Value& place;
 
     template <class T>
-    Value operator()(const FieldAccess<T>& access) const {
-        if constexpr (requires(const T& value) { toValue(value, storage); })
-            return toValue((record.*access.get)(), storage);
+    void operator()(const FieldAccess<T>& access) const {
+        assign(place, (record.*access.get)());
+    }
+
+    void operator()(const RecordsAccess& access) const {
+        ValueArray& values = place.emplace_array();
+        for (const BaseEntity* const item : access.get(record)) {
+            Value& itemPlace = values.emplace_back(nullptr);
+            if (item != nullptr)
+                assign(itemPlace, item->properties(itemPlace.storage()));
+        }
+    }
+
+    void operator()(const ComputedAccess& access) const { place = access.get(record); }
+};
+
+/// Makes the values of the frequent kinds where they will lie.
+struct Adder {
+    Dictionary& dictionary;
+    const BaseEntity& record;
+    const Property& property;
+
+    template <class T>
+    void operator()(const FieldAccess<T>& access) const {
+        if constexpr (std::integral<T>)
+            dictionary.emplace(property.name, (record.*access.get)());
         else
-            return toValue((record.*access.get)());
+            add((record.*access.get)());
     }
 
-    Value operator()(const RecordsAccess& access) const {
-        ValueArray values(storage);
-        for (const BaseEntity* const item : access.get(record))
-            values.push_back(item == nullptr ? Value(nullptr) : toValue(item->properties(storage)));
-        return values;
+    template <class Access>
+    void operator()(const Access&) const {
+        property.read(record, dictionary[property.name]);
     }
 
-    Value operator()(const ComputedAccess& access) const { return access.get(record); }
+private:
+    void add(const std::string& text) const {
+        if (text::isWellFormed(text))
+            dictionary.emplace(property.name, std::string_view(text));
+        else
+            assign(dictionary[property.name], text);
+    }
+
+    template <class T>
+    void add(const T& value) const {
+        assign(dictionary[property.name], value);
+    }
 };
 
 } // namespace
@@ -127,8 +161,18 @@ struct KindName {
 
 std::string Property::kind() const { return std::visit(KindName(), access); }
 
-Value Property::value(const BaseEntity& record, const Storage& storage) const {
-    return std::visit(ValueReader{record, storage}, access);
+Value Property::value(const BaseEntity& record) const {
+    Value value;
+    read(record, value);
+    return value;
+}
+
+void Property::read(const BaseEntity& record, Value& place) const {
+    std::visit(ValueReader{record, place}, access);
+}
+
+void Property::addTo(Dictionary& dictionary, const BaseEntity& record) const {
+    std::visit(Adder{dictionary, record, *this}, access);
 }
 
 } // namespace PerchAppLibrary

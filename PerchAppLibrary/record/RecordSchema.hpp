@@ -55,7 +55,13 @@ struct Property {
 
     /// The property's value in a record of the class, read through the virtual accessor; nested records as
     /// dictionaries of all their stored properties.
-    Value value(const BaseEntity& record, const Storage& storage = {}) const;
+    Value value(const BaseEntity& record) const;
+
+    /// Puts it in its place in a Dictionary, in the Dictionary's storage.
+    void read(const BaseEntity& record, Value& place) const;
+
+    /// Puts it under the property's name in a Dictionary that has no such key.
+    void addTo(Dictionary& dictionary, const BaseEntity& record) const;
 };
 
 /// How a property is filled: not at all; by its setter, in its turn; or by its field, in any order. The last stands for a field

@@ -23,6 +23,7 @@ using PerchAppLibrary::Excluded;
 using PerchAppLibrary::fatalError;
 using PerchAppLibrary::JSON;
 using PerchAppLibrary::PlatformFont;
+using PerchAppLibrary::Property;
 using PerchAppLibrary::URL;
 namespace path = PerchAppLibrary::path;
 namespace text = PerchAppLibrary::text;
@@ -84,13 +85,20 @@ void FontItem::setValue(const JSON& json) {
 Dictionary FontItem::Dict() const { return dictIn(storageForDict(Children().size()).get()); }
 
 Dictionary FontItem::dictIn(const PerchAppLibrary::Storage& storage) const {
-    Dictionary dictionary = reflect(notReflected(), storage);
-    PerchAppLibrary::ValueArray members(storage);
+    Dictionary dictionary = reflectIn(storage);
+    PerchAppLibrary::ValueArray& members = dictionary["Children"].emplace_array();
     members.reserve(Children().size());
     for (const std::shared_ptr<FontItem>& member : Children())
-        members.push_back(isOfVeryClass(*member) ? member->dictIn(storage) : member->Dict());
-    dictionary.insert_or_assign("Children", std::move(members));
+        members.emplace_back(isOfVeryClass(*member) ? member->dictIn(storage) : member->Dict());
     return dictionary;
+}
+
+/// The properties of the very class are listed once.
+Dictionary FontItem::reflectIn(const PerchAppLibrary::Storage& storage) const {
+    if (!isOfVeryClass(*this))
+        return reflect(notReflected(), storage);
+    static const std::vector<const Property*> reflected = schema().storedWithout(notReflected());
+    return reflect(reflected, storage);
 }
 
 std::vector<Dictionary> FontItem::getFontArray(const Records<FontItem>& list) {

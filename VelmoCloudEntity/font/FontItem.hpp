@@ -222,6 +222,7 @@ private:
 
     const std::string& nameToDisplay() const; // of a leaf
     PerchAppLibrary::Dictionary dictIn(const PerchAppLibrary::Storage& storage) const;
+    PerchAppLibrary::Dictionary reflectIn(const PerchAppLibrary::Storage& storage) const;
     void appendText(std::string& text) const; // of Dict()
     static void appendText(std::string& text, const Records<FontItem>& list);
     std::string previewName(bool isFixed, const std::string& previewTag, const std::string& colorTag,
