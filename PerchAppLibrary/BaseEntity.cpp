@@ -35,18 +35,19 @@ void BaseEntity::setValue(const JSON& json, Excluded excluded) {
     for (const std::string& key : excluded.keys())
         if (const std::size_t index = filling.schema().find(key); index != RecordSchema::notFound)
             filling.exclude(index);
-    filling.add(members);
+    MemberOrder order;
+    filling.add(members, order);
     filling.finish();
 }
 
-JSON BaseEntity::mapAround(std::size_t index, const JSON& json) {
+JSON BaseEntity::mapAround(std::size_t index, const JSON& json, MemberOrder& order) {
     const std::optional<dom::element> element = JSONElement::of(json);
     dom::object members;
     if (!element || element->get(members) != simdjson::SUCCESS)
         return JSON::null;
     Filling filling(*this);
     filling.exclude(index);
-    filling.add(members);
+    filling.add(members, order);
     filling.finish();
     const std::optional<dom::element> left = filling.excluded(index);
     return left ? JSONElement::inDocumentOf(json, *left) : JSON::null;

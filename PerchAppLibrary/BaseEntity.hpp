@@ -14,6 +14,7 @@
 
 namespace PerchAppLibrary {
 
+class MemberOrder;
 struct Property;
 
 /// The base of every record.
@@ -94,8 +95,8 @@ protected:
 
     /// What this class's own setValue(json, {key}) does, and then the value under the key, or null: in one pass over the
     /// members. The key is that of the property with this index in the schema. For a record of which no subclass can have
-    /// overridden that mapping.
-    JSON mapAround(std::size_t index, const JSON& json);
+    /// overridden that mapping. The order is kept from one record to the next.
+    JSON mapAround(std::size_t index, const JSON& json, MemberOrder& order);
 
     /// The stored properties without the excluded ones: what a record's reflective `Dict` begins with. Ends
     /// the process (fatalError) when an excluded name is not that of a stored property.

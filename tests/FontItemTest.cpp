@@ -3,9 +3,11 @@
 
 #include <PerchAppLibrary/Dictionary.hpp>
 #include <PerchAppLibrary/platform/PlatformFont.hpp>
+#include <PerchAppLibrary/record/RecordSchema.hpp>
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <limits>
@@ -14,6 +16,7 @@
 #include <random>
 #include <string>
 #include <tuple>
+#include <vector>
 
 using namespace VelmoCloudEntity;
 using PerchAppLibrary::Dictionary;
@@ -121,6 +124,69 @@ TEST(FontItem, ConstructorsSetWhatTheirLabelsSayAndNothingElse) {
     for (const char* text : {"{}", "null", "[]", "5", R"("Id")", R"([{"Id":5}])", R"({"Children":{"Id":1}})",
                              R"({"Children":7,"productname":"A","IsActivated":true,"DisplayName":"D"})"})
         EXPECT_EQ(filled(text), FontItem::create()->properties()) << text;
+}
+
+/// A font's object of some members in any order, of groups with members of their own.
+std::string randomFont(std::mt19937& random, int levels) {
+    std::vector<std::string> members;
+    for (const char* const key :
+         {"Id", "ProductName", "IsGroup", "GroupCollectionId", "Unknown", "TopCount", "OemTag"})
+        if (random() % 3 != 0)
+            members.push_back("\"" + std::string(key) + "\":" + std::to_string(random() % 2));
+    if (levels > 0)
+        members.push_back(R"("Children":[)" + randomFont(random, levels - 1) + "," + randomFont(random, 0) +
+                          "," + randomFont(random, levels - 1) + "]");
+    if (random() % 2 == 0)
+        std::ranges::shuffle(members, random);
+    std::string object;
+    for (const std::string& member : members)
+        object += (object.empty() ? "" : ",") + member;
+    return "{" + object + "}";
+}
+
+TEST(FontItem, IsTheSameInAnArrayWhateverTheOrderOfMembersBefore) {
+    std::mt19937 random(5); // NOLINT(cert-msc32-c,cert-msc51-cpp): the same run each time
+    std::string text;
+    for (int count = 0; count < 200; ++count)
+        text += (text.empty() ? "[" : ",") + randomFont(random, count % 4);
+    const JSON json = JSON::parse(text + "]");
+    const FontList list(json);
+    auto font = list.List().begin();
+    for (const JSON& element : json)
+        EXPECT_EQ(toText((*font++)->Dict()), toText(FontItem::create(element)->Dict()));
+    EXPECT_EQ(font, list.List().end());
+}
+
+/// A class of more properties than usual.
+class WideFont : public FontItem {
+    PERCH_RECORD(WideFont, FontItem);
+
+    PERCH_PROPERTY(std::int64_t, A);
+    PERCH_PROPERTY(std::int64_t, B);
+    PERCH_PROPERTY(std::int64_t, C);
+    PERCH_PROPERTY(std::int64_t, D);
+    PERCH_PROPERTY(std::int64_t, E);
+    PERCH_PROPERTY(std::int64_t, F);
+    PERCH_PROPERTY(std::int64_t, G);
+    PERCH_PROPERTY(std::int64_t, H);
+    PERCH_PROPERTY(std::int64_t, I);
+    PERCH_PROPERTY(std::int64_t, J);
+    PERCH_PROPERTY(std::int64_t, K);
+    PERCH_PROPERTY(std::int64_t, L);
+    PERCH_PROPERTY(std::int64_t, M);
+    PERCH_PROPERTY(std::int64_t, N);
+    PERCH_PROPERTY(std::int64_t, O);
+
+    PERCH_RECORD_END;
+};
+PERCH_RECORD_SCHEMA(WideFont);
+
+TEST(FontItem, FillsAClassOfManyProperties) {
+    ASSERT_GT(WideFont::create()->schema().properties().size(), 64U);
+    const auto font =
+        WideFont::create(JSON::parse(R"({"O":1,"A":2,"Id":3,"N":4,"O":5,"B":6,"B":"x","Children":[{}]})"));
+    EXPECT_EQ(std::tuple(font->O(), font->A(), font->Id(), font->N(), font->B()), std::tuple(5, 2, 3, 4, 0));
+    EXPECT_EQ(font->Children().size(), 1U);
 }
 
 TEST(FontItem, RefillKeepsWhatTheDocumentDoesNotNameAndMakesTheChildrenAnew) {

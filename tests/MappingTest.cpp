@@ -2,6 +2,8 @@
 
 #include <PerchAppLibrary/BaseEntity.hpp>
 #include <PerchAppLibrary/Dictionary.hpp>
+#include <PerchAppLibrary/JSONElement.hpp>
+#include <PerchAppLibrary/record/Filling.hpp>
 #include <PerchAppLibrary/record/RecordSchema.hpp>
 
 #include <gtest/gtest.h>
@@ -244,6 +246,24 @@ TEST(Mapping, GivesTheSameThroughFieldsAndThroughSetters) {
             bySetters->setValue(json);
             ASSERT_EQ(toText(byFields->properties()), toText(bySetters->properties())) << objects;
         }
+    }
+}
+
+TEST(Mapping, TakesTheOrderOfAnotherClassForNoOrder) {
+    const JSON json = JSON::parse(R"({"Any":1,"Int":2,"Id":3,"Token":"t","String":"s"})");
+    MemberOrder order;
+    for (int round = 0; round < 2; ++round) {
+        const auto wide = Empty::create();
+        const auto narrow = std::make_shared<BaseEntity>();
+        for (const std::shared_ptr<BaseEntity>& record : {std::shared_ptr<BaseEntity>(wide), narrow}) {
+            Filling filling(*record);
+            filling.add(JSONElement::of(json)->get_object(), order);
+            filling.finish();
+            EXPECT_EQ(record->Id(), 3);
+            EXPECT_EQ(record->Token(), "t");
+        }
+        EXPECT_EQ(wide->Int(), 2);
+        EXPECT_EQ(wide->String(), "s");
     }
 }
 

@@ -1,11 +1,12 @@
 #include <PerchAppLibrary/record/Filling.hpp>
 
 #include <PerchAppLibrary/record/Conversion.hpp>
-#include <PerchAppLibrary/record/NameIndex.hpp>
 
+#include <bit>
 #include <concepts>
+#include <string>
+#include <string_view>
 #include <type_traits>
-#include <typeinfo>
 #include <utility>
 #include <variant>
 
@@ -29,28 +30,21 @@ bool isEmpty(const T& value) {
         return value.empty();
 }
 
-/// Fills the field of a property, unless it holds something that may have to stay: a later member with the same key may not convert.
-struct FieldFiller {
-    BaseEntity& record;
-    dom::element element;
-    bool isFilled; // by an earlier member with the same key
-
-    /// Whether the element was looked at. Where it does not convert, the field is empty, as it was before the first one.
-    template <class T>
-    bool operator()(const FieldAccess<T>& access) const {
-        T& field = record.*access.field;
-        if (!isFilled && !isEmpty(field))
+/// Fills an empty field from an element of its very kind, as nearly all are: what convertElement() does with one, in less time.
+template <class T>
+bool takeVeryKind(dom::element element, T& field) {
+    if constexpr (std::integral<T>) {
+        return element.get(field) == simdjson::SUCCESS;
+    } else if constexpr (std::same_as<T, std::string>) {
+        std::string_view text;
+        if (element.get(text) != simdjson::SUCCESS)
             return false;
-        if (!convertElement(element, field))
-            field = T{};
-        if (access.effect != nullptr)
-            (record.*access.effect)();
+        field.append(text);
         return true;
+    } else {
+        return false;
     }
-
-    bool operator()(const RecordsAccess&) const { return false; }
-    bool operator()(const ComputedAccess&) const { return false; }
-};
+}
 
 /// Sets one property through its setter where the element converts.
 struct Setter {
@@ -70,52 +64,81 @@ struct Setter {
 
 } // namespace
 
-Filling::Filling(BaseEntity& record)
-    : m_record(record),
-      m_schema(record.schema()),
-      m_slots(m_schema.properties().size(), boost::container::default_init),
-      m_kept((m_slots.size() + wordBits - 1) / wordBits) {
-    const std::span<const Way> ways = m_schema.ways();
-    if (typeid(record) == m_schema.type())
-        m_ways.assign(ways.begin(), ways.end());
-    else
-        m_ways.assign(ways.size(), Way::setter);
+FillPlan::Step Filling::directStep(const Property& property) {
+    return std::visit(
+        []<class Access>(const Access& access) {
+            if constexpr (requires { access.field; })
+                return access.field == nullptr ? keepingStep() : stepFor(access);
+            else
+                return keepingStep();
+        },
+        property.access);
 }
 
-void Filling::add(dom::object members) {
+template <class T>
+FillPlan::Step Filling::stepFor(const FieldAccess<T>& access) {
+    return {&fillField<T>, &access};
+}
+
+void Filling::keep(Filling& filling, const FillPlan::Step& /*step*/, std::size_t index,
+                   dom::element element) {
+    Mark& mark = filling.m_marks[index];
+    if (mark == Mark::none) {
+        mark = Mark::kept;
+    } else if (const auto earlier = std::ranges::find(filling.m_kept, index, &Kept::index);
+               earlier != filling.m_kept.end()) {
+        earlier->element = element;
+        return;
+    }
+    filling.m_kept.push_back({index, element});
+}
+
+template <class T>
+void Filling::fillField(Filling& filling, const FillPlan::Step& step, std::size_t index,
+                        dom::element element) {
+    T& field = filling.m_record.*static_cast<const FieldAccess<T>*>(step.access)->field;
+    if (isEmpty(field)) [[likely]] {
+        filling.m_marks[index] = Mark::filled;
+        if (takeVeryKind(element, field)) [[likely]]
+            return;
+    }
+    fillOtherField(filling, step, index, element, field);
+}
+
+template <class T>
+void Filling::fillOtherField(Filling& filling, const FillPlan::Step& step, std::size_t index,
+                             dom::element element, T& field) {
+    // What the field held before may have to stay: a later member with the same key may not convert.
+    if (filling.m_marks[index] != Mark::filled) {
+        keep(filling, step, index, element);
+        return;
+    }
+    // Where this one does not convert, the field is empty, as it was before the first one.
+    if (!convertElement(element, field))
+        field = T{};
+}
+
+void Filling::add(dom::object members, MemberOrder& order) {
     // The text of a key lies in the document, where other texts follow, and the reader's padding at the end.
     static_assert(NameIndex::headSize <= simdjson::SIMDJSON_PADDING);
-    const NameIndex& names = m_schema.names();
-    const Property* const properties = m_schema.properties().data();
-    Way* const ways = m_ways.data();
+    const NameIndex& names = m_plan.names();
+    const FillPlan::Step* const steps = (m_isDirect ? m_plan.directSteps() : m_plan.stepsForSetters()).data();
+    order.startRecord(names);
+    std::uint32_t* guess = &order.behind(NameIndex::notFound);
     const auto end = members.end();
     for (auto member = members.begin(); member != end; ++member) {
-        const std::size_t index = names.findReadable(member.key());
-        if (index == NameIndex::notFound)
-            continue;
-        Way& way = ways[index];
-        const dom::element element = member.value();
-        if (way >= Way::field &&
-            std::visit(FieldFiller{m_record, element, way == Way::filledField}, properties[index].access))
-            way = Way::filledField;
-        else
-            keep(index, element);
+        const std::uint32_t index = names.findReadable(member.key(), *guess);
+        guess = &order.behind(index);
+        if (index != NameIndex::notFound)
+            steps[index].take(*this, steps[index], index, member.value());
     }
 }
 
-std::optional<dom::element> Filling::excluded(std::size_t index) const {
-    if ((m_kept[index / wordBits] >> (index % wordBits) & 1) == 0)
-        return std::nullopt;
-    return m_slots[index].element;
-}
-
-void Filling::finish() const {
-    for (std::size_t word = 0; word < m_kept.size(); ++word)
-        for (std::uint64_t left = m_kept[word]; left != 0; left &= left - 1) { // clears the lowest bit
-            const std::size_t index = word * wordBits + static_cast<std::size_t>(std::countr_zero(left));
-            if (m_ways[index] != Way::excluded)
-                std::visit(Setter{m_record, m_slots[index].element}, m_schema.properties()[index].access);
-        }
+void Filling::setKept() {
+    std::ranges::sort(m_kept, {}, &Kept::index);
+    for (const Kept& kept : m_kept)
+        if (m_marks[kept.index] != Mark::excluded)
+            std::visit(Setter{m_record, kept.element}, m_schema.properties()[kept.index].access);
 }
 
 } // namespace PerchAppLibrary

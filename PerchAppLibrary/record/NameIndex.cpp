@@ -3,53 +3,32 @@
 namespace PerchAppLibrary {
 
 NameIndex::NameIndex(std::span<const std::string_view> names) {
-    constexpr std::size_t roomForEach = 8;
+    constexpr std::size_t roomForEach = 4; // few names then find their place taken
     const std::size_t size = std::bit_ceil(std::max<std::size_t>(names.size() * roomForEach, 2));
     m_entries.resize(size);
     m_shift = 64U - static_cast<unsigned>(std::countr_zero(size));
-    chooseFactor(names);
     for (std::size_t index = 0; index < names.size(); ++index) {
-        const Head head = headOf(names[index]);
-        std::size_t place = firstPlace(head);
-        while (m_entries[place].index != notFound)
-            place = next(place);
-        m_entries[place] = {head, names[index].data(), static_cast<std::uint32_t>(names[index].size()),
-                            static_cast<std::uint32_t>(index)};
+        const std::string_view name = names[index];
+        Entry& entry = m_entries[placeOf(name, headOf(name))];
+        entry.head = headOf(name);
+        entry.mask = maskOf(name.size());
+        entry.name = name;
+        if (name.size() <= headSize)
+            entry.shortSize = static_cast<std::uint32_t>(name.size());
+        entry.index = static_cast<std::uint32_t>(index);
     }
 }
 
-/// Of some factors the best: for the names of a class, nearly always one by which each finds its first place free.
-void NameIndex::chooseFactor(std::span<const std::string_view> names) {
-    constexpr text::Word goldenRatio = 0x9E3779B97F4A7C15U; // 2^64 divided by it
-    constexpr text::Word tried = 1000;
-    text::Word best = goldenRatio;
-    std::size_t fewest = names.size();
-    for (text::Word odd = 1; odd < 2 * tried && fewest > 0; odd += 2) {
-        m_factor = goldenRatio * odd;
-        if (const std::size_t count = displaced(names); count < fewest) {
-            fewest = count;
-            best = m_factor;
-        }
-    }
-    m_factor = best;
-}
-
-std::size_t NameIndex::displaced(std::span<const std::string_view> names) const {
-    std::vector<bool> isTaken(m_entries.size());
-    std::size_t count = 0;
-    for (const std::string_view name : names) {
-        const std::size_t place = firstPlace(headOf(name));
-        count += isTaken[place] ? 1 : 0;
-        isTaken[place] = true;
-    }
-    return count;
-}
-
-std::size_t NameIndex::findFurther(std::string_view name, Head head) const noexcept {
+std::uint32_t NameIndex::placeOf(std::string_view name, Head head) const noexcept {
     std::size_t place = firstPlace(head);
-    while (m_entries[place].index != notFound && !m_entries[place].isOf(name, head))
+    while (!m_entries[place].isFreeOrOf(name, head))
         place = next(place);
-    return m_entries[place].index;
+    return static_cast<std::uint32_t>(place);
+}
+
+std::uint32_t NameIndex::findElsewhere(std::string_view readable, std::uint32_t& guess) const noexcept {
+    guess = placeOf(readable, headOfReadable(readable));
+    return m_entries[guess].index;
 }
 
 NameIndex::Head NameIndex::headOf(std::string_view name) noexcept {

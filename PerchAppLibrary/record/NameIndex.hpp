@@ -17,24 +17,28 @@ namespace PerchAppLibrary {
 /// Finds the place of a name among names that differ in their first sixteen bytes, as those of properties nearly always do.
 /// Immutable.
 ///
-/// Every key of every record is looked up, in an order that the processor can hardly foresee. So a look takes the key as
-/// two words, whatever its length, and goes to one place, where the name stands: there is little to branch on.
+/// Every key of every record is looked up. A look takes the key as two words, whatever its length, and is over where the guess is
+/// right: there is little to branch on.
 class NameIndex {
 public:
     /// Of different names, which live as long as the index.
     explicit NameIndex(std::span<const std::string_view> names);
 
     /// What find() answers for a name that is not among them.
-    static constexpr std::size_t notFound = std::numeric_limits<std::uint32_t>::max();
+    static constexpr std::uint32_t notFound = std::numeric_limits<std::uint32_t>::max();
 
-    std::size_t find(std::string_view name) const noexcept { return find(name, headOf(name)); }
+    std::uint32_t find(std::string_view name) const noexcept {
+        return m_entries[placeOf(name, headOf(name))].index;
+    }
 
     /// How many bytes findReadable() looks at.
     static constexpr std::size_t headSize = 2 * text::wordSize;
 
-    /// The same, faster, for a name from the begin of which headSize bytes can be read, whatever they are.
-    std::size_t findReadable(std::string_view name) const noexcept {
-        return find(name, headOfReadable(name));
+    /// The same, faster, for a name from the begin of which headSize bytes can be read, whatever they are. The guess is the place to
+    /// look at first, zero or one that an earlier look left, and afterwards the place where the look ended.
+    std::uint32_t findReadable(std::string_view name, std::uint32_t& guess) const noexcept {
+        const Entry& guessed = m_entries[guess];
+        return guessed.isShortName(name) ? guessed.index : findElsewhere(name, guess);
     }
 
 private:
@@ -47,16 +51,26 @@ private:
     };
 
     /// On one line of the cache.
-    struct alignas(32) Entry {
+    struct alignas(64) Entry {
         Head head;
-        const char* name = nullptr;
-        std::uint32_t size = 0;
+        Head mask; // ones for the bytes of the head that belong to the name
+        std::string_view name;
+        std::uint32_t shortSize = noSize; // of the name, if it is not longer than its head
         std::uint32_t index = notFound;
 
-        bool isOf(std::string_view other, Head headOfOther) const noexcept {
-            return head == headOfOther && size == other.size() &&
-                   (size <= headSize || std::string_view(name, size) == other);
+        bool isFreeOrOf(std::string_view other, Head headOfOther) const noexcept {
+            return index == notFound || (head == headOfOther && name.size() == other.size() &&
+                                         (name.size() <= headSize || name == other));
         }
+
+        bool isShortName(std::string_view readable) const noexcept {
+            const text::Word first = text::loadWord(readable.data()) & mask.first;
+            const text::Word second = text::loadWord(readable.data() + text::wordSize) & mask.second;
+            return shortSize == readable.size() && ((first ^ head.first) | (second ^ head.second)) == 0;
+        }
+
+        static constexpr std::uint32_t noSize =
+            std::numeric_limits<std::uint32_t>::max(); // of no text in a document
     };
 
     static Head headOf(std::string_view name) noexcept;
@@ -68,32 +82,30 @@ private:
         return bytes;
     }();
 
+    static Head maskOf(std::size_t size) noexcept {
+        const char* const mask = headMask.data() + headSize - std::min(size, headSize);
+        return {text::loadWord(mask), text::loadWord(mask + text::wordSize)};
+    }
+
     static Head headOfReadable(std::string_view name) noexcept {
-        const char* const mask = headMask.data() + headSize - std::min(name.size(), headSize);
-        return {text::loadWord(name.data()) & text::loadWord(mask),
-                text::loadWord(name.data() + text::wordSize) & text::loadWord(mask + text::wordSize)};
+        const Head mask = maskOf(name.size());
+        return {text::loadWord(name.data()) & mask.first,
+                text::loadWord(name.data() + text::wordSize) & mask.second};
     }
 
-    std::size_t find(std::string_view name, Head head) const noexcept {
-        const Entry& first = m_entries[firstPlace(head)];
-        return first.isOf(name, head) ? first.index : findFurther(name, head);
-    }
+    /// Where the name stands, or a free place.
+    std::uint32_t placeOf(std::string_view name, Head head) const noexcept;
 
-    std::size_t findFurther(std::string_view name, Head head) const noexcept;
+    std::uint32_t findElsewhere(std::string_view readable, std::uint32_t& guess) const noexcept;
 
     std::size_t firstPlace(Head head) const noexcept {
-        return static_cast<std::size_t>((head.first ^ std::rotl(head.second, 31)) * m_factor >> m_shift);
+        constexpr text::Word goldenRatio = 0x9E3779B97F4A7C15U; // 2^64 divided by it: spreads close numbers
+        return static_cast<std::size_t>((head.first ^ std::rotl(head.second, 31)) * goldenRatio >> m_shift);
     }
-
-    void chooseFactor(std::span<const std::string_view> names);
-
-    /// How many of the names have to go on from the first place.
-    std::size_t displaced(std::span<const std::string_view> names) const;
 
     std::size_t next(std::size_t place) const noexcept { return (place + 1) % m_entries.size(); }
 
     std::vector<Entry> m_entries; // more than the names, so that a look ends
-    text::Word m_factor = 0;      // odd; spreads close numbers
     unsigned m_shift;             // leaves as many high bits as number the entries
 };
 

@@ -2,7 +2,7 @@
 
 #include <PerchAppLibrary/fatalError.hpp>
 #include <PerchAppLibrary/platform/Text.hpp>
-#include <PerchAppLibrary/record/NameIndex.hpp>
+#include <PerchAppLibrary/record/FillPlan.hpp>
 
 #include <algorithm>
 #include <concepts>
@@ -24,33 +24,6 @@ std::vector<Property> inheritedAndOwn(const RecordSchema* base, std::vector<Prop
     return properties;
 }
 
-std::vector<std::string_view> namesOf(std::span<const Property> properties) {
-    std::vector<std::string_view> names;
-    names.reserve(properties.size());
-    for (const Property& property : properties)
-        names.push_back(property.name);
-    return names;
-}
-
-struct HasField {
-    template <class T>
-    bool operator()(const FieldAccess<T>& access) const {
-        return access.field != nullptr;
-    }
-    bool operator()(const RecordsAccess&) const { return false; }
-    bool operator()(const ComputedAccess&) const { return false; }
-};
-
-/// A setter that is overridden may look at other properties, which keep their turns then.
-std::vector<Way> waysOf(std::span<const Property> properties, bool overridesSetters) {
-    std::vector<Way> ways;
-    ways.reserve(properties.size());
-    for (const Property& property : properties)
-        ways.push_back(!overridesSetters && std::visit(HasField(), property.access) ? Way::field
-                                                                                    : Way::setter);
-    return ways;
-}
-
 } // namespace
 
 RecordSchema::RecordSchema(std::string_view className, const std::type_info& type, const RecordSchema* base,
@@ -59,13 +32,14 @@ RecordSchema::RecordSchema(std::string_view className, const std::type_info& typ
       m_type(&type),
       m_ownCount(own.size()),
       m_properties(inheritedAndOwn(base, std::move(own))),
-      m_names(std::make_unique<const NameIndex>(namesOf(m_properties))),
-      m_ways(waysOf(m_properties, overridesSetters)) {}
+      m_fillPlan(std::make_unique<const FillPlan>(m_properties, overridesSetters)) {}
 
 RecordSchema::~RecordSchema() = default;
 
 static_assert(RecordSchema::notFound == NameIndex::notFound);
-std::size_t RecordSchema::find(std::string_view name) const noexcept { return m_names->find(name); }
+std::size_t RecordSchema::find(std::string_view name) const noexcept {
+    return m_fillPlan->names().find(name);
+}
 
 std::vector<const Property*> RecordSchema::storedWithout(const Excluded& excluded) const {
     std::vector<const Property*> left;

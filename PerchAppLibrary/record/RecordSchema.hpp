@@ -64,11 +64,7 @@ struct Property {
     void addTo(Dictionary& dictionary, const BaseEntity& record) const;
 };
 
-/// How a property is filled: not at all; by its setter, in its turn; or by its field, in any order. The last stands for a field
-/// that has been filled.
-enum class Way : std::uint8_t { excluded, setter, field, filledField };
-
-class NameIndex;
+class FillPlan;
 
 /// The properties of one class of records. Immutable; there is one for each class, made at the first use of it.
 class RecordSchema {
@@ -89,9 +85,6 @@ public:
     /// All properties, base first, then in declaration order.
     std::span<const Property> properties() const noexcept { return m_properties; }
 
-    /// How the properties of a record of this very class are filled.
-    std::span<const Way> ways() const noexcept { return m_ways; }
-
     /// The properties that the class itself declares.
     std::span<const Property> ownProperties() const noexcept { return properties().last(m_ownCount); }
 
@@ -105,16 +98,15 @@ public:
     /// Index of the property with this name in properties(), or notFound. Constant time.
     std::size_t find(std::string_view name) const noexcept;
 
-    /// What find() looks into, for who looks up many names.
-    const NameIndex& names() const noexcept { return *m_names; }
+    /// For who fills records.
+    const FillPlan& fillPlan() const noexcept { return *m_fillPlan; }
 
 private:
     std::string_view m_className;
     const std::type_info* m_type;
     std::size_t m_ownCount;
     std::vector<Property> m_properties;
-    std::unique_ptr<const NameIndex> m_names;
-    std::vector<Way> m_ways;
+    std::unique_ptr<const FillPlan> m_fillPlan;
 };
 
 /// Collects the properties of the class Record from its declarations, one line after the other.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <PerchAppLibrary/JSON.hpp>
+#include <PerchAppLibrary/record/MemberOrder.hpp>
 
 #include <iterator>
 #include <memory>
@@ -19,10 +20,10 @@ using Records = std::vector<std::shared_ptr<Item>>;
 /// Which elements of a JSON array become records.
 enum class Elements { all, objects };
 
-/// One record, made by `Item::create`, for each element of the JSON array, in order; with Elements::objects,
-/// for each element that is an object. Empty for a JSON value that is not an array.
-template <class Item>
-Records<Item> makeRecords(const PerchAppLibrary::JSON& json, Elements which = Elements::all) {
+/// What `make(element)` makes of each element of the JSON array, in order; with Elements::objects, of each element that is an object.
+/// Empty for a JSON value that is not an array.
+template <class Item, class Make>
+Records<Item> makeEach(const PerchAppLibrary::JSON& json, Elements which, Make make) {
     using PerchAppLibrary::JSON;
     Records<Item> records;
     if (json.type() != JSON::Type::array)
@@ -30,8 +31,24 @@ Records<Item> makeRecords(const PerchAppLibrary::JSON& json, Elements which = El
     records.reserve(json.count());
     for (const JSON& element : json)
         if (which == Elements::all || element.type() == JSON::Type::dictionary)
-            records.push_back(Item::create(element));
+            records.push_back(make(element));
     return records;
+}
+
+/// The same of the records that `Item::create` makes.
+template <class Item>
+Records<Item> makeRecords(const PerchAppLibrary::JSON& json, Elements which = Elements::all) {
+    using PerchAppLibrary::JSON;
+    using PerchAppLibrary::MemberOrder;
+    if constexpr (requires(MemberOrder& order) { Item::createOneOfMany(json, order, order); }) {
+        MemberOrder order;
+        MemberOrder innerOrder;
+        return makeEach<Item>(json, which, [&](const JSON& element) {
+            return Item::createOneOfMany(element, order, innerOrder);
+        });
+    } else {
+        return makeEach<Item>(json, which, [](const JSON& element) { return Item::create(element); });
+    }
 }
 
 /// Whether the record is of this very class, so that its fields can stand for its accessors: those of a subclass may do

@@ -22,6 +22,7 @@ using PerchAppLibrary::DictText;
 using PerchAppLibrary::Excluded;
 using PerchAppLibrary::fatalError;
 using PerchAppLibrary::JSON;
+using PerchAppLibrary::MemberOrder;
 using PerchAppLibrary::PlatformFont;
 using PerchAppLibrary::Property;
 using PerchAppLibrary::URL;
@@ -57,6 +58,8 @@ std::string requireStem(const FontItem& font) {
     return *std::move(stem);
 }
 
+constexpr const char* childrenKey = "Children";
+
 } // namespace
 
 FontItem::FontItem() = default;
@@ -70,16 +73,34 @@ void FontItem::init(GroupLabels labels) {
     setGroupTag(std::move(labels.groupTag.value));
 }
 
+std::shared_ptr<FontItem> FontItem::createOneOfMany(const JSON& json, MemberOrder& order,
+                                                    MemberOrder& childrenOrder) {
+    const auto font = std::make_shared<FontItem>();
+    font->fill(json, order, childrenOrder);
+    return font;
+}
+
+void FontItem::fill(const JSON& json, MemberOrder& order, MemberOrder& childrenOrder) {
+    static const std::size_t index = schema().find(childrenKey);
+    const JSON children = mapAround(index, json, order);
+    if (children.isNull() && m_Children.empty())
+        return;
+    // Groups and fonts take turns from level to level, nearly always, and so do the orders.
+    m_Children = makeEach<FontItem>(children, Elements::all, [&](const JSON& child) {
+        return createOneOfMany(child, childrenOrder, order);
+    });
+}
+
 void FontItem::setValue(const JSON& json) {
-    constexpr const char* key = "Children";
     if (isOfVeryClass(*this)) { // so that the mapping is not overridden
-        static const std::size_t index = schema().find(key);
-        m_Children = makeRecords<FontItem>(mapAround(index, json));
+        MemberOrder order;
+        MemberOrder childrenOrder;
+        fill(json, order, childrenOrder);
         return;
     }
-    static const Excluded skipped{key};
+    static const Excluded skipped{childrenKey};
     setValue(json, skipped);
-    setChildren(makeRecords<FontItem>(json[key]));
+    setChildren(makeRecords<FontItem>(json[childrenKey]));
 }
 
 Dictionary FontItem::Dict() const { return dictIn(storageForDict(Children().size()).get()); }

@@ -220,6 +220,19 @@ class FontItem : public FontFields {
 private:
     void init(GroupLabels labels);
 
+    template <class Item>
+    friend Records<Item> makeRecords(const PerchAppLibrary::JSON& json, Elements which);
+
+    /// create(json), for one of many fonts of which the objects have their members in the first order, mostly, and the objects of
+    /// their children in the second.
+    static std::shared_ptr<FontItem> createOneOfMany(const PerchAppLibrary::JSON& json,
+                                                     PerchAppLibrary::MemberOrder& order,
+                                                     PerchAppLibrary::MemberOrder& childrenOrder);
+
+    /// setValue(json) of the very class.
+    void fill(const PerchAppLibrary::JSON& json, PerchAppLibrary::MemberOrder& order,
+              PerchAppLibrary::MemberOrder& childrenOrder);
+
     const std::string& nameToDisplay() const; // of a leaf
     PerchAppLibrary::Dictionary dictIn(const PerchAppLibrary::Storage& storage) const;
     PerchAppLibrary::Dictionary reflectIn(const PerchAppLibrary::Storage& storage) const;
