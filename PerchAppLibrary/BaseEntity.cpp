@@ -35,8 +35,7 @@ void BaseEntity::setValue(const JSON& json, Excluded excluded) {
     for (const std::string& key : excluded.keys())
         if (const std::size_t index = filling.schema().find(key); index != RecordSchema::notFound)
             filling.exclude(index);
-    MemberOrder order;
-    filling.add(members, order);
+    filling.add(members);
     filling.finish();
 }
 

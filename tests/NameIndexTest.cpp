@@ -14,7 +14,8 @@ namespace {
 using namespace std::string_view_literals;
 using PerchAppLibrary::NameIndex;
 
-/// A look from the last guess, whatever it was, one from where that ended, and one that reads no further than the name.
+/// All ways of looking a name up: on memory that ends with it, without a guess, from the last guess, whatever it was, and from where
+/// that ended.
 std::size_t find(const NameIndex& index, std::string_view name, std::uint32_t& guess) {
     const std::unique_ptr<char[]> alone(new char[name.size()]);
     name.copy(alone.get(), name.size());
@@ -24,6 +25,7 @@ std::size_t find(const NameIndex& index, std::string_view name, std::uint32_t& g
     const std::unique_ptr<char[]> readable(new char[readableSize]);
     std::fill_n(readable.get(), readableSize, 'x'); // what follows must not matter
     name.copy(readable.get(), name.size());
+    EXPECT_EQ(index.findReadable({readable.get(), name.size()}), found) << name;
     for (int look = 0; look < 2; ++look)
         EXPECT_EQ(index.findReadable({readable.get(), name.size()}, guess), found) << name;
     return found;

@@ -118,20 +118,29 @@ void Filling::fillOtherField(Filling& filling, const FillPlan::Step& step, std::
         field = T{};
 }
 
-void Filling::add(dom::object members, MemberOrder& order) {
+template <class Find>
+void Filling::addEach(dom::object members, Find find) {
     // The text of a key lies in the document, where other texts follow, and the reader's padding at the end.
     static_assert(NameIndex::headSize <= simdjson::SIMDJSON_PADDING);
-    const NameIndex& names = m_plan.names();
     const FillPlan::Step* const steps = (m_isDirect ? m_plan.directSteps() : m_plan.stepsForSetters()).data();
-    order.startRecord(names);
-    std::uint32_t* guess = &order.behind(NameIndex::notFound);
     const auto end = members.end();
-    for (auto member = members.begin(); member != end; ++member) {
-        const std::uint32_t index = names.findReadable(member.key(), *guess);
-        guess = &order.behind(index);
-        if (index != NameIndex::notFound)
+    for (auto member = members.begin(); member != end; ++member)
+        if (const std::uint32_t index = find(member.key()); index != NameIndex::notFound)
             steps[index].take(*this, steps[index], index, member.value());
-    }
+}
+
+void Filling::add(dom::object members) {
+    addEach(members, [&names = m_plan.names()](std::string_view key) { return names.findReadable(key); });
+}
+
+void Filling::add(dom::object members, MemberOrder& order) {
+    order.startRecord(m_plan.names());
+    std::uint32_t* guess = &order.behind(NameIndex::notFound);
+    addEach(members, [&order, guess, &names = m_plan.names()](std::string_view key) mutable {
+        const std::uint32_t index = names.findReadable(key, *guess);
+        guess = &order.behind(index);
+        return index;
+    });
 }
 
 void Filling::setKept() {

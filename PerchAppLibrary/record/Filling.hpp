@@ -43,7 +43,8 @@ public:
         m_isDirect = m_isDirect && !m_plan.isDirect(index);
     }
 
-    /// The members of the object; once.
+    /// The members of the object; once. With an order, for one of many objects.
+    void add(simdjson::dom::object members);
     void add(simdjson::dom::object members, MemberOrder& order);
 
     /// The last element under the key of an excluded property, if there is one.
@@ -72,6 +73,9 @@ private:
         std::size_t index;
         simdjson::dom::element element;
     };
+
+    template <class Find>
+    void addEach(simdjson::dom::object members, Find find);
 
     template <class T>
     static FillPlan::Step stepFor(const FieldAccess<T>& access);

@@ -21,7 +21,7 @@ NameIndex::NameIndex(std::span<const std::string_view> names) {
 
 std::uint32_t NameIndex::placeOf(std::string_view name, Head head) const noexcept {
     std::size_t place = firstPlace(head);
-    while (!m_entries[place].isFreeOrOf(name, head))
+    while (m_entries[place].index != notFound && !m_entries[place].isOf(name, head))
         place = next(place);
     return static_cast<std::uint32_t>(place);
 }

@@ -17,8 +17,8 @@ namespace PerchAppLibrary {
 /// Finds the place of a name among names that differ in their first sixteen bytes, as those of properties nearly always do.
 /// Immutable.
 ///
-/// Every key of every record is looked up. A look takes the key as two words, whatever its length, and is over where the guess is
-/// right: there is little to branch on.
+/// Every key of every record is looked up. So a look takes the key as two words, whatever its length, and goes to one place, where
+/// the name nearly always stands: there is little to branch on.
 class NameIndex {
 public:
     /// Of different names, which live as long as the index.
@@ -27,15 +27,18 @@ public:
     /// What find() answers for a name that is not among them.
     static constexpr std::uint32_t notFound = std::numeric_limits<std::uint32_t>::max();
 
-    std::uint32_t find(std::string_view name) const noexcept {
-        return m_entries[placeOf(name, headOf(name))].index;
-    }
+    std::uint32_t find(std::string_view name) const noexcept { return find(name, headOf(name)); }
 
-    /// How many bytes findReadable() looks at.
+    /// How many bytes the following two look at.
     static constexpr std::size_t headSize = 2 * text::wordSize;
 
-    /// The same, faster, for a name from the begin of which headSize bytes can be read, whatever they are. The guess is the place to
-    /// look at first, zero or one that an earlier look left, and afterwards the place where the look ended.
+    /// The same, faster, for a name from the begin of which headSize bytes can be read, whatever they are.
+    std::uint32_t findReadable(std::string_view name) const noexcept {
+        return find(name, headOfReadable(name));
+    }
+
+    /// The same, faster still where the guess is right: the place to look at first, zero or one that an earlier look left, and
+    /// afterwards the place where this look ended.
     std::uint32_t findReadable(std::string_view name, std::uint32_t& guess) const noexcept {
         const Entry& guessed = m_entries[guess];
         return guessed.isShortName(name) ? guessed.index : findElsewhere(name, guess);
@@ -58,9 +61,9 @@ private:
         std::uint32_t shortSize = noSize; // of the name, if it is not longer than its head
         std::uint32_t index = notFound;
 
-        bool isFreeOrOf(std::string_view other, Head headOfOther) const noexcept {
-            return index == notFound || (head == headOfOther && name.size() == other.size() &&
-                                         (name.size() <= headSize || name == other));
+        bool isOf(std::string_view other, Head headOfOther) const noexcept {
+            return head == headOfOther && name.size() == other.size() &&
+                   (name.size() <= headSize || name == other);
         }
 
         bool isShortName(std::string_view readable) const noexcept {
@@ -93,10 +96,15 @@ private:
                 text::loadWord(name.data() + text::wordSize) & mask.second};
     }
 
-    /// Where the name stands, or a free place.
-    std::uint32_t placeOf(std::string_view name, Head head) const noexcept;
+    std::uint32_t find(std::string_view name, Head head) const noexcept {
+        const Entry& first = m_entries[firstPlace(head)];
+        return first.isOf(name, head) ? first.index : m_entries[placeOf(name, head)].index;
+    }
 
     std::uint32_t findElsewhere(std::string_view readable, std::uint32_t& guess) const noexcept;
+
+    /// Where the name stands, or a free place.
+    std::uint32_t placeOf(std::string_view name, Head head) const noexcept;
 
     std::size_t firstPlace(Head head) const noexcept {
         constexpr text::Word goldenRatio = 0x9E3779B97F4A7C15U; // 2^64 divided by it: spreads close numbers
