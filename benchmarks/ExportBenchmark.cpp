@@ -40,7 +40,8 @@ Json jsonOf(const PlainFonts& fonts) {
     return array;
 }
 
-/// What the library's dictionaries are made of, filled as its documentation advises.
+/// What the library's dictionaries are made of, filled as its documentation advises: in a storage that outlives them, or in one that
+/// they own, as values must that are handed on.
 boost::json::array boostArrayOf(const PlainFonts& fonts, const boost::json::storage_ptr& storage) {
     boost::json::array array(storage);
     array.reserve(fonts.size());
@@ -103,6 +104,13 @@ void registerExport(const std::shared_ptr<const FontDocument>& document) {
         [plain] {
             boost::json::monotonic_resource resource;
             return boost::json::serialize(boostArrayOf(*plain, &resource));
+        },
+        digest);
+    dictionaries.add(
+        "Boost.JSON by hand, owning",
+        [plain] {
+            const auto storage = boost::json::make_shared_resource<boost::json::monotonic_resource>();
+            return boost::json::serialize(boostArrayOf(*plain, storage));
         },
         digest);
     dictionaries.add("nlohmann/json", [plain] { return jsonOf(*plain).dump(); }, digest);
