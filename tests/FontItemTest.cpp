@@ -187,6 +187,7 @@ TEST(FontItem, FillsAClassOfManyProperties) {
         WideFont::create(JSON::parse(R"({"O":1,"A":2,"Id":3,"N":4,"O":5,"B":6,"B":"x","Children":[{}]})"));
     EXPECT_EQ(std::tuple(font->O(), font->A(), font->Id(), font->N(), font->B()), std::tuple(5, 2, 3, 4, 0));
     EXPECT_EQ(font->Children().size(), 1U);
+    EXPECT_EQ(makeRecords<WideFont>(JSON::parse(R"([{"O":1}])"))[0]->O(), 1);
 }
 
 TEST(FontItem, RefillKeepsWhatTheDocumentDoesNotNameAndMakesTheChildrenAnew) {

@@ -3,6 +3,7 @@
 #include <PerchAppLibrary/JSON.hpp>
 #include <PerchAppLibrary/record/MemberOrder.hpp>
 
+#include <concepts>
 #include <iterator>
 #include <memory>
 #include <new>
@@ -40,7 +41,10 @@ template <class Item>
 Records<Item> makeRecords(const PerchAppLibrary::JSON& json, Elements which = Elements::all) {
     using PerchAppLibrary::JSON;
     using PerchAppLibrary::MemberOrder;
-    if constexpr (requires(MemberOrder& order) { Item::createOneOfMany(json, order, order); }) {
+    using One = std::shared_ptr<Item>; // not the one of a base
+    if constexpr (requires(MemberOrder& order) {
+                      { Item::createOneOfMany(json, order, order) } -> std::same_as<One>;
+                  }) {
         MemberOrder order;
         MemberOrder innerOrder;
         return makeEach<Item>(json, which, [&](const JSON& element) {
