@@ -39,17 +39,17 @@ void BaseEntity::setValue(const JSON& json, Excluded excluded) {
     filling.finish();
 }
 
-JSON BaseEntity::mapAround(std::size_t index, const JSON& json, MemberOrder& order) {
+std::optional<JSON> BaseEntity::mapAround(std::size_t index, const JSON& json, MemberOrder& order) {
     const std::optional<dom::element> element = JSONElement::of(json);
     dom::object members;
     if (!element || element->get(members) != simdjson::SUCCESS)
-        return JSON::null;
+        return std::nullopt;
     Filling filling(*this);
     filling.exclude(index);
     filling.add(members, order);
     filling.finish();
     const std::optional<dom::element> left = filling.excluded(index);
-    return left ? JSONElement::inDocumentOf(json, *left) : JSON::null;
+    return left ? std::optional(JSONElement::inDocumentOf(json, *left)) : std::nullopt;
 }
 
 void BaseEntity::clearException() {

@@ -29,9 +29,9 @@ struct EffectOf {
 } // namespace
 
 FillPlan::FillPlan(std::span<const Property> properties, bool overridesSetters)
-    : m_names(namesOf(properties)),
-      m_stepsForSetters(properties.size(), Filling::keepingStep()),
-      m_directSteps(m_stepsForSetters) {
+    : m_names(namesOf(properties)), m_stepsForSetters(properties.size(), Filling::keepingStep()) {
+    m_stepsForSetters.push_back(Filling::ignoringStep());
+    m_directSteps = m_stepsForSetters;
     if (overridesSetters) // which may look at other properties: all keep their turns then
         return;
     for (std::size_t index = 0; index < properties.size(); ++index) {

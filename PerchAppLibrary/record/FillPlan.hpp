@@ -33,13 +33,13 @@ public:
 
     const NameIndex& names() const noexcept { return m_names; }
 
-    /// A step for each property of a record that nobody but the mapping sees while it runs.
+    /// A step for each property of a record that nobody but the mapping sees while it runs, and one for what is none.
     std::span<const Step> directSteps() const noexcept { return m_directSteps; }
 
     /// Whether a field is filled by its direct step.
     bool isDirect(std::size_t index) const noexcept { return m_directSteps[index].access != nullptr; }
 
-    /// A step for each property of another record: the setters have their turns later.
+    /// The same for another record: the setters have their turns later.
     std::span<const Step> stepsForSetters() const noexcept { return m_stepsForSetters; }
 
     /// The effects of the direct steps.

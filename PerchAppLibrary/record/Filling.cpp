@@ -80,6 +80,9 @@ FillPlan::Step Filling::stepFor(const FieldAccess<T>& access) {
     return {&fillField<T>, &access};
 }
 
+void Filling::ignore(Filling& /*filling*/, const FillPlan::Step& /*step*/, std::size_t /*index*/,
+                     dom::element /*element*/) {}
+
 void Filling::keep(Filling& filling, const FillPlan::Step& /*step*/, std::size_t index,
                    dom::element element) {
     Mark& mark = filling.m_marks[index];
@@ -124,9 +127,10 @@ void Filling::addEach(dom::object members, Find find) {
     static_assert(NameIndex::headSize <= simdjson::SIMDJSON_PADDING);
     const FillPlan::Step* const steps = (m_isDirect ? m_plan.directSteps() : m_plan.stepsForSetters()).data();
     const auto end = members.end();
-    for (auto member = members.begin(); member != end; ++member)
-        if (const std::uint32_t index = find(member.key()); index != NameIndex::notFound)
-            steps[index].take(*this, steps[index], index, member.value());
+    for (auto member = members.begin(); member != end; ++member) {
+        const std::uint32_t index = find(member.key());
+        steps[index].take(*this, steps[index], index, member.value());
+    }
 }
 
 void Filling::add(dom::object members) {
@@ -135,7 +139,7 @@ void Filling::add(dom::object members) {
 
 void Filling::add(dom::object members, MemberOrder& order) {
     order.startRecord(m_plan.names());
-    std::uint32_t* guess = &order.behind(NameIndex::notFound);
+    std::uint32_t* guess = &order.behind(m_schema.properties().size());
     addEach(members, [&order, guess, &names = m_plan.names()](std::string_view key) mutable {
         const std::uint32_t index = names.findReadable(key, *guess);
         guess = &order.behind(index);

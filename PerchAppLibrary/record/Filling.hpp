@@ -63,6 +63,9 @@ public:
     /// The step that keeps an element for finish().
     static FillPlan::Step keepingStep() { return {&keep, nullptr}; }
 
+    /// The step for an element that belongs to no property.
+    static FillPlan::Step ignoringStep() { return {&ignore, nullptr}; }
+
     /// The step that fills the property's field; the other where it has none.
     static FillPlan::Step directStep(const Property& property);
 
@@ -80,6 +83,8 @@ private:
     template <class T>
     static FillPlan::Step stepFor(const FieldAccess<T>& access);
 
+    static void ignore(Filling& filling, const FillPlan::Step& step, std::size_t index,
+                       simdjson::dom::element element);
     static void keep(Filling& filling, const FillPlan::Step& step, std::size_t index,
                      simdjson::dom::element element);
 

@@ -2,10 +2,13 @@
 
 namespace PerchAppLibrary {
 
-NameIndex::NameIndex(std::span<const std::string_view> names) {
+NameIndex::NameIndex(std::span<const std::string_view> names)
+    : m_count(static_cast<std::uint32_t>(names.size())) {
     constexpr std::size_t roomForEach = 4; // few names then find their place taken
     const std::size_t size = std::bit_ceil(std::max<std::size_t>(names.size() * roomForEach, 2));
-    m_entries.resize(size);
+    Entry free;
+    free.index = m_count;
+    m_entries.resize(size, free);
     m_shift = 64U - static_cast<unsigned>(std::countr_zero(size));
     for (std::size_t index = 0; index < names.size(); ++index) {
         const std::string_view name = names[index];
@@ -21,7 +24,7 @@ NameIndex::NameIndex(std::span<const std::string_view> names) {
 
 std::uint32_t NameIndex::placeOf(std::string_view name, Head head) const noexcept {
     std::size_t place = firstPlace(head);
-    while (m_entries[place].index != notFound && !m_entries[place].isOf(name, head))
+    while (m_entries[place].index != m_count && !m_entries[place].isOf(name, head))
         place = next(place);
     return static_cast<std::uint32_t>(place);
 }

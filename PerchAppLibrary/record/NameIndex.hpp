@@ -24,9 +24,7 @@ public:
     /// Of different names, which live as long as the index.
     explicit NameIndex(std::span<const std::string_view> names);
 
-    /// What find() answers for a name that is not among them.
-    static constexpr std::uint32_t notFound = std::numeric_limits<std::uint32_t>::max();
-
+    /// The place of the name among the names; their number for a name that is not among them.
     std::uint32_t find(std::string_view name) const noexcept { return find(name, headOf(name)); }
 
     /// How many bytes the following two look at.
@@ -59,7 +57,7 @@ private:
         Head mask; // ones for the bytes of the head that belong to the name
         std::string_view name;
         std::uint32_t shortSize = noSize; // of the name, if it is not longer than its head
-        std::uint32_t index = notFound;
+        std::uint32_t index = 0;          // the number of names where no name stands
 
         bool isOf(std::string_view other, Head headOfOther) const noexcept {
             return head == headOfOther && name.size() == other.size() &&
@@ -113,6 +111,7 @@ private:
 
     std::size_t next(std::size_t place) const noexcept { return (place + 1) % m_entries.size(); }
 
+    std::uint32_t m_count;
     std::vector<Entry> m_entries; // more than the names, so that a look ends
     unsigned m_shift;             // leaves as many high bits as number the entries
 };

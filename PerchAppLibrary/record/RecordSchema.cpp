@@ -36,9 +36,9 @@ RecordSchema::RecordSchema(std::string_view className, const std::type_info& typ
 
 RecordSchema::~RecordSchema() = default;
 
-static_assert(RecordSchema::notFound == NameIndex::notFound);
 std::size_t RecordSchema::find(std::string_view name) const noexcept {
-    return m_fillPlan->names().find(name);
+    const std::size_t index = m_fillPlan->names().find(name);
+    return index < m_properties.size() ? index : notFound;
 }
 
 std::vector<const Property*> RecordSchema::storedWithout(const Excluded& excluded) const {

@@ -6,7 +6,6 @@
 #include <PerchAppLibrary/record/Record.hpp>
 
 #include <cstdint>
-#include <limits>
 #include <memory>
 #include <optional>
 #include <span>
@@ -93,7 +92,7 @@ public:
     std::vector<const Property*> storedWithout(const Excluded& excluded) const;
 
     /// What find() answers for a name that no property has.
-    static constexpr std::size_t notFound = std::numeric_limits<std::uint32_t>::max();
+    static constexpr std::size_t notFound = static_cast<std::size_t>(-1);
 
     /// Index of the property with this name in properties(), or notFound. Constant time.
     std::size_t find(std::string_view name) const noexcept;

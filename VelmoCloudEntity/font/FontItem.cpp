@@ -82,12 +82,16 @@ std::shared_ptr<FontItem> FontItem::createOneOfMany(const JSON& json, MemberOrde
 
 void FontItem::fill(const JSON& json, MemberOrder& order, MemberOrder& childrenOrder) {
     static const std::size_t index = schema().find(childrenKey);
-    const JSON children = mapAround(index, json, order);
-    if (children.isNull() && m_Children.empty())
-        return;
-    // Groups and fonts take turns from level to level, nearly always, and so do the orders.
-    m_Children = makeEach<FontItem>(children, Elements::all, [&](const JSON& child) {
-        return createOneOfMany(child, childrenOrder, order);
+    if (const std::optional<JSON> children = mapAround(index, json, order))
+        makeChildren(*children, childrenOrder, order);
+    else
+        m_Children.clear();
+}
+
+/// The objects of groups and of fonts take turns from level to level, nearly always, and so do the orders.
+void FontItem::makeChildren(const JSON& json, MemberOrder& order, MemberOrder& childrenOrder) {
+    m_Children = makeEach<FontItem>(json, Elements::all, [&order, &childrenOrder](const JSON& child) {
+        return createOneOfMany(child, order, childrenOrder);
     });
 }
 

@@ -233,6 +233,9 @@ private:
     void fill(const PerchAppLibrary::JSON& json, PerchAppLibrary::MemberOrder& order,
               PerchAppLibrary::MemberOrder& childrenOrder);
 
+    void makeChildren(const PerchAppLibrary::JSON& json, PerchAppLibrary::MemberOrder& order,
+                      PerchAppLibrary::MemberOrder& childrenOrder);
+
     const std::string& nameToDisplay() const; // of a leaf
     PerchAppLibrary::Dictionary dictIn(const PerchAppLibrary::Storage& storage) const;
     PerchAppLibrary::Dictionary reflectIn(const PerchAppLibrary::Storage& storage) const;
