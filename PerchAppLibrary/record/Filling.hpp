@@ -113,11 +113,11 @@ private:
     BaseEntity& m_record;
     const RecordSchema& m_schema;
     const FillPlan& m_plan;
-    bool m_isDirect;                                         // by fields where there are some, not by setters
-    Mark* m_marks;                                           // of all properties
-    boost::container::small_vector<Kept, usualCount> m_kept; // one for a property
+    bool m_isDirect; // by fields where there are some, not by setters
     std::array<Mark, usualCount> m_usualMarks{};
     std::vector<Mark> m_manyMarks;
+    Mark* m_marks;                                           // of all properties
+    boost::container::small_vector<Kept, usualCount> m_kept; // one for a property
 };
 
 } // namespace PerchAppLibrary
