@@ -42,7 +42,9 @@ FillPlan::FillPlan(std::span<const Property> properties, bool overridesSetters)
 }
 
 FillPlan::Effect& FillPlan::effect(void (BaseEntity::*call)()) {
-    const auto known = std::ranges::find(m_effects, call, &Effect::call);
+    const auto known = std::ranges::find_if(m_effects, [call](const Effect& effect) {
+        return effect.call == call; // unspecified for a virtual one, which may then be called more than once
+    });
     return known == m_effects.end() ? m_effects.emplace_back(Effect{call, {}}) : *known;
 }
 

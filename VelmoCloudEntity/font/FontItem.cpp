@@ -89,9 +89,9 @@ void FontItem::fill(const JSON& json, MemberOrder& order, MemberOrder& childrenO
 }
 
 /// The objects of groups and of fonts take turns from level to level, nearly always, and so do the orders.
-void FontItem::makeChildren(const JSON& json, MemberOrder& order, MemberOrder& childrenOrder) {
-    m_Children = makeEach<FontItem>(json, Elements::all, [&order, &childrenOrder](const JSON& child) {
-        return createOneOfMany(child, order, childrenOrder);
+void FontItem::makeChildren(const JSON& json, MemberOrder& theirs, MemberOrder& inner) {
+    m_Children = makeEach<FontItem>(json, Elements::all, [&theirs, &inner](const JSON& child) {
+        return createOneOfMany(child, theirs, inner);
     });
 }
 

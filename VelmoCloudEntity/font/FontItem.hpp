@@ -233,8 +233,8 @@ private:
     void fill(const PerchAppLibrary::JSON& json, PerchAppLibrary::MemberOrder& order,
               PerchAppLibrary::MemberOrder& childrenOrder);
 
-    void makeChildren(const PerchAppLibrary::JSON& json, PerchAppLibrary::MemberOrder& order,
-                      PerchAppLibrary::MemberOrder& childrenOrder);
+    void makeChildren(const PerchAppLibrary::JSON& json, PerchAppLibrary::MemberOrder& theirs,
+                      PerchAppLibrary::MemberOrder& inner);
 
     const std::string& nameToDisplay() const; // of a leaf
     PerchAppLibrary::Dictionary dictIn(const PerchAppLibrary::Storage& storage) const;
