@@ -139,10 +139,10 @@ void Filling::add(dom::object members) {
 
 void Filling::add(dom::object members, MemberOrder& order) {
     order.startRecord(m_plan.names());
-    std::uint32_t* guess = &order.behind(m_schema.properties().size());
+    std::uint32_t* guess = &order.first();
     addEach(members, [&order, guess, &names = m_plan.names()](std::string_view key) mutable {
         const std::uint32_t index = names.findReadable(key, *guess);
-        guess = &order.behind(index);
+        guess = &order.behind(*guess);
         return index;
     });
 }

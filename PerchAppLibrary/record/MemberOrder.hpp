@@ -20,8 +20,12 @@ public:
             *this = MemberOrder(names);
     }
 
-    /// The place, in the index of the names, of the property that came behind this one the last time.
-    std::uint32_t& behind(std::size_t property) noexcept { return m_places[property % m_places.size()]; }
+    /// Where the first property of the last object stands in the index of the names.
+    std::uint32_t& first() noexcept { return m_first; }
+
+    /// Where the property stands that came behind the one at this place the last time. By places, so that a guess needs nothing but
+    /// the guess before it.
+    std::uint32_t& behind(std::uint32_t place) noexcept { return m_behind[place % m_behind.size()]; }
 
     MemberOrder() = default;
 
@@ -29,7 +33,8 @@ private:
     explicit MemberOrder(const NameIndex& names) noexcept : m_names(&names) {}
 
     const NameIndex* m_names = nullptr;
-    std::array<std::uint32_t, 64> m_places{}; // where a class has more properties, some share one
+    std::uint32_t m_first = 0;
+    std::array<std::uint32_t, 256> m_behind{}; // where the index has more places, some share one
 };
 
 } // namespace PerchAppLibrary
