@@ -94,9 +94,9 @@ protected:
     /// subclasses hides this function with its own.
     void initFromJSON(const JSON& json) { setValue(json); }
 
-    /// What this class's own setValue(json, {key}) does, and then the value under the key, if there is one: in one
-    /// pass over the members. The key is that of the property with this index in the schema. For a record of which no subclass can have
-    /// overridden that mapping. The order is kept from one record to the next.
+    /// What this class's own setValue(json, {key}) does, and then the value under the key, if there is one: in one pass over
+    /// the members. The key is that of the property with this index in the schema. For a record of which no subclass can
+    /// have overridden that mapping. The order is kept from one record to the next.
     std::optional<JSON> mapAround(std::size_t index, const JSON& json, MemberOrder& order);
 
     /// The stored properties without the excluded ones: what a record's reflective `Dict` begins with. Ends
