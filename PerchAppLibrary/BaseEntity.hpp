@@ -12,6 +12,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <typeinfo>
 
 namespace PerchAppLibrary {
 
@@ -121,5 +122,17 @@ private:
     bool m_IsDisabled = false; // at the end, where the fields of a subclass that are small follow closely
     bool m_Exception = false;
 };
+
+/// Returns whether the record's class is the given one, not a subclass of it. No accessor is overridden
+/// then, so fields can be read and written in place of accessors.
+inline bool isExactly(const BaseEntity& record, const std::type_info& type) noexcept {
+    return typeid(record) == type;
+}
+
+/// Like isExactly(record, typeid(Record)).
+template <class Record>
+bool isExactly(const Record& record) noexcept {
+    return isExactly(record, typeid(Record));
+}
 
 } // namespace PerchAppLibrary

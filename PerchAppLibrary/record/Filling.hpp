@@ -13,7 +13,6 @@
 #include <cstddef>
 #include <cstdint>
 #include <optional>
-#include <typeinfo>
 #include <vector>
 
 namespace PerchAppLibrary {
@@ -28,7 +27,7 @@ public:
         : m_record(record),
           m_schema(record.schema()),
           m_plan(m_schema.fillPlan()),
-          m_isDirect(typeid(record) == m_schema.type()),
+          m_isDirect(isExactly(record, m_schema.type())),
           m_marks(m_usualMarks.data()) {
         if (const std::size_t count = m_schema.properties().size(); count > usualCount) {
             m_manyMarks.resize(count);

@@ -51,7 +51,7 @@ void prefetchBranches(std::span<const std::shared_ptr<Item>> items, Prefetch pre
             prefetchItem(*item);
         std::size_t groupCount = 0;
         for (const Item* const item : found)
-            if (isOfVeryClass(*item) && item->Item::IsGroup())
+            if (isExactly(*item) && item->Item::IsGroup())
                 groups[groupCount++] = &item->Item::Children();
         const std::span branches = std::span(groups).first(groupCount);
         for (const Records<Item>* const members : branches)
@@ -96,7 +96,7 @@ void forEachLeaf(const Records<Item>& list, Visitor&& visit, Prefetch prefetchIt
         }
         outer.push_back(level);
         const Records<Item>& members = item->Children();
-        level = {members, isOfVeryClass(*item) ? std::min(members.size(), mostMembersAhead) : 0};
+        level = {members, isExactly(*item) ? std::min(members.size(), mostMembersAhead) : 0};
     }
 }
 

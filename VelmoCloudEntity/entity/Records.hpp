@@ -1,5 +1,6 @@
 #pragma once
 
+#include <PerchAppLibrary/BaseEntity.hpp>
 #include <PerchAppLibrary/JSON.hpp>
 #include <PerchAppLibrary/record/MemberOrder.hpp>
 
@@ -7,12 +8,13 @@
 #include <iterator>
 #include <memory>
 #include <new>
-#include <typeinfo>
 #include <utility>
 #include <vector>
 
 /// Arrays of records: how they are made from JSON, and how trees of them are taken down.
 namespace VelmoCloudEntity {
+
+using PerchAppLibrary::isExactly;
 
 /// Records of the class Item, in order. An element is never null.
 template <class Item>
@@ -53,13 +55,6 @@ Records<Item> makeRecords(const PerchAppLibrary::JSON& json, Elements which = El
     } else {
         return makeEach<Item>(json, which, [](const JSON& element) { return Item::create(element); });
     }
-}
-
-/// Whether the record is of this very class, so that its fields can stand for its accessors: those of a subclass may do
-/// anything.
-template <class Record>
-bool isOfVeryClass(const Record& record) noexcept {
-    return typeid(record) == typeid(Record);
 }
 
 /// Destroys the records that nobody else holds, and what hangs below them, in a loop: a chain of groups of any length

@@ -96,7 +96,7 @@ void FontItem::makeChildren(const JSON& json, MemberOrder& theirs, MemberOrder& 
 }
 
 void FontItem::setValue(const JSON& json) {
-    if (isOfVeryClass(*this)) { // so that the mapping is not overridden
+    if (isExactly(*this)) { // so that the mapping is not overridden
         MemberOrder order;
         MemberOrder childrenOrder;
         fill(json, order, childrenOrder);
@@ -114,13 +114,13 @@ Dictionary FontItem::dictIn(const PerchAppLibrary::Storage& storage) const {
     PerchAppLibrary::ValueArray& members = dictionary["Children"].emplace_array();
     members.reserve(Children().size());
     for (const std::shared_ptr<FontItem>& member : Children())
-        members.emplace_back(isOfVeryClass(*member) ? member->dictIn(storage) : member->Dict());
+        members.emplace_back(isExactly(*member) ? member->dictIn(storage) : member->Dict());
     return dictionary;
 }
 
 /// The properties of the very class are listed once.
 Dictionary FontItem::reflectIn(const PerchAppLibrary::Storage& storage) const {
-    if (!isOfVeryClass(*this))
+    if (!isExactly(*this))
         return reflect(notReflected(), storage);
     static const std::vector<const Property*> reflected = schema().storedWithout(notReflected());
     return reflect(reflected, storage);
@@ -151,7 +151,7 @@ void FontItem::appendText(std::string& text, const Records<FontItem>& list) {
 }
 
 void FontItem::appendText(std::string& text) const {
-    if (!isOfVeryClass(*this)) { // whose accessors, and Dict itself, may be overridden
+    if (!isExactly(*this)) { // whose accessors, and Dict itself, may be overridden
         text += PerchAppLibrary::toText(Dict());
         return;
     }
@@ -189,8 +189,7 @@ const std::string& FontItem::nameToDisplay() const {
 }
 
 const std::string* FontItem::storedDisplayName() const {
-    const bool isOverridable = typeid(*this) != typeid(FontItem);
-    return isOverridable || IsGroup() ? nullptr : &nameToDisplay();
+    return isExactly(*this) && !IsGroup() ? &nameToDisplay() : nullptr;
 }
 
 std::string FontItem::PreviewText() const {

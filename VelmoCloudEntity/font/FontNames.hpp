@@ -61,7 +61,7 @@ public:
 private:
     /// Whether the stored names are those by which the font is searched: no subclass has overridden an accessor, and
     /// DisplayName is not worked out.
-    static bool isSigned(const FontItem& font) { return isOfVeryClass(font) && !font.IsGroup(); }
+    static bool isSigned(const FontItem& font) { return isExactly(font) && !font.IsGroup(); }
 
     TextSignature signatureOf(const FontItem& font);
 
