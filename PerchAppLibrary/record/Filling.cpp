@@ -1,6 +1,6 @@
 #include <PerchAppLibrary/record/Filling.hpp>
 
-#include <PerchAppLibrary/record/Conversion.hpp>
+#include <PerchAppLibrary/json/detail/Conversion.hpp>
 
 #include <bit>
 #include <concepts>

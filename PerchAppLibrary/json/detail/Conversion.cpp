@@ -1,7 +1,7 @@
-#include <PerchAppLibrary/record/Mapping.hpp>
+#include <PerchAppLibrary/json/detail/Conversion.hpp>
 
 #include <PerchAppLibrary/JSONElement.hpp>
-#include <PerchAppLibrary/record/Conversion.hpp>
+#include <PerchAppLibrary/record/Mapping.hpp>
 
 #include <boost/algorithm/string/predicate.hpp>
 #include <fast_float/fast_float.h>
