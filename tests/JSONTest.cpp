@@ -1,6 +1,6 @@
 #include <PerchAppLibrary/Dictionary.hpp>
 #include <PerchAppLibrary/JSON.hpp>
-#include <PerchAppLibrary/record/JSONText.hpp>
+#include <PerchAppLibrary/record/detail/JSONText.hpp>
 
 #include <PerchAppLibrary/record/Mapping.hpp>
 

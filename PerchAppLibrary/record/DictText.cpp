@@ -1,8 +1,8 @@
 #include <PerchAppLibrary/record/DictText.hpp>
 
 #include <PerchAppLibrary/Dictionary.hpp>
-#include <PerchAppLibrary/record/JSONText.hpp>
 #include <PerchAppLibrary/record/RecordSchema.hpp>
+#include <PerchAppLibrary/record/detail/JSONText.hpp>
 
 #include <charconv>
 #include <iterator>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include <PerchAppLibrary/record/NameIndex.hpp>
 #include <PerchAppLibrary/record/RecordSchema.hpp>
+#include <PerchAppLibrary/record/detail/NameIndex.hpp>
 
 #include <simdjson.h>
 

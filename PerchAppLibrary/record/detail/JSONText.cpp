@@ -1,4 +1,4 @@
-#include <PerchAppLibrary/record/JSONText.hpp>
+#include <PerchAppLibrary/record/detail/JSONText.hpp>
 
 #include <PerchAppLibrary/Dictionary.hpp>
 #include <PerchAppLibrary/platform/Text.hpp>
