@@ -2,7 +2,7 @@
 include(CMakePackageConfigHelpers)
 
 set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/VelmoCloudEntity)
-set(private_headers JSONElement.hpp JSONFallback.hpp ByteMatches.hpp CharacterForms.hpp ICU.hpp Memory.hpp Words.hpp Filling.hpp FillPlan.hpp FontNames.hpp FontReferences.hpp)
+set(private_headers JSONElement.hpp JSONFallback.hpp ByteMatches.hpp CharacterForms.hpp ICU.hpp Memory.hpp Words.hpp FontNames.hpp FontReferences.hpp)
 foreach(header IN LISTS private_headers)
   list(APPEND exclude_private PATTERN ${header} EXCLUDE)
 endforeach()
