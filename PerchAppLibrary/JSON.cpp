@@ -2,6 +2,7 @@
 
 #include <PerchAppLibrary/JSONElement.hpp>
 #include <PerchAppLibrary/JSONFallback.hpp>
+#include <PerchAppLibrary/json/detail/Conversion.hpp>
 #include <PerchAppLibrary/platform/Memory.hpp>
 
 #include <algorithm>
@@ -132,6 +133,20 @@ JSON::Type JSON::type() const noexcept {
     const std::optional<dom::element> element = JSONElement::of(*this);
     return element ? typeOf(*element) : Type::null;
 }
+
+template <class T>
+bool JSON::convertTo(T& value) const {
+    const std::optional<dom::element> element = JSONElement::of(*this);
+    return element && convertElement(*element, value);
+}
+
+template bool JSON::convertTo(std::int64_t&) const;
+template bool JSON::convertTo(bool&) const;
+template bool JSON::convertTo(float&) const;
+template bool JSON::convertTo(double&) const;
+template bool JSON::convertTo(std::string&) const;
+template bool JSON::convertTo(std::vector<std::int64_t>&) const;
+template bool JSON::convertTo(std::vector<std::string>&) const;
 
 std::size_t JSON::count() const noexcept {
     const std::optional<dom::element> element = JSONElement::of(*this);

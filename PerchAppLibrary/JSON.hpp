@@ -6,9 +6,11 @@
 #include <cstdint>
 #include <iterator>
 #include <memory>
+#include <optional>
 #include <stdexcept>
 #include <string>
 #include <string_view>
+#include <type_traits>
 #include <utility>
 #include <vector>
 
@@ -52,6 +54,40 @@ public:
 
     bool isNull() const noexcept { return type() == Type::null; }
 
+    /// Returns the value as a T, or nullopt where the table says "-" or its condition does not hold.
+    /// T is std::int64_t, bool, float, double, std::string, or a std::vector of std::int64_t or
+    /// std::string. The properties of records are filled by this table as well.
+    ///
+    /// Conversion is lenient in kind and exact in value: it succeeds if T can hold what the JSON says.
+    ///
+    ///   JSON \ T      | std::int64_t    | bool        | float, double    | std::string      | array
+    ///   --------------|-----------------|-------------|------------------|------------------|--------
+    ///   integer       | within 64 bits  | 0 and 1     | yes, rounded     | its digits       | -
+    ///   other number  | integral, exact | 0.0 and 1.0 | in range         | shortest decimal | -
+    ///   string        | digits          | see below   | a decimal number | as it is         | -
+    ///   true, false   | 1, 0            | yes         | 1, 0             | "true", "false"  | -
+    ///   array         | -               | -           | -                | -                | all fit
+    ///   object        | -               | -           | -                | -                | -
+    ///   null, missing | -               | -           | -                | -                | -
+    ///
+    /// - std::int64_t: an integer in a string is an optional "-" and decimal digits, nothing else, in
+    ///   the range of 64 bits. A number such as 3.0 or 1e3 is integral. From 2^53 on, one such number
+    ///   stands for several integers, so none converts.
+    /// - bool: a string is "true" or "false" in any case of its letters, "0" or "1".
+    /// - float, double: rounded to the nearest. A number that would become infinite, or zero without
+    ///   being zero, is out of range. A number in a string is an optional "-", decimal digits, and
+    ///   optionally a point and an exponent.
+    /// - std::string: an integer within 64 bits (signed or unsigned) keeps its digits. Any other number
+    ///   is written as the shortest decimal that gives it back, with ".0" if it is integral ("22.0").
+    ///   From 2^63 on it has been rounded, and does not convert.
+    /// - An array is converted element by element by the columns of its type, as a whole or not at all.
+    ///
+    /// Properties of records have three more types. A std::optional<std::string> takes what a
+    /// std::string takes, and a null as nullopt. A JSON takes every value, a null too, in a document of
+    /// its own. An array of records takes nothing: the record makes its nested records itself.
+    template <class T>
+    std::optional<T> as() const;
+
     /// Number of elements of an array or of members of an object, a repeated key counted each time; 0 for the rest.
     std::size_t count() const noexcept;
 
@@ -78,6 +114,17 @@ public:
 private:
     friend class JSONElement;
 
+    template <class T>
+    static constexpr bool isReadable =
+        std::disjunction_v<std::is_same<T, std::int64_t>, std::is_same<T, bool>, std::is_same<T, float>,
+                           std::is_same<T, double>, std::is_same<T, std::string>,
+                           std::is_same<T, std::vector<std::int64_t>>,
+                           std::is_same<T, std::vector<std::string>>>;
+
+    /// Writes the value to `value` and returns true, or returns false if it does not convert.
+    template <class T>
+    bool convertTo(T& value) const;
+
     JSON at(std::size_t index) const noexcept;
 
     /// A place in a parsed document, as the reader's own type lays it out.
@@ -91,6 +138,14 @@ private:
 };
 
 inline constinit const JSON JSON::null;
+
+template <class T>
+std::optional<T> JSON::as() const {
+    static_assert(isReadable<T>, "JSON::as<T>(): T is std::int64_t, bool, float, double, std::string, "
+                                 "std::vector<std::int64_t> or std::vector<std::string>");
+    T value{};
+    return convertTo(value) ? std::optional<T>(std::move(value)) : std::nullopt;
+}
 
 /// Steps through the elements of one array. The element that it refers to is its own: it lasts until the next step.
 class JSON::Iterator {

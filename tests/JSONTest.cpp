@@ -2,13 +2,12 @@
 #include <PerchAppLibrary/JSON.hpp>
 #include <PerchAppLibrary/record/JSONText.hpp>
 
-#include <PerchAppLibrary/record/Mapping.hpp>
-
 #include <gtest/gtest.h>
 
+#include <optional>
 #include <string>
+#include <utility>
 
-using PerchAppLibrary::convert;
 using PerchAppLibrary::JSON;
 
 namespace {
@@ -74,18 +73,18 @@ TEST(JSON, TakesEveryWellFormedText) {
     const JSON json =
         JSON::parse(R"( {"big": 18446744073709551616, "-": -1e999, "tiny": 1e-999, "u": "\ud800x\\ud800",
                                        "t": "\udc00", "pair": "\ud83d\ude00", "in text": "99999999999999999999"} )");
-    EXPECT_EQ(convert<float>(json["big"]), 18446744073709551616.0F);
+    EXPECT_EQ(json["big"].as<float>(), 18446744073709551616.0F);
     EXPECT_EQ(json["-"].type(), JSON::Type::number);
-    EXPECT_EQ(convert<std::string>(json["-"]), std::nullopt); // no text says what has been rounded
-    EXPECT_EQ(convert<float>(json["tiny"]), 0.0F);
-    EXPECT_EQ(convert<std::string>(json["u"]), "\uFFFDx\\ud800");
-    EXPECT_EQ(convert<std::string>(json["t"]), "\uFFFD");
-    EXPECT_EQ(convert<std::string>(json["pair"]), "\U0001F600");
-    EXPECT_EQ(convert<std::string>(json["in text"]), "99999999999999999999");
-    EXPECT_EQ(convert<float>(JSON::parse(std::string(400, '9'))), std::nullopt); // no float is that great
+    EXPECT_EQ(json["-"].as<std::string>(), std::nullopt); // no text says what has been rounded
+    EXPECT_EQ(json["tiny"].as<float>(), 0.0F);
+    EXPECT_EQ(json["u"].as<std::string>(), "\uFFFDx\\ud800");
+    EXPECT_EQ(json["t"].as<std::string>(), "\uFFFD");
+    EXPECT_EQ(json["pair"].as<std::string>(), "\U0001F600");
+    EXPECT_EQ(json["in text"].as<std::string>(), "99999999999999999999");
+    EXPECT_EQ(JSON::parse(std::string(400, '9')).as<float>(), std::nullopt); // no float is that great
     EXPECT_EQ(JSON::parse("[1e99999999999, \"1e99999999999\"]").count(), 2U);
-    EXPECT_EQ(convert<float>(JSON::parse("[1e-99999999999, 1e999]")[0U]), 0.0F);
-    EXPECT_EQ(convert<float>(JSON::parse("[12e000000000000001, 1e999]")[0]), 120.0F);
+    EXPECT_EQ(JSON::parse("[1e-99999999999, 1e999]")[0U].as<float>(), 0.0F);
+    EXPECT_EQ(JSON::parse("[12e000000000000001, 1e999]")[0].as<float>(), 120.0F);
 }
 
 TEST(JSON, GivesNullEmptyOrZeroForWhatAValueDoesNotHold) {
@@ -93,7 +92,7 @@ TEST(JSON, GivesNullEmptyOrZeroForWhatAValueDoesNotHold) {
     EXPECT_EQ(json.type(), JSON::Type::dictionary);
     EXPECT_EQ(json.count(), 3U);
     EXPECT_EQ(json["list"].count(), 3U);
-    EXPECT_EQ(convert<std::string>(json["list"][1]), "two");
+    EXPECT_EQ(json["list"][1].as<std::string>(), "two");
     EXPECT_EQ(json["none"].count(), 0U);
     for (const JSON& missing : {json["nothing"], json[0], json["list"][3], json["list"][-1],
                                 json["list"]["a"], json["list"][2], json["text"][0], JSON(), JSON::null}) {
@@ -128,11 +127,32 @@ TEST(JSON, KeepsTheDocumentAliveAndTheLastOfARepeatedKey) {
     {
         std::string text = R"({"a": 1, "b": {"c": "first", "c": "last"}, "a": 2})";
         const JSON json = JSON::parse(std::move(text));
-        EXPECT_EQ(convert<std::int64_t>(json["a"]), 2);
+        EXPECT_EQ(json["a"].as<std::int64_t>(), 2);
         EXPECT_EQ(json.count(), 3U);
         inner = json["b"];
     }
-    EXPECT_EQ(convert<std::string>(inner["c"]), "last");
+    EXPECT_EQ(inner["c"].as<std::string>(), "last");
+}
+
+TEST(JSON, ReadsDoublesAsPropertiesReadFloats) {
+    const std::pair<const char*, std::optional<double>> rows[] = {
+        {"0.1", 0.1},
+        {"1e300", 1e300},
+        {"9007199254740993", 9007199254740992.0},
+        {"18446744073709551615", 18446744073709551616.0},
+        {R"("-2.5e3")", -2500.0},
+        {R"("1e300")", 1e300},
+        {R"("1e999")", std::nullopt},
+        {R"("1e-999")", std::nullopt},
+        {R"("0e-999")", 0.0},
+        {R"("0x10")", std::nullopt},
+        {R"("nan")", std::nullopt},
+        {"true", 1.0},
+        {"null", std::nullopt},
+        {"[1]", std::nullopt},
+    };
+    for (const auto& [text, number] : rows)
+        EXPECT_EQ(JSON::parse(text).as<double>(), number) << text;
 }
 
 /// Any byte, at any place in a word or behind the last whole one.

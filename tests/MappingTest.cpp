@@ -1,5 +1,3 @@
-#include <PerchAppLibrary/record/Mapping.hpp>
-
 #include <PerchAppLibrary/BaseEntity.hpp>
 #include <PerchAppLibrary/Dictionary.hpp>
 #include <PerchAppLibrary/JSONElement.hpp>
@@ -145,7 +143,7 @@ TEST(Mapping, ConvertsArraysAsAWholeOrNotAtAll) {
             EXPECT_TRUE(sample->Samples().empty()) << value; // a record makes its nested records itself
         }
     }
-    EXPECT_EQ(convert<std::int64_t>(JSON::null), std::nullopt);
+    EXPECT_EQ(JSON::null.as<std::int64_t>(), std::nullopt);
 }
 
 /// Notes the calls of its setters.

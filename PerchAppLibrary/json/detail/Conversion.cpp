@@ -1,7 +1,6 @@
 #include <PerchAppLibrary/json/detail/Conversion.hpp>
 
 #include <PerchAppLibrary/JSONElement.hpp>
-#include <PerchAppLibrary/record/Mapping.hpp>
 
 #include <boost/algorithm/string/predicate.hpp>
 #include <fast_float/fast_float.h>
@@ -36,11 +35,18 @@ bool toInteger(std::string_view text, std::int64_t& value) {
     return true;
 }
 
-bool toFloat(double number, float& value) {
+bool toReal(double number, float& value) {
     const auto rounded = static_cast<float>(number);
     if (!std::isfinite(rounded) || (rounded != 0) != (number != 0))
         return false;
     value = rounded;
+    return true;
+}
+
+bool toReal(double number, double& value) {
+    if (!std::isfinite(number))
+        return false;
+    value = number;
     return true;
 }
 
@@ -57,7 +63,8 @@ bool hasNonzeroDigit(std::string_view decimal) {
            std::string_view::npos;
 }
 
-bool toFloat(std::string_view text, float& value) {
+template <class Real>
+bool toReal(std::string_view text, Real& value) {
     double number = 0;
     const char* const end = text.data() + text.size();
     if (!beginsAsNumber(text))
@@ -66,7 +73,7 @@ bool toFloat(std::string_view text, float& value) {
     if (result.ec != std::errc() || result.ptr != end)
         return false;
     // Before its version 6, fast_float gives infinity or zero for a number out of range, and no error.
-    return (number != 0 || !hasNonzeroDigit(text)) && toFloat(number, value);
+    return (number != 0 || !hasNonzeroDigit(text)) && toReal(number, value);
 }
 
 template <class Number>
@@ -86,6 +93,23 @@ bool toText(double number, std::string& value) {
     if (value.find_first_not_of("-0123456789") == std::string::npos)
         value += ".0";
     return true;
+}
+
+template <class Real>
+bool convertReal(dom::element element, Real& value) {
+    switch (element.type()) {
+    case Kind::INT64:
+    case Kind::UINT64:
+    case Kind::DOUBLE:
+        return toReal(element.get_double().value_unsafe(), value);
+    case Kind::STRING:
+        return toReal(element.get_string().value_unsafe(), value);
+    case Kind::BOOL:
+        value = element.get_bool().value_unsafe() ? Real(1) : Real(0);
+        return true;
+    default:
+        return false;
+    }
 }
 
 template <class Element>
@@ -133,22 +157,6 @@ bool convertOtherKind(dom::element element, bool& value) {
     return true;
 }
 
-bool convertElement(dom::element element, float& value) {
-    switch (element.type()) {
-    case Kind::INT64:
-    case Kind::UINT64:
-    case Kind::DOUBLE:
-        return toFloat(element.get_double().value_unsafe(), value);
-    case Kind::STRING:
-        return toFloat(element.get_string().value_unsafe(), value);
-    case Kind::BOOL:
-        value = element.get_bool().value_unsafe() ? 1.0F : 0.0F;
-        return true;
-    default:
-        return false;
-    }
-}
-
 bool convertOtherKind(dom::element element, std::string& value) {
     switch (element.type()) {
     case Kind::INT64:
@@ -181,6 +189,8 @@ bool convertElement(dom::element element, std::optional<std::string>& value) {
     return true;
 }
 
+bool convertElement(dom::element element, float& value) { return convertReal(element, value); }
+bool convertElement(dom::element element, double& value) { return convertReal(element, value); }
 bool convertElement(dom::element element, std::vector<std::int64_t>& value) {
     return convertArray(element, value);
 }
@@ -192,21 +202,5 @@ bool convertElement(dom::element element, JSON& value) {
     value = JSONElement::detached(element);
     return true;
 }
-
-template <class T>
-std::optional<T> convert(const JSON& json) {
-    const std::optional<dom::element> element = JSONElement::of(json);
-    T value{};
-    if (!element || !convertElement(*element, value))
-        return std::nullopt;
-    return value;
-}
-
-template std::optional<std::int64_t> convert(const JSON&);
-template std::optional<bool> convert(const JSON&);
-template std::optional<float> convert(const JSON&);
-template std::optional<std::string> convert(const JSON&);
-template std::optional<std::vector<std::int64_t>> convert(const JSON&);
-template std::optional<std::vector<std::string>> convert(const JSON&);
 
 } // namespace PerchAppLibrary

@@ -10,8 +10,8 @@
 #include <string_view>
 #include <vector>
 
-/// The conversions that Mapping.hpp describes, on the reader's own elements. Each writes its result to
-/// `value` and answers true, or leaves `value` as it is and answers false. For the sources of this library alone.
+/// The conversions of JSON::as() and of filling, on elements of the reader. Each writes its result to
+/// `value` and returns true, or leaves `value` as it is and returns false.
 namespace PerchAppLibrary {
 
 bool convertOtherKind(simdjson::dom::element element, std::int64_t& value);
@@ -35,6 +35,7 @@ inline bool convertElement(simdjson::dom::element element, std::string& value) {
 }
 
 bool convertElement(simdjson::dom::element element, float& value);
+bool convertElement(simdjson::dom::element element, double& value);
 bool convertElement(simdjson::dom::element element, std::optional<std::string>& value);
 bool convertElement(simdjson::dom::element element, std::vector<std::int64_t>& value);
 bool convertElement(simdjson::dom::element element, std::vector<std::string>& value);
