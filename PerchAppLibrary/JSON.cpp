@@ -4,8 +4,10 @@
 #include <PerchAppLibrary/JSONFallback.hpp>
 #include <PerchAppLibrary/json/detail/Conversion.hpp>
 #include <PerchAppLibrary/platform/Memory.hpp>
+#include <PerchAppLibrary/record/JSONText.hpp>
 
 #include <algorithm>
+#include <cmath>
 #include <iterator>
 #include <optional>
 
@@ -85,6 +87,11 @@ std::size_t countOf(const Container& container) noexcept {
                                 : static_cast<std::size_t>(std::distance(container.begin(), container.end()));
 }
 
+template <class Real>
+JSON fromReal(Real number) {
+    return std::isfinite(number) ? JSON::parse(shortestDecimal(number)) : JSON::null;
+}
+
 } // namespace
 
 JSON::ParseError::ParseError(std::size_t line, std::size_t column, std::string_view reason)
@@ -105,6 +112,18 @@ JSON JSONElement::detached(dom::element element) {
 const JSON& JSON::emptyString() {
     static const JSON empty = parse("\"\"");
     return empty;
+}
+
+JSON JSON::fromScalar(bool flag) { return parse(flag ? "true" : "false"); }
+JSON JSON::fromScalar(std::int64_t number) { return parse(std::to_string(number)); }
+JSON JSON::fromScalar(std::uint64_t number) { return parse(std::to_string(number)); }
+JSON JSON::fromScalar(float number) { return fromReal(number); }
+JSON JSON::fromScalar(double number) { return fromReal(number); }
+
+JSON JSON::fromScalar(std::string_view text) {
+    std::string quoted;
+    appendJSONString(quoted, text);
+    return parse(std::move(quoted));
 }
 
 JSON JSON::parse(std::string_view text) {

@@ -16,7 +16,22 @@
 
 namespace PerchAppLibrary {
 
-/// One value of a parsed JSON document (RFC 8259).
+class JSON;
+
+/// A C++ character type. A character is neither a number nor a text, so none becomes a JSON.
+template <class T>
+concept CharacterType = std::same_as<T, char> || std::same_as<T, wchar_t> || std::same_as<T, char8_t> ||
+                        std::same_as<T, char16_t> || std::same_as<T, char32_t>;
+
+/// A C++ type that becomes a JSON: bool, an integer of at most 64 bits, float, double, and what converts
+/// to std::string_view.
+template <class T>
+concept JSONScalar =
+    !std::same_as<T, JSON> &&
+    ((std::integral<T> && !CharacterType<T> && sizeof(T) <= sizeof(std::int64_t)) || std::same_as<T, float> ||
+     std::same_as<T, double> || std::convertible_to<const T&, std::string_view>);
+
+/// One value of a JSON document (RFC 8259), read from a text or made from a C++ value.
 ///
 /// A JSON shares the document that it belongs to: it is copied cheaply, keeps the whole document alive, and
 /// does not need the text any more. Values are immutable, so any number of threads may read one document.
@@ -40,6 +55,25 @@ public:
     static const JSON& emptyString();
 
     constexpr JSON() noexcept = default;
+
+    // NOLINTBEGIN(google-explicit-constructor): so that a setter of a JSON takes a C++ value
+
+    /// The null value.
+    constexpr JSON(std::nullptr_t) noexcept {}
+
+    /// Makes a Boolean, a number or a string from a C++ value. The result is like a parsed value.
+    ///
+    /// A text is NOT parsed: JSON("{}") is a string of two characters, JSON::parse("{}") an empty object.
+    ///
+    /// An integer keeps its value, also beyond std::int64_t. A float becomes its shortest decimal, so 0.1F
+    /// becomes 0.1. NaN and the infinities, which JSON does not have, become null. Each ill-formed sequence
+    /// of bytes in a text becomes U+FFFD. A const char* must not be null. Does not compile for a character,
+    /// and for a pointer to anything but text. Throws ParseError for a text that parse() refuses as too long.
+    /// Linear in the length of the text; allocates a document.
+    template <JSONScalar T>
+    JSON(const T& value) : JSON(fromScalar(Widest<T>(value))) {}
+
+    // NOLINTEND(google-explicit-constructor)
 
     /// The document that the text (UTF-8, without a byte order mark, less than 4 GiB) spells. A number beyond 64-bit
     /// integers is read as the nearest double, one beyond the doubles as the greatest or least of them, and an escaped
@@ -113,6 +147,20 @@ public:
 
 private:
     friend class JSONElement;
+
+    /// The type that fromScalar() takes a T as, without a loss.
+    template <class T>
+    using Widest = std::conditional_t<
+        !std::is_arithmetic_v<T>, std::string_view,
+        std::conditional_t<std::same_as<T, bool> || std::floating_point<T>, T,
+                           std::conditional_t<std::unsigned_integral<T>, std::uint64_t, std::int64_t>>>;
+
+    static JSON fromScalar(bool flag);
+    static JSON fromScalar(std::int64_t number);
+    static JSON fromScalar(std::uint64_t number);
+    static JSON fromScalar(float number);
+    static JSON fromScalar(double number);
+    static JSON fromScalar(std::string_view text);
 
     template <class T>
     static constexpr bool isReadable =

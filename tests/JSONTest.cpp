@@ -4,11 +4,18 @@
 
 #include <gtest/gtest.h>
 
+#include <bit>
+#include <cmath>
+#include <limits>
 #include <optional>
+#include <random>
 #include <string>
+#include <type_traits>
 #include <utility>
 
 using PerchAppLibrary::JSON;
+using PerchAppLibrary::toText;
+using PerchAppLibrary::toValue;
 
 namespace {
 
@@ -134,6 +141,67 @@ TEST(JSON, KeepsTheDocumentAliveAndTheLastOfARepeatedKey) {
     EXPECT_EQ(inner["c"].as<std::string>(), "last");
 }
 
+static_assert(std::is_convertible_v<const char*, JSON> && std::is_convertible_v<signed char, JSON>);
+static_assert(!std::is_convertible_v<char, JSON> && !std::is_convertible_v<const void*, JSON>);
+static_assert(!std::is_convertible_v<JSON::Type, JSON> && !std::is_convertible_v<long double, JSON>);
+static_assert(std::is_nothrow_copy_constructible_v<JSON> && std::is_nothrow_move_constructible_v<JSON>);
+
+TEST(JSON, IsMadeFromAValueAsFromItsText) {
+    using Double = std::numeric_limits<double>;
+    const struct {
+        JSON made;
+        std::string text;
+    } rows[] = {
+        {nullptr, "null"},
+        {true, "true"},
+        {false, "false"},
+        {7, "7"},
+        {static_cast<signed char>(-7), "-7"},
+        {std::numeric_limits<std::int64_t>::min(), "-9223372036854775808"},
+        {std::numeric_limits<std::uint64_t>::max(), "18446744073709551615"},
+        {2.0, "2.0"},
+        {0.1F, "0.1"},
+        {-0.0, "-0.0"},
+        {Double::denorm_min(), "5e-324"},
+        {Double::max(), "1.7976931348623157e308"},
+        {Double::quiet_NaN(), "null"},
+        {-std::numeric_limits<float>::infinity(), "null"},
+        {"", R"("")"},
+        {"abc", R"("abc")"},
+        {"{}", R"("{}")"},
+        {std::string("\0\"\\\n", 4), R"("\u0000\"\\\n")"},
+        {std::string_view("\xC3"), "\"\uFFFD\""},
+    };
+    for (const auto& [made, text] : rows) {
+        const JSON read = JSON::parse(text);
+        EXPECT_EQ(made.type(), read.type()) << text;
+        EXPECT_EQ(toText(toValue(made)), toText(toValue(read))) << text;
+        EXPECT_EQ(made.as<std::string>(), read.as<std::string>()) << text;
+        EXPECT_EQ(made.as<double>(), read.as<double>()) << text;
+    }
+}
+
+/// Any bits: integers, and numbers of every magnitude.
+TEST(JSON, GivesBackWhatItWasMadeFrom) {
+    std::mt19937_64 random(7); // NOLINT(cert-msc32-c,cert-msc51-cpp): the same run each time
+    for (int run = 0; run < 20'000; ++run) {
+        const std::uint64_t bits = random() >> (random() % 64);
+        const auto integer = static_cast<std::int64_t>(bits);
+        EXPECT_EQ(JSON(integer).as<std::int64_t>(), integer);
+        EXPECT_EQ(JSON(bits).as<std::string>(), std::to_string(bits));
+        if (const auto real = std::bit_cast<double>(random()); std::isfinite(real)) {
+            EXPECT_EQ(JSON(real).as<double>(), real);
+        }
+        if (const auto real = std::bit_cast<float>(static_cast<std::uint32_t>(bits)); std::isfinite(real)) {
+            EXPECT_EQ(JSON(real).as<float>(), real);
+        }
+        std::string text;
+        for (std::uint64_t rest = bits; rest != 0; rest >>= 7)
+            text += static_cast<char>(rest & 0x7F);
+        EXPECT_EQ(JSON(text).as<std::string>(), text);
+    }
+}
+
 TEST(JSON, ReadsDoublesAsPropertiesReadFloats) {
     const std::pair<const char*, std::optional<double>> rows[] = {
         {"0.1", 0.1},
@@ -164,7 +232,7 @@ TEST(JSON, TextsAreWrittenDirectlyAsByWayOfAValue) {
                 content.insert(place, 1, static_cast<char>(byte));
                 std::string written = "before";
                 PerchAppLibrary::appendJSONString(written, content);
-                EXPECT_EQ(written, "before" + PerchAppLibrary::toText(PerchAppLibrary::toValue(content)))
+                EXPECT_EQ(written, "before" + toText(toValue(content)))
                     << byte << ' ' << size << ' ' << place;
             }
 }

@@ -83,15 +83,21 @@ void appendNumber(std::string& text, Number number) {
     text.append(digits.data(), result.ptr);
 }
 
+template <class Real>
+std::string shortestDecimalOf(Real number) {
+    std::string text;
+    appendNumber(text, number);
+    if (text.find_first_not_of("-0123456789") == std::string::npos)
+        text += ".0";
+    return text;
+}
+
 bool toText(double number, std::string& value) {
     constexpr double limit =
         9223372036854775808.0; // 2^63: an integer beyond has been rounded when it was read
     if (number <= -limit || number >= limit)
         return false;
-    value.clear();
-    appendNumber(value, number);
-    if (value.find_first_not_of("-0123456789") == std::string::npos)
-        value += ".0";
+    value = shortestDecimal(number);
     return true;
 }
 
@@ -127,6 +133,9 @@ bool convertArray(dom::element element, std::vector<Element>& value) {
 }
 
 } // namespace
+
+std::string shortestDecimal(float number) { return shortestDecimalOf(number); }
+std::string shortestDecimal(double number) { return shortestDecimalOf(number); }
 
 bool convertOtherKind(dom::element element, std::int64_t& value) {
     switch (element.type()) {

@@ -14,6 +14,10 @@
 /// `value` and returns true, or leaves `value` as it is and returns false.
 namespace PerchAppLibrary {
 
+/// The shortest decimal that reads back as the number, with ".0" if it is integral. Requires a finite number.
+std::string shortestDecimal(float number);
+std::string shortestDecimal(double number);
+
 bool convertOtherKind(simdjson::dom::element element, std::int64_t& value);
 bool convertOtherKind(simdjson::dom::element element, bool& value);
 bool convertOtherKind(simdjson::dom::element element, std::string& value);
