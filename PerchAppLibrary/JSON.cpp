@@ -3,6 +3,7 @@
 #include <PerchAppLibrary/JSONElement.hpp>
 #include <PerchAppLibrary/JSONFallback.hpp>
 #include <PerchAppLibrary/json/detail/Conversion.hpp>
+#include <PerchAppLibrary/json/detail/Equality.hpp>
 #include <PerchAppLibrary/platform/Memory.hpp>
 #include <PerchAppLibrary/record/JSONText.hpp>
 
@@ -166,6 +167,14 @@ template bool JSON::convertTo(double&) const;
 template bool JSON::convertTo(std::string&) const;
 template bool JSON::convertTo(std::vector<std::int64_t>&) const;
 template bool JSON::convertTo(std::vector<std::string>&) const;
+
+bool operator==(const JSON& left, const JSON& right) {
+    if (left.m_document == right.m_document && left.m_place == right.m_place)
+        return true;
+    const std::optional<dom::element> element = JSONElement::of(left);
+    const std::optional<dom::element> other = JSONElement::of(right);
+    return element && other ? areEqual(*element, *other) : left.isNull() && right.isNull();
+}
 
 std::size_t JSON::count() const noexcept {
     const std::optional<dom::element> element = JSONElement::of(*this);

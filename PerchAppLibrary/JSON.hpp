@@ -145,6 +145,17 @@ public:
     Iterator begin() const noexcept;
     Iterator end() const noexcept;
 
+    /// Whether two values hold equal data. Null equals null, and what is missing is null. Numbers are equal
+    /// by their exact value, whatever their spelling: 1 equals 1.0, and 9007199254740993 does not equal
+    /// 9007199254740992.0. Strings are equal by their bytes, arrays element by element in their order, and
+    /// objects as sets of members in any order; the last value of a repeated key counts. Values of different
+    /// kinds differ: 1 equals neither "1" nor true.
+    ///
+    /// A C++ value is made a JSON first, so `json["Id"] == 7` and `json["Name"] == "A"` compare as well. To
+    /// compare leniently, read by as(): `json["Id"].as<std::int64_t>() == 7` holds for "7" too.
+    /// O(n log n) in the size of the values.
+    friend bool operator==(const JSON& left, const JSON& right);
+
 private:
     friend class JSONElement;
 

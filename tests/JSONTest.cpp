@@ -2,6 +2,7 @@
 #include <PerchAppLibrary/JSON.hpp>
 #include <PerchAppLibrary/record/JSONText.hpp>
 
+#include <boost/json/parse.hpp>
 #include <gtest/gtest.h>
 
 #include <bit>
@@ -178,6 +179,7 @@ TEST(JSON, IsMadeFromAValueAsFromItsText) {
         EXPECT_EQ(toText(toValue(made)), toText(toValue(read))) << text;
         EXPECT_EQ(made.as<std::string>(), read.as<std::string>()) << text;
         EXPECT_EQ(made.as<double>(), read.as<double>()) << text;
+        EXPECT_TRUE(made == read) << text;
     }
 }
 
@@ -221,6 +223,128 @@ TEST(JSON, ReadsDoublesAsPropertiesReadFloats) {
     };
     for (const auto& [text, number] : rows)
         EXPECT_EQ(JSON::parse(text).as<double>(), number) << text;
+}
+
+TEST(JSON, EqualsByWhatItHolds) {
+    const std::vector<std::string> groups[] = {
+        {"null"},
+        {"true"},
+        {"false"},
+        {"0", "-0", "0.0", "-0.0", "0e5"},
+        {"1", "1.0", "1e0", "10e-1"},
+        {R"("1")"},
+        {"-1", "-1.0"},
+        {"0.5", "5e-1"},
+        {"9007199254740992", "9007199254740992.0"},
+        {"9007199254740993"},
+        {"9223372036854775807"},
+        {"9223372036854775808", "9223372036854775808.0"},
+        {"-9223372036854775808", "-9223372036854775808.0"},
+        {"18446744073709551615"},
+        {"18446744073709551616", "18446744073709551615.0"},
+        {"1e300", "1e+300"},
+        {R"("a")", R"("\u0061")"},
+        {R"("a\u0000")"},
+        {R"("\u00E9")", "\"\xC3\xA9\""},
+        {R"("e\u0301")"}, // by bytes: another text
+        {R"("")"},
+        {"[]"},
+        {"{}"},
+        {"[1,2]", "[1.0, 2e0]"},
+        {"[2,1]"},
+        {"[1]"},
+        {"[null]"},
+        {"[[1],{}]", "[[1.0],{}]"},
+        {R"({"a":1,"b":[2]})", R"({"b":[2.0],"a":1})", R"({"a":3,"b":[2],"a":1})"},
+        {R"({"a":3,"b":[2]})", R"({"a":1,"b":[2],"a":3})"},
+        {R"({"a":1,"c":[2]})"},
+        {R"({"a":1})"},
+        {R"({"a":null})"},
+    };
+    for (const auto& group : groups)
+        for (const std::string& left : group)
+            for (const auto& otherGroup : groups)
+                for (const std::string& right : otherGroup)
+                    EXPECT_EQ(JSON::parse(left) == JSON::parse(right), &group == &otherGroup)
+                        << left << ' ' << right;
+}
+
+TEST(JSON, ComparesWithAValue) {
+    const JSON json = JSON::parse(R"({"Id": 7, "Name": "A", "Size": 0.1, "Big": 18446744073709551615})");
+    EXPECT_TRUE(json["Id"] == 7 && 7U == json["Id"] && json["Id"] == 7.0 && json["Id"] != "7");
+    EXPECT_TRUE(json["Name"] == "A" && std::string("A") == json["Name"] && json["Name"] != nullptr);
+    EXPECT_TRUE(json["Size"] == 0.1 && json["Size"] == 0.1F && json["Size"] != true);
+    EXPECT_TRUE(json["Big"] == std::numeric_limits<std::uint64_t>::max() && json["Big"] != -1);
+    EXPECT_TRUE(json["missing"] == nullptr && json["missing"] == JSON::null && JSON::parse("null") == JSON());
+    EXPECT_TRUE(json == json && json["Name"] == json["Name"] && json != json["Name"]);
+}
+
+/// A text of a few values, many of them equal to others.
+std::string randomDocument(std::mt19937& random, int depth) {
+    const auto below = [&random](std::size_t end) { return random() % end; };
+    const char* const scalars[] = {"1", "1.0", "true", R"("1")", "null", "18446744073709551615", "-0.0", "0"};
+    std::string text;
+    switch (depth == 0 ? 0 : below(3)) {
+    case 0:
+        return scalars[below(std::size(scalars))];
+    case 1:
+        for (std::size_t count = below(3); count > 0; --count)
+            text += (text.empty() ? "" : ",") + randomDocument(random, depth - 1);
+        return "[" + text + "]";
+    default:
+        for (std::size_t count = below(4); count > 0; --count)
+            text += std::string(text.empty() ? "" : ",") + (below(2) == 0 ? R"("a":)" : R"("b":)") +
+                    randomDocument(random, depth - 1);
+        return "{" + text + "}";
+    }
+}
+
+/// The value with each number that is an integer in the kind that Boost gives an integer of its size.
+boost::json::value normalised(boost::json::value value) {
+    if (auto* const array = value.if_array())
+        for (auto& element : *array)
+            element = normalised(element);
+    if (auto* const object = value.if_object())
+        for (auto& member : *object)
+            member.value() = normalised(member.value());
+    if (const double* const real = value.if_double(); real != nullptr && std::trunc(*real) == *real)
+        value = static_cast<std::int64_t>(*real); // the reals above are small
+    return value;
+}
+
+TEST(JSON, EqualsAsBoostsValuesDoAndSurvivesWriting) {
+    std::mt19937 random(11); // NOLINT(cert-msc32-c,cert-msc51-cpp): the same run each time
+    int equal = 0;
+    for (int run = 0; run < 20'000; ++run) {
+        const std::string left = randomDocument(random, 2), right = randomDocument(random, 2);
+        const JSON json = JSON::parse(left), other = JSON::parse(right);
+        const bool expected = normalised(boost::json::parse(left)) == normalised(boost::json::parse(right));
+        ASSERT_EQ(json == other, expected) << left << ' ' << right;
+        ASSERT_EQ(other == json, expected) << left << ' ' << right;
+        ASSERT_TRUE(json == JSON::parse(toText(toValue(json)))) << left;
+        equal += expected ? 1 : 0;
+    }
+    EXPECT_GT(equal, 500);
+}
+
+/// Quadratic work would take minutes.
+TEST(JSON, ComparesLargeAndDeepDocuments) {
+    constexpr int count = 100'000;
+    std::string forwards, backwards, repeated;
+    for (int index = 0; index < count; ++index) {
+        forwards += "\"key" + std::to_string(index) + "\":" + std::to_string(index) + ",";
+        const std::string last = std::to_string(count - 1 - index);
+        backwards += "\"key" + last + "\":" + last + ",";
+        repeated += "\"key\":" + std::to_string(index) + ",";
+    }
+    const auto object = [](const std::string& members) {
+        return JSON::parse("{" + members + R"("last":0})");
+    };
+    EXPECT_TRUE(object(forwards) == object(backwards));
+    EXPECT_TRUE(object(repeated) == JSON::parse(R"({"last":0,"key":99999})"));
+    const std::string deep = nested(1023, R"({"a":1,"b":)", "[2]", "}");
+    EXPECT_TRUE(JSON::parse(deep) == JSON::parse(deep));
+    EXPECT_FALSE(JSON::parse(deep) == JSON::parse(nested(1023, R"({"a":1,"b":)", "[3]", "}")));
 }
 
 /// Any byte, at any place in a word or behind the last whole one.
