@@ -23,8 +23,8 @@ template <class T>
 concept CharacterType = std::same_as<T, char> || std::same_as<T, wchar_t> || std::same_as<T, char8_t> ||
                         std::same_as<T, char16_t> || std::same_as<T, char32_t>;
 
-/// A C++ type that becomes a JSON: bool, an integer of at most 64 bits, float, double, and what converts
-/// to std::string_view.
+/// A C++ type that becomes a JSON: bool, an integer of at most 64 bits, float, double, and what
+/// converts to std::string_view.
 template <class T>
 concept JSONScalar =
     !std::same_as<T, JSON> &&
@@ -63,13 +63,15 @@ public:
 
     /// Makes a Boolean, a number or a string from a C++ value. The result is like a parsed value.
     ///
-    /// A text is NOT parsed: JSON("{}") is a string of two characters, JSON::parse("{}") an empty object.
+    /// A text is NOT parsed: JSON("{}") is a string of two characters. JSON::parse("{}") is an
+    /// empty object.
     ///
-    /// An integer keeps its value, also beyond std::int64_t. A float becomes its shortest decimal, so 0.1F
-    /// becomes 0.1. NaN and the infinities, which JSON does not have, become null. Each ill-formed sequence
-    /// of bytes in a text becomes U+FFFD. A const char* must not be null. Does not compile for a character,
-    /// and for a pointer to anything but text. Throws ParseError for a text that parse() refuses as too long.
-    /// Linear in the length of the text; allocates a document.
+    /// An integer keeps its value, also beyond std::int64_t. A float becomes its shortest decimal,
+    /// so 0.1F becomes 0.1. NaN and the infinities, which JSON does not have, become null. Each
+    /// ill-formed sequence of bytes in a text becomes U+FFFD. Requires that a const char* is not
+    /// null. Does not compile for a character, nor for a pointer to anything but text. Throws
+    /// ParseError for a text that parse() refuses as too long. Linear in the length of the text;
+    /// allocates a document.
     template <JSONScalar T>
     JSON(const T& value) : JSON(fromScalar(Widest<T>(value))) {}
 
@@ -88,37 +90,40 @@ public:
 
     bool isNull() const noexcept { return type() == Type::null; }
 
-    /// Returns the value as a T, or nullopt where the table says "-" or its condition does not hold.
-    /// T is std::int64_t, bool, float, double, std::string, or a std::vector of std::int64_t or
-    /// std::string. The properties of records are filled by this table as well.
+    /// Returns the value as a T, or nullopt where the table says "-" or its condition does not
+    /// hold. T is std::int64_t, bool, float, double, std::string, or a std::vector of std::int64_t
+    /// or std::string. The properties of records are filled by this table as well.
     ///
-    /// Conversion is lenient in kind and exact in value: it succeeds if T can hold what the JSON says.
+    /// Conversion is lenient in kind and exact in value: it succeeds if T can hold what the JSON
+    /// says.
     ///
-    ///   JSON \ T      | std::int64_t    | bool        | float, double    | std::string      | array
-    ///   --------------|-----------------|-------------|------------------|------------------|--------
-    ///   integer       | within 64 bits  | 0 and 1     | yes, rounded     | its digits       | -
-    ///   other number  | integral, exact | 0.0 and 1.0 | in range         | shortest decimal | -
-    ///   string        | digits          | see below   | a decimal number | as it is         | -
-    ///   true, false   | 1, 0            | yes         | 1, 0             | "true", "false"  | -
-    ///   array         | -               | -           | -                | -                | all fit
-    ///   object        | -               | -           | -                | -                | -
-    ///   null, missing | -               | -           | -                | -                | -
+    ///   JSON \ T      | std::int64_t   | bool        | float, double   | std::string     | array
+    ///   --------------|----------------|-------------|-----------------|-----------------|--------
+    ///   integer       | within 64 bits | 0 and 1     | yes, rounded    | its digits      | -
+    ///   other number  | integral, exact| 0.0 and 1.0 | in range        | shortest decimal| -
+    ///   string        | digits         | see below   | a decimal number| as it is        | -
+    ///   true, false   | 1, 0           | yes         | 1, 0            | "true", "false" | -
+    ///   array         | -              | -           | -               | -               | all fit
+    ///   object        | -              | -           | -               | -               | -
+    ///   null, missing | -              | -           | -               | -               | -
     ///
-    /// - std::int64_t: an integer in a string is an optional "-" and decimal digits, nothing else, in
-    ///   the range of 64 bits. A number such as 3.0 or 1e3 is integral. From 2^53 on, one such number
-    ///   stands for several integers, so none converts.
+    /// - std::int64_t: an integer in a string is an optional "-" and decimal digits, nothing else,
+    ///   in the range of 64 bits. A number such as 3.0 or 1e3 is integral. From 2^53 on, one such
+    ///   number stands for several integers, so none converts.
     /// - bool: a string is "true" or "false" in any case of its letters, "0" or "1".
-    /// - float, double: rounded to the nearest. A number that would become infinite, or zero without
-    ///   being zero, is out of range. A number in a string is an optional "-", decimal digits, and
-    ///   optionally a point and an exponent.
-    /// - std::string: an integer within 64 bits (signed or unsigned) keeps its digits. Any other number
-    ///   is written as the shortest decimal that gives it back, with ".0" if it is integral ("22.0").
-    ///   From 2^63 on it has been rounded, and does not convert.
-    /// - An array is converted element by element by the columns of its type, as a whole or not at all.
+    /// - float, double: rounded to the nearest. A number that would become infinite, or zero
+    ///   without being zero, is out of range. A number in a string is an optional "-", decimal
+    ///   digits, and optionally a point and an exponent.
+    /// - std::string: an integer within 64 bits (signed or unsigned) keeps its digits. Any other
+    ///   number is written as the shortest decimal that gives it back, with ".0" if it is integral
+    ///   ("22.0"). From 2^63 on it has been rounded, and does not convert.
+    /// - An array is converted element by element by the columns of its type, as a whole or not at
+    ///   all.
     ///
     /// Properties of records have three more types. A std::optional<std::string> takes what a
-    /// std::string takes, and a null as nullopt. A JSON takes every value, a null too, in a document of
-    /// its own. An array of records takes nothing: the record makes its nested records itself.
+    /// std::string takes, and a null as nullopt. A JSON takes every value, a null too, in a
+    /// document of its own. An array of records takes nothing: the record makes its nested records
+    /// itself.
     template <class T>
     std::optional<T> as() const;
 
@@ -145,15 +150,15 @@ public:
     Iterator begin() const noexcept;
     Iterator end() const noexcept;
 
-    /// Whether two values hold equal data. Null equals null, and what is missing is null. Numbers are equal
-    /// by their exact value, whatever their spelling: 1 equals 1.0, and 9007199254740993 does not equal
-    /// 9007199254740992.0. Strings are equal by their bytes, arrays element by element in their order, and
-    /// objects as sets of members in any order; the last value of a repeated key counts. Values of different
-    /// kinds differ: 1 equals neither "1" nor true.
+    /// Whether two values hold equal data. Null equals null, and what is missing is null. Numbers
+    /// are equal by their exact value, whatever their spelling: 1 equals 1.0, and 9007199254740993
+    /// does not equal 9007199254740992.0. Strings are equal by their bytes, arrays element by
+    /// element in their order, and objects as sets of members in any order; the last value of a
+    /// repeated key counts. Values of different kinds differ: 1 equals neither "1" nor true.
     ///
-    /// A C++ value is made a JSON first, so `json["Id"] == 7` and `json["Name"] == "A"` compare as well. To
-    /// compare leniently, read by as(): `json["Id"].as<std::int64_t>() == 7` holds for "7" too.
-    /// O(n log n) in the size of the values.
+    /// A C++ value becomes a JSON first, so `json["Id"] == 7` and `json["Name"] == "A"` work. To
+    /// compare leniently, or in a hot loop, use as(): `json["Id"].as<std::int64_t>() == 7` holds
+    /// for "7" too, and allocates nothing. O(n log n) in the size of the values.
     friend bool operator==(const JSON& left, const JSON& right);
 
 private:

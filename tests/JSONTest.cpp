@@ -89,7 +89,7 @@ TEST(JSON, TakesEveryWellFormedText) {
     EXPECT_EQ(json["t"].as<std::string>(), "\uFFFD");
     EXPECT_EQ(json["pair"].as<std::string>(), "\U0001F600");
     EXPECT_EQ(json["in text"].as<std::string>(), "99999999999999999999");
-    EXPECT_EQ(JSON::parse(std::string(400, '9')).as<float>(), std::nullopt); // no float is that great
+    EXPECT_EQ(JSON::parse(std::string(400, '9')).as<float>(), std::nullopt); // beyond floats
     EXPECT_EQ(JSON::parse("[1e99999999999, \"1e99999999999\"]").count(), 2U);
     EXPECT_EQ(JSON::parse("[1e-99999999999, 1e999]")[0U].as<float>(), 0.0F);
     EXPECT_EQ(JSON::parse("[12e000000000000001, 1e999]")[0].as<float>(), 120.0F);
@@ -299,7 +299,7 @@ std::string randomDocument(std::mt19937& random, int depth) {
     }
 }
 
-/// The value with each number that is an integer in the kind that Boost gives an integer of its size.
+/// The value with each integral real as an integer, since Boost takes these for different values.
 boost::json::value normalised(boost::json::value value) {
     if (auto* const array = value.if_array())
         for (auto& element : *array)

@@ -72,7 +72,7 @@ bool toReal(std::string_view text, Real& value) {
     const fast_float::from_chars_result result = fast_float::from_chars(text.data(), end, number);
     if (result.ec != std::errc() || result.ptr != end)
         return false;
-    // Before its version 6, fast_float gives infinity or zero for a number out of range, and no error.
+    // Before version 6, fast_float gives infinity or zero for a number out of range, and no error.
     return (number != 0 || !hasNonzeroDigit(text)) && toReal(number, value);
 }
 

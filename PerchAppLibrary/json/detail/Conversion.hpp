@@ -10,11 +10,12 @@
 #include <string_view>
 #include <vector>
 
-/// The conversions of JSON::as() and of filling, on elements of the reader. Each writes its result to
-/// `value` and returns true, or leaves `value` as it is and returns false.
+/// The conversions of JSON::as() and of filling, on elements of the reader. Each writes its result
+/// to `value` and returns true, or leaves `value` as it is and returns false.
 namespace PerchAppLibrary {
 
-/// The shortest decimal that reads back as the number, with ".0" if it is integral. Requires a finite number.
+/// Returns the shortest decimal that reads back as the number, with ".0" if it is integral.
+/// Requires a finite number.
 std::string shortestDecimal(float number);
 std::string shortestDecimal(double number);
 
