@@ -67,6 +67,7 @@ void filter(const JSON& json) {
 }
 
 void walk(const JSON& json) {
+    require(json == JSON::parse(PerchAppLibrary::toText(PerchAppLibrary::toValue(json))));
     filter(json);
     const FontList fonts(json);
     ask(fonts.List());

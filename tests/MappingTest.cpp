@@ -1,5 +1,3 @@
-#include <PerchAppLibrary/record/Mapping.hpp>
-
 #include <PerchAppLibrary/BaseEntity.hpp>
 #include <PerchAppLibrary/Dictionary.hpp>
 #include <PerchAppLibrary/record/RecordSchema.hpp>
@@ -144,7 +142,7 @@ TEST(Mapping, ConvertsArraysAsAWholeOrNotAtAll) {
             EXPECT_EQ(sample->Samples().size(), json["Samples"].arrayValue().size()) << value;
         }
     }
-    EXPECT_EQ(convert<std::int64_t>(JSON::null), std::nullopt);
+    EXPECT_EQ(JSON::null.as<std::int64_t>(), std::nullopt);
 }
 
 /// Notes the calls of its setters.

@@ -1,7 +1,6 @@
 #include <PerchAppLibrary/json/detail/Conversion.hpp>
 
 #include <PerchAppLibrary/JSONElement.hpp>
-#include <PerchAppLibrary/record/Mapping.hpp>
 
 #include <boost/algorithm/string/predicate.hpp>
 #include <fast_float/fast_float.h>
@@ -36,11 +35,18 @@ bool toInteger(std::string_view text, std::int64_t& value) {
     return true;
 }
 
-bool toFloat(double number, float& value) {
+bool toReal(double number, float& value) {
     const auto rounded = static_cast<float>(number);
     if (!std::isfinite(rounded) || (rounded != 0) != (number != 0))
         return false;
     value = rounded;
+    return true;
+}
+
+bool toReal(double number, double& value) {
+    if (!std::isfinite(number))
+        return false;
+    value = number;
     return true;
 }
 
@@ -57,7 +63,8 @@ bool hasNonzeroDigit(std::string_view decimal) {
            std::string_view::npos;
 }
 
-bool toFloat(std::string_view text, float& value) {
+template <class Real>
+bool toReal(std::string_view text, Real& value) {
     double number = 0;
     const char* const end = text.data() + text.size();
     if (!beginsAsNumber(text))
@@ -65,8 +72,8 @@ bool toFloat(std::string_view text, float& value) {
     const fast_float::from_chars_result result = fast_float::from_chars(text.data(), end, number);
     if (result.ec != std::errc() || result.ptr != end)
         return false;
-    // Before its version 6, fast_float gives infinity or zero for a number out of range, and no error.
-    return (number != 0 || !hasNonzeroDigit(text)) && toFloat(number, value);
+    // Before version 6, fast_float gives infinity or zero for a number out of range, and no error.
+    return (number != 0 || !hasNonzeroDigit(text)) && toReal(number, value);
 }
 
 template <class Number>
@@ -76,16 +83,39 @@ void appendNumber(std::string& text, Number number) {
     text.append(digits.data(), result.ptr);
 }
 
+template <class Real>
+std::string shortestDecimalOf(Real number) {
+    std::string text;
+    appendNumber(text, number);
+    if (text.find_first_not_of("-0123456789") == std::string::npos)
+        text += ".0";
+    return text;
+}
+
 bool toText(double number, std::string& value) {
     constexpr double limit =
         9223372036854775808.0; // 2^63: an integer beyond has been rounded when it was read
     if (number <= -limit || number >= limit)
         return false;
-    value.clear();
-    appendNumber(value, number);
-    if (value.find_first_not_of("-0123456789") == std::string::npos)
-        value += ".0";
+    value = shortestDecimal(number);
     return true;
+}
+
+template <class Real>
+bool convertReal(dom::element element, Real& value) {
+    switch (element.type()) {
+    case Kind::INT64:
+    case Kind::UINT64:
+    case Kind::DOUBLE:
+        return toReal(element.get_double().value_unsafe(), value);
+    case Kind::STRING:
+        return toReal(element.get_string().value_unsafe(), value);
+    case Kind::BOOL:
+        value = element.get_bool().value_unsafe() ? Real(1) : Real(0);
+        return true;
+    default:
+        return false;
+    }
 }
 
 template <class Element>
@@ -103,6 +133,9 @@ bool convertArray(dom::element element, std::vector<Element>& value) {
 }
 
 } // namespace
+
+std::string shortestDecimal(float number) { return shortestDecimalOf(number); }
+std::string shortestDecimal(double number) { return shortestDecimalOf(number); }
 
 bool convertOtherKind(dom::element element, std::int64_t& value) {
     switch (element.type()) {
@@ -131,22 +164,6 @@ bool convertOtherKind(dom::element element, bool& value) {
         return false;
     value = number == 1;
     return true;
-}
-
-bool convertElement(dom::element element, float& value) {
-    switch (element.type()) {
-    case Kind::INT64:
-    case Kind::UINT64:
-    case Kind::DOUBLE:
-        return toFloat(element.get_double().value_unsafe(), value);
-    case Kind::STRING:
-        return toFloat(element.get_string().value_unsafe(), value);
-    case Kind::BOOL:
-        value = element.get_bool().value_unsafe() ? 1.0F : 0.0F;
-        return true;
-    default:
-        return false;
-    }
 }
 
 bool convertOtherKind(dom::element element, std::string& value) {
@@ -181,6 +198,8 @@ bool convertElement(dom::element element, std::optional<std::string>& value) {
     return true;
 }
 
+bool convertElement(dom::element element, float& value) { return convertReal(element, value); }
+bool convertElement(dom::element element, double& value) { return convertReal(element, value); }
 bool convertElement(dom::element element, std::vector<std::int64_t>& value) {
     return convertArray(element, value);
 }
@@ -192,21 +211,5 @@ bool convertElement(dom::element element, JSON& value) {
     value = JSONElement::detached(element);
     return true;
 }
-
-template <class T>
-std::optional<T> convert(const JSON& json) {
-    const std::optional<dom::element> element = JSONElement::of(json);
-    T value{};
-    if (!element || !convertElement(*element, value))
-        return std::nullopt;
-    return value;
-}
-
-template std::optional<std::int64_t> convert(const JSON&);
-template std::optional<bool> convert(const JSON&);
-template std::optional<float> convert(const JSON&);
-template std::optional<std::string> convert(const JSON&);
-template std::optional<std::vector<std::int64_t>> convert(const JSON&);
-template std::optional<std::vector<std::string>> convert(const JSON&);
 
 } // namespace PerchAppLibrary

@@ -10,9 +10,14 @@
 #include <string_view>
 #include <vector>
 
-/// The conversions that Mapping.hpp describes, on the reader's own elements. Each writes its result to
-/// `value` and answers true, or leaves `value` as it is and answers false. For the sources of this library alone.
+/// The conversions of JSON::as() and of filling, on elements of the reader. Each writes its result
+/// to `value` and returns true, or leaves `value` as it is and returns false.
 namespace PerchAppLibrary {
+
+/// Returns the shortest decimal that reads back as the number, with ".0" if it is integral.
+/// Requires a finite number.
+std::string shortestDecimal(float number);
+std::string shortestDecimal(double number);
 
 bool convertOtherKind(simdjson::dom::element element, std::int64_t& value);
 bool convertOtherKind(simdjson::dom::element element, bool& value);
@@ -35,6 +40,7 @@ inline bool convertElement(simdjson::dom::element element, std::string& value) {
 }
 
 bool convertElement(simdjson::dom::element element, float& value);
+bool convertElement(simdjson::dom::element element, double& value);
 bool convertElement(simdjson::dom::element element, std::optional<std::string>& value);
 bool convertElement(simdjson::dom::element element, std::vector<std::int64_t>& value);
 bool convertElement(simdjson::dom::element element, std::vector<std::string>& value);
