@@ -8,7 +8,7 @@ namespace VelmoCloudEntity {
 
 /// A RecordList whose array is named `list`, as the service spells it.
 template <class Item>
-class UncapitalizedRecordList : private RecordList<Item> {
+class LowercaseRecordList : private RecordList<Item> {
 public:
     using RecordList<Item>::RecordList;
 
