@@ -5,7 +5,7 @@
 #include <PerchAppLibrary/json/detail/Conversion.hpp>
 #include <PerchAppLibrary/json/detail/Equality.hpp>
 #include <PerchAppLibrary/platform/Memory.hpp>
-#include <PerchAppLibrary/record/JSONText.hpp>
+#include <PerchAppLibrary/record/detail/JSONText.hpp>
 
 #include <algorithm>
 #include <cmath>

@@ -34,10 +34,12 @@
 
 /// Opens a record, with its `create` functions.
 ///
-/// `create()` makes a record with defaults; `create(json)` also fills it; sets of labels
-/// (PERCH_LABELS) come from the class and its bases. `create<R>(...)` makes an R, a subclass, whose
-/// overrides run while it is filled. A shared_ptr owns the record. A subclass without a PERCH_RECORD
-/// of its own inherits these functions as they are: its `R::create()` makes a `Class`.
+/// `create()` makes a record with defaults; `create(json)` also fills it; `parse(text)` is
+/// `create(JSON::parse(text))`; sets of labels (PERCH_LABELS) come from the class and its bases.
+/// `create<R>(...)` makes an R, a subclass, whose overrides run while it is filled. A shared_ptr
+/// owns the record. A subclass without a PERCH_RECORD of its own inherits these functions as they
+/// are: its `R::create()` makes a `Class`. Takes exactly a JSON, since a text would become a JSON
+/// string.
 #define PERCH_RECORD(Class, BaseClass)                                                                 \
 public:                                                                                                \
     using Self = Class;                                                                                \
@@ -53,10 +55,15 @@ public:                                                                         
     static std::shared_ptr<R> create() {                                                               \
         return Class::template make<R>();                                                              \
     }                                                                                                  \
-    template <class R = Class>                                                                         \
+    template <class R = Class, std::same_as<PerchAppLibrary::JSON> J>                                  \
         requires std::derived_from<R, Class> && (R::jsonFilling != PerchAppLibrary::JSONFilling::none) \
-    static std::shared_ptr<R> create(const PerchAppLibrary::JSON& json) {                              \
+    static std::shared_ptr<R> create(const J& json) {                                                  \
         return Class::template makeFilled<R, Class::jsonFilling>(json);                                \
+    }                                                                                                  \
+    template <class R = Class, class Text>                                                             \
+        requires std::derived_from<R, Class> && (R::jsonFilling != PerchAppLibrary::JSONFilling::none) \
+    static std::shared_ptr<R> parse(Text&& text) {                                                     \
+        return Class::template create<R>(PerchAppLibrary::JSON::parse(std::forward<Text>(text)));      \
     }                                                                                                  \
     PERCH_INHERIT_LABELS(BaseClass)                                                                    \
     static_assert(true)
@@ -224,10 +231,10 @@ public:                                                                         
 #define PERCH_NO_CREATES()
 #define PERCH_SIXTEEN_CREATES() \
     PERCH_FOUR_CREATES(0) PERCH_FOUR_CREATES(4) PERCH_FOUR_CREATES(8) PERCH_FOUR_CREATES(12)
-#define PERCH_FOUR_CREATES(N)                                                 \
-    PERCH_CREATE(PERCH_INHERITED(N))                                          \
-    PERCH_CREATE(PERCH_INHERITED(N + 1)) PERCH_CREATE(PERCH_INHERITED(N + 2)) \
-        PERCH_CREATE(PERCH_INHERITED(N + 3))
+#define PERCH_FOUR_CREATES(N)            \
+    PERCH_CREATE(PERCH_INHERITED(N))     \
+    PERCH_CREATE(PERCH_INHERITED(N + 1)) \
+    PERCH_CREATE(PERCH_INHERITED(N + 2)) PERCH_CREATE(PERCH_INHERITED(N + 3))
 #define PERCH_INHERITED(N) PerchAppLibrary::InheritedLabels<Base, N>
 
 // PERCH_FOR_EACH(MACRO, (a, b), (c, d)) gives MACRO(a, b) MACRO(c, d), PERCH_FOR_EACH_NAME(MACRO,

@@ -6,7 +6,7 @@
 namespace VelmoCloudEntity {
 
 /// The dialling prefixes that the service offers.
-class PhoneNumberPrefixList : public LowercaseRecordList<PhoneNumberPrefixItem> {
+class PhoneNumberPrefixList : public LowercaseRecordList<PhoneNumberPrefixList, PhoneNumberPrefixItem> {
 public:
     using LowercaseRecordList::LowercaseRecordList;
 };

@@ -6,15 +6,17 @@
 
 namespace VelmoCloudEntity {
 
-/// A RecordList whose array is named `list`, as the service spells it.
-template <class Item>
-class LowercaseRecordList : private RecordList<Item> {
+/// A list wrapper whose array is named `list`, as the service spells it.
+template <class ListClass, class Item>
+class LowercaseRecordList : public RecordRange<ListClass, Item> {
 public:
-    using RecordList<Item>::RecordList;
+    using RecordRange<ListClass, Item>::RecordRange;
 
-    /// The records, in order. The array lives as long as the list: copy it from one that is about to go.
-    const Records<Item>& list() const noexcept { return this->List(); }
-    void setList(Records<Item> newList) { RecordList<Item>::setList(std::move(newList)); }
+    /// Like RecordList::List().
+    const Records<Item>& list() const& noexcept { return this->m_records; }
+    Records<Item> list() && noexcept { return std::move(this->m_records); }
+
+    void setList(Records<Item> newList) { this->m_records = std::move(newList); }
 };
 
 } // namespace VelmoCloudEntity

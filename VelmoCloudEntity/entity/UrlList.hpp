@@ -6,7 +6,7 @@
 namespace VelmoCloudEntity {
 
 /// A list of named addresses.
-class UrlList : public LowercaseRecordList<UrlItem> {
+class UrlList : public LowercaseRecordList<UrlList, UrlItem> {
 public:
     using LowercaseRecordList::LowercaseRecordList;
 };

@@ -240,4 +240,26 @@ std::string FontItem::getRemotePreviewFile(bool isFixed, const std::string& prev
     return header + ProductSetName() + "/" + Version() + "/" + name;
 }
 
+std::string FontItem::getRemoteFileUrl(const RemoteFileLabels& labels) const {
+    return getRemoteFileUrl(labels.productFileUrlHeader.value, labels.privateProductFileUrlHeader.value,
+                            labels.userGuid.value);
+}
+
+std::string FontItem::getLocalPreviewFile(const PreviewLabels& labels) const {
+    return getLocalPreviewFile(labels.isFixed.value, labels.previewTag.value, labels.colorTag.value,
+                               labels.fontSize.value);
+}
+
+std::string FontItem::getRemotePreviewFile(const PreviewLabels& labels) const {
+    return getRemotePreviewFile(labels.isFixed.value, labels.previewTag.value, labels.colorTag.value,
+                                labels.fontSize.value);
+}
+
+std::string FontItem::getRemotePreviewFile(const ServicePreviewLabels& labels) const {
+    return getRemotePreviewFile(labels.isFixed.value, labels.previewTag.value, labels.colorTag.value,
+                                labels.fontSize.value, labels.fixPreviewFileUrlHeader.value,
+                                labels.previewFileUrlHeader.value, labels.privatePreviewFileUrlHeader.value,
+                                labels.userGuid.value);
+}
+
 } // namespace VelmoCloudEntity

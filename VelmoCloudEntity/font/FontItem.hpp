@@ -19,8 +19,10 @@ class RecordWriter;
 
 namespace VelmoCloudEntity {
 
+using PerchAppLibrary::ByNameOnly;
 using PerchAppLibrary::Near;
 using PerchAppLibrary::Rare;
+using PerchAppLibrary::Required;
 
 /// One font of the cloud catalogue, or a group of fonts (a family) with its members.
 ///
@@ -244,6 +246,38 @@ class FontItem : public PerchAppLibrary::BaseEntity {
         for (const std::string* const name : {&m_ProductName, &m_ProductSetName, &m_ProductFileName})
             PerchAppLibrary::prefetch(name->data());
     }
+
+    /// The locations with labels for arguments. They call the functions above.
+    struct RemoteFileLabels {
+        [[no_unique_address]] ByNameOnly byNameOnly = ByNameOnly();
+        Required<std::string> productFileUrlHeader;
+        Required<std::string> privateProductFileUrlHeader;
+        Required<std::string> userGuid;
+    };
+    std::string getRemoteFileUrl(const RemoteFileLabels& labels) const;
+
+    struct PreviewLabels {
+        [[no_unique_address]] ByNameOnly byNameOnly = ByNameOnly();
+        Required<bool> isFixed;
+        Required<std::string> previewTag;
+        Required<std::string> colorTag;
+        Required<std::int64_t> fontSize;
+    };
+    std::string getLocalPreviewFile(const PreviewLabels& labels) const;
+    std::string getRemotePreviewFile(const PreviewLabels& labels) const;
+
+    struct ServicePreviewLabels {
+        [[no_unique_address]] ByNameOnly byNameOnly = ByNameOnly();
+        Required<bool> isFixed;
+        Required<std::string> previewTag;
+        Required<std::string> colorTag;
+        Required<std::int64_t> fontSize;
+        Required<std::string> fixPreviewFileUrlHeader;
+        Required<std::string> previewFileUrlHeader;
+        Required<std::string> privatePreviewFileUrlHeader;
+        Required<std::string> userGuid;
+    };
+    std::string getRemotePreviewFile(const ServicePreviewLabels& labels) const;
 
 private:
     void forgetNames() noexcept { m_nameSignature.forget(); }

@@ -25,7 +25,7 @@ class FontTagItem;
 /// Texts are any bytes, ill-formed ones standing for U+FFFD. They are equal when they are canonically equivalent
 /// (UAX #15). A key occurs in a name as a text::Needle does: without regard to case, by the full mapping of the
 /// root locale, and in whole characters; an empty key is in nothing. Time is linear in the key and the names.
-class FontList : public RecordList<FontItem, Elements::objects> {
+class FontList : public RecordList<FontList, FontItem, Elements::objects> {
 public:
     using RecordList::RecordList;
 
