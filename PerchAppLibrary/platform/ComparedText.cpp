@@ -1,9 +1,9 @@
 #include <PerchAppLibrary/platform/ComparedText.hpp>
 
-#include <PerchAppLibrary/platform/CharacterForms.hpp>
 #include <PerchAppLibrary/platform/ICU.hpp>
 #include <PerchAppLibrary/platform/Text.hpp>
-#include <PerchAppLibrary/platform/Words.hpp>
+#include <PerchAppLibrary/text/detail/FoldCache.hpp>
+#include <PerchAppLibrary/text/detail/Swar.hpp>
 
 #include <unicode/uchar.h>
 
@@ -93,7 +93,7 @@ void ComparedText::take(std::string_view form) {
 
 void ComparedText::assignOther(std::string_view text) {
     if (m_hadOther && !m_forms)
-        m_forms = std::make_unique<CharacterForms>(m_case);
+        m_forms = std::make_unique<FoldCache>(m_case);
     m_hadOther = true;
     if (const auto form = m_forms ? m_forms->formOf(text) : std::nullopt)
         take(*form);

@@ -11,7 +11,7 @@ namespace PerchAppLibrary::text {
 /// Whether case counts in a comparison: `ignored` compares folded texts, `kept` decomposed ones.
 enum class Case : std::uint8_t { ignored, kept };
 
-class CharacterForms;
+class FoldCache;
 
 /// A text in the form in which texts are compared: as text::folded() or text::decomposed() give it, byte for byte.
 ///
@@ -56,8 +56,8 @@ private:
     std::size_t m_size = 0;
     Case m_case;
     bool m_isPlain = true;
-    bool m_hadOther = false;                 // a text that was not plain
-    std::unique_ptr<CharacterForms> m_forms; // made for the second of these
+    bool m_hadOther = false;            // a text that was not plain
+    std::unique_ptr<FoldCache> m_forms; // made for the second of these
 };
 
 } // namespace PerchAppLibrary::text

@@ -2,7 +2,7 @@
 
 #include <PerchAppLibrary/platform/ByteMatches.hpp>
 #include <PerchAppLibrary/platform/ICU.hpp>
-#include <PerchAppLibrary/platform/Words.hpp>
+#include <PerchAppLibrary/text/detail/Swar.hpp>
 
 #include <algorithm>
 #include <bit>

@@ -1,9 +1,9 @@
 #include <VelmoCloudEntity/font/FontList.hpp>
 
 #include <VelmoCloudEntity/catalogue/FontTagItem.hpp>
-#include <VelmoCloudEntity/entity/LeafWalk.hpp>
-#include <VelmoCloudEntity/font/FontNames.hpp>
-#include <VelmoCloudEntity/font/FontReferences.hpp>
+#include <VelmoCloudEntity/entity/RecordTree.hpp>
+#include <VelmoCloudEntity/font/detail/FontNames.hpp>
+#include <VelmoCloudEntity/font/detail/FontReferences.hpp>
 #include <VelmoCloudEntity/font/searchedCharacters.hpp>
 
 #include <PerchAppLibrary/IdSet.hpp>

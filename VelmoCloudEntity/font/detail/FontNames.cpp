@@ -1,4 +1,4 @@
-#include <VelmoCloudEntity/font/FontNames.hpp>
+#include <VelmoCloudEntity/font/detail/FontNames.hpp>
 
 namespace VelmoCloudEntity {
 

@@ -14,9 +14,9 @@ namespace PerchAppLibrary::text {
 ///
 /// A text is put together from them where no mark, when all characters are decomposed, has to change places with one before
 /// it (Unicode Standard, section 3.11); upper-casing looks at single characters in any case (section 3.13).
-class CharacterForms {
+class FoldCache {
 public:
-    explicit CharacterForms(Case letterCase) : m_case(letterCase) {}
+    explicit FoldCache(Case letterCase) : m_case(letterCase) {}
 
     /// The compared form of the text, any bytes, until the next call; none for a text that it cannot be put together for.
     std::optional<std::string_view> formOf(std::string_view text);

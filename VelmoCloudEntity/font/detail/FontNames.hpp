@@ -1,6 +1,6 @@
 #pragma once
 
-#include <VelmoCloudEntity/entity/LeafWalk.hpp>
+#include <VelmoCloudEntity/entity/RecordTree.hpp>
 #include <VelmoCloudEntity/font/FontItem.hpp>
 
 #include <PerchAppLibrary/platform/ComparedText.hpp>
