@@ -1,77 +1,41 @@
 #pragma once
 
 #include <VelmoCloudEntity/entity/Records.hpp>
-
-#include <PerchAppLibrary/platform/Prefetch.hpp>
+#include <VelmoCloudEntity/entity/prefetchTree.hpp>
 
 #include <algorithm>
-#include <array>
 #include <cstddef>
 #include <memory>
 #include <span>
 #include <vector>
 
-/// The one walk that every query over a tree of records makes: of fonts, of tags.
+/// The leaves of a tree of records, such as FontItem or FontTagItem: what every query walks over.
+///
+/// A tree is an array of items. An item whose IsGroup() is true is a group: the tree goes on in its
+/// Children(). Any other item is a leaf, whose Children() are not read.
 namespace VelmoCloudEntity {
 
-/// Asks the memory for what a walk reads of an item: from its begin, where its class is known, to its `walkedEnd()`, if it
-/// says where that is.
-struct PrefetchWalked {
-    template <class Item>
-    void operator()(const Item& item) const noexcept {
-        if constexpr (requires { item.walkedEnd(); }) {
-            PerchAppLibrary::prefetch(&item);
-            PerchAppLibrary::prefetch(item.walkedEnd());
-        }
-    }
-};
-
-/// How far a walk looks ahead: so many items of a list, of each group below them so many members, and so many items of one
-/// depth in all. Enough to keep the memory busy, and few enough for the nearest caches.
-constexpr std::size_t mostAhead = 32;
-constexpr std::size_t mostMembersAhead = 16;
-constexpr std::size_t mostOfDepthAhead = mostAhead * mostMembersAhead;
-
-/// Asks the memory for what a walk reads of the items, and below the groups among them: depth by depth and, in each, one kind
-/// of thing after the other, so that waiting for the first of them is waiting for all.
-template <class Item, class Prefetch>
-void prefetchBranches(std::span<const std::shared_ptr<Item>> items, Prefetch prefetchItem) {
-    std::array<const Item*, mostOfDepthAhead> depth;
-    std::array<const Records<Item>*, mostOfDepthAhead> groups;
-    std::size_t itemCount = 0;
-    const auto addAll = [&](std::span<const std::shared_ptr<Item>> added) {
-        for (const std::shared_ptr<Item>& item :
-             added.first(std::min(added.size(), depth.size() - itemCount)))
-            depth[itemCount++] = item.get();
-    };
-    addAll(items);
-    while (itemCount > 0) {
-        const std::span found = std::span(depth).first(itemCount);
-        for (const Item* const item : found)
-            prefetchItem(*item);
-        std::size_t groupCount = 0;
-        for (const Item* const item : found)
-            if (isExactly(*item) && item->Item::IsGroup())
-                groups[groupCount++] = &item->Item::Children();
-        const std::span branches = std::span(groups).first(groupCount);
-        for (const Records<Item>* const members : branches)
-            PerchAppLibrary::prefetch(members);
-        for (const Records<Item>* const members : branches)
-            PerchAppLibrary::prefetch(members->data());
-        itemCount = 0;
-        for (const Records<Item>* const members : branches)
-            addAll(std::span(*members).first(std::min(members->size(), mostMembersAhead)));
-    }
-}
-
-/// Visits the leaves below the list, depth first, in order: an item that is a group is replaced by its
-/// Children at its place, and is not visited itself. Manages any depth. A visitor that reads other fields of an item than those
-/// of which the walk knows may bring its own `prefetchItem(item)`.
-template <class Item, class Visitor, class Prefetch = PrefetchWalked>
-void forEachLeaf(const Records<Item>& list, Visitor&& visit, Prefetch prefetchItem = {}) {
+/// Calls `visit(leaf)` for each leaf of the tree, depth first, in the order of the arrays. A group
+/// is not visited itself. An item that is there twice is visited twice.
+///
+///     std::vector<std::int64_t> ids;
+///     forEachLeaf(tags.List(), [&ids](const std::shared_ptr<FontTagItem>& tag) {
+///         ids.push_back(tag->Id());
+///     });
+///
+/// The visitor takes a `const std::shared_ptr<Item>&` to the element of the list or of Children():
+/// copy it to keep the leaf. An exception of the visitor ends the walk and is passed on. The list
+/// may be a temporary, since it outlives the call; a braced list needs the class, as in
+/// `forEachLeaf<FontItem>({a, b}, visit)`.
+///
+/// Requires that no item is null, and that no group contains itself. The visitor may set any
+/// property of any record, except that it may neither change the list nor the Children() of a group
+/// that contains the leaf. Linear, for any depth: a list of the groups above replaces recursion.
+template <class Item, class Visitor>
+void forEachLeaf(const Records<Item>& list, Visitor&& visit) {
     struct Level {
         std::span<const std::shared_ptr<Item>> left;
-        std::size_t prefetched; // the first of these
+        std::size_t prefetched; // number of items, from the first
     };
     Level level{list, 0};
     std::vector<Level> outer;
@@ -84,8 +48,8 @@ void forEachLeaf(const Records<Item>& list, Visitor&& visit, Prefetch prefetchIt
             continue;
         }
         if (level.prefetched == 0) {
-            level.prefetched = std::min(level.left.size(), mostAhead);
-            prefetchBranches(level.left.first(level.prefetched), prefetchItem);
+            level.prefetched = std::min(level.left.size(), prefetchDistance);
+            prefetchTree(level.left.first(level.prefetched));
         }
         const std::shared_ptr<Item>& item = level.left.front();
         level.left = level.left.subspan(1);
@@ -96,11 +60,12 @@ void forEachLeaf(const Records<Item>& list, Visitor&& visit, Prefetch prefetchIt
         }
         outer.push_back(level);
         const Records<Item>& members = item->Children();
-        level = {members, isExactly(*item) ? std::min(members.size(), mostMembersAhead) : 0};
+        level = {members, prefetchedMembers(*item, members)};
     }
 }
 
-/// The leaves that the test takes, in the order of the walk.
+/// Returns the leaves for which `isTaken(leaf)` is true, where the leaf is a `const Item&`. Walks
+/// like forEachLeaf().
 template <class Item, class Test>
 Records<Item> leavesWhere(const Records<Item>& list, Test&& isTaken) {
     Records<Item> taken;

@@ -10,15 +10,17 @@
 
 namespace PerchAppLibrary::text {
 
-/// The compared forms of single characters, each asked of ICU when it comes up first. Private to ComparedText.
+/// A cache of the compared forms of single characters, which ICU computes. Private to ComparedText.
 ///
-/// A text is put together from them where no mark, when all characters are decomposed, has to change places with one before
-/// it (Unicode Standard, section 3.11); upper-casing looks at single characters in any case (section 3.13).
+/// The compared form of a text is that of its characters, one after the other, unless marks have to
+/// be put into canonical order (Unicode Standard, section 3.11). Upper-casing has no context here
+/// (section 3.13).
 class FoldCache {
 public:
     explicit FoldCache(Case letterCase) : m_case(letterCase) {}
 
-    /// The compared form of the text, any bytes, until the next call; none for a text that it cannot be put together for.
+    /// Returns the compared form of the text (any bytes), which lives until the next call, or
+    /// nullopt if marks are not in canonical order or the form of a character exceeds nine bytes.
     std::optional<std::string_view> formOf(std::string_view text);
 
 private:
@@ -26,14 +28,14 @@ private:
 
     struct Entry {
         std::int32_t codePoint = -1;
-        std::uint8_t firstClass = 0; // canonical combining classes of the ends of its decomposition
-        std::uint8_t lastClass = 0;
-        std::uint8_t length = 0; // of the compared form, or tooLong
-        char bytes[9] = {};      // three characters of three bytes each
+        std::uint8_t firstClass = 0; // combining class of the first character of its decomposition
+        std::uint8_t lastClass = 0;  // and of the last
+        std::uint8_t length = 0;     // of the compared form, or tooLong
+        char bytes[9] = {};          // three characters of three bytes each
     };
 
-    /// Appends the letters of a Hangul syllable, which are worked out (Unicode Standard, section 3.12) and have no case; false for
-    /// any other character.
+    /// Appends the letters of a Hangul syllable (Unicode Standard, section 3.12), which have no
+    /// case. Returns false for any other character.
     bool appendHangul(std::int32_t codePoint);
 
     const Entry& entryOf(std::int32_t codePoint);
@@ -41,7 +43,7 @@ private:
 
     Case m_case;
     std::string m_form;
-    std::array<Entry, 256> m_entries; // a character has one place, which it takes from whichever was there
+    std::array<Entry, 256> m_entries; // direct-mapped: a character has one slot
 };
 
 } // namespace PerchAppLibrary::text

@@ -4,13 +4,16 @@ namespace VelmoCloudEntity {
 
 using PerchAppLibrary::text::TextSignature;
 
-TextSignature FontNames::signatureOf(const FontItem& font) {
+TextSignature FontNames::computeSignature(const FontItem& font) {
     TextSignature signature;
-    for (const std::string* const name :
-         {&font.ProductName(), &font.ProductSetName(), &font.ProductFileName(), &font.displayName()}) {
-        m_name.assign(*name);
+    const auto add = [&](const std::string& name) {
+        m_name.assign(name);
         signature.add(m_name.folded());
-    }
+    };
+    add(font.ProductName());
+    add(font.ProductSetName());
+    add(font.ProductFileName());
+    add(font.displayName());
     return signature;
 }
 

@@ -10,27 +10,27 @@
 
 namespace VelmoCloudEntity {
 
-/// A list of references to fonts, prepared for the question whether one of them means a given font. The references must
-/// live as long as it does. For the queries of FontList.
+/// An index of references to fonts, for the queries of FontList. Requires references that outlive
+/// it.
 class FontReferences {
 public:
     explicit FontReferences(const Records<FontItem>& references);
 
-    /// Whether a reference matches the leaf, by the rule that FontList::setActivatedFont() states.
+    /// Returns whether a reference matches the leaf as FontList::setActivatedFont() defines it.
     bool match(const FontItem& leaf);
 
 private:
     using TextSet = PerchAppLibrary::text::TextSet;
 
-    /// The references' names, decomposed, so that equivalent names are the same bytes. Made when the first font without
-    /// an identifier asks for them, since most fonts have one.
+    /// Returns the names of the references, decomposed, so that equivalent names have equal bytes.
+    /// Computed for the first font without an identifier, since most fonts have one.
     const TextSet& names();
 
     const Records<FontItem>* m_references;
-    PerchAppLibrary::IdSet m_public; // identifiers of the public and of the private references
-    PerchAppLibrary::IdSet m_private;
+    PerchAppLibrary::IdSet m_public;  // identifiers of public references
+    PerchAppLibrary::IdSet m_private; // identifiers of private references
     std::optional<TextSet> m_names;
-    PerchAppLibrary::text::ComparedText m_name; // decomposed: of a font that is asked for, or of a reference
+    PerchAppLibrary::text::ComparedText m_name; // decomposed: the name of the font or reference
 };
 
 } // namespace VelmoCloudEntity
