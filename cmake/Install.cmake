@@ -2,8 +2,8 @@
 include(CMakePackageConfigHelpers)
 
 set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/VelmoCloudEntity)
-set(private_headers JSONElement.hpp JSONFallback.hpp ByteMatches.hpp CharacterForms.hpp ICU.hpp Memory.hpp Words.hpp FontNames.hpp FontReferences.hpp)
-foreach(header IN LISTS private_headers)
+set(private_headers JSONElement.hpp JSONFallback.hpp ByteMatches.hpp ICU.hpp Memory.hpp)
+foreach(header IN LISTS private_headers ITEMS detail)
   list(APPEND exclude_private PATTERN ${header} EXCLUDE)
 endforeach()
 foreach(library PerchAppLibrary VelmoCloudEntity)

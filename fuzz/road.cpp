@@ -3,7 +3,7 @@
 #include <VelmoCloudEntity/account/UserFontActivateMapItem.hpp>
 #include <VelmoCloudEntity/account/UserItem.hpp>
 #include <VelmoCloudEntity/catalogue/FontTagList.hpp>
-#include <VelmoCloudEntity/entity/LeafWalk.hpp>
+#include <VelmoCloudEntity/entity/RecordTree.hpp>
 #include <VelmoCloudEntity/font/FontList.hpp>
 
 #include <PerchAppLibrary/Dictionary.hpp>

@@ -1,6 +1,6 @@
 // Small pieces of work, always the same, whose instructions are counted: velmo-workload NAME does one of them.
 #include <VelmoCloudEntity/catalogue/FontTagList.hpp>
-#include <VelmoCloudEntity/entity/LeafWalk.hpp>
+#include <VelmoCloudEntity/entity/RecordTree.hpp>
 #include <VelmoCloudEntity/font/FontList.hpp>
 
 #include <PerchAppLibrary/Dictionary.hpp>

@@ -2,7 +2,7 @@
 
 #include <PerchAppLibrary/Dictionary.hpp>
 #include <PerchAppLibrary/platform/Text.hpp>
-#include <PerchAppLibrary/platform/Words.hpp>
+#include <PerchAppLibrary/text/detail/Swar.hpp>
 
 namespace PerchAppLibrary {
 namespace {

@@ -1,4 +1,4 @@
-#include <VelmoCloudEntity/font/FontReferences.hpp>
+#include <VelmoCloudEntity/font/detail/FontReferences.hpp>
 
 namespace VelmoCloudEntity {
 

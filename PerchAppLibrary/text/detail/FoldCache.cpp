@@ -1,4 +1,4 @@
-#include <PerchAppLibrary/platform/CharacterForms.hpp>
+#include <PerchAppLibrary/text/detail/FoldCache.hpp>
 
 #include <PerchAppLibrary/platform/ICU.hpp>
 #include <PerchAppLibrary/platform/Text.hpp>
@@ -10,7 +10,7 @@
 
 namespace PerchAppLibrary::text {
 
-std::optional<std::string_view> CharacterForms::formOf(std::string_view text) {
+std::optional<std::string_view> FoldCache::formOf(std::string_view text) {
     m_form.clear();
     std::uint8_t lastClass = 0;
     for (std::size_t offset = 0; offset < text.size();) {
@@ -29,7 +29,7 @@ std::optional<std::string_view> CharacterForms::formOf(std::string_view text) {
     return m_form;
 }
 
-bool CharacterForms::appendHangul(std::int32_t codePoint) {
+bool FoldCache::appendHangul(std::int32_t codePoint) {
     constexpr std::int32_t firstSyllable = 0xAC00;
     constexpr std::int32_t firstLead = 0x1100;
     constexpr std::int32_t firstVowel = 0x1161;
@@ -47,7 +47,7 @@ bool CharacterForms::appendHangul(std::int32_t codePoint) {
     return true;
 }
 
-const CharacterForms::Entry& CharacterForms::entryOf(std::int32_t codePoint) {
+const FoldCache::Entry& FoldCache::entryOf(std::int32_t codePoint) {
     const auto place = static_cast<std::uint32_t>(codePoint ^ (codePoint >> 8)) % m_entries.size();
     Entry& entry = m_entries[place];
     if (entry.codePoint != codePoint)
@@ -55,7 +55,7 @@ const CharacterForms::Entry& CharacterForms::entryOf(std::int32_t codePoint) {
     return entry;
 }
 
-void CharacterForms::fill(Entry& entry, std::int32_t codePoint) const {
+void FoldCache::fill(Entry& entry, std::int32_t codePoint) const {
     std::string character;
     append(character, codePoint);
     const std::string parts = decomposed(character);

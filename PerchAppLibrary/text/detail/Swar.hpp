@@ -5,7 +5,8 @@
 #include <cstring>
 #include <string_view>
 
-/// Eight bytes of text at a time, in a machine word, in either byte order.
+/// Work on eight bytes of text at once, in a machine word of either byte order (SIMD within a
+/// register).
 namespace PerchAppLibrary::text {
 
 using Word = std::uint64_t;
@@ -22,8 +23,8 @@ inline Word loadWord(const char* bytes) noexcept {
 
 inline void storeWord(char* bytes, Word word) noexcept { std::memcpy(bytes, &word, wordSize); }
 
-/// Calls `visit(offset, word)` for words that cover the text: the last may overlap the one before it, and of a text shorter
-/// than a word, zeros stand behind.
+/// Calls `visit(offset, word)` for words that cover the text. The last may overlap the one before
+/// it; a text shorter than a word is padded with zeros.
 template <class Visitor>
 void forEachWord(std::string_view text, Visitor&& visit) {
     std::size_t at = 0;
@@ -40,7 +41,7 @@ void forEachWord(std::string_view text, Visitor&& visit) {
     visit(0, word);
 }
 
-/// All bytes of the text or-ed together, in no certain order.
+/// Returns the bytes of the text or-ed together, in no certain order.
 inline Word anyBytes(std::string_view text) noexcept {
     Word any = 0;
     forEachWord(text, [&any](std::size_t, Word word) { any |= word; });
@@ -49,10 +50,10 @@ inline Word anyBytes(std::string_view text) noexcept {
 
 inline bool isASCII(std::string_view text) noexcept { return (anyBytes(text) & highBits) == 0; }
 
-/// The byte, eight times.
+/// Returns the byte, eight times.
 constexpr Word repeated(char byte) noexcept { return everyByte * static_cast<std::uint8_t>(byte); }
 
-/// The bytes with the small letters of ASCII made capital.
+/// Returns the bytes with ASCII letters upper-cased.
 ///
 ///     byte without its high bit  0hhhhhhh
 ///     + (0x80 - 'a')             1....... from 'a' on
