@@ -6,6 +6,7 @@
 #include <PerchAppLibrary/platform/URL.hpp>
 
 #include <boost/json/serializer.hpp>
+#include <fast_float/fast_float.h>
 
 #include <charconv>
 #include <cmath>
@@ -108,7 +109,7 @@ void assign(Value& place, float number) {
     // By way of the shortest decimal that gives the float back: 12.7, where a plain cast gives 12.699999809265137.
     char decimal[32];
     double value = 0;
-    std::from_chars(decimal, std::to_chars(decimal, std::end(decimal), number).ptr, value);
+    fast_float::from_chars(decimal, std::to_chars(decimal, std::end(decimal), number).ptr, value);
     place = value;
 }
 

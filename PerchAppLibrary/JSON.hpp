@@ -90,7 +90,7 @@ private:
     Place m_place{};
 };
 
-inline constinit const JSON JSON::null{};
+inline constinit const JSON JSON::null;
 
 /// Steps through the elements of one array. The element that it refers to is its own: it lasts until the next step.
 class JSON::Iterator {

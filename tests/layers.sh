@@ -20,7 +20,7 @@ forbid "PerchAppLibrary stands below VelmoCloudEntity" PerchAppLibrary -- '#incl
 forbid "platform is the ground floor of PerchAppLibrary" PerchAppLibrary/platform -- \
     '#include <PerchAppLibrary/([A-Za-z]+\.hpp|record/)'
 forbid "Third-party libraries are reached through PerchAppLibrary" VelmoCloudEntity -- \
-    '#include [<"](simdjson|boost/|unicode/|fontconfig|md5\.h|fmt/|CLI/)'
+    '#include [<"](simdjson|fast_float/|boost/|unicode/|fontconfig|md5\.h|fmt/|CLI/)'
 forbid "entity is the ground floor" VelmoCloudEntity/entity -- '#include <VelmoCloudEntity/(font|catalogue|account|client)/'
 forbid "catalogue stands below font" VelmoCloudEntity/catalogue -- '#include <VelmoCloudEntity/(font|account|client)/'
 forbid "font stands below account and client" VelmoCloudEntity/font -- '#include <VelmoCloudEntity/(account|client)/'
@@ -34,6 +34,6 @@ forbid "Nothing is printed and no process ended but in fatalError" VelmoCloudEnt
 public=$(find PerchAppLibrary -name '*.hpp' ! -name JSONElement.hpp ! -name Conversion.hpp ! -name Filling.hpp ! -name FillPlan.hpp \
     ! -name Dictionary.hpp ! -name URL.hpp ! -name ICU.hpp)
 # shellcheck disable=SC2086
-forbid "Public headers need no other library" $public -- '#include <(simdjson|boost/|unicode/|fontconfig)'
+forbid "Public headers need no other library" $public -- '#include <(simdjson|fast_float/|boost/|unicode/|fontconfig)'
 
 exit $status

@@ -4,6 +4,7 @@
 #include <PerchAppLibrary/record/Conversion.hpp>
 
 #include <boost/algorithm/string/predicate.hpp>
+#include <fast_float/fast_float.h>
 
 #include <array>
 #include <charconv>
@@ -50,13 +51,22 @@ bool beginsAsNumber(std::string_view text) {
     return !text.empty() && text.front() >= '0' && text.front() <= '9';
 }
 
+/// Whether a decimal number has a digit other than 0 before its exponent.
+bool hasNonzeroDigit(std::string_view decimal) {
+    return decimal.substr(0, decimal.find_first_of("eE")).find_first_of("123456789") !=
+           std::string_view::npos;
+}
+
 bool toFloat(std::string_view text, float& value) {
     double number = 0;
     const char* const end = text.data() + text.size();
     if (!beginsAsNumber(text))
         return false;
-    const std::from_chars_result result = std::from_chars(text.data(), end, number);
-    return result.ec == std::errc() && result.ptr == end && toFloat(number, value);
+    const fast_float::from_chars_result result = fast_float::from_chars(text.data(), end, number);
+    if (result.ec != std::errc() || result.ptr != end)
+        return false;
+    // Before its version 6, fast_float gives infinity or zero for a number out of range, and no error.
+    return (number != 0 || !hasNonzeroDigit(text)) && toFloat(number, value);
 }
 
 template <class Number>
