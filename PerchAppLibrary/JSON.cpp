@@ -35,19 +35,40 @@ void allocate(dom::document& document, std::size_t length, std::size_t structura
     document.string_buf = makeBuffer<std::uint8_t>(length / 3 * 5 + 5 + 2 * simdjson::SIMDJSON_PADDING);
 }
 
-/// Parses text[0, length), behind which at least SIMDJSON_PADDING bytes can be read.
-std::optional<JSON> read(std::string_view text, std::size_t depth, simdjson::error_code& error) {
-    dom::parser parser;
-    if (error = parser.allocate(std::max(text.size(), simdjson::SIMDJSON_PADDING), depth); error)
-        return std::nullopt;
+/// Whether allocate() was tested with this version of the reader. Other versions make their own room.
+constexpr bool isRoomTested =
+#ifdef PERCH_PLAIN_READER // for tests
+    false;
+#else
+    simdjson::SIMDJSON_VERSION_MAJOR == 3 &&
+    (simdjson::SIMDJSON_VERSION_MINOR == 0 || simdjson::SIMDJSON_VERSION_MINOR == 12);
+#endif
+
+/// Runs the reader's two stages through its internal interface, with allocate() between them.
+simdjson::error_code parseInStages(dom::parser& parser, std::string_view text, dom::document& document) {
     simdjson::internal::dom_parser_implementation& stages = *parser.implementation;
     memory::preferLargePages(stages.structural_indexes.get(), text.size() * sizeof(std::uint32_t));
     const auto* const bytes = reinterpret_cast<const std::uint8_t*>(text.data());
-    if (error = stages.stage1(bytes, text.size(), simdjson::stage1_mode::regular); error)
-        return std::nullopt;
+    if (const auto error = stages.stage1(bytes, text.size(), simdjson::stage1_mode::regular))
+        return error;
+    allocate(document, text.size(), stages.n_structural_indexes);
+    return stages.stage2(document);
+}
+
+simdjson::error_code parsePlainly(dom::parser& parser, std::string_view text, dom::document& document) {
+    if (text.starts_with("\xEF\xBB\xBF")) // The reader skips a byte order mark.
+        return simdjson::TAPE_ERROR;
+    return parser.parse_into_document(document, text.data(), text.size(), false).error();
+}
+
+/// Parses a text. Requires SIMDJSON_PADDING readable bytes behind it.
+std::optional<JSON> read(std::string_view text, std::size_t depth, simdjson::error_code& error) {
+    dom::parser parser;
     const auto document = std::make_shared<dom::document>();
-    allocate(*document, text.size(), stages.n_structural_indexes);
-    if (error = stages.stage2(*document); error)
+    error = parser.allocate(std::max(text.size(), simdjson::SIMDJSON_PADDING), depth);
+    if (!error)
+        error = isRoomTested ? parseInStages(parser, text, *document) : parsePlainly(parser, text, *document);
+    if (error)
         return std::nullopt;
     return JSONElement::inDocument(document, document->root());
 }
@@ -74,8 +95,9 @@ JSON::Type typeOf(dom::element element) noexcept {
         return JSON::Type::dictionary;
     case dom::element_type::NULL_VALUE:
         return JSON::Type::null;
+    default: // Later versions of the reader have more kinds, if asked for.
+        return JSON::Type::unknown;
     }
-    return JSON::Type::unknown;
 }
 
 /// The reader's own count stops at this many.

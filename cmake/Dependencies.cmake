@@ -1,8 +1,13 @@
 # The libraries behind PerchAppLibrary; read by the project's own build and by the installed package alike.
 include(CMakeFindDependencyMacro)
-find_dependency(simdjson 3.0)
-find_dependency(FastFloat)
-find_dependency(Boost 1.81 COMPONENTS json url)
+find_dependency(simdjson)
+# simdjson's package accepts only the minor version that it is asked for, so compare here.
+if(simdjson_VERSION VERSION_LESS 3.0)
+  set(${CMAKE_FIND_PACKAGE_NAME}_NOT_FOUND_MESSAGE "simdjson 3.0 or later is needed, not ${simdjson_VERSION}")
+  set(${CMAKE_FIND_PACKAGE_NAME}_FOUND FALSE)
+  return()
+endif()
+find_dependency(Boost 1.81 CONFIG COMPONENTS json url)
 find_dependency(ICU 72 COMPONENTS uc)
 find_dependency(libmd)
 if(PERCH_WITH_FONTCONFIG)

@@ -1,13 +1,16 @@
+#include <PerchAppLibrary/platform/ByteMatches.hpp>
 #include <PerchAppLibrary/platform/Needle.hpp>
 #include <PerchAppLibrary/platform/NeedleSet.hpp>
 #include <PerchAppLibrary/platform/Text.hpp>
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdint>
 #include <random>
 #include <string>
 #include <tuple>
+#include <vector>
 
 namespace text = PerchAppLibrary::text;
 using text::Case;
@@ -265,6 +268,29 @@ TEST(Text, CountsCharactersAndColumns) {
         EXPECT_EQ(text::codePointCount(each.given), each.codePoints) << each.given;
         EXPECT_EQ(text::columnCount(each.given), each.columns) << each.given;
     }
+}
+
+TEST(ByteMatches, AreTheSameInBlocksAndByteByByte) {
+    constexpr std::string_view alphabet("aA@z\0\xE1\xFF", 7);
+    std::mt19937_64 random(1);
+    const auto randomByte = [&] { return alphabet[random() % alphabet.size()]; };
+    for (int run = 0; run < 100; ++run)
+        for (std::size_t size = 0; size <= text::ByteMatches::most; ++size) {
+            std::vector<char> bytes(
+                size); // as long as the text, so that a sanitizer sees what reads behind it
+            std::ranges::generate(bytes, randomByte);
+            const std::string_view given(bytes.data(), size);
+            const text::SoughtByte first(randomByte(), run % 2 == 0);
+            const text::SoughtByte last(randomByte(), run % 3 == 0);
+            const text::ByteMatches expected = text::matchesByByte(given, first, last);
+            const text::ByteMatches found = text::matchesOf(given, first, last);
+            ASSERT_EQ(std::tie(found.first, found.last), std::tie(expected.first, expected.last))
+                << testing::PrintToString(given);
+        }
+    const auto matches =
+        text::matchesByByte("Aba", text::SoughtByte('a', true), text::SoughtByte('B', false));
+    EXPECT_EQ(matches.first, 0b101U);
+    EXPECT_EQ(matches.last, 0U);
 }
 
 TEST(Text, ReplacesIllFormedSequences) {

@@ -11,4 +11,4 @@ cmake -G Ninja -S "$2/tests/consumer" -B "$prefix/build" -DCMAKE_PREFIX_PATH="$p
     -DEXAMPLE="$2/examples/own-record.cpp" >"$prefix/log" || { cat "$prefix/log"; exit 1; }
 cmake --build "$prefix/build" >"$prefix/log" || { cat "$prefix/log"; exit 1; }
 "$prefix/build/consumer" | grep '^1 favourite$'
-"$prefix/usr/bin/velmo" --version
+[ ! -e "$prefix/usr/bin/velmo" ] || "$prefix/usr/bin/velmo" --version
