@@ -33,6 +33,7 @@ std::vector<std::string> atOnce(const std::function<std::string()>& work) {
     std::vector<std::string> results(4);
     std::latch start(static_cast<std::ptrdiff_t>(results.size()));
     std::vector<std::thread> threads;
+    threads.reserve(results.size());
     for (std::string& result : results)
         threads.emplace_back([&] {
             start.arrive_and_wait();
