@@ -84,11 +84,11 @@ private:
     }
 
     static bool isRejected(const Verdicts& verdicts) {
-        return std::ranges::all_of(verdicts, [](const auto& verdict) { return verdict == false; });
+        return std::ranges::none_of(verdicts, [](Verdict each) { return each.value_or(true); });
     }
 
     static bool isOpen(const Verdicts& verdicts) {
-        return std::ranges::any_of(verdicts, [](const auto& verdict) { return !verdict; });
+        return std::ranges::any_of(verdicts, [](Verdict each) { return !each; });
     }
 
     template <std::size_t... index>
