@@ -29,7 +29,9 @@ class Own : public FontItem {
     PERCH_PROPERTY(Rare<std::int64_t>, Seldom);
 #endif
 #ifdef REFUSED_twoOnALine // onePropertyPerLine
+    // clang-format off
     PERCH_PROPERTY(std::int64_t, First); PERCH_PROPERTY(std::int64_t, Second);
+    // clang-format on
 #endif
 #ifdef REFUSED_smallLetter // PERCH_PROPERTY_SET_BY names the setter of small
     PERCH_PROPERTY(std::int64_t, small);
