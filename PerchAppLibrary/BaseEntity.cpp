@@ -1,55 +1,71 @@
 #include <PerchAppLibrary/BaseEntity.hpp>
 
 #include <PerchAppLibrary/CommonStorage.hpp>
-#include <PerchAppLibrary/JSONElement.hpp>
-#include <PerchAppLibrary/record/Filling.hpp>
 #include <PerchAppLibrary/record/RecordSchema.hpp>
+#include <PerchAppLibrary/record/RecordWriter.hpp>
+#include <PerchAppLibrary/record/detail/DocumentSource.hpp>
 
+#include <algorithm>
 #include <optional>
 #include <span>
 #include <typeinfo>
 #include <vector>
 
 namespace PerchAppLibrary {
+namespace {
 
-namespace dom = simdjson::dom;
+bool contains(const KeyList& list, std::string_view key) {
+    return std::ranges::find(list.keys(), key) != list.keys().end();
+}
+
+Excluded together(const Excluded& left, const Excluded& right) {
+    if (left.keys().empty())
+        return right;
+    std::vector<std::string> keys(left.keys().begin(), left.keys().end());
+    keys.insert(keys.end(), right.keys().begin(), right.keys().end());
+    return Excluded(std::move(keys));
+}
+
+} // namespace
 
 BaseEntity::BaseEntity() = default;
 BaseEntity::~BaseEntity() = default;
 
 const RecordSchema& BaseEntity::schema() const {
     static const RecordSchema schema("BaseEntity", typeid(BaseEntity), nullptr,
-                                     PropertyCollector<BaseEntity>::collect(), false);
+                                     PropertyCollector<BaseEntity>::collect(), {});
     return schema;
 }
 
-void BaseEntity::setValue(const JSON& json) { setValue(json, Excluded()); }
+void BaseEntity::setValue(const JSON& json) { fill(json); }
 
 // NOLINTNEXTLINE(performance-unnecessary-value-param): a list of keys is two pointers
 void BaseEntity::setValue(const JSON& json, Excluded excluded) {
-    const std::optional<dom::element> element = JSONElement::of(json);
-    dom::object members;
-    if (!element || element->get(members) != simdjson::SUCCESS)
-        return;
-    Filling filling(*this);
-    for (const std::string& key : excluded.keys())
-        if (const std::size_t index = filling.schema().find(key); index != RecordSchema::notFound)
-            filling.exclude(index);
-    filling.add(members);
-    filling.finish();
+    const DocumentSource source(json);
+    if (const auto root = source.root())
+        RecordFiller(source).map(*this, *root, excluded);
 }
 
-std::optional<JSON> BaseEntity::mapAround(std::size_t index, const JSON& json, MemberOrder& order) {
-    const std::optional<dom::element> element = JSONElement::of(json);
-    dom::object members;
-    if (!element || element->get(members) != simdjson::SUCCESS)
-        return std::nullopt;
-    Filling filling(*this);
-    filling.exclude(index);
-    filling.add(members, order);
-    filling.finish();
-    const std::optional<dom::element> left = filling.excluded(index);
-    return left ? std::optional(JSONElement::inDocumentOf(json, *left)) : std::nullopt;
+void BaseEntity::fill(const JSON& json, const Excluded& further) {
+    const RecordSchema& recordSchema = schema();
+    if (isExactly(*this, recordSchema.type()) && !recordSchema.overrides().mapping) {
+        fillByBase(json, further);
+        return;
+    }
+    setValue(json, together(further, recordSchema.arrays()));
+    for (const std::string& name : recordSchema.arrays().keys()) {
+        if (contains(further, name))
+            continue;
+        const Property& property = recordSchema.properties()[recordSchema.find(name)];
+        const JSON elements = json[name];
+        const DocumentSource source(elements);
+        RecordFiller(source).fillArray(*std::get_if<RecordsAccess>(&property.access), *this, source.root());
+    }
+}
+
+void BaseEntity::fillByBase(const JSON& json, const Excluded& further) {
+    const DocumentSource source(json);
+    RecordFiller(source).fill(*this, source.root(), further);
 }
 
 void BaseEntity::clearException() {
@@ -67,29 +83,23 @@ Value BaseEntity::value(std::string_view name) const {
     return recordSchema.properties()[index].value(*this);
 }
 
-Dictionary BaseEntity::properties() const { return reflect(Excluded()); }
+Dictionary BaseEntity::properties() const { return properties(storageForDict().get()); }
 
-Dictionary BaseEntity::properties(const Storage& storage) const { return reflect(Excluded(), storage); }
+Dictionary BaseEntity::properties(const Storage& storage) const {
+    return schema().writer().dictionary(*this, storage);
+}
 
 Dictionary BaseEntity::reflect(const Excluded& excluded) const {
     return reflect(excluded, storageForDict().get());
 }
 
+Dictionary BaseEntity::reflect(const Excluded& excluded, const Storage& storage) const {
+    return RecordWriter(schema(), excluded).dictionary(*this, storage);
+}
+
 CommonStorage BaseEntity::storageForDict(std::size_t members) const {
     constexpr std::size_t usualSize = 60; // of a property, its key and a short text
     return CommonStorage((1 + members) * schema().properties().size() * usualSize);
-}
-
-Dictionary BaseEntity::reflect(const Excluded& excluded, const Storage& storage) const {
-    return reflect(schema().storedWithout(excluded), storage);
-}
-
-Dictionary BaseEntity::reflect(std::span<const Property* const> properties, const Storage& storage) const {
-    Dictionary dictionary(storage);
-    dictionary.reserve(properties.size() + 1); // nested records that a class adds
-    for (const Property* const property : properties)
-        property->addTo(dictionary, *this);
-    return dictionary;
 }
 
 Dictionary BaseEntity::select(std::span<const std::string> names) const {

@@ -4,127 +4,189 @@
 #include <PerchAppLibrary/JSON.hpp>
 #include <PerchAppLibrary/UndefinedKeyError.hpp>
 #include <PerchAppLibrary/record/KeyList.hpp>
-#include <PerchAppLibrary/record/RareTexts.hpp>
 #include <PerchAppLibrary/record/Record.hpp>
+#include <PerchAppLibrary/record/SparseTexts.hpp>
 
 #include <cstdint>
-#include <optional>
+#include <memory>
 #include <span>
 #include <string>
 #include <string_view>
 #include <typeinfo>
+#include <utility>
 
 namespace PerchAppLibrary {
 
-class MemberOrder;
-struct Property;
+class RecordSchema;
 
-/// The base of every record.
+/// The base class of all records.
 ///
-/// A record is filled from JSON by the names of its properties and read by them. All of this goes through the
-/// virtual accessors, so a subclass that overrides one is honoured. Records are shared objects: made by the
-/// `create` of their class, held by std::shared_ptr, not copied; a record owns its texts and arrays, and
-/// shares its nested records. A record is not synchronised: whoever uses it on several threads keeps them apart.
+/// A record's properties are filled from JSON and read by name, always as if through the virtual
+/// accessors, so overrides take effect. Create records with the `create` of their class and share
+/// them by std::shared_ptr; they are not copied. A plain record can also stand on the stack. A record
+/// owns its texts and arrays and shares its nested records.
+///
+/// Threads: any number may read a record, as long as none changes it.
 class BaseEntity {
+    std::uint32_t m_flags = 0; // of the properties of type Near<bool>; beside the class's pointer
+    SparseTexts m_sparseTexts; // of the properties of type Rare<std::string>
+
 public:
     BaseEntity();
     BaseEntity(const BaseEntity&) = delete;
     BaseEntity& operator=(const BaseEntity&) = delete;
     virtual ~BaseEntity();
 
-    PERCH_PROPERTIES(BaseEntity);
+    using Self = BaseEntity;
+    static constexpr int firstPropertyLine = __LINE__;
+    static void onePropertyPerLine(At<__LINE__>);
+    static void labelsAt(At<__LINE__>);
 
     /// Global identifier.
-    PERCH_PROPERTY_RARE_TEXT(Guid);
+    PERCH_PROPERTY(Rare<std::string>, Guid);
     /// Identifier of the record.
     PERCH_PROPERTY(std::int64_t, Id);
     /// The record is out of use.
-    PERCH_PROPERTY_IN_FIELD(bool, IsDisabled, setIsDisabled);
+    PERCH_PROPERTY(Near<bool>, IsDisabled);
     /// Number of an error that the service reports with the record.
     PERCH_PROPERTY(std::int64_t, ErrorCode);
     /// The service reports an error with the record.
-    PERCH_PROPERTY_IN_FIELD(bool, Exception, setException);
+    PERCH_PROPERTY(Near<bool>, Exception);
     /// Code of that error.
-    PERCH_PROPERTY_RARE_TEXT(ExceptionCode);
+    PERCH_PROPERTY(Rare<std::string>, ExceptionCode);
     /// Message of that error.
-    PERCH_PROPERTY_RARE_TEXT(ExceptionMessage);
+    PERCH_PROPERTY(Rare<std::string>, ExceptionMessage);
     /// Time of the record, as sent.
-    PERCH_PROPERTY_RARE_TEXT(TimeStamp);
+    PERCH_PROPERTY(Rare<std::string>, TimeStamp);
     /// Date of the record, as sent.
-    PERCH_PROPERTY_RARE_TEXT(DateStamp);
+    PERCH_PROPERTY(Rare<std::string>, DateStamp);
     /// Token of the request that the record belongs to.
-    PERCH_PROPERTY_RARE_TEXT(Token);
+    PERCH_PROPERTY(Rare<std::string>, Token);
 
     PERCH_RECORD_END;
 
-    /// Fills the record from a JSON object: setValue(json, {}), unless the class fills some properties
-    /// itself. A value that is no object changes nothing that the mapping fills.
+    /// Fills the record from a JSON object. Runs the virtual mapping, which leaves the class's arrays
+    /// of records alone. Then sets each of these arrays, in their order, through its virtual setter:
+    /// to one record for each element of the array under its key, to none if there is no array. A
+    /// value that is no object empties the arrays and changes nothing else.
     virtual void setValue(const JSON& json);
 
-    /// The mapping. Each stored property whose name is a key of the JSON object and is not excluded is set
-    /// through its virtual setter to the value under that key, where that converts to the property's type
-    /// (the table of record/Mapping.hpp); every other property keeps its value. Properties are set in their
-    /// order, the base's first, each once: of a repeated key the last one holds, even where its value does
-    /// not convert. Keys without a property are ignored. One pass over the members.
+    /// The mapping. Sets each stored property whose name is a key of the JSON object, through its
+    /// virtual setter, if the value converts to its type (the table of JSON::as). Excluded
+    /// properties, constants, arrays of records and all others keep their values. Properties are set
+    /// in declaration order, the base's first, each once: only the last value of a repeated key
+    /// counts, even if it does not convert. Unknown keys are ignored. One pass over the members.
     virtual void setValue(const JSON& json, Excluded excluded);
 
-    /// Takes back the error that the service reported: Exception, ErrorCode, ExceptionCode and
-    /// ExceptionMessage get their defaults.
+    /// A text would become a JSON string, which fills nothing: parse it with JSON::parse().
+    void setValue(std::string_view text) = delete;
+
+    /// Resets Exception, ErrorCode, ExceptionCode and ExceptionMessage to their defaults.
     virtual void clearException();
 
-    /// The value of the stored or computed property with this name, read through its virtual accessor.
-    /// Throws UndefinedKeyError when the record has none of this name; ends the process where the accessor does.
+    /// Returns the stored or computed property of this name, read through its virtual accessor.
+    /// Throws UndefinedKeyError if there is none. Ends the process if the accessor does.
     Value value(std::string_view name) const;
 
-    /// All stored properties in their order, the base's first; nested records as dictionaries of the same kind.
+    /// Returns all stored properties in declaration order, the base's first. Nested records are
+    /// dictionaries of their own properties().
     Dictionary properties() const;
 
-    /// The same in the storage of a larger dictionary.
+    /// Like properties(), in the storage of a larger dictionary.
     Dictionary properties(const Storage& storage) const;
 
-    /// The record's class as the library sees it: the most derived one that declares properties.
+    /// Returns the schema of the most derived class that declares properties.
     virtual const RecordSchema& schema() const;
 
+    /// What create(json) calls. A class with another contract declares this constant again.
+    static constexpr JSONFilling jsonFilling = JSONFilling::setValue;
+
 protected:
-    /// What the public constructor of a record that is made from JSON alone takes, so that its `create` alone can call it.
-    struct FromJSON {
-        explicit FromJSON() = default;
-    };
+    /// Like setValue(json), with further keys that the mapping and the arrays leave alone. For
+    /// overrides of setValue(json).
+    void fill(const JSON& json, const Excluded& further = {});
 
-    /// What `create(json)` does once the record has its defaults. A class whose contract bypasses its
-    /// subclasses hides this function with its own.
-    void initFromJSON(const JSON& json) { setValue(json); }
+    /// Like fill(), but runs the base's own mapping, whatever a subclass overrides.
+    void fillByBase(const JSON& json, const Excluded& further = {});
 
-    /// What this class's own setValue(json, {key}) does, and then the value under the key, if there is one: in one pass over
-    /// the members. The key is that of the property with this index in the schema. For a record of which no subclass can
-    /// have overridden that mapping. The order is kept from one record to the next.
-    std::optional<JSON> mapAround(std::size_t index, const JSON& json, MemberOrder& order);
+    /// Makes a record with defaults.
+    template <class R>
+    static std::shared_ptr<R> make() {
+        return std::make_shared<Concrete<R>>();
+    }
 
-    /// The stored properties without the excluded ones: what a record's reflective `Dict` begins with. Ends
-    /// the process (fatalError) when an excluded name is not that of a stored property.
+    /// Makes a record and fills it from JSON.
+    template <class R, JSONFilling filling>
+    static std::shared_ptr<R> makeFilled(const JSON& json) {
+        std::shared_ptr<R> record = make<R>();
+        BaseEntity& base = *record;
+        if constexpr (filling == JSONFilling::baseMapping)
+            base.fillByBase(json);
+        else if constexpr (filling == JSONFilling::mapping)
+            base.fill(json);
+        else
+            base.setValue(json);
+        return record;
+    }
+
+    /// Makes a record with defaults and applies labelled arguments.
+    template <class R, class Labels>
+    static std::shared_ptr<R> makeLabelled(Labels labels) {
+        std::shared_ptr<R> record = make<R>();
+        std::move(labels).applyTo(*record);
+        return record;
+    }
+
+    /// Read and write the value of a property, wherever its place is.
+    template <class T>
+    static const T& stored(const T& field) noexcept {
+        return field;
+    }
+    template <class Record, int Line>
+    const std::string& stored(Slot<Place::sparse, Record, Line> /*slot*/) const noexcept {
+        return m_sparseTexts[slotNumber<Place::sparse, Record, Line>];
+    }
+    template <class Record, int Line>
+    bool stored(Slot<Place::flag, Record, Line> /*slot*/) const noexcept {
+        return (m_flags & flagMask<Record, Line>) != 0;
+    }
+    template <class T>
+    static void store(T& field, T&& value) {
+        field = std::move(value);
+    }
+    template <class Record, int Line>
+    void store(Slot<Place::sparse, Record, Line> /*slot*/, std::string&& value) {
+        m_sparseTexts.set(slotNumber<Place::sparse, Record, Line>, std::move(value));
+    }
+    template <class Record, int Line>
+    void store(Slot<Place::flag, Record, Line> /*slot*/, bool value) noexcept {
+        m_flags = value ? m_flags | flagMask<Record, Line> : m_flags & ~flagMask<Record, Line>;
+    }
+
+    /// What a class without a PERCH_ON_CHANGE has.
+    static constexpr EffectOfChange effectOf(std::string_view /*name*/) { return nullptr; }
+    static void changed(std::string_view /*name*/) noexcept {}
+
+    /// Returns the stored properties without the excluded ones, with which a record's `Dict` begins.
+    /// Ends the process (fatalError) if an excluded name is not a stored property's.
     Dictionary reflect(const Excluded& excluded) const;
 
-    /// The same in the storage of a larger dictionary.
+    /// Like reflect(excluded), in the storage of a larger dictionary.
     Dictionary reflect(const Excluded& excluded, const Storage& storage) const;
 
-    /// The same of a list that was made once: of properties of the record's schema.
-    Dictionary reflect(std::span<const Property* const> properties, const Storage& storage) const;
-
-    /// Storage for a dictionary of the record's properties and for those of this many members of its class.
+    /// Returns storage for a dictionary of the record and of this many members of its class.
     CommonStorage storageForDict(std::size_t members = 0) const;
 
-    /// The stored and computed properties with these names, in their order, each once: what a record's `Dict` of certain
-    /// keys holds. Throws UndefinedKeyError for a name that the record has not.
+    /// Returns the stored and computed properties with these names, in the order of `names`, each
+    /// once, for a record's `Dict` of certain keys. Throws UndefinedKeyError for an unknown name.
     Dictionary select(std::span<const std::string> names) const;
 
 private:
-    RareTexts m_rareTexts;
-    bool m_IsDisabled = false; // at the end, where the fields of a subclass that are small follow closely
-    bool m_Exception = false;
+    friend struct PlaceAccess; // for filling and writing without accessors
 };
 
-/// Returns whether the record's class is the given one, not a subclass of it. No accessor is overridden
-/// then, so fields can be read and written in place of accessors.
+/// Returns whether the record's class is the given one, not a subclass of it. No accessor is
+/// overridden then, so fields can be read and written in place of accessors.
 inline bool isExactly(const BaseEntity& record, const std::type_info& type) noexcept {
     return typeid(record) == type;
 }

@@ -140,7 +140,7 @@ void assign(Value& place, const JSON& json) {
     else
         place = nullptr;
 }
-void assign(Value& place, Dictionary dictionary) { place = std::move(dictionary); }
+void assign(Value& place, Dictionary&& dictionary) { place = std::move(dictionary); }
 
 std::string toText(const Dictionary& dictionary) { return textOf(dictionary); }
 std::string toText(const Value& value) { return textOf(value); }

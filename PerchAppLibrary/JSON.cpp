@@ -2,9 +2,13 @@
 
 #include <PerchAppLibrary/JSONElement.hpp>
 #include <PerchAppLibrary/JSONFallback.hpp>
+#include <PerchAppLibrary/json/detail/Conversion.hpp>
+#include <PerchAppLibrary/json/detail/Equality.hpp>
 #include <PerchAppLibrary/platform/Memory.hpp>
+#include <PerchAppLibrary/record/detail/JSONText.hpp>
 
 #include <algorithm>
+#include <cmath>
 #include <iterator>
 #include <optional>
 
@@ -106,6 +110,11 @@ std::size_t countOf(const Container& container) noexcept {
                                 : static_cast<std::size_t>(std::distance(container.begin(), container.end()));
 }
 
+template <class Real>
+JSON fromReal(Real number) {
+    return std::isfinite(number) ? JSON::parse(shortestDecimal(number)) : JSON::null;
+}
+
 } // namespace
 
 JSON::ParseError::ParseError(std::size_t line, std::size_t column, std::string_view reason)
@@ -126,6 +135,18 @@ JSON JSONElement::detached(dom::element element) {
 const JSON& JSON::emptyString() {
     static const JSON empty = parse("\"\"");
     return empty;
+}
+
+JSON JSON::fromScalar(bool flag) { return parse(flag ? "true" : "false"); }
+JSON JSON::fromScalar(std::int64_t number) { return parse(std::to_string(number)); }
+JSON JSON::fromScalar(std::uint64_t number) { return parse(std::to_string(number)); }
+JSON JSON::fromScalar(float number) { return fromReal(number); }
+JSON JSON::fromScalar(double number) { return fromReal(number); }
+
+JSON JSON::fromScalar(std::string_view text) {
+    std::string quoted;
+    appendJSONString(quoted, text);
+    return parse(std::move(quoted));
 }
 
 JSON JSON::parse(std::string_view text) {
@@ -153,6 +174,28 @@ JSON JSON::parse(std::string&& text) {
 JSON::Type JSON::type() const noexcept {
     const std::optional<dom::element> element = JSONElement::of(*this);
     return element ? typeOf(*element) : Type::null;
+}
+
+template <class T>
+bool JSON::convertTo(T& value) const {
+    const std::optional<dom::element> element = JSONElement::of(*this);
+    return element && convertElement(*element, value);
+}
+
+template bool JSON::convertTo(std::int64_t&) const;
+template bool JSON::convertTo(bool&) const;
+template bool JSON::convertTo(float&) const;
+template bool JSON::convertTo(double&) const;
+template bool JSON::convertTo(std::string&) const;
+template bool JSON::convertTo(std::vector<std::int64_t>&) const;
+template bool JSON::convertTo(std::vector<std::string>&) const;
+
+bool operator==(const JSON& left, const JSON& right) {
+    if (left.m_document == right.m_document && left.m_place == right.m_place)
+        return true;
+    const std::optional<dom::element> element = JSONElement::of(left);
+    const std::optional<dom::element> other = JSONElement::of(right);
+    return element && other ? areEqual(*element, *other) : left.isNull() && right.isNull();
 }
 
 std::size_t JSON::count() const noexcept {

@@ -2,7 +2,7 @@
 
 #include "Loaders.hpp"
 
-#include <VelmoCloudEntity/entity/LeafWalk.hpp>
+#include <VelmoCloudEntity/entity/RecordTree.hpp>
 
 #include <fstream>
 #include <sstream>

@@ -1,7 +1,7 @@
 #include "Benchmarks.hpp"
 #include "Comparison.hpp"
 
-#include <VelmoCloudEntity/entity/LeafWalk.hpp>
+#include <VelmoCloudEntity/entity/RecordTree.hpp>
 
 #include <boost/unordered/unordered_flat_set.hpp>
 

@@ -2,7 +2,7 @@
 #include "Comparison.hpp"
 #include "QtSearch.hpp"
 
-#include <VelmoCloudEntity/entity/LeafWalk.hpp>
+#include <VelmoCloudEntity/entity/RecordTree.hpp>
 
 #include <tests/literal/LiteralSearch.hpp>
 

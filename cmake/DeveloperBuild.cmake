@@ -5,6 +5,7 @@
 function(developer_target name)
   if(VELMO_DEVELOPER)
     # GCC 12 warns falsely of strings that are put together with + (its bug 105651).
+    target_compile_definitions(${name} PRIVATE PERCH_DEVELOPER)
     target_compile_options(${name} PRIVATE -Wall -Wextra -Wpedantic -Wshadow -Wconversion
                                            $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>)
   endif()

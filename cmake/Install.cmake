@@ -2,13 +2,13 @@
 include(CMakePackageConfigHelpers)
 
 set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/VelmoCloudEntity)
-set(private_headers JSONElement.hpp JSONFallback.hpp Conversion.hpp ByteMatches.hpp CharacterForms.hpp ICU.hpp Memory.hpp Words.hpp JSONText.hpp NameIndex.hpp Filling.hpp FillPlan.hpp FontNames.hpp FontReferences.hpp)
-foreach(header IN LISTS private_headers)
+set(private_headers JSONElement.hpp JSONFallback.hpp ByteMatches.hpp ICU.hpp Memory.hpp)
+foreach(header IN LISTS private_headers ITEMS detail)
   list(APPEND exclude_private PATTERN ${header} EXCLUDE)
 endforeach()
 foreach(library PerchAppLibrary VelmoCloudEntity)
   install(DIRECTORY ${PROJECT_SOURCE_DIR}/${library} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}
-          FILES_MATCHING PATTERN *.hpp ${exclude_private})
+          FILES_MATCHING PATTERN *.hpp PATTERN detail EXCLUDE ${exclude_private})
 endforeach()
 
 install(TARGETS PerchAppLibrary VelmoCloudEntity EXPORT VelmoCloudEntityTargets)

@@ -3,7 +3,7 @@
 #include <VelmoCloudEntity/account/UserFontActivateMapItem.hpp>
 #include <VelmoCloudEntity/account/UserItem.hpp>
 #include <VelmoCloudEntity/catalogue/FontTagList.hpp>
-#include <VelmoCloudEntity/entity/LeafWalk.hpp>
+#include <VelmoCloudEntity/entity/RecordTree.hpp>
 #include <VelmoCloudEntity/font/FontList.hpp>
 
 #include <PerchAppLibrary/Dictionary.hpp>
@@ -67,6 +67,7 @@ void filter(const JSON& json) {
 }
 
 void walk(const JSON& json) {
+    require(json == JSON::parse(PerchAppLibrary::toText(PerchAppLibrary::toValue(json))));
     filter(json);
     const FontList fonts(json);
     ask(fonts.List());

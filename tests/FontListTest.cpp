@@ -63,7 +63,9 @@ TEST(FontList, MarksTheLeavesThatAReferenceMatches) {
         std::int64_t id;
         std::string name;
         bool isPrivate = false;
-        std::shared_ptr<FontItem> make() const { return FontItem::create({id, name, isPrivate}); }
+        std::shared_ptr<FontItem> make() const {
+            return FontItem::create({.id = id, .productName = name, .isPrivate = isPrivate});
+        }
     };
     // A leaf, references that match it, and others that do not.
     const std::tuple<Font, std::vector<Font>, std::vector<Font>> cases[] = {

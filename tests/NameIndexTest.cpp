@@ -1,4 +1,4 @@
-#include <PerchAppLibrary/record/NameIndex.hpp>
+#include <PerchAppLibrary/record/detail/NameIndex.hpp>
 
 #include <gtest/gtest.h>
 

@@ -225,8 +225,8 @@ INSTANTIATE_TEST_SUITE_P(All, RecordTable, testing::ValuesIn(rows),
                          [](const auto& row) { return row.param.type; });
 
 template <class List, class Item>
-void expectList(const char* type, const Records<Item>& (List::*get)() const, void (List::*set)(Records<Item>),
-                std::size_t itemsOfOdd = 6) {
+void expectList(const char* type, const Records<Item>& (List::*get)() const&,
+                void (List::*set)(Records<Item>), std::size_t itemsOfOdd = 6) {
     SCOPED_TRACE(type);
     const std::string sample = sampleOf(type);
     const Value elements = boost::json::parse(sample);

@@ -17,7 +17,7 @@ forbid() {
 }
 
 forbid "PerchAppLibrary stands below VelmoCloudEntity" PerchAppLibrary -- '#include [<"]VelmoCloudEntity/'
-forbid "platform is the ground floor of PerchAppLibrary" PerchAppLibrary/platform -- \
+forbid "platform and text are the ground floor of PerchAppLibrary" PerchAppLibrary/platform PerchAppLibrary/text -- \
     '#include <PerchAppLibrary/([A-Za-z]+\.hpp|record/)'
 forbid "Third-party libraries are reached through PerchAppLibrary" VelmoCloudEntity -- \
     '#include [<"](simdjson|fast_float/|boost/|unicode/|fontconfig|md5\.h|fmt/|CLI/)'
@@ -30,10 +30,12 @@ forbid "Nothing is printed and no process ended but in fatalError" VelmoCloudEnt
     $(find PerchAppLibrary -name "*.?pp" ! -name fatalError.cpp) -- \
     '\b(printf|fputs|std::c(out|err)|abort|exit|terminate)\b *[(<]'
 
-# Public headers keep other libraries out, but for the ones that give out their types.
-public=$(find PerchAppLibrary -name '*.hpp' ! -name JSONElement.hpp ! -name Conversion.hpp ! -name Filling.hpp ! -name FillPlan.hpp \
+# Public headers keep other libraries out, but for the ones that give out their types, and need no private header.
+public=$(find PerchAppLibrary VelmoCloudEntity -name '*.hpp' ! -path '*/detail/*' ! -name JSONElement.hpp \
     ! -name Dictionary.hpp ! -name URL.hpp ! -name ICU.hpp)
 # shellcheck disable=SC2086
 forbid "Public headers need no other library" $public -- '#include <(simdjson|fast_float/|boost/|unicode/|fontconfig)'
+# shellcheck disable=SC2046
+forbid "Public headers need no private one" $(grep -vE '/ByteMatches\.hpp$' <<<"$public") -- '#include <.*/detail/'
 
 exit $status

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <PerchAppLibrary/platform/Words.hpp>
+#include <PerchAppLibrary/text/detail/Swar.hpp>
 
 #include <algorithm>
 #include <array>

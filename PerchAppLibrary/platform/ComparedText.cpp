@@ -1,9 +1,9 @@
 #include <PerchAppLibrary/platform/ComparedText.hpp>
 
-#include <PerchAppLibrary/platform/CharacterForms.hpp>
 #include <PerchAppLibrary/platform/ICU.hpp>
 #include <PerchAppLibrary/platform/Text.hpp>
-#include <PerchAppLibrary/platform/Words.hpp>
+#include <PerchAppLibrary/text/detail/FoldCache.hpp>
+#include <PerchAppLibrary/text/detail/Swar.hpp>
 
 #include <unicode/uchar.h>
 
@@ -21,7 +21,8 @@ std::uint8_t byteAt(std::string_view text, std::size_t offset) noexcept {
 
 bool isTrail(std::uint8_t byte) noexcept { return (byte & 0xC0U) == 0x80; }
 
-/// Whether an ideograph from U+3400 to U+9FFF stands at the offset: E3 90..BF xx, or E4..E9 xx xx.
+/// Returns whether an ideograph from U+3400 to U+9FFF is at the offset: E3 90..BF xx or
+/// E4..E9 xx xx.
 bool isIdeographAt(std::string_view text, std::size_t offset) noexcept {
     if (text.size() - offset < 3)
         return false;
@@ -45,7 +46,7 @@ bool isPlainText(std::string_view text) noexcept {
     return true;
 }
 
-/// Copies the text, with room for a whole word at its end, and makes small letters of ASCII capital if asked to.
+/// Copies the text, leaving room for a word behind it; upper-cases ASCII letters if asked to.
 void store(std::vector<char>& buffer, std::string_view text, bool upperCasesASCII) {
     if (buffer.size() < text.size() + wordSize)
         buffer.resize(2 * text.size() + wordSize);
@@ -54,9 +55,9 @@ void store(std::vector<char>& buffer, std::string_view text, bool upperCasesASCI
     });
 }
 
-/// Whether the code point at the offset composes with what stands right before it, as a Hangul vowel or final
-/// and a few vowel signs do that are no combining marks. A composite has at most four code points, so that
-/// many are enough.
+/// Returns whether the code point at the offset composes with what stands right before it. A Hangul
+/// vowel or final does, and a few vowel signs that are no combining marks. A composite has at most
+/// four code points, so no more are looked at.
 bool composesBackwards(std::string_view decomposedText, std::size_t offset) {
     std::size_t end = offset;
     const UChar32 codePoint = nextCodePoint(decomposedText, end);
@@ -93,7 +94,7 @@ void ComparedText::take(std::string_view form) {
 
 void ComparedText::assignOther(std::string_view text) {
     if (m_hadOther && !m_forms)
-        m_forms = std::make_unique<CharacterForms>(m_case);
+        m_forms = std::make_unique<FoldCache>(m_case);
     m_hadOther = true;
     if (const auto form = m_forms ? m_forms->formOf(text) : std::nullopt)
         take(*form);

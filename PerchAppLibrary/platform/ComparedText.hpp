@@ -11,16 +11,17 @@ namespace PerchAppLibrary::text {
 /// Whether case counts in a comparison: `ignored` compares folded texts, `kept` decomposed ones.
 enum class Case : std::uint8_t { ignored, kept };
 
-class CharacterForms;
+class FoldCache;
 
-/// A text in the form in which texts are compared: as text::folded() or text::decomposed() give it, byte for byte.
+/// A text in the form in which texts are compared: the bytes of text::folded() or
+/// text::decomposed().
 ///
-/// One object takes one text after the other in the same memory, so that a query over many texts does not allocate for
-/// each. What bytes() gives lives until the next assign().
+/// One object takes one text after the other, in the same memory, so a query over many texts does
+/// not allocate for each. The view that bytes() returns lives until the next assign().
 ///
-/// Most texts are plain: ASCII, and Chinese ideographs (U+3400 to U+9FFF), which have no case but that of ASCII and no
-/// decomposition, and combine with nothing. The bytes of a plain text need no Unicode service. Of other texts, those in which
-/// no mark stands by itself are put together from the forms of their characters, the latest of which are kept.
+/// Most texts are plain: ASCII and Chinese ideographs (U+3400 to U+9FFF). These have no case but
+/// that of ASCII and no decomposition, and combine with nothing, so they need no Unicode service.
+/// Most other texts are built from the compared forms of their characters, which are cached.
 class ComparedText {
 public:
     /// An empty text.
@@ -30,17 +31,18 @@ public:
     ComparedText& operator=(ComparedText&& other) noexcept;
     ~ComparedText();
 
-    /// Becomes the compared form of the text, any bytes. Linear.
+    /// Stores the compared form of the text (any bytes). Linear.
     void assign(std::string_view text);
 
-    /// The compared form: well-formed UTF-8.
+    /// Returns the compared form, which is well-formed UTF-8.
     std::string_view bytes() const noexcept { return {m_buffer.data(), m_size}; }
 
-    /// Whether the compared form is plain, so that it may be cut between any two of its characters.
+    /// Returns whether the compared form is plain, so it may be cut between any two characters.
     bool isPlain() const noexcept { return m_isPlain; }
 
-    /// Whether the compared form may be cut at the offset, the start of a character or the end, without taking a
-    /// mark from the character with which it combines, or a Hangul vowel or final from its syllable.
+    /// Returns whether the compared form may be cut at the offset without cutting off a mark from
+    /// the character with which it combines, or a vowel or final from its Hangul syllable. Requires
+    /// the offset of a character or of the end.
     bool isBoundary(std::size_t offset) const;
 
     /// Canonical equivalence (UAX #15) of two texts of the same Case: case-sensitive for Case::kept.
@@ -56,8 +58,8 @@ private:
     std::size_t m_size = 0;
     Case m_case;
     bool m_isPlain = true;
-    bool m_hadOther = false;                 // a text that was not plain
-    std::unique_ptr<CharacterForms> m_forms; // made for the second of these
+    bool m_hadOther = false;            // assigned a text that was not plain
+    std::unique_ptr<FoldCache> m_forms; // made for the second such text
 };
 
 } // namespace PerchAppLibrary::text

@@ -2,7 +2,7 @@
 
 #include <PerchAppLibrary/platform/ByteMatches.hpp>
 #include <PerchAppLibrary/platform/ICU.hpp>
-#include <PerchAppLibrary/platform/Words.hpp>
+#include <PerchAppLibrary/text/detail/Swar.hpp>
 
 #include <algorithm>
 #include <bit>
@@ -10,11 +10,12 @@
 namespace PerchAppLibrary::text {
 namespace {
 
-/// Up to here, a search that compares the whole needle at each place is faster than one that is linear in both.
+/// Up to this size, comparing the whole needle at each candidate is faster than the search that is
+/// linear in both.
 constexpr std::size_t longestShortNeedle = ByteMatches::most / 2;
 
-/// For each beginning of the needle, the length of the longest shorter beginning that it also ends with: what a match
-/// can be continued from without reading the text twice (Knuth, Morris and Pratt).
+/// Returns, for each prefix of the needle, the length of its longest proper prefix that is also its
+/// suffix, from which a search goes on without reading the text twice (Knuth, Morris and Pratt).
 std::vector<std::size_t> bordersOf(std::string_view needle) {
     std::vector<std::size_t> borders(needle.size());
     for (std::size_t end = 1, border = 0; end < needle.size(); ++end) {
@@ -26,8 +27,8 @@ std::vector<std::size_t> bordersOf(std::string_view needle) {
     return borders;
 }
 
-/// The end of the piece that begins there: the next place where nothing combines with what stands before it. A text is
-/// folded when its pieces are.
+/// Returns the end of the piece that begins there: the next offset where no character combines with
+/// what stands before it. Folding the pieces folds the text.
 std::size_t endOfPiece(std::string_view text, std::size_t begin) {
     std::size_t end = begin;
     nextCodePoint(text, end);
@@ -39,7 +40,7 @@ std::size_t endOfPiece(std::string_view text, std::size_t begin) {
 
 } // namespace
 
-/// The first and the last byte of a needle, for texts that are folded and for ASCII that is not.
+/// The first and the last byte of a needle, for folded texts and for ASCII as it is.
 struct Needle::Ends {
     struct Pair {
         SoughtByte first;
@@ -56,13 +57,13 @@ struct Needle::Ends {
 
 namespace {
 
-/// The first place where the needle's ends are, and `isTaken(place)`.
+/// Returns the first place where both ends of the needle match and `isTaken(place)` is true.
 template <class EndsPair, class Test>
 std::size_t findShort(std::string_view text, std::size_t length, const EndsPair& ends, Test isTaken) {
     for (std::size_t begin = 0; begin + length <= text.size(); begin += ByteMatches::most - length + 1) {
         const ByteMatches matches = matchesOf(text.substr(begin, ByteMatches::most), ends.first, ends.last);
         std::uint64_t places = matches.first & (matches.last >> (length - 1));
-        for (; places != 0; places &= places - 1) { // takes the lowest bit away
+        for (; places != 0; places &= places - 1) { // clears the lowest bit
             const std::size_t place = begin + static_cast<std::size_t>(std::countr_zero(places));
             if (isTaken(place))
                 return place;
@@ -74,8 +75,10 @@ std::size_t findShort(std::string_view text, std::size_t length, const EndsPair&
 } // namespace
 
 Needle::Needle(std::string_view text)
-    : m_text(text), m_isASCII(isASCII(m_text.bytes())), m_isTold(TextSignature::isExact(m_text.bytes())) {
-    m_signature.add(m_text);
+    : m_text(text),
+      m_signature(m_text),
+      m_isASCII(isASCII(m_text.bytes())),
+      m_isExact(TextSignature::isExact(m_text.bytes())) {
     const std::string_view needle = m_text.bytes();
     if (needle.size() > longestShortNeedle)
         m_borders = bordersOf(needle);

@@ -12,12 +12,12 @@
 
 namespace PerchAppLibrary::text {
 
-/// A text that is looked for in many others, prepared once. Case is ignored.
+/// A text to find in many others, prepared once. Case is ignored.
 ///
-/// It occurs in a text where their folded forms agree, code point for code point, at a place whose two ends fall before
-/// no character that combines with what stands before it: "e" is not in "é", in either spelling, and a Hangul
-/// syllable without a final consonant is not in one with. So the answer is the same for every canonically equivalent
-/// spelling of either. Expansion makes text of its own: "s" is in "ß". An empty needle is in nothing.
+/// It occurs in a text where their folded forms agree and neither end of the match cuts off a
+/// combining character: "e" is not in "é", in either spelling, and a Hangul syllable without a
+/// final consonant is not in one with. So canonically equivalent spellings of either give the same
+/// result. Expansions are searched: "s" is in "ß". An empty needle is in nothing.
 class Needle {
 public:
     explicit Needle(std::string_view text);
@@ -27,35 +27,36 @@ public:
 
     bool isEmpty() const noexcept { return m_text.bytes().empty(); }
 
-    /// The needle, folded.
+    /// Returns the folded needle.
     const ComparedText& text() const noexcept { return m_text; }
 
     const TextSignature& signature() const noexcept { return m_signature; }
 
-    /// Whether the needle occurs in the text. Linear in both together.
+    /// Returns whether the needle occurs in the text. Linear in their total length.
     bool isIn(SearchedText& text) const { return offsetIn(text) != notFound; }
 
-    /// Whether the needle occurs in one of the texts that the signature is of; none when it does not tell.
-    std::optional<bool> isIn(const TextSignature& texts) const {
+    /// Returns whether the needle occurs in one of the texts of a signature, or nullopt if the
+    /// signature does not decide it.
+    std::optional<bool> verdict(const TextSignature& texts) const {
         if (!texts.covers(m_signature) || isEmpty())
             return false;
-        return m_isTold && texts.isPlain() ? std::optional(true) : std::nullopt;
+        return m_isExact && texts.isPlain() ? std::optional(true) : std::nullopt;
     }
 
-    /// Offset of the first occurrence in the folded form of the text.
+    /// Returns the offset of the first occurrence in the folded text.
     std::optional<std::size_t> find(SearchedText& text) const {
         const std::size_t offset = offsetIn(text);
         return offset == notFound ? std::nullopt : std::optional(offset);
     }
 
-    /// A part of a text, in bytes.
+    /// A range of bytes.
     struct Part {
         std::size_t begin;
         std::size_t end;
     };
 
-    /// The characters of the original text, any bytes, of which the first occurrence is made, marks and all: of "s" in
-    /// "Straße", the "S".
+    /// Returns the characters of the original text (any bytes), marks included, that contain the
+    /// first occurrence: for "s" in "Straße", the "S".
     std::optional<Part> partOf(std::string_view text) const;
 
 private:
@@ -78,9 +79,9 @@ private:
     ComparedText m_text;
     TextSignature m_signature;
     bool m_isASCII;
-    bool m_isTold;                      // for certain by the signature of plain texts
-    std::unique_ptr<const Ends> m_ends; // of a short needle
-    std::vector<std::size_t> m_borders; // of a long one
+    bool m_isExact;                     // a signature of plain texts decides it
+    std::unique_ptr<const Ends> m_ends; // for a short needle
+    std::vector<std::size_t> m_borders; // for a long needle
 };
 
 } // namespace PerchAppLibrary::text

@@ -8,7 +8,7 @@
 namespace PerchAppLibrary::text {
 namespace {
 
-/// Signatures of needles that are compared sooner than a text is read.
+/// Comparing so many signatures is faster than reading a text.
 constexpr std::size_t mostOthers = 16;
 
 } // namespace
@@ -35,7 +35,7 @@ void NeedleSet::add(std::string_view text) {
 
 void NeedleSet::addSignature(const ComparedText& needle) {
     if (TextSignature::isExact(needle.bytes())) {
-        m_told.add(needle);
+        m_exact.add(needle);
         return;
     }
     if (m_others.size() > mostOthers)
@@ -43,18 +43,18 @@ void NeedleSet::addSignature(const ComparedText& needle) {
     m_others.emplace_back().add(needle);
 }
 
-std::optional<bool> NeedleSet::anyIn(const TextSignature& texts) const {
-    const bool hasTold = texts.sharesCharacter(m_told);
-    if (hasTold && texts.isPlain())
+std::optional<bool> NeedleSet::verdict(const TextSignature& texts) const {
+    const bool sharesExact = texts.sharesCharacter(m_exact);
+    if (sharesExact && texts.isPlain())
         return true;
-    if (hasTold || m_others.size() > mostOthers ||
+    if (sharesExact || m_others.size() > mostOthers ||
         std::ranges::any_of(m_others, [&texts](const TextSignature& other) { return texts.covers(other); }))
         return std::nullopt;
     return false;
 }
 
 bool NeedleSet::anyIn(SearchedText& text) const {
-    // Each byte of ASCII has its place in the folded form, too.
+    // Folding keeps the offsets of ASCII.
     const std::string_view bytes = text.isASCII() ? text.source() : text.folded().bytes();
     for (std::size_t offset = 0; offset < bytes.size(); ++offset) {
         const FirstByte first = m_firstBytes[static_cast<std::uint8_t>(bytes[offset])];

@@ -2,11 +2,12 @@
 
 namespace PerchAppLibrary {
 
-/// Asks the memory for what is read soon; takes any address, and changes nothing but the time that the reading takes.
+/// Requests what is at the address from memory, so that reading it soon takes less time. Takes any
+/// address, valid or not.
 inline void prefetch([[maybe_unused]] const void* address) noexcept {
 #if defined(__GNUC__)
     __builtin_prefetch(address);
-    asm volatile(""); // or GCC drops the call of a function that does nothing but ask
+    asm volatile(""); // otherwise GCC drops calls of functions that only prefetch
 #endif
 }
 

@@ -1,6 +1,6 @@
 #include <PerchAppLibrary/platform/SearchedText.hpp>
 
-#include <PerchAppLibrary/platform/Words.hpp>
+#include <PerchAppLibrary/text/detail/Swar.hpp>
 
 namespace PerchAppLibrary::text {
 

@@ -8,33 +8,33 @@
 
 namespace PerchAppLibrary::text {
 
-/// A text in which needles are looked for. One object takes one text after the other.
+/// A text to find needles in. One object takes one text after the other, in the same memory.
 ///
-/// Most texts are ASCII, in which a needle is looked for as they are; the folded form of others is made when the first
-/// needle asks for it, and serves all.
+/// Most texts are ASCII and searched as they are. Other texts are folded once, for the first
+/// needle.
 class SearchedText {
 public:
     SearchedText() = default;
 
-    /// Requires: the text lives until the next assign().
+    /// Requires that the text lives until the next assign().
     explicit SearchedText(std::string_view text) { assign(text); }
     void assign(std::string_view text) noexcept;
 
-    /// A string that is about to go does not live until then.
+    /// A temporary string does not.
     template <std::same_as<std::string> String>
     explicit SearchedText(String&& text) = delete;
     template <std::same_as<std::string> String>
     void assign(String&& text) = delete;
 
-    /// The text as it was given.
+    /// Returns the text as it was given.
     std::string_view source() const noexcept { return m_source; }
 
     bool isASCII() const noexcept { return m_isASCII; }
 
-    /// The folded form; of ASCII, byte for byte the source with capital letters.
+    /// Returns the folded text. For ASCII, that is the source with its letters upper-cased.
     const ComparedText& folded();
 
-    /// Whether the text is the key but for case.
+    /// Returns whether the text equals the folded key.
     bool is(const ComparedText& key) {
         return (!m_isASCII || m_source.size() == key.bytes().size()) && folded() == key;
     }

@@ -1,7 +1,7 @@
 #include <PerchAppLibrary/platform/Text.hpp>
 
 #include <PerchAppLibrary/platform/ICU.hpp>
-#include <PerchAppLibrary/platform/Words.hpp>
+#include <PerchAppLibrary/text/detail/Swar.hpp>
 
 #include <simdjson.h>
 #include <unicode/brkiter.h>

@@ -15,7 +15,7 @@ struct BytesHash {
     }
 };
 
-/// A set of texts, compared byte for byte, that is asked without making a string.
+/// A set of texts, compared by their bytes. Looks up a std::string_view without making a string.
 using TextSet = std::unordered_set<std::string, BytesHash, std::equal_to<>>;
 
 } // namespace PerchAppLibrary::text

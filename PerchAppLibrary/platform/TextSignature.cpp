@@ -12,7 +12,7 @@ void TextSignature::add(const ComparedText& folded) noexcept {
             m_characters |= std::uint64_t{1} << static_cast<unsigned>(byte - firstCharacter);
         pair = (pair << 8U | static_cast<std::uint8_t>(byte)) & 0xFFFFU;
         if (!isFirst) {
-            constexpr std::uint32_t goldenRatio = 0x9E3779B9U;    // 2^32 divided by it: spreads close numbers
+            constexpr std::uint32_t goldenRatio = 0x9E3779B9U;    // 2^32 / phi, spreads hashes
             const std::uint32_t hash = pair * goldenRatio >> 25U; // seven bits
             m_pairs[hash >> 6U] |= std::uint64_t{1} << (hash & 63U);
         }

@@ -10,31 +10,36 @@
 
 namespace PerchAppLibrary::text {
 
-/// What the folded forms of some texts are made of, in 24 bytes: which characters of ASCII they hold, and which pairs of
-/// neighbouring bytes, these hashed (a Bloom filter). Most texts that do not hold a needle are told from it alone.
+/// A summary of folded texts in 24 bytes: the ASCII characters that they contain, and a Bloom
+/// filter of their pairs of neighbouring bytes. It rules out most texts that lack a needle.
 class TextSignature {
 public:
-    /// Of no text.
+    /// The signature of no text.
     TextSignature() = default;
 
-    /// Adds a text. Requires one of Case::ignored. Linear.
+    /// The signature of one text. Like add().
+    explicit TextSignature(const ComparedText& folded) noexcept { add(folded); }
+
+    /// Adds a text. Requires Case::ignored. Linear.
     void add(const ComparedText& folded) noexcept;
 
-    /// Whether all that the part is made of is here. If not, no text of the part is in any text of this.
+    /// Returns false only if no text of this contains the text of `part`. Requires that `part` is
+    /// of one text.
     bool covers(const TextSignature& part) const noexcept {
         return (part.m_characters & characterBits & ~m_characters) == 0 &&
                (part.m_pairs[0] & ~m_pairs[0]) == 0 && (part.m_pairs[1] & ~m_pairs[1]) == 0;
     }
 
-    /// Whether this and the other have a character of ASCII in common, as far as it is told exactly (isExact()).
+    /// Returns whether both contain the same ASCII character, of those that isExact() accepts.
     bool sharesCharacter(const TextSignature& other) const noexcept {
         return (m_characters & other.m_characters & characterBits) != 0;
     }
 
-    /// Whether all texts are plain, so that a character that is in one of them is in it as a needle, too.
+    /// Returns whether all texts are plain, so that each character in them is found as a needle.
     bool isPlain() const noexcept { return (m_characters & plainBit) != 0; }
 
-    /// Whether signatures tell for certain if a character, folded, is in a text that is plain.
+    /// Returns whether the signature of plain texts says for certain if they contain this folded
+    /// character.
     static bool isExact(std::string_view character) noexcept {
         return character.size() == 1 && character.front() >= firstCharacter &&
                character.front() < behindCharacters;
@@ -43,21 +48,24 @@ public:
 private:
     friend class CachedSignature;
 
-    /// Folded ASCII has no small letters, so these are nearly all that comes up: space, digits, capital letters, punctuation.
+    /// Space to ']': nearly all that occurs, since folded ASCII has no small letters.
     static constexpr char firstCharacter = ' ';
     static constexpr char behindCharacters = '^';
     static constexpr std::uint64_t plainBit = std::uint64_t{1} << 62U;
-    static constexpr std::uint64_t characterBits = plainBit - 1; // a bit for each, from the lowest
+    static constexpr std::uint64_t characterBits = plainBit - 1; // from the lowest bit, one each
 
     std::uint64_t m_characters = plainBit;
     std::array<std::uint64_t, 2> m_pairs{};
 };
 
-/// A signature that is worked out when it is asked for first, and again after what it is of has changed. It may be
-/// asked for by several threads at once.
+/// A signature that is computed on first use and after forget().
+///
+/// Several threads may call get() at once, as for any read of a record. forget() is a change: it
+/// requires that no other thread uses the object, as changing a record does.
 class CachedSignature {
 public:
-    /// The signature; `make()` works it out.
+    /// Returns the signature, calling `make()` to compute it if it is not known. Threads that call
+    /// it first at once each compute it and store equal words.
     template <class Make>
     TextSignature get(Make&& make) const {
         TextSignature signature;
@@ -79,6 +87,8 @@ private:
 
     void keep(const TextSignature& signature) const noexcept;
 
+    /// The words of the signature. The first is released last and acquired first, so a
+    /// thread that sees knownBit sees the others.
     mutable std::array<std::atomic<std::uint64_t>, 3> m_words{};
 };
 

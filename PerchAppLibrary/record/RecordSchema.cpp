@@ -1,18 +1,15 @@
 #include <PerchAppLibrary/record/RecordSchema.hpp>
 
-#include <PerchAppLibrary/fatalError.hpp>
-#include <PerchAppLibrary/platform/Text.hpp>
-#include <PerchAppLibrary/record/FillPlan.hpp>
+#include <PerchAppLibrary/record/RecordWriter.hpp>
+#include <PerchAppLibrary/record/detail/RecordFiller.hpp>
 
 #include <algorithm>
-#include <concepts>
 #include <iterator>
 
 namespace PerchAppLibrary {
-
 namespace {
 
-/// The properties of the base, but those that the class declares again, and then its own.
+/// Returns the base's properties, without those that the class declares again, and then its own.
 std::vector<Property> inheritedAndOwn(const RecordSchema* base, std::vector<Property> own) {
     std::vector<Property> properties;
     if (base != nullptr)
@@ -24,15 +21,26 @@ std::vector<Property> inheritedAndOwn(const RecordSchema* base, std::vector<Prop
     return properties;
 }
 
+Excluded namesOfArrays(std::span<const Property> properties) {
+    std::vector<std::string> names;
+    for (const Property& property : properties)
+        if (std::holds_alternative<RecordsAccess>(property.access))
+            names.emplace_back(property.name);
+    return names.empty() ? Excluded() : Excluded(std::move(names));
+}
+
 } // namespace
 
 RecordSchema::RecordSchema(std::string_view className, const std::type_info& type, const RecordSchema* base,
-                           std::vector<Property> own, bool overridesSetters)
+                           std::vector<Property> own, Overrides overrides)
     : m_className(className),
       m_type(&type),
+      m_overrides(overrides),
       m_ownCount(own.size()),
       m_properties(inheritedAndOwn(base, std::move(own))),
-      m_fillPlan(std::make_unique<const FillPlan>(m_properties, overridesSetters)) {}
+      m_arrays(namesOfArrays(m_properties)),
+      m_fillPlan(std::make_unique<const FillPlan>(m_properties, overrides.setters)),
+      m_writer(std::make_unique<const RecordWriter>(*this, Excluded())) {}
 
 RecordSchema::~RecordSchema() = default;
 
@@ -41,112 +49,36 @@ std::size_t RecordSchema::find(std::string_view name) const noexcept {
     return index < m_properties.size() ? index : notFound;
 }
 
-std::vector<const Property*> RecordSchema::storedWithout(const Excluded& excluded) const {
-    std::vector<const Property*> left;
-    left.reserve(m_properties.size());
-    for (const Property& property : m_properties)
-        left.push_back(property.isStored() ? &property : nullptr);
-    for (const std::string& key : excluded.keys()) {
-        const std::size_t index = find(key);
-        if (index == notFound || left[index] == nullptr)
-            fatalError(std::string(m_className) + " has no stored property \"" + key + "\" to exclude");
-        left[index] = nullptr;
-    }
-    std::erase(left, nullptr);
-    return left;
+std::string Property::kind() const {
+    return std::visit(
+        []<class Access>(const Access& each) -> std::string {
+            if constexpr (requires { typename Access::Value; })
+                return std::string(PropertyKind<typename Access::Value>::name);
+            else if constexpr (requires { each.className; })
+                return "array of " + std::string(each.className);
+            else
+                return "any";
+        },
+        access);
 }
-
-namespace {
-
-struct ValueReader {
-    const BaseEntity& record;
-    Value& place;
-
-    template <class T>
-    void operator()(const FieldAccess<T>& access) const {
-        assign(place, (record.*access.get)());
-    }
-
-    void operator()(const RecordsAccess& access) const {
-        ValueArray& values = place.emplace_array();
-        for (const BaseEntity* const item : access.get(record)) {
-            Value& itemPlace = values.emplace_back(nullptr);
-            if (item != nullptr)
-                assign(itemPlace, item->properties(itemPlace.storage()));
-        }
-    }
-
-    void operator()(const ComputedAccess& access) const { place = access.get(record); }
-};
-
-/// Makes the values of the frequent kinds where they will lie.
-struct Adder {
-    Dictionary& dictionary;
-    const BaseEntity& record;
-    const Property& property;
-
-    template <class T>
-    void operator()(const FieldAccess<T>& access) const {
-        if constexpr (std::integral<T>)
-            dictionary.emplace(property.name, (record.*access.get)());
-        else
-            add((record.*access.get)());
-    }
-
-    template <class Access>
-    void operator()(const Access&) const {
-        property.read(record, dictionary[property.name]);
-    }
-
-private:
-    void add(const std::string& text) const {
-        if (text::isWellFormed(text))
-            dictionary.emplace(property.name, std::string_view(text));
-        else
-            assign(dictionary[property.name], text);
-    }
-
-    template <class T>
-    void add(const T& value) const {
-        assign(dictionary[property.name], value);
-    }
-};
-
-} // namespace
-
-namespace {
-
-struct KindName {
-    std::string operator()(const FieldAccess<std::int64_t>&) const { return "Int"; }
-    std::string operator()(const FieldAccess<bool>&) const { return "Bool"; }
-    std::string operator()(const FieldAccess<float>&) const { return "Float"; }
-    std::string operator()(const FieldAccess<std::string>&) const { return "String"; }
-    std::string operator()(const FieldAccess<std::optional<std::string>>&) const { return "optional String"; }
-    std::string operator()(const FieldAccess<std::vector<std::int64_t>>&) const { return "array of Int"; }
-    std::string operator()(const FieldAccess<std::vector<std::string>>&) const { return "array of String"; }
-    std::string operator()(const FieldAccess<JSON>&) const { return "any"; }
-    std::string operator()(const RecordsAccess& access) const {
-        return "array of " + std::string(access.className);
-    }
-    std::string operator()(const ComputedAccess&) const { return "any"; }
-};
-
-} // namespace
-
-std::string Property::kind() const { return std::visit(KindName(), access); }
 
 Value Property::value(const BaseEntity& record) const {
-    Value value;
-    read(record, value);
-    return value;
-}
-
-void Property::read(const BaseEntity& record, Value& place) const {
-    std::visit(ValueReader{record, place}, access);
-}
-
-void Property::addTo(Dictionary& dictionary, const BaseEntity& record) const {
-    std::visit(Adder{dictionary, record, *this}, access);
+    return std::visit(
+        [&]<class Access>(const Access& each) -> Value {
+            if constexpr (requires { typename Access::Value; })
+                return toValue((record.*each.get)());
+            else if constexpr (requires { each.read; }) {
+                Value value;
+                each.read(record, value);
+                return value;
+            } else {
+                ValueArray values;
+                for (const BaseEntity* const item : each.get(record))
+                    values.emplace_back(item == nullptr ? Value(nullptr) : Value(item->properties()));
+                return values;
+            }
+        },
+        access);
 }
 
 } // namespace PerchAppLibrary

@@ -1,9 +1,8 @@
 #pragma once
 
 #include <PerchAppLibrary/BaseEntity.hpp>
-#include <PerchAppLibrary/Dictionary.hpp>
-#include <PerchAppLibrary/record/KeyList.hpp>
-#include <PerchAppLibrary/record/Record.hpp>
+#include <PerchAppLibrary/DictionaryFwd.hpp>
+#include <PerchAppLibrary/record/RecordSink.hpp>
 
 #include <cstdint>
 #include <memory>
@@ -15,31 +14,42 @@
 #include <variant>
 #include <vector>
 
-/// What the library knows of a class of records: its properties by name and in order. Included by the sources
-/// of records and by code that treats all records alike; a user of a record does not need it.
+/// The properties of a class of records, by name and in order. Included by the sources of records,
+/// and by code that treats all records alike; users of a record do not need it.
 namespace PerchAppLibrary {
 
-/// A stored property of type T, reached through any record of the class: by its virtual accessors, or, where no subclass can
-/// have overridden them, by its field, if there is one, and the effect of a change, if there is one.
+/// Access to a stored property of type T of any record of a class: by its virtual accessors, or at
+/// its place where no accessor is overridden.
 template <class T>
 struct FieldAccess {
+    using Value = T;
+
     ReadType<T> (BaseEntity::*get)() const;
     void (BaseEntity::*set)(T);
-    T BaseEntity::* field;
-    void (BaseEntity::*effect)();
+    Place place;
+    T BaseEntity::* field; // of Place::field
+    unsigned slot;         // number of a flag or of a sparse text
+    EffectOfChange effect;
 };
 
-/// A stored array of records of one class. The pointers live as long as the records that the property holds.
+/// Access to a stored array of records of one class.
 struct RecordsAccess {
     std::string_view className;
-    std::vector<const BaseEntity*> (*get)(const BaseEntity&);
+
+    /// Returns the records, which live as long as the property holds them.
+    std::vector<const BaseEntity*> (*get)(const BaseEntity& record);
+
+    /// Sets the array, through its virtual setter, to the records that the reader reads, or to none
+    /// if it is null. An array that is empty already is only set if the setter is overridden.
+    void (*fill)(BaseEntity& record, RecordReader* reader, bool isOverridden);
 };
 
-/// A property that is worked out.
+/// Access to a computed property.
 struct ComputedAccess {
-    Value (*get)(const BaseEntity&);
+    void (*read)(const BaseEntity& record, Value& place);
 };
 
+/// One property of a class of records.
 struct Property {
     std::string_view name;
     std::variant<FieldAccess<std::int64_t>, FieldAccess<bool>, FieldAccess<float>, FieldAccess<std::string>,
@@ -49,152 +59,185 @@ struct Property {
 
     bool isStored() const noexcept { return !std::holds_alternative<ComputedAccess>(access); }
 
-    /// The kind of values, as in "Int", "optional String", "array of FontItem"; "any" for JSON and for what is worked out.
+    /// Returns the kind of values: "Int", "optional String", "array of FontItem"; "any" for JSON and
+    /// for computed properties.
     std::string kind() const;
 
-    /// The property's value in a record of the class, read through the virtual accessor; nested records as
-    /// dictionaries of all their stored properties.
+    /// Returns the value in a record of the class, read through the virtual accessor. Nested records
+    /// become dictionaries of their own properties().
     Value value(const BaseEntity& record) const;
-
-    /// Puts it in its place in a Dictionary, in the Dictionary's storage.
-    void read(const BaseEntity& record, Value& place) const;
-
-    /// Puts it under the property's name in a Dictionary that has no such key.
-    void addTo(Dictionary& dictionary, const BaseEntity& record) const;
 };
 
 class FillPlan;
+class RecordWriter;
 
-/// The properties of one class of records. Immutable; there is one for each class, made at the first use of it.
+/// What a class of records overrides of its bases.
+struct Overrides {
+    bool getters;
+    bool setters;
+    bool mapping;
+};
+
+/// The properties of one class of records. Immutable; each class has one, made at its first use.
 class RecordSchema {
 public:
-    /// The class's own properties in declaration order, behind those of the base, if there is one. A property that the
-    /// class declares again takes the place of the base's. Says as well whether the class overrides a setter that it inherits.
+    /// The properties of the base, if there is one, and then the class's own. An own property
+    /// replaces one of the base with the same name.
     RecordSchema(std::string_view className, const std::type_info& type, const RecordSchema* base,
-                 std::vector<Property> own, bool overridesSetters);
+                 std::vector<Property> own, Overrides overrides);
     RecordSchema(const RecordSchema&) = delete;
     RecordSchema& operator=(const RecordSchema&) = delete;
     ~RecordSchema();
 
     std::string_view className() const noexcept { return m_className; }
 
-    /// The class that declares the last of the properties.
+    /// The class of the records for which no more is overridden than overrides() says.
     const std::type_info& type() const noexcept { return *m_type; }
+    const Overrides& overrides() const noexcept { return m_overrides; }
 
-    /// All properties, base first, then in declaration order.
+    /// All properties, the base's first, in declaration order.
     std::span<const Property> properties() const noexcept { return m_properties; }
 
     /// The properties that the class itself declares.
     std::span<const Property> ownProperties() const noexcept { return properties().last(m_ownCount); }
 
-    /// The stored properties without the excluded ones, in their order. Ends the process (fatalError) when an excluded name is
-    /// not that of a stored property.
-    std::vector<const Property*> storedWithout(const Excluded& excluded) const;
+    /// The names of the arrays of records, which setValue(json) excludes from the mapping.
+    const Excluded& arrays() const noexcept { return m_arrays; }
 
-    /// What find() answers for a name that no property has.
+    /// What find() returns for an unknown name.
     static constexpr std::size_t notFound = static_cast<std::size_t>(-1);
 
-    /// Index of the property with this name in properties(), or notFound. Constant time.
+    /// Returns the index in properties() of the property with this name, or notFound. Constant time.
     std::size_t find(std::string_view name) const noexcept;
 
-    /// For who fills records.
+    /// How records of the class are filled.
     const FillPlan& fillPlan() const noexcept { return *m_fillPlan; }
+
+    /// Writes all stored properties of records of the class.
+    const RecordWriter& writer() const noexcept { return *m_writer; }
 
 private:
     std::string_view m_className;
     const std::type_info* m_type;
+    Overrides m_overrides;
     std::size_t m_ownCount;
     std::vector<Property> m_properties;
+    Excluded m_arrays;
     std::unique_ptr<const FillPlan> m_fillPlan;
+    std::unique_ptr<const RecordWriter> m_writer;
 };
 
-/// Collects the properties of the class Record from its declarations, one line after the other.
+/// Collects the properties of a class from its declarations, line by line.
 template <class Record>
 class PropertyCollector {
 public:
     static std::vector<Property> collect() {
         std::vector<Property> properties;
-        collectFrom(properties,
-                    std::make_integer_sequence<int, Record::lastPropertyLine - Record::firstPropertyLine>());
+        if constexpr (isEnded<Record>)
+            forEachLine<Record>([&]<int Line>(At<Line>) { collectLine<Line>(properties); });
         return properties;
     }
 
-    /// Whether the class overrides the setter of a property that the ancestor, its base to begin with, or one before declares.
-    template <class Ancestor>
-    static constexpr bool overridesSettersOf() {
-        if (overridesSettersFrom<Ancestor>(
-                std::make_integer_sequence<int, Ancestor::lastPropertyLine - Ancestor::firstPropertyLine>()))
-            return true;
-        if constexpr (requires { typename Ancestor::Base; })
-            return overridesSettersOf<typename Ancestor::Base>();
-        else
-            return false;
+    static Overrides overrides() {
+        Overrides found{false, false, !UsesBaseMapping<Record>};
+        addOverridesOf<typename Record::Base>(found);
+        return found;
     }
 
 private:
-    template <class Ancestor, int... Offsets>
-    static constexpr bool overridesSettersFrom(std::integer_sequence<int, Offsets...>) {
-        return (overridesSetterAt<Ancestor, Ancestor::firstPropertyLine + 1 + Offsets>() || ...);
+    template <class Ancestor, class Visitor>
+    static constexpr void forEachLine(Visitor visit) {
+        [&]<int... Offsets>(std::integer_sequence<int, Offsets...>) {
+            (visit(At<Ancestor::firstPropertyLine + 1 + Offsets>()), ...);
+        }(PropertyLines<Ancestor>());
     }
 
-    template <class Ancestor, int Line>
-    static constexpr bool overridesSetterAt() {
-        if constexpr (requires { Ancestor::template keepsSetterAt<Record>(At<Line>()); })
-            return !Ancestor::template keepsSetterAt<Record>(At<Line>());
-        else
-            return false;
-    }
-
-    template <int... Offsets>
-    static void collectFrom(std::vector<Property>& properties, std::integer_sequence<int, Offsets...>) {
-        (collectLine<Record::firstPropertyLine + 1 + Offsets>(properties), ...);
+    template <class Ancestor>
+    static constexpr void addOverridesOf(Overrides& found) {
+        forEachLine<Ancestor>([&]<int Line>(At<Line> line) {
+            if constexpr (requires { Ancestor::template keepsSetterAt<Record>(line); }) {
+                found.getters = found.getters || !Ancestor::template keepsGetterAt<Record>(line);
+                found.setters = found.setters || !Ancestor::template keepsSetterAt<Record>(line);
+            }
+        });
+        if constexpr (requires { typename Ancestor::Base; })
+            addOverridesOf<typename Ancestor::Base>(found);
     }
 
     template <int Line>
     static void collectLine(std::vector<Property>& properties) {
-        if constexpr (requires { Record::propertyAt(At<Line>()); }) {
-            constexpr auto declared = Record::propertyAt(At<Line>());
-            properties.push_back({declared.name, access<Line>(declared)});
+        if constexpr (requires { Record::onePropertyPerLine(At<Line>()).name; }) {
+            constexpr auto declared = Record::onePropertyPerLine(At<Line>());
+            if constexpr (requires { Record::template keepsSetterAt<Record>(At<Line>()); })
+                static_assert(Record::template keepsSetterAt<Record>(At<Line>()));
+            if constexpr (requires { accessOf<Line>(declared); })
+                properties.push_back({declared.name, accessOf<Line>(declared)});
         }
     }
 
-    template <int Line, class T>
-    static auto access(StoredProperty<Record, T> property) {
+    template <int Line, class T, Place place>
+        requires isPropertyType<T> && (!isArrayOfShared<T>)
+    static auto accessOf(StoredProperty<Record, T, place> property) {
+        unsigned slot = 0;
+        if constexpr (place == Place::flag || place == Place::sparse)
+            slot = slotNumber<place, Record, Line>;
         return FieldAccess<T>{static_cast<ReadType<T> (BaseEntity::*)() const>(property.get),
                               static_cast<void (BaseEntity::*)(T)>(property.set),
+                              place,
                               static_cast<T BaseEntity::*>(property.field),
-                              static_cast<void (BaseEntity::*)()>(property.effect)};
+                              slot,
+                              property.effect};
+    }
+
+    template <int Line, class Item, Place place>
+        requires std::derived_from<Item, BaseEntity>
+    static auto accessOf(StoredProperty<Record, std::vector<std::shared_ptr<Item>>, place>) {
+        return RecordsAccess{Item::recordName, &getRecords<Line, Item>, &fillRecords<Line, Item>};
+    }
+
+    template <int Line, class T>
+    static auto accessOf(ComputedProperty<Record, T>) {
+        return ComputedAccess{[](const BaseEntity& record, Value& place) {
+            constexpr auto declared = Record::onePropertyPerLine(At<Line>());
+            assign(place, (static_cast<const Record&>(record).*declared.get)());
+        }};
     }
 
     template <int Line, class Item>
-    static auto access(StoredProperty<Record, std::vector<std::shared_ptr<Item>>>) {
-        return RecordsAccess{Item::recordName, [](const BaseEntity& record) {
-                                 constexpr auto declared = Record::propertyAt(At<Line>());
-                                 std::vector<const BaseEntity*> items;
-                                 for (const std::shared_ptr<Item>& item :
-                                      (static_cast<const Record&>(record).*declared.get)())
-                                     items.push_back(item.get());
-                                 return items;
-                             }};
+    static std::vector<const BaseEntity*> getRecords(const BaseEntity& record) {
+        constexpr auto declared = Record::onePropertyPerLine(At<Line>());
+        std::vector<const BaseEntity*> items;
+        for (const std::shared_ptr<Item>& item : (static_cast<const Record&>(record).*declared.get)())
+            items.push_back(item.get());
+        return items;
     }
 
-    template <int Line, class T>
-    static auto access(ComputedProperty<Record, T>) {
-        return ComputedAccess{[](const BaseEntity& record) {
-            constexpr auto declared = Record::propertyAt(At<Line>());
-            return toValue((static_cast<const Record&>(record).*declared.get)());
-        }};
+    template <int Line, class Item>
+    static void fillRecords(BaseEntity& record, RecordReader* reader, bool isOverridden) {
+        constexpr auto declared = Record::onePropertyPerLine(At<Line>());
+        auto& self = static_cast<Record&>(record);
+        if (reader == nullptr && !isOverridden && (self.*declared.get)().empty())
+            return;
+        RecordsSink<Item> sink;
+        if (reader != nullptr)
+            reader->readInto(sink);
+        (self.*declared.set)(std::move(sink.records));
     }
 };
 
 } // namespace PerchAppLibrary
 
-/// Defines what PERCH_RECORD(Class, ...) declares. Stands once, in the record's source file, in its namespace.
-#define PERCH_RECORD_SCHEMA(Class)                                                                        \
-    const PerchAppLibrary::RecordSchema& Class::schema() const {                                          \
-        static const PerchAppLibrary::RecordSchema schema(                                                \
-            #Class, typeid(Class), &Base::schema(), PerchAppLibrary::PropertyCollector<Class>::collect(), \
-            PerchAppLibrary::PropertyCollector<Class>::overridesSettersOf<Base>());                       \
-        return schema;                                                                                    \
-    }                                                                                                     \
+/// Defines what PERCH_RECORD(Class, ...) declares. Stands once, in the record's source file, in its
+/// namespace.
+#define PERCH_RECORD_SCHEMA(Class)                                                              \
+    const PerchAppLibrary::RecordSchema& Class::schema() const {                                \
+        static_assert(PerchAppLibrary::isEnded<Class>,                                          \
+                      #Class " needs PERCH_RECORD_END after its properties");                   \
+        static_assert(std::derived_from<Class, Base>, #Class " does not derive from its base"); \
+        static const PerchAppLibrary::RecordSchema schema(                                      \
+            #Class, typeid(PerchAppLibrary::Concrete<Class>), &Base::schema(),                  \
+            PerchAppLibrary::PropertyCollector<Class>::collect(),                               \
+            PerchAppLibrary::PropertyCollector<Class>::overrides());                            \
+        return schema;                                                                          \
+    }                                                                                           \
     static_assert(true)

@@ -27,9 +27,8 @@ class EsUserItem : public PerchAppLibrary::BaseEntity {
 
     PERCH_RECORD_END;
 
-protected:
-    /// The mapping alone: a subclass's override of it runs, one of setValue(json) does not.
-    void initFromJSON(const PerchAppLibrary::JSON& json) { setValue(json, {}); }
+    /// A subclass's override of the mapping runs in create(json), one of setValue(json) does not.
+    static constexpr auto jsonFilling = PerchAppLibrary::JSONFilling::mapping;
 };
 
 } // namespace VelmoCloudEntity

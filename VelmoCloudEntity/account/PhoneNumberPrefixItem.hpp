@@ -16,7 +16,9 @@ class PhoneNumberPrefixItem : public PerchAppLibrary::BaseEntity {
     PERCH_PROPERTY(std::string, Prefix);
 
     PERCH_RECORD_END;
-    PERCH_FILLED_BY_BASE;
+
+    /// Overrides of the mapping and of setValue() do not run in create(json).
+    static constexpr auto jsonFilling = PerchAppLibrary::JSONFilling::baseMapping;
 };
 
 } // namespace VelmoCloudEntity

@@ -1,14 +1,14 @@
 #pragma once
 
 #include <VelmoCloudEntity/account/PhoneNumberPrefixItem.hpp>
-#include <VelmoCloudEntity/entity/UncapitalizedRecordList.hpp>
+#include <VelmoCloudEntity/entity/LowercaseRecordList.hpp>
 
 namespace VelmoCloudEntity {
 
 /// The dialling prefixes that the service offers.
-class PhoneNumberPrefixList : public UncapitalizedRecordList<PhoneNumberPrefixItem> {
+class PhoneNumberPrefixList : public LowercaseRecordList<PhoneNumberPrefixList, PhoneNumberPrefixItem> {
 public:
-    using UncapitalizedRecordList::UncapitalizedRecordList;
+    using LowercaseRecordList::LowercaseRecordList;
 };
 
 } // namespace VelmoCloudEntity

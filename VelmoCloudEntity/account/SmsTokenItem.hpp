@@ -14,7 +14,9 @@ class SmsTokenItem : public PerchAppLibrary::BaseEntity {
     PERCH_PROPERTY(std::string, ImageBase64String);
 
     PERCH_RECORD_END;
-    PERCH_FILLED_BY_BASE;
+
+    /// Overrides of the mapping and of setValue() do not run in create(json).
+    static constexpr auto jsonFilling = PerchAppLibrary::JSONFilling::baseMapping;
 };
 
 } // namespace VelmoCloudEntity

@@ -7,8 +7,6 @@ namespace VelmoCloudEntity {
 /// The fonts that a user has activated: made available to the system.
 class UserFontActivateMapItem : public UserFontMap {
     PERCH_RECORD(UserFontActivateMapItem, UserFontMap);
-    PERCH_CREATE(UserLabels);
-    PERCH_CREATE(UserFontsLabels);
     PERCH_RECORD_END;
 };
 

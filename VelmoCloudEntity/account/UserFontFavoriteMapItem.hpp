@@ -7,8 +7,6 @@ namespace VelmoCloudEntity {
 /// The favourite fonts of a user.
 class UserFontFavoriteMapItem : public UserFontMap {
     PERCH_RECORD(UserFontFavoriteMapItem, UserFontMap);
-    PERCH_CREATE(UserLabels);
-    PERCH_CREATE(UserFontsLabels);
     PERCH_RECORD_END;
 };
 

@@ -7,8 +7,6 @@ namespace VelmoCloudEntity {
 /// The font groups of a user.
 class UserFontGroupMapItem : public UserFontMap {
     PERCH_RECORD(UserFontGroupMapItem, UserFontMap);
-    PERCH_CREATE(UserLabels);
-    PERCH_CREATE(UserFontsLabels);
     PERCH_RECORD_END;
 };
 

@@ -25,9 +25,8 @@ class UserFontMap : public PerchAppLibrary::BaseEntity {
     PERCH_LABELS(UserLabels, (userGuid, UserGuid));
     PERCH_LABELS(UserFontsLabels, (userGuid, UserGuid), (fontList, FontList));
 
-protected:
-    /// The base's own mapping, whatever a subclass overrides; then one font for each element of the array "FontList".
-    void initFromJSON(const PerchAppLibrary::JSON& json);
+    /// Overrides of the mapping and of setValue() do not run in create(json).
+    static constexpr auto jsonFilling = PerchAppLibrary::JSONFilling::baseMapping;
 };
 
 } // namespace VelmoCloudEntity

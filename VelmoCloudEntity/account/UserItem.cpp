@@ -28,7 +28,7 @@ void UserItem::setValue(const JSON& json) {
 
 void UserItem::setValue(const JSON& json, Included) {
     static const Excluded excluded(fontLists);
-    setValue(json, excluded);
+    fill(json, excluded);
 }
 
 Dictionary UserItem::Dict() const { return properties(); }

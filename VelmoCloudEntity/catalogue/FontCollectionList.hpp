@@ -6,7 +6,7 @@
 namespace VelmoCloudEntity {
 
 /// The collections that the service sends.
-class FontCollectionList : public RecordList<FontCollectionItem> {
+class FontCollectionList : public RecordList<FontCollectionList, FontCollectionItem> {
 public:
     using RecordList::RecordList;
 };

@@ -6,7 +6,7 @@
 namespace VelmoCloudEntity {
 
 /// The search records that the service sends.
-class FontSearchList : public RecordList<FontSearchItem> {
+class FontSearchList : public RecordList<FontSearchList, FontSearchItem> {
 public:
     using RecordList::RecordList;
 };

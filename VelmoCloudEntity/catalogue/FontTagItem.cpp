@@ -7,9 +7,7 @@
 
 namespace VelmoCloudEntity {
 
-using PerchAppLibrary::Excluded;
 using PerchAppLibrary::IdSet;
-using PerchAppLibrary::JSON;
 
 PERCH_RECORD_SCHEMA(FontTagItem);
 
@@ -17,12 +15,6 @@ FontTagItem::FontTagItem() = default;
 
 FontTagItem::~FontTagItem() {
     releaseTree(m_Children, [](FontTagItem& tag) { return std::move(tag.m_Children); });
-}
-
-void FontTagItem::setValue(const JSON& json) {
-    static const Excluded skipped{"Children"};
-    setValue(json, skipped);
-    setChildren(makeRecords<FontTagItem>(json["Children"]));
 }
 
 std::optional<IdSet::Ids> FontTagItem::CheckedFontTagFontIdList() const {

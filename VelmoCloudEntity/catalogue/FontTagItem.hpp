@@ -66,10 +66,6 @@ class FontTagItem : public PerchAppLibrary::BaseEntity {
 
     FontTagItem();
     ~FontTagItem() override;
-
-    /// The mapping of all properties but Children, which becomes one tag for each element of the array under
-    /// that key: empty when there is none.
-    void setValue(const PerchAppLibrary::JSON& json) override;
 };
 
 } // namespace VelmoCloudEntity

@@ -1,6 +1,6 @@
 #include <VelmoCloudEntity/catalogue/FontTagList.hpp>
 
-#include <VelmoCloudEntity/entity/LeafWalk.hpp>
+#include <VelmoCloudEntity/entity/RecordTree.hpp>
 
 #include <PerchAppLibrary/IdSet.hpp>
 

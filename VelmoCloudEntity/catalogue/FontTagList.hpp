@@ -13,7 +13,7 @@ namespace VelmoCloudEntity {
 ///
 /// They take any array of tags, read and write them through their virtual accessors, and look at the state of the
 /// moment. Requires: no tag is null.
-class FontTagList : public RecordList<FontTagItem> {
+class FontTagList : public RecordList<FontTagList, FontTagItem> {
 public:
     using RecordList::RecordList;
 

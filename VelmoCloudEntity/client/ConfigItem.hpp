@@ -10,7 +10,7 @@ namespace VelmoCloudEntity {
 
 /// The settings that the client keeps. No reply of the service holds them.
 class ConfigItem : public PerchAppLibrary::BaseEntity {
-    PERCH_RECORD_OF_CLIENT(ConfigItem, PerchAppLibrary::BaseEntity);
+    PERCH_RECORD(ConfigItem, PerchAppLibrary::BaseEntity);
 
     /// Version of the client that ran last.
     PERCH_PROPERTY(std::string, LastUseVersion);
@@ -41,6 +41,9 @@ class ConfigItem : public PerchAppLibrary::BaseEntity {
     PERCH_COMPUTED(PerchAppLibrary::Dictionary, Dict);
 
     PERCH_RECORD_END;
+
+    /// There is no create(json).
+    static constexpr auto jsonFilling = PerchAppLibrary::JSONFilling::none;
 };
 
 } // namespace VelmoCloudEntity

@@ -2,9 +2,8 @@
 
 #include <PerchAppLibrary/BaseEntity.hpp>
 #include <PerchAppLibrary/JSON.hpp>
-#include <PerchAppLibrary/record/MemberOrder.hpp>
+#include <PerchAppLibrary/record/RecordSink.hpp>
 
-#include <concepts>
 #include <iterator>
 #include <memory>
 #include <new>
@@ -23,38 +22,13 @@ using Records = std::vector<std::shared_ptr<Item>>;
 /// Which elements of a JSON array become records.
 enum class Elements { all, objects };
 
-/// What `make(element)` makes of each element of the JSON array, in order; with Elements::objects, of each element that is an object.
-/// Empty for a JSON value that is not an array.
-template <class Item, class Make>
-Records<Item> makeEach(const PerchAppLibrary::JSON& json, Elements which, Make make) {
-    using PerchAppLibrary::JSON;
-    Records<Item> records;
-    if (json.type() != JSON::Type::array)
-        return records;
-    records.reserve(json.count());
-    for (const JSON& element : json)
-        if (which == Elements::all || element.type() == JSON::Type::dictionary)
-            records.push_back(make(element));
-    return records;
-}
-
-/// The same of the records that `Item::create` makes.
+/// Makes one record for each element of the JSON array, or for each that is an object, in order, as
+/// `Item::create(element)` does. Empty for a JSON value that is not an array.
 template <class Item>
 Records<Item> makeRecords(const PerchAppLibrary::JSON& json, Elements which = Elements::all) {
-    using PerchAppLibrary::JSON;
-    using PerchAppLibrary::MemberOrder;
-    using One = std::shared_ptr<Item>; // not the one of a base
-    if constexpr (requires(MemberOrder& order) {
-                      { Item::createOneOfMany(json, order, order) } -> std::same_as<One>;
-                  }) {
-        MemberOrder order;
-        MemberOrder innerOrder;
-        return makeEach<Item>(json, which, [&](const JSON& element) {
-            return Item::createOneOfMany(element, order, innerOrder);
-        });
-    } else {
-        return makeEach<Item>(json, which, [](const JSON& element) { return Item::create(element); });
-    }
+    PerchAppLibrary::RecordsSink<Item> sink;
+    PerchAppLibrary::readRecords(json, which == Elements::objects, sink);
+    return std::move(sink.records);
 }
 
 /// Destroys the records that nobody else holds, and what hangs below them, in a loop: a chain of groups of any length

@@ -1,14 +1,14 @@
 #pragma once
 
-#include <VelmoCloudEntity/entity/UncapitalizedRecordList.hpp>
+#include <VelmoCloudEntity/entity/LowercaseRecordList.hpp>
 #include <VelmoCloudEntity/entity/UrlItem.hpp>
 
 namespace VelmoCloudEntity {
 
 /// A list of named addresses.
-class UrlList : public UncapitalizedRecordList<UrlItem> {
+class UrlList : public LowercaseRecordList<UrlList, UrlItem> {
 public:
-    using UncapitalizedRecordList::UncapitalizedRecordList;
+    using LowercaseRecordList::LowercaseRecordList;
 };
 
 } // namespace VelmoCloudEntity

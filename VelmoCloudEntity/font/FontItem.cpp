@@ -7,8 +7,8 @@
 #include <PerchAppLibrary/platform/Path.hpp>
 #include <PerchAppLibrary/platform/Text.hpp>
 #include <PerchAppLibrary/platform/URL.hpp>
-#include <PerchAppLibrary/record/DictText.hpp>
 #include <PerchAppLibrary/record/RecordSchema.hpp>
+#include <PerchAppLibrary/record/RecordWriter.hpp>
 
 #include <algorithm>
 #include <string_view>
@@ -18,13 +18,10 @@ namespace VelmoCloudEntity {
 
 using PerchAppLibrary::ApplicationManager;
 using PerchAppLibrary::Dictionary;
-using PerchAppLibrary::DictText;
 using PerchAppLibrary::Excluded;
 using PerchAppLibrary::fatalError;
-using PerchAppLibrary::JSON;
-using PerchAppLibrary::MemberOrder;
 using PerchAppLibrary::PlatformFont;
-using PerchAppLibrary::Property;
+using PerchAppLibrary::RecordWriter;
 using PerchAppLibrary::URL;
 namespace path = PerchAppLibrary::path;
 namespace text = PerchAppLibrary::text;
@@ -58,8 +55,6 @@ std::string requireStem(const FontItem& font) {
     return *std::move(stem);
 }
 
-constexpr const char* childrenKey = "Children";
-
 } // namespace
 
 FontItem::FontItem() = default;
@@ -68,62 +63,26 @@ FontItem::~FontItem() {
     releaseTree(m_Children, [](FontItem& group) { return std::move(group.m_Children); });
 }
 
-void FontItem::init(GroupLabels labels) {
+void FontItem::setGroup(std::string groupTag) {
     setIsGroup(true);
-    setGroupTag(std::move(labels.groupTag.value));
+    setGroupTag(std::move(groupTag));
 }
 
-std::shared_ptr<FontItem> FontItem::createOneOfMany(const JSON& json, MemberOrder& order,
-                                                    MemberOrder& childrenOrder) {
-    const auto font = std::make_shared<FontItem>();
-    font->fill(json, order, childrenOrder);
-    return font;
-}
-
-void FontItem::fill(const JSON& json, MemberOrder& order, MemberOrder& childrenOrder) {
-    static const std::size_t index = schema().find(childrenKey);
-    if (const std::optional<JSON> children = mapAround(index, json, order))
-        makeChildren(*children, childrenOrder, order);
-    else
-        m_Children.clear();
-}
-
-/// The objects of groups and of fonts take turns from level to level, nearly always, and so do the orders.
-void FontItem::makeChildren(const JSON& json, MemberOrder& theirs, MemberOrder& inner) {
-    m_Children = makeEach<FontItem>(json, Elements::all, [&theirs, &inner](const JSON& child) {
-        return createOneOfMany(child, theirs, inner);
-    });
-}
-
-void FontItem::setValue(const JSON& json) {
-    if (isExactly(*this)) { // so that the mapping is not overridden
-        MemberOrder order;
-        MemberOrder childrenOrder;
-        fill(json, order, childrenOrder);
-        return;
-    }
-    static const Excluded skipped{childrenKey};
-    setValue(json, skipped);
-    setChildren(makeRecords<FontItem>(json[childrenKey]));
+const RecordWriter& FontItem::writer() const {
+    static const RecordWriter writer(schema(), notReflected());
+    return writer;
 }
 
 Dictionary FontItem::Dict() const { return dictIn(storageForDict(Children().size()).get()); }
 
 Dictionary FontItem::dictIn(const PerchAppLibrary::Storage& storage) const {
-    Dictionary dictionary = reflectIn(storage);
+    Dictionary dictionary =
+        isExactly(*this) ? writer().dictionary(*this, storage) : reflect(notReflected(), storage);
     PerchAppLibrary::ValueArray& members = dictionary["Children"].emplace_array();
     members.reserve(Children().size());
     for (const std::shared_ptr<FontItem>& member : Children())
         members.emplace_back(isExactly(*member) ? member->dictIn(storage) : member->Dict());
     return dictionary;
-}
-
-/// The properties of the very class are listed once.
-Dictionary FontItem::reflectIn(const PerchAppLibrary::Storage& storage) const {
-    if (!isExactly(*this))
-        return reflect(notReflected(), storage);
-    static const std::vector<const Property*> reflected = schema().storedWithout(notReflected());
-    return reflect(reflected, storage);
 }
 
 std::vector<Dictionary> FontItem::getFontArray(const Records<FontItem>& list) {
@@ -155,9 +114,8 @@ void FontItem::appendText(std::string& text) const {
         text += PerchAppLibrary::toText(Dict());
         return;
     }
-    static const DictText reflected(schema(), notReflected());
     text += '{';
-    reflected.append(text, *this);
+    writer().write(*this, text);
     text += ",\"Children\":";
     appendText(text, m_Children);
     text += '}';
@@ -280,6 +238,28 @@ std::string FontItem::getRemotePreviewFile(bool isFixed, const std::string& prev
         return privatePreviewFileUrlHeader + userGuid + "/" + name;
     const std::string& header = isFixed ? fixPreviewFileUrlHeader : previewFileUrlHeader;
     return header + ProductSetName() + "/" + Version() + "/" + name;
+}
+
+std::string FontItem::getRemoteFileUrl(const RemoteFileLabels& labels) const {
+    return getRemoteFileUrl(labels.productFileUrlHeader.value, labels.privateProductFileUrlHeader.value,
+                            labels.userGuid.value);
+}
+
+std::string FontItem::getLocalPreviewFile(const PreviewLabels& labels) const {
+    return getLocalPreviewFile(labels.isFixed.value, labels.previewTag.value, labels.colorTag.value,
+                               labels.fontSize.value);
+}
+
+std::string FontItem::getRemotePreviewFile(const PreviewLabels& labels) const {
+    return getRemotePreviewFile(labels.isFixed.value, labels.previewTag.value, labels.colorTag.value,
+                                labels.fontSize.value);
+}
+
+std::string FontItem::getRemotePreviewFile(const ServicePreviewLabels& labels) const {
+    return getRemotePreviewFile(labels.isFixed.value, labels.previewTag.value, labels.colorTag.value,
+                                labels.fontSize.value, labels.fixPreviewFileUrlHeader.value,
+                                labels.previewFileUrlHeader.value, labels.privatePreviewFileUrlHeader.value,
+                                labels.userGuid.value);
 }
 
 } // namespace VelmoCloudEntity

@@ -1,10 +1,11 @@
 #pragma once
 
 #include <VelmoCloudEntity/entity/Records.hpp>
-#include <VelmoCloudEntity/font/FontFields.hpp>
 
 #include <PerchAppLibrary/BaseEntity.hpp>
 #include <PerchAppLibrary/platform/PlatformFont.hpp>
+#include <PerchAppLibrary/platform/Prefetch.hpp>
+#include <PerchAppLibrary/platform/TextSignature.hpp>
 #include <PerchAppLibrary/platform/URLFwd.hpp>
 
 #include <cstdint>
@@ -12,7 +13,16 @@
 #include <string>
 #include <vector>
 
+namespace PerchAppLibrary {
+class RecordWriter;
+}
+
 namespace VelmoCloudEntity {
+
+using PerchAppLibrary::ByNameOnly;
+using PerchAppLibrary::Near;
+using PerchAppLibrary::Rare;
+using PerchAppLibrary::Required;
 
 /// One font of the cloud catalogue, or a group of fonts (a family) with its members.
 ///
@@ -24,7 +34,9 @@ namespace VelmoCloudEntity {
 /// A tree that is built by hand may be deeper: queries and destruction manage any depth, whereas Dict(), its text,
 /// properties(), setActivated() and the copy or destruction of a Dictionary go down one call for each level, as they
 /// must to honour overrides, and need stack for that (10,000 levels are tested).
-class FontItem : public FontFields {
+class FontItem : public PerchAppLibrary::BaseEntity {
+    PerchAppLibrary::text::CachedSignature m_nameSignature; // near the flags, which queries read too
+
     PERCH_RECORD(FontItem, PerchAppLibrary::BaseEntity);
 
     /// Popularity.
@@ -42,13 +54,13 @@ class FontItem : public FontFields {
     /// Identifier of the product set (family).
     PERCH_PROPERTY(std::int64_t, ProductSetId);
     /// Name of the product set.
-    PERCH_PROPERTY_WITH_EFFECT(std::string, ProductSetName, setProductSetName, forgetNames);
+    PERCH_PROPERTY(std::string, ProductSetName);
     /// Product name of the font.
-    PERCH_PROPERTY_WITH_EFFECT(std::string, ProductName, setProductName, forgetNames);
+    PERCH_PROPERTY(std::string, ProductName);
     /// PostScript name of the font.
     PERCH_PROPERTY(std::string, PostscriptName);
     /// What was stored by setDisplayName(); read by DisplayName().
-    PERCH_PROPERTY_RARE_TEXT_SET_BY(displayName, setDisplayName, forgetNames);
+    PERCH_PROPERTY_SET_BY(Rare<std::string>, displayName, setDisplayName);
     /// Format of the font file.
     PERCH_PROPERTY(std::string, Format);
     /// Version of the font.
@@ -56,13 +68,13 @@ class FontItem : public FontFields {
     /// Rights notice, as sent.
     PERCH_PROPERTY(std::string, Copyright);
     /// Name of the font file; the full path of one that does not come from the catalogue.
-    PERCH_PROPERTY_WITH_EFFECT(std::string, ProductFileName, setProductFileName, forgetNames);
+    PERCH_PROPERTY(std::string, ProductFileName);
     /// Address of the font file.
     PERCH_PROPERTY(std::string, ProductFileUrl);
     /// Address of the folder of the font's preview images.
     PERCH_PROPERTY(std::string, PreviewFileUrl);
     /// What was stored by setPreviewText(); read by PreviewText().
-    PERCH_PROPERTY_RARE_TEXT_SET_BY(previewText, setPreviewText);
+    PERCH_PROPERTY_SET_BY(Rare<std::string>, previewText, setPreviewText);
     /// Opaque text of the service.
     PERCH_PROPERTY(std::string, RegisterKey);
     /// The font is on line in the catalogue.
@@ -70,23 +82,23 @@ class FontItem : public FontFields {
     /// Pre-release.
     PERCH_PROPERTY(bool, IsPreOnly);
     /// The user is authorised for the font.
-    PERCH_PROPERTY_IN_FIELD(bool, IsAuthed, setIsAuthed);
+    PERCH_PROPERTY(Near<bool>, IsAuthed);
     /// Free font.
     PERCH_PROPERTY(bool, IsFree);
     /// Label of the free offer.
-    PERCH_PROPERTY_RARE_TEXT(FreeTag);
+    PERCH_PROPERTY(Rare<std::string>, FreeTag);
     /// Authorisation flag of the font itself.
     PERCH_PROPERTY(bool, IsFontAuth);
     /// Available to members.
     PERCH_PROPERTY(bool, IsMemberFont);
     /// The user's own upload.
-    PERCH_PROPERTY_IN_FIELD(bool, IsPrivate, setIsPrivate);
+    PERCH_PROPERTY(Near<bool>, IsPrivate);
     /// OEM label.
-    PERCH_PROPERTY_RARE_TEXT(OemTag);
+    PERCH_PROPERTY(Rare<std::string>, OemTag);
     /// What was stored by setIsActivated(); read by IsActivated().
-    PERCH_PROPERTY_IN_FIELD(bool, isActivated, setIsActivated);
+    PERCH_PROPERTY_SET_BY(Near<bool>, isActivated, setIsActivated);
     /// The user's favourite.
-    PERCH_PROPERTY_IN_FIELD(bool, IsFavorited, setIsFavorited);
+    PERCH_PROPERTY(Near<bool>, IsFavorited);
     /// Recommended font.
     PERCH_PROPERTY(bool, IsRecommended);
     /// New font.
@@ -94,19 +106,19 @@ class FontItem : public FontFields {
     /// Key text of the service; no query reads it.
     PERCH_PROPERTY(std::string, FontKey);
     /// The record is a group of the fonts in Children.
-    PERCH_PROPERTY_IN_FIELD(bool, IsGroup, setIsGroup);
+    PERCH_PROPERTY(Near<bool>, IsGroup);
     /// Tag that names the group.
-    PERCH_PROPERTY_RARE_TEXT(GroupTag);
+    PERCH_PROPERTY(Rare<std::string>, GroupTag);
     /// Collection that the group belongs to.
     PERCH_PROPERTY(std::int64_t, GroupCollectionId);
     /// Identifiers of the font's tags.
     PERCH_PROPERTY(std::vector<std::int64_t>, Tags);
     /// Members of a group.
-    PERCH_PROPERTY_IN_FIELD(Records<FontItem>, Children, setChildren);
+    PERCH_PROPERTY(Records<FontItem>, Children);
     /// Begin of a period of validity, as sent.
-    PERCH_PROPERTY_RARE_TEXT(DateStampBegin);
+    PERCH_PROPERTY(Rare<std::string>, DateStampBegin);
     /// End of a period of validity, as sent.
-    PERCH_PROPERTY_RARE_TEXT(DateStampEnd);
+    PERCH_PROPERTY(Rare<std::string>, DateStampEnd);
     /// Count used by top lists.
     PERCH_PROPERTY(std::int64_t, TopCount);
 
@@ -148,25 +160,22 @@ class FontItem : public FontFields {
     PERCH_COMPUTED(std::string, TreeNodeTitle);
 
     PERCH_RECORD_END;
+    PERCH_ON_CHANGE(forgetNames, ProductName, ProductSetName, ProductFileName, displayName);
 
     /// Labels of a font that is known by its name: create({.productName = "A"}).
     PERCH_LABELS(NameLabels, (productName, ProductName));
 
+    /// Makes the font a group with this tag.
+    void setGroup(std::string groupTag);
+
     /// Labels of an empty group: create({.groupTag = "x"}).
-    struct GroupLabels {
-        PerchAppLibrary::Required<std::string> groupTag;
-    };
-    PERCH_CREATE(GroupLabels);
+    PERCH_LABELS(GroupLabels, (groupTag, Group));
 
     /// Labels of a reference to a font: create({.id = 7, .productName = "A", .isPrivate = true}).
     PERCH_LABELS(ReferenceLabels, (id, Id), (productName, ProductName), (isPrivate, IsPrivate));
 
     FontItem();
     ~FontItem() override;
-
-    /// The mapping of all properties but Children, which becomes one font for each element of the array under
-    /// that key: empty when there is none.
-    void setValue(const PerchAppLibrary::JSON& json) override;
 
     /// Sets IsActivated of a leaf; hands the value on to every member of a group, whose own flag stays as it is.
     virtual void setActivated(bool activated);
@@ -217,28 +226,64 @@ class FontItem : public FontFields {
                                              const std::string& privatePreviewFileUrlHeader,
                                              const std::string& userGuid) const;
 
+    /// The signature of the names by which the font is searched, as they are stored: ProductName,
+    /// ProductSetName, ProductFileName, displayName.
+    const PerchAppLibrary::text::CachedSignature& nameSignature() const noexcept { return m_nameSignature; }
+
+    /// The last byte of the signature, for prefetching.
+    const void* signatureEnd() const noexcept {
+        return reinterpret_cast<const char*>(&m_nameSignature + 1) - 1;
+    }
+
+    /// Prefetch the names, and then the texts that they keep elsewhere.
+    void prefetchNames() const noexcept {
+        for (const std::string* const name : {&m_ProductSetName, &m_ProductName, &m_ProductFileName}) {
+            PerchAppLibrary::prefetch(name);
+            PerchAppLibrary::prefetch(reinterpret_cast<const char*>(name + 1) - 1);
+        }
+    }
+    void prefetchTexts() const noexcept {
+        for (const std::string* const name : {&m_ProductName, &m_ProductSetName, &m_ProductFileName})
+            PerchAppLibrary::prefetch(name->data());
+    }
+
+    /// The locations with labels for arguments. They call the functions above.
+    struct RemoteFileLabels {
+        [[no_unique_address]] ByNameOnly byNameOnly = ByNameOnly();
+        Required<std::string> productFileUrlHeader;
+        Required<std::string> privateProductFileUrlHeader;
+        Required<std::string> userGuid;
+    };
+    std::string getRemoteFileUrl(const RemoteFileLabels& labels) const;
+
+    struct PreviewLabels {
+        [[no_unique_address]] ByNameOnly byNameOnly = ByNameOnly();
+        Required<bool> isFixed;
+        Required<std::string> previewTag;
+        Required<std::string> colorTag;
+        Required<std::int64_t> fontSize;
+    };
+    std::string getLocalPreviewFile(const PreviewLabels& labels) const;
+    std::string getRemotePreviewFile(const PreviewLabels& labels) const;
+
+    struct ServicePreviewLabels {
+        [[no_unique_address]] ByNameOnly byNameOnly = ByNameOnly();
+        Required<bool> isFixed;
+        Required<std::string> previewTag;
+        Required<std::string> colorTag;
+        Required<std::int64_t> fontSize;
+        Required<std::string> fixPreviewFileUrlHeader;
+        Required<std::string> previewFileUrlHeader;
+        Required<std::string> privatePreviewFileUrlHeader;
+        Required<std::string> userGuid;
+    };
+    std::string getRemotePreviewFile(const ServicePreviewLabels& labels) const;
+
 private:
-    void init(GroupLabels labels);
-
-    template <class Item>
-    friend Records<Item> makeRecords(const PerchAppLibrary::JSON& json, Elements which);
-
-    /// create(json), for one of many fonts of which the objects have their members in the first order, mostly, and the objects of
-    /// their children in the second.
-    static std::shared_ptr<FontItem> createOneOfMany(const PerchAppLibrary::JSON& json,
-                                                     PerchAppLibrary::MemberOrder& order,
-                                                     PerchAppLibrary::MemberOrder& childrenOrder);
-
-    /// setValue(json) of the very class.
-    void fill(const PerchAppLibrary::JSON& json, PerchAppLibrary::MemberOrder& order,
-              PerchAppLibrary::MemberOrder& childrenOrder);
-
-    void makeChildren(const PerchAppLibrary::JSON& json, PerchAppLibrary::MemberOrder& theirs,
-                      PerchAppLibrary::MemberOrder& inner);
-
-    const std::string& nameToDisplay() const; // of a leaf
+    void forgetNames() noexcept { m_nameSignature.forget(); }
+    const std::string& nameToDisplay() const;            // of a leaf
+    const PerchAppLibrary::RecordWriter& writer() const; // of exactly this class
     PerchAppLibrary::Dictionary dictIn(const PerchAppLibrary::Storage& storage) const;
-    PerchAppLibrary::Dictionary reflectIn(const PerchAppLibrary::Storage& storage) const;
     void appendText(std::string& text) const; // of Dict()
     static void appendText(std::string& text, const Records<FontItem>& list);
     std::string previewName(bool isFixed, const std::string& previewTag, const std::string& colorTag,

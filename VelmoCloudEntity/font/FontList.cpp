@@ -1,25 +1,18 @@
 #include <VelmoCloudEntity/font/FontList.hpp>
 
 #include <VelmoCloudEntity/catalogue/FontTagItem.hpp>
-#include <VelmoCloudEntity/entity/LeafWalk.hpp>
-#include <VelmoCloudEntity/font/FontNames.hpp>
-#include <VelmoCloudEntity/font/FontReferences.hpp>
-#include <VelmoCloudEntity/font/searchedCharacters.hpp>
+#include <VelmoCloudEntity/entity/RecordTree.hpp>
+#include <VelmoCloudEntity/font/detail/FontReferences.hpp>
+#include <VelmoCloudEntity/font/detail/NameQuery.hpp>
+#include <VelmoCloudEntity/font/detail/NameSearch.hpp>
 
 #include <PerchAppLibrary/IdSet.hpp>
-#include <PerchAppLibrary/platform/Needle.hpp>
-#include <PerchAppLibrary/platform/NeedleSet.hpp>
 
 #include <algorithm>
 
 namespace VelmoCloudEntity {
 
 using PerchAppLibrary::IdSet;
-using PerchAppLibrary::text::Case;
-using PerchAppLibrary::text::ComparedText;
-using PerchAppLibrary::text::Needle;
-using PerchAppLibrary::text::NeedleSet;
-using PerchAppLibrary::text::SearchedText;
 
 namespace {
 
@@ -34,9 +27,9 @@ void markMatching(const Records<FontItem>& list, const Records<FontItem>& refere
     });
 }
 
-/// Whether all the identifiers, each of which is there once, are among the tags.
+/// Returns whether all identifiers are among the tags. Requires that no identifier is repeated.
 bool carriesAll(const IdSet::Ids& tags, const IdSet::Ids& ids) {
-    constexpr std::size_t few = 256; // comparisons that are made sooner than a set
+    constexpr std::size_t few = 256; // so many comparisons are faster than making a set
     if (ids.size() > tags.size())
         return false;
     if (ids.size() * tags.size() <= few)
@@ -46,12 +39,10 @@ bool carriesAll(const IdSet::Ids& tags, const IdSet::Ids& ids) {
     return std::ranges::all_of(ids, [&carried](std::int64_t id) { return carried.contains(id); });
 }
 
-/// The needles of FontList::isFontMatchedByCharacter().
-NeedleSet charactersOf(std::string_view key) {
-    NeedleSet needles;
-    for (const std::string_view character : searchedCharacters(key))
-        needles.add(character);
-    return needles;
+/// Returns the leaves that match the query.
+template <NameQuery Query>
+Records<FontItem> leavesMatching(const Records<FontItem>& list, Query query) {
+    return std::move(NameSearch(std::move(query)).in(list)[0]);
 }
 
 } // namespace
@@ -78,59 +69,25 @@ void FontList::setFavoritedFont(const Records<FontItem>& list, const Records<Fon
 
 Records<FontItem> FontList::getFontByName(const Records<FontItem>& list, const std::string& fontName,
                                           bool fuzzy) {
-    const Needle needle(fontName);
-    const ComparedText sought(fontName, Case::kept);
-    FontNames names;
-    SearchedText searched;
-    ComparedText compared(Case::kept);
-    return namedLeavesWhere(list, names.mayHold(needle.signature()), [&](const FontItem& leaf) {
-        if (fuzzy) {
-            searched.assign(leaf.ProductName());
-            return needle.isIn(searched);
-        }
-        compared.assign(leaf.ProductName());
-        return compared == sought;
-    });
+    if (fuzzy)
+        return leavesMatching(list, FuzzyNameQuery(fontName));
+    return leavesMatching(list, ExactNameQuery(fontName));
 }
 
 Records<FontItem> FontList::getFontByKey(const Records<FontItem>& list, const std::string& key, bool fuzzy) {
-    const Needle needle(key);
-    FontNames names;
-    if (!fuzzy)
-        return namedLeavesWhere(list, names.mayHold(needle.signature()), [&](const FontItem& leaf) {
-            return names.anyStored(leaf, [&](SearchedText& name) { return name.is(needle.text()); });
-        });
-    const auto test = [&](auto& texts) { return needle.isIn(texts); };
-    return namedLeavesWhere(
-        list, [&](const FontItem& leaf) { return names.told(leaf, test); },
-        [&](const FontItem& leaf) { return names.any(leaf, test); });
+    if (fuzzy)
+        return leavesMatching(list, FuzzyKeyQuery(key));
+    return leavesMatching(list, ExactKeyQuery(key));
 }
 
 std::pair<Records<FontItem>, Records<FontItem>> FontList::getSearchResultFont(const Records<FontItem>& list,
                                                                               const std::string& key) {
-    const Needle needle(key);
-    const NeedleSet characters = charactersOf(key);
-    FontNames names;
-    const auto hasKey = [&](auto& texts) { return needle.isIn(texts); };
-    const auto hasCharacter = [&](auto& texts) { return characters.anyIn(texts); };
-    const auto tell = [&](const FontItem& leaf) {
-        const std::optional<bool> whole = names.told(leaf, hasKey);
-        const std::optional<bool> character = names.told(leaf, hasCharacter);
-        return whole && character ? std::optional(*whole || *character) : std::nullopt;
-    };
-    std::pair<Records<FontItem>, Records<FontItem>> result;
-    forEachNamedLeaf(list, tell, [&](const std::shared_ptr<FontItem>& leaf) {
-        if (names.any(*leaf, hasKey))
-            result.first.push_back(leaf);
-        if (names.any(*leaf, hasCharacter))
-            result.second.push_back(leaf);
-    });
-    return result;
+    auto [whole, character] = NameSearch(FuzzyKeyQuery(key), CharacterQuery(key)).in(list);
+    return {std::move(whole), std::move(character)};
 }
 
 bool FontList::isFontMatchedByCharacter(const std::shared_ptr<FontItem>& font, const std::string& key) {
-    const NeedleSet characters = charactersOf(key);
-    return FontNames().any(*font, [&](auto& searched) { return characters.anyIn(searched); });
+    return matches(*font, CharacterQuery(key));
 }
 
 Records<FontItem> FontList::getFontById(const Records<FontItem>& list,

@@ -5,11 +5,11 @@
 
 namespace VelmoCloudEntity {
 
-/// The characters of a key by which FontList::isFontMatchedByCharacter() matches, each once, in the order of the key. What they
-/// refer to is the key's.
+/// Returns the characters of a key by which FontList::isFontMatchedByCharacter() matches, each
+/// once, in the order of the key. They are views into the key.
 ///
-/// Counted are the key's user-perceived characters (UAX #29), taken are as many of its UTF-16 code units from the first on, and
-/// halves of a character that takes two are left out, since they match nothing.
+/// They are the first N UTF-16 code units of the key, where N is its number of user-perceived
+/// characters (UAX #29), without halves of surrogate pairs, which match nothing.
 std::vector<std::string_view> searchedCharacters(std::string_view key);
 
 } // namespace VelmoCloudEntity

@@ -1,6 +1,6 @@
 // Small pieces of work, always the same, whose instructions are counted: velmo-workload NAME does one of them.
 #include <VelmoCloudEntity/catalogue/FontTagList.hpp>
-#include <VelmoCloudEntity/entity/LeafWalk.hpp>
+#include <VelmoCloudEntity/entity/RecordTree.hpp>
 #include <VelmoCloudEntity/font/FontList.hpp>
 
 #include <PerchAppLibrary/Dictionary.hpp>
@@ -11,6 +11,10 @@
 #include <map>
 #include <sstream>
 #include <stdexcept>
+
+#ifdef __GLIBC__
+#include <malloc.h>
+#endif
 
 using namespace VelmoCloudEntity;
 using PerchAppLibrary::JSON;
@@ -95,7 +99,11 @@ int main(int argc, char** argv) try {
             std::puts(name.c_str());
         return argc == 1 ? 0 : 2;
     }
-    measured(found->second());
+    const Work work = found->second();
+#ifdef __GLIBC__
+    malloc_trim(0); // so that the heap is not tidied while instructions are counted
+#endif
+    measured(work);
     return 0;
 } catch (const std::exception& error) {
     std::fprintf(stderr, "velmo-workload: %s\n", error.what());

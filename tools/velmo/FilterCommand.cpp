@@ -4,7 +4,7 @@
 #include "Terminal.hpp"
 
 #include <VelmoCloudEntity/catalogue/FontTagList.hpp>
-#include <VelmoCloudEntity/entity/LeafWalk.hpp>
+#include <VelmoCloudEntity/entity/RecordTree.hpp>
 
 #include <CLI/App.hpp>
 #include <fmt/format.h>

@@ -3,7 +3,7 @@
 #include "FontView.hpp"
 #include "Terminal.hpp"
 
-#include <VelmoCloudEntity/entity/LeafWalk.hpp>
+#include <VelmoCloudEntity/entity/RecordTree.hpp>
 
 #include <PerchAppLibrary/platform/URL.hpp>
 

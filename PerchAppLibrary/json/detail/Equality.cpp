@@ -1,0 +1,118 @@
+#include <PerchAppLibrary/json/detail/Equality.hpp>
+
+#include <algorithm>
+#include <cmath>
+#include <concepts>
+#include <cstddef>
+#include <limits>
+#include <string_view>
+#include <tuple>
+#include <utility>
+#include <vector>
+
+namespace PerchAppLibrary {
+namespace {
+
+namespace dom = simdjson::dom;
+using Kind = dom::element_type;
+
+template <std::integral Integer>
+bool isInteger(double real, Integer integer) {
+    // Powers of two, or zero, so that a double holds both bounds exactly.
+    constexpr auto least = static_cast<double>(std::numeric_limits<Integer>::min());
+    constexpr double end =
+        2.0 * static_cast<double>(Integer{1} << (std::numeric_limits<Integer>::digits - 1));
+    return real >= least && real < end && std::trunc(real) == real && static_cast<Integer>(real) == integer;
+}
+
+template <class Left, class Right>
+bool areEqualNumbers(Left left, Right right) {
+    if constexpr (std::integral<Left> && std::integral<Right>)
+        return std::cmp_equal(left, right);
+    else if constexpr (std::integral<Left>)
+        return isInteger(right, left);
+    else if constexpr (std::integral<Right>)
+        return isInteger(left, right);
+    else
+        return left == right;
+}
+
+template <class Number>
+bool isNumber(dom::element element, Number number) {
+    switch (element.type()) {
+    case Kind::INT64:
+        return areEqualNumbers(element.get_int64().value_unsafe(), number);
+    case Kind::UINT64:
+        return areEqualNumbers(element.get_uint64().value_unsafe(), number);
+    case Kind::DOUBLE:
+        return areEqualNumbers(element.get_double().value_unsafe(), number);
+    default:
+        return false;
+    }
+}
+
+bool areEqual(dom::array left, dom::array right) {
+    auto other = right.begin();
+    for (const dom::element each : left) {
+        if (other == right.end() || !PerchAppLibrary::areEqual(each, *other))
+            return false;
+        ++other;
+    }
+    return other == right.end();
+}
+
+struct Member {
+    std::string_view key;
+    std::size_t position;
+    dom::element value;
+};
+
+/// The members of an object by their keys, each key once with its last value.
+std::vector<Member> membersByKey(dom::object object) {
+    std::vector<Member> members;
+    members.reserve(object.size());
+    for (const auto& [key, value] : object)
+        members.push_back({key, members.size(), value});
+    // The last of the members with one key comes first, and unique() keeps the first.
+    std::ranges::sort(members, [](const Member& a, const Member& b) {
+        return std::tie(a.key, b.position) < std::tie(b.key, a.position);
+    });
+    const auto rest = std::ranges::unique(members, {}, &Member::key);
+    members.erase(rest.begin(), rest.end());
+    return members;
+}
+
+bool areEqual(dom::object left, dom::object right) {
+    return std::ranges::equal(membersByKey(left), membersByKey(right), [](const Member& a, const Member& b) {
+        return a.key == b.key && PerchAppLibrary::areEqual(a.value, b.value);
+    });
+}
+
+} // namespace
+
+/// Calls itself once for each level, of which a document has JSON::maximumDepth at most.
+bool areEqual(dom::element left, dom::element right) {
+    switch (left.type()) {
+    case Kind::INT64:
+        return isNumber(right, left.get_int64().value_unsafe());
+    case Kind::UINT64:
+        return isNumber(right, left.get_uint64().value_unsafe());
+    case Kind::DOUBLE:
+        return isNumber(right, left.get_double().value_unsafe());
+    case Kind::STRING:
+        return right.is_string() && left.get_string().value_unsafe() == right.get_string().value_unsafe();
+    case Kind::BOOL:
+        return right.is_bool() && left.get_bool().value_unsafe() == right.get_bool().value_unsafe();
+    case Kind::ARRAY:
+        return right.is_array() &&
+               areEqual(left.get_array().value_unsafe(), right.get_array().value_unsafe());
+    case Kind::OBJECT:
+        return right.is_object() &&
+               areEqual(left.get_object().value_unsafe(), right.get_object().value_unsafe());
+    case Kind::NULL_VALUE:
+        return right.is_null();
+    }
+    return false;
+}
+
+} // namespace PerchAppLibrary

@@ -1,0 +1,197 @@
+#pragma once
+
+#include <PerchAppLibrary/record/PropertyType.hpp>
+#include <PerchAppLibrary/record/Required.hpp>
+
+#include <array>
+#include <concepts>
+#include <cstddef>
+#include <memory>
+#include <string_view>
+#include <type_traits>
+#include <utility>
+
+/// What the macros of record/Record.hpp declare, and what is computed from it at compile time.
+namespace PerchAppLibrary {
+
+class BaseEntity;
+
+/// The line of a declaration in its class. Overloads on it are collected in order of their lines.
+template <int Line>
+struct At {};
+
+/// Called after a change of a property.
+using EffectOfChange = void (*)(BaseEntity& record);
+
+/// A property with a value: its name, its virtual accessors, its field if the value lies in one,
+/// and what a change calls, if anything. A constant has no setter.
+template <class Record, class T, Place itsPlace>
+struct StoredProperty {
+    static constexpr Place place = itsPlace;
+    std::string_view name;
+    ReadType<T> (Record::*get)() const;
+    void (Record::*set)(T);
+    T Record::* field;
+    EffectOfChange effect;
+};
+
+/// A property that is computed at each reading.
+template <class Record, class T>
+struct ComputedProperty {
+    static constexpr Place place = Place::none;
+    std::string_view name;
+    T (Record::*get)() const;
+};
+
+/// Stands where a field would, for a property whose value lies elsewhere. Empty.
+template <Place place, class Record, int Line>
+struct Slot {};
+
+/// The member that a property's line declares: a value, or a Slot.
+template <class T, class Record, int Line>
+using FieldOf = std::conditional_t<Declared<T>::place == Place::field, ValueOf<T>,
+                                   Slot<Declared<T>::place, Record, Line>>;
+
+template <class T, class Record>
+constexpr T Record::* fieldPointer(T Record::* field) {
+    return field;
+}
+template <class T, class Record, Place place, int Line>
+constexpr T Record::* fieldPointer(Slot<place, Record, Line> Record::* /*slot*/) {
+    return nullptr;
+}
+
+/// Lines from the first to the last of a class's properties.
+template <class Record>
+using PropertyLines = std::make_integer_sequence<int, Record::lastPropertyLine - Record::firstPropertyLine>;
+
+template <class Record, int Line>
+constexpr Place placeAt() {
+    if constexpr (requires { Record::onePropertyPerLine(At<Line>()).name; })
+        return decltype(Record::onePropertyPerLine(At<Line>()))::place;
+    else
+        return Place::none;
+}
+
+template <class Record>
+inline constexpr auto placesOf = []<int... Offsets>(std::integer_sequence<int, Offsets...>) {
+    return std::array<Place, sizeof...(Offsets)>{
+        placeAt<Record, Record::firstPropertyLine + 1 + Offsets>()...};
+}(PropertyLines<Record>());
+
+/// Number of properties at the place, in the bases of a class and in its lines before this one.
+template <class Record, Place place>
+constexpr unsigned countBefore(int line) {
+    unsigned count = 0;
+    if constexpr (requires { typename Record::Base; })
+        count = countBefore<typename Record::Base, place>(Record::Base::lastPropertyLine);
+    int each = Record::firstPropertyLine;
+    for (const Place found : placesOf<Record>)
+        count += ++each < line && found == place ? 1U : 0U;
+    return count;
+}
+
+/// The number of a flag or of a sparse text: unique among a class and its bases, and the same in
+/// every shared library.
+template <Place place, class Record, int Line>
+inline constexpr unsigned slotNumber = countBefore<Record, place>(Line);
+
+/// The bit of a flag in the header of a record.
+template <class Record, int Line>
+inline constexpr std::uint32_t flagMask = [] {
+    constexpr unsigned number = slotNumber<Place::flag, Record, Line>;
+    static_assert(number < 32, "Too many properties of type Near<bool>: use bool");
+    return std::uint32_t{1} << number;
+}();
+
+/// Whether a class has a PERCH_RECORD_END of its own.
+template <class Record>
+inline constexpr bool isEnded = std::same_as<typename Record::Ended, Record>;
+
+/// Whether a getter was declared by this class, not by a base of it.
+template <class Self, class Record, class T>
+constexpr bool isOwnProperty(T (Record::* /*getter*/)() const) {
+    return std::same_as<Self, Record>;
+}
+
+/// The argument of a create() that calls this setter.
+template <class Setter>
+struct LabelOf;
+template <class Record, class T>
+struct LabelOf<void (Record::*)(T)> {
+    using Type = Required<T>;
+};
+
+/// What the create(json) of a class calls once the record has its defaults.
+enum class JSONFilling : unsigned char {
+    setValue,    ///< the virtual setValue(json)
+    mapping,     ///< the virtual mapping, setValue(json, excluded), and then arrays of records
+    baseMapping, ///< like `mapping`, but the base's own, whatever a subclass overrides
+    none,        ///< the class has no create(json)
+};
+
+/// Makes a record class concrete that only its create(json) may make.
+template <class Record>
+struct MadeFromJSON final : Record {
+private:
+    void isMadeByCreateFromJSON() const override {}
+};
+
+/// The class of the objects that the create() functions of a record make.
+template <class Record>
+using Concrete = std::conditional_t<std::is_abstract_v<Record>, MadeFromJSON<Record>, Record>;
+
+/// Lines after the begin of a class in which PERCH_LABELS is found by subclasses.
+inline constexpr int mostLinesToLabels = 512;
+
+/// Most sets of labels that a class inherits.
+inline constexpr std::size_t mostInheritedLabels = 16;
+
+/// Stands for a set of labels that a base does not have. Nothing converts to it.
+template <std::size_t N>
+class NoLabels {
+    explicit NoLabels() = default;
+};
+
+template <class Record, int Line>
+inline constexpr bool hasLabelsAt = requires { typename decltype(Record::labelsAt(At<Line>()))::type; };
+
+/// The lines of the sets of labels of a class; zeros follow.
+template <class Record>
+inline constexpr auto labelLines = []<int... Offsets>(std::integer_sequence<int, Offsets...>) {
+    std::array<int, mostInheritedLabels> lines{};
+    std::size_t count = 0;
+    const auto add = [&](int line, bool isFound) {
+        if (isFound && count < lines.size())
+            lines[count++] = line;
+    };
+    (add(Record::firstPropertyLine + 1 + Offsets,
+         hasLabelsAt<Record, Record::firstPropertyLine + 1 + Offsets>),
+     ...);
+    return lines;
+}(std::make_integer_sequence<int, mostLinesToLabels>());
+
+template <class Record>
+constexpr std::size_t labelCount() {
+    std::size_t count = 0;
+    while (count < mostInheritedLabels && labelLines<Record>[count] != 0)
+        ++count;
+    return count;
+}
+
+/// The Nth set of labels of a class, its own first, then those it inherits.
+template <class Record, std::size_t N>
+constexpr auto labelsOf() {
+    if constexpr (N < labelCount<Record>())
+        return decltype(Record::labelsAt(At<labelLines<Record>[N]>()))();
+    else if constexpr (requires { typename Record::Base; })
+        return labelsOf<typename Record::Base, N - labelCount<Record>()>();
+    else
+        return std::type_identity<NoLabels<N>>();
+}
+
+/// The Nth set of labels that a class has from its base, or a NoLabels.
+template <class Base, std::size_t N>
+using InheritedLabels = typename decltype(labelsOf<Base, N>())::type;
+
+} // namespace PerchAppLibrary

@@ -1,0 +1,79 @@
+#pragma once
+
+#include <concepts>
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <type_traits>
+#include <vector>
+
+namespace PerchAppLibrary {
+
+class JSON;
+
+/// Type of a text that few records have. While it is empty, a record has no memory for it.
+template <class T>
+struct Rare {
+    static_assert(std::same_as<T, std::string>, "Rare<T> is for texts: use Rare<std::string>");
+};
+
+/// Type of a flag that every walk over a tree reads. It lies in the header of the record.
+template <class T>
+struct Near {
+    static_assert(std::same_as<T, bool>, "Near<T> is for flags: use Near<bool>");
+};
+
+/// Where a record keeps the value of a property: nowhere (a constant or computed one), in a field
+/// of its own, among the flags of the header, or in the list of sparse texts.
+enum class Place : std::uint8_t { none, field, flag, sparse };
+
+/// What the type on a property's line says.
+template <class T>
+struct Declared {
+    using Value = T;
+    static constexpr Place place = Place::field;
+};
+template <class T>
+struct Declared<Rare<T>> {
+    using Value = T;
+    static constexpr Place place = Place::sparse;
+};
+template <class T>
+struct Declared<Near<T>> {
+    using Value = T;
+    static constexpr Place place = Place::flag;
+};
+
+/// The type of a property's accessors, for the type on its line.
+template <class T>
+using ValueOf = typename Declared<T>::Value;
+
+/// What a getter of a property of type T returns: scalars by value, everything else by reference to
+/// the record's own value, which lives until the property is set or the record is destroyed.
+template <class T>
+using ReadType = std::conditional_t<std::is_scalar_v<T>, T, const T&>;
+
+template <class T>
+inline constexpr bool isArrayOfShared = false;
+template <class R>
+inline constexpr bool isArrayOfShared<std::vector<std::shared_ptr<R>>> = true;
+
+/// Whether a property can have this type. That the shared objects of an array are records is
+/// checked where the class of records is complete: see isArrayOfRecords.
+template <class T>
+inline constexpr bool isPropertyType =
+    std::same_as<T, std::int64_t> || std::same_as<T, bool> || std::same_as<T, float> ||
+    std::same_as<T, std::string> || std::same_as<T, std::optional<std::string>> ||
+    std::same_as<T, std::vector<std::int64_t>> || std::same_as<T, std::vector<std::string>> ||
+    std::same_as<T, JSON> || isArrayOfShared<T>;
+
+class BaseEntity;
+
+/// Whether T is an array of shared records. Requires that the class of the records is complete.
+template <class T>
+inline constexpr bool isArrayOfRecords = false;
+template <class R>
+inline constexpr bool isArrayOfRecords<std::vector<std::shared_ptr<R>>> = std::derived_from<R, BaseEntity>;
+
+} // namespace PerchAppLibrary

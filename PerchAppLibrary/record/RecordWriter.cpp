@@ -1,0 +1,115 @@
+#include <PerchAppLibrary/record/RecordWriter.hpp>
+
+#include <PerchAppLibrary/fatalError.hpp>
+#include <PerchAppLibrary/record/detail/PlaceAccess.hpp>
+
+#include <algorithm>
+#include <type_traits>
+#include <variant>
+
+namespace PerchAppLibrary {
+namespace {
+
+using RecordPointers = std::vector<const BaseEntity*>;
+
+/// Takes members into a Dictionary.
+struct DictionarySink {
+    Dictionary& dictionary;
+
+    template <class T>
+    void add(std::string_view name, const std::string& /*key*/, const T& value) {
+        PropertyKind<T>::write(dictionary, name, value);
+    }
+
+    void add(std::string_view name, const std::string& /*key*/, const RecordPointers& records) {
+        ValueArray& values = dictionary[name].emplace_array();
+        for (const BaseEntity* const record : records) {
+            Value& value = values.emplace_back(nullptr);
+            if (record != nullptr)
+                assign(value, record->properties(value.storage()));
+        }
+    }
+};
+
+/// Takes members into JSON text.
+struct TextSink {
+    std::string& text;
+    std::size_t separator = 1; // the comma that the first member goes without
+
+    template <class T>
+    void add(std::string_view /*name*/, const std::string& key, const T& value) {
+        text.append(key, separator);
+        separator = 0;
+        write(value);
+    }
+
+private:
+    template <class T>
+    void write(const T& value) {
+        PropertyKind<T>::write(text, value);
+    }
+
+    void write(const RecordPointers& records) {
+        char before = '[';
+        for (const BaseEntity* const record : records) {
+            text += before;
+            before = ',';
+            if (record == nullptr) {
+                text += "null";
+                continue;
+            }
+            text += '{';
+            record->schema().writer().write(*record, text);
+            text += '}';
+        }
+        text += records.empty() ? "[]" : "]";
+    }
+};
+
+} // namespace
+
+RecordWriter::RecordWriter(const RecordSchema& schema, const Excluded& excluded) : m_schema(schema) {
+    std::vector<bool> isExcluded(schema.properties().size());
+    for (const std::string& key : excluded.keys()) {
+        const std::size_t index = schema.find(key);
+        if (index == RecordSchema::notFound || !schema.properties()[index].isStored() || isExcluded[index])
+            fatalError(std::string(schema.className()) + " has no stored property \"" + key +
+                       "\" to exclude");
+        isExcluded[index] = true;
+    }
+    for (std::size_t index = 0; index < isExcluded.size(); ++index)
+        if (const Property& property = schema.properties()[index]; property.isStored() && !isExcluded[index])
+            m_members.push_back({&property, ",\"" + std::string(property.name) + "\":"});
+}
+
+void RecordWriter::write(const BaseEntity& record, Dictionary& dictionary) const {
+    writeTo(record, DictionarySink{dictionary});
+}
+
+Dictionary RecordWriter::dictionary(const BaseEntity& record, const Storage& storage) const {
+    Dictionary dictionary(storage);
+    dictionary.reserve(m_members.size() + 1);
+    write(record, dictionary);
+    return dictionary;
+}
+
+void RecordWriter::write(const BaseEntity& record, std::string& text) const {
+    writeTo(record, TextSink{text});
+}
+
+template <class Sink>
+void RecordWriter::writeTo(const BaseEntity& record, Sink sink) const {
+    const bool readsPlaces = isExactly(record, m_schema.type()) && !m_schema.overrides().getters;
+    for (const auto& [property, key] : m_members)
+        std::visit(
+            [&]<class Access>(const Access& access) {
+                if constexpr (requires { typename Access::Value; })
+                    sink.add(property->name, key,
+                             readsPlaces ? PlaceAccess::read(record, access) : (record.*access.get)());
+                else if constexpr (std::same_as<Access, RecordsAccess>)
+                    sink.add(property->name, key, access.get(record));
+            },
+            property->access);
+}
+
+} // namespace PerchAppLibrary

@@ -1,0 +1,58 @@
+#include <PerchAppLibrary/record/detail/JSONText.hpp>
+
+#include <PerchAppLibrary/Dictionary.hpp>
+#include <PerchAppLibrary/platform/Text.hpp>
+#include <PerchAppLibrary/text/detail/Swar.hpp>
+
+namespace PerchAppLibrary {
+namespace {
+
+using text::forEachWord;
+using text::highBits;
+using text::repeated;
+using text::Word;
+using text::wordSize;
+
+/// Not zero when a byte of the word is below the limit, of 0x80 at most. Bytes that are not ASCII are never.
+constexpr Word anyBelow(Word word, char limit) noexcept {
+    return (word - repeated(limit)) & ~word & highBits;
+}
+
+/// Not zero when a byte of the word must be escaped.
+constexpr Word anyEscaped(Word word) noexcept {
+    return anyBelow(word, ' ') | anyBelow(word ^ repeated('"'), 1) | anyBelow(word ^ repeated('\\'), 1);
+}
+
+/// Whether the content stands between quotation marks as it is.
+bool isPlain(std::string_view content) noexcept {
+    Word escaped = 0;
+    Word any = 0;
+    if (content.size() < wordSize) {
+        Word word = repeated(' ');
+        std::memcpy(&word, content.data(), content.size());
+        escaped = anyEscaped(word);
+        any = word;
+    } else {
+        forEachWord(content, [&](std::size_t, Word word) {
+            escaped |= anyEscaped(word);
+            any |= word;
+        });
+    }
+    return escaped == 0 && ((any & highBits) == 0 || text::isWellFormed(content));
+}
+
+} // namespace
+
+void appendJSONString(std::string& text, std::string_view content) {
+    if (content.empty()) {
+        text += "\"\"";
+    } else if (isPlain(content)) {
+        text += '"';
+        text += content;
+        text += '"';
+    } else {
+        text += toText(toValue(content));
+    }
+}
+
+} // namespace PerchAppLibrary

@@ -1,0 +1,43 @@
+#include <PerchAppLibrary/record/detail/NameIndex.hpp>
+
+namespace PerchAppLibrary {
+
+NameIndex::NameIndex(std::span<const std::string_view> names)
+    : m_count(static_cast<std::uint32_t>(names.size())) {
+    constexpr std::size_t roomForEach = 4; // few names then find their place taken
+    const std::size_t size = std::bit_ceil(std::max<std::size_t>(names.size() * roomForEach, 2));
+    Entry free;
+    free.index = m_count;
+    m_entries.resize(size, free);
+    m_shift = 64U - static_cast<unsigned>(std::countr_zero(size));
+    for (std::size_t index = 0; index < names.size(); ++index) {
+        const std::string_view name = names[index];
+        Entry& entry = m_entries[placeOf(name, headOf(name))];
+        entry.head = headOf(name);
+        entry.mask = maskOf(name.size());
+        entry.name = name;
+        if (name.size() <= headSize)
+            entry.shortSize = static_cast<std::uint32_t>(name.size());
+        entry.index = static_cast<std::uint32_t>(index);
+    }
+}
+
+std::uint32_t NameIndex::placeOf(std::string_view name, Head head) const noexcept {
+    std::size_t place = firstPlace(head);
+    while (m_entries[place].index != m_count && !m_entries[place].isOf(name, head))
+        place = next(place);
+    return static_cast<std::uint32_t>(place);
+}
+
+std::uint32_t NameIndex::findElsewhere(std::string_view readable, std::uint32_t& guess) const noexcept {
+    guess = placeOf(readable, headOfReadable(readable));
+    return m_entries[guess].index;
+}
+
+NameIndex::Head NameIndex::headOf(std::string_view name) noexcept {
+    std::array<char, headSize> bytes{};
+    name.copy(bytes.data(), bytes.size());
+    return headOfReadable({bytes.data(), bytes.size()});
+}
+
+} // namespace PerchAppLibrary

@@ -1,0 +1,119 @@
+#pragma once
+
+#include <PerchAppLibrary/record/RecordSchema.hpp>
+#include <PerchAppLibrary/record/detail/PropertyKind.hpp>
+
+#include <string>
+#include <string_view>
+#include <utility>
+
+namespace PerchAppLibrary {
+
+/// Reads and writes the values of records at their places, without accessors. Requires that no
+/// subclass overrides these.
+struct PlaceAccess {
+    static bool flag(const BaseEntity& record, unsigned slot) noexcept {
+        return (record.m_flags >> slot & 1U) != 0;
+    }
+    static void setFlag(BaseEntity& record, unsigned slot, bool value) noexcept {
+        const std::uint32_t mask = std::uint32_t{1} << slot;
+        record.m_flags = value ? record.m_flags | mask : record.m_flags & ~mask;
+    }
+    static const std::string& text(const BaseEntity& record, unsigned slot) noexcept {
+        return record.m_sparseTexts[slot];
+    }
+    static void setText(BaseEntity& record, unsigned slot, std::string&& text) {
+        record.m_sparseTexts.set(slot, std::move(text));
+    }
+
+    /// Reads the value of a property, by its accessor if it has no place.
+    template <class T>
+    static ReadType<T> read(const BaseEntity& record, const FieldAccess<T>& access) {
+        if (access.place == Place::field)
+            return record.*access.field;
+        if constexpr (std::same_as<T, bool>)
+            if (access.place == Place::flag)
+                return flag(record, access.slot);
+        if constexpr (std::same_as<T, std::string>)
+            if (access.place == Place::sparse)
+                return text(record, access.slot);
+        return (record.*access.get)();
+    }
+};
+
+/// A value that lies in a field, while it is filled.
+template <class T>
+struct FieldPlace {
+    using Value = T;
+
+    T& field;
+
+    FieldPlace(BaseEntity& record, const FieldAccess<T>& access) : field(record.*access.field) {}
+
+    bool isZero() const noexcept { return PropertyKind<T>::isZero(field); }
+    void set(T&& value) { field = std::move(value); }
+
+    /// Takes a value that needs no conversion into a zero field. Returns false for any other.
+    template <class Source, class Element>
+    bool take(const Source& source, Element element) {
+        if constexpr (std::integral<T>) {
+            return source.get(element, field);
+        } else if constexpr (std::same_as<T, std::string>) {
+            std::string_view text;
+            if (!source.get(element, text))
+                return false;
+            field.append(text);
+            return true;
+        } else {
+            return false;
+        }
+    }
+};
+
+/// A flag in the header of a record, while it is filled.
+struct FlagPlace {
+    using Value = bool;
+
+    BaseEntity& record;
+    unsigned slot;
+
+    FlagPlace(BaseEntity& filled, const FieldAccess<bool>& access) : record(filled), slot(access.slot) {}
+
+    bool isZero() const noexcept { return !PlaceAccess::flag(record, slot); }
+    void set(bool value) noexcept { PlaceAccess::setFlag(record, slot, value); }
+
+    template <class Source, class Element>
+    bool take(const Source& source, Element element) {
+        bool value = false;
+        if (!source.get(element, value))
+            return false;
+        set(value);
+        return true;
+    }
+};
+
+/// A sparse text, while it is filled.
+struct SparsePlace {
+    using Value = std::string;
+
+    BaseEntity& record;
+    unsigned slot;
+
+    SparsePlace(BaseEntity& filled, const FieldAccess<std::string>& access)
+        : record(filled), slot(access.slot) {}
+
+    bool isZero() const noexcept { return PlaceAccess::text(record, slot).empty(); }
+    void set(std::string&& text) { PlaceAccess::setText(record, slot, std::move(text)); }
+
+    template <class Source, class Element>
+    bool take(const Source& source, Element element) {
+        std::string_view text;
+        if (!source.get(element, text))
+            return false;
+        if (!text.empty())
+            set(std::string(text));
+        return true;
+    }
+};
+
+} // namespace PerchAppLibrary

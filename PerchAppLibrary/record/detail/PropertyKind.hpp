@@ -1,0 +1,95 @@
+#pragma once
+
+#include <PerchAppLibrary/Dictionary.hpp>
+#include <PerchAppLibrary/JSON.hpp>
+#include <PerchAppLibrary/record/detail/JSONText.hpp>
+
+#include <bit>
+#include <charconv>
+#include <cstdint>
+#include <iterator>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+/// What differs by the kind of a property's value: its name, its zero, and how it is written into a
+/// Dictionary and into text. How JSON converts to it is the table of JSON::as.
+namespace PerchAppLibrary {
+
+/// One kind, for values of type T. The functions here serve the kinds that have none of their own.
+template <class T>
+struct PropertyKindOf {
+    static bool isZero(const T& value) noexcept { return value.empty(); }
+    static void write(Dictionary& dictionary, std::string_view name, const T& value) {
+        assign(dictionary[name], value);
+    }
+    static void write(std::string& text, const T& value) { text += toText(toValue(value)); }
+};
+
+template <class T>
+struct PropertyKind;
+
+template <>
+struct PropertyKind<std::int64_t> {
+    static constexpr std::string_view name = "Int";
+    static bool isZero(std::int64_t value) noexcept { return value == 0; }
+    static void write(Dictionary& dictionary, std::string_view key, std::int64_t value) {
+        dictionary.emplace(key, value);
+    }
+    static void write(std::string& text, std::int64_t value) {
+        char digits[20]; // "-9223372036854775808"
+        text.append(digits, std::to_chars(digits, std::end(digits), value).ptr);
+    }
+};
+
+template <>
+struct PropertyKind<bool> {
+    static constexpr std::string_view name = "Bool";
+    static bool isZero(bool value) noexcept { return !value; }
+    static void write(Dictionary& dictionary, std::string_view key, bool value) {
+        dictionary.emplace(key, value);
+    }
+    static void write(std::string& text, bool value) { text.append(value ? "true" : "false"); }
+};
+
+template <>
+struct PropertyKind<float> : PropertyKindOf<float> {
+    static constexpr std::string_view name = "Float";
+    static bool isZero(float value) noexcept {
+        return std::bit_cast<std::uint32_t>(value) == 0; // -0 is another value
+    }
+};
+
+template <>
+struct PropertyKind<std::string> : PropertyKindOf<std::string> {
+    static constexpr std::string_view name = "String";
+    static void write(Dictionary& dictionary, std::string_view key, const std::string& value);
+    static void write(std::string& text, const std::string& value) { appendJSONString(text, value); }
+};
+
+template <>
+struct PropertyKind<std::optional<std::string>> : PropertyKindOf<std::optional<std::string>> {
+    static constexpr std::string_view name = "optional String";
+    static bool isZero(const std::optional<std::string>& value) noexcept { return !value.has_value(); }
+};
+
+template <>
+struct PropertyKind<std::vector<std::int64_t>> : PropertyKindOf<std::vector<std::int64_t>> {
+    static constexpr std::string_view name = "array of Int";
+    using PropertyKindOf::write;
+    static void write(std::string& text, const std::vector<std::int64_t>& values);
+};
+
+template <>
+struct PropertyKind<std::vector<std::string>> : PropertyKindOf<std::vector<std::string>> {
+    static constexpr std::string_view name = "array of String";
+};
+
+template <>
+struct PropertyKind<JSON> : PropertyKindOf<JSON> {
+    static constexpr std::string_view name = "any";
+    static bool isZero(const JSON& value) noexcept { return value.isNull(); }
+};
+
+} // namespace PerchAppLibrary

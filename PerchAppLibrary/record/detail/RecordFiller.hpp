@@ -1,0 +1,349 @@
+#pragma once
+
+#include <PerchAppLibrary/record/RecordSchema.hpp>
+#include <PerchAppLibrary/record/detail/KeyOrder.hpp>
+#include <PerchAppLibrary/record/detail/NameIndex.hpp>
+#include <PerchAppLibrary/record/detail/PlaceAccess.hpp>
+
+#include <boost/container/small_vector.hpp>
+
+#include <algorithm>
+#include <array>
+#include <concepts>
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <variant>
+#include <vector>
+
+namespace PerchAppLibrary {
+
+/// How the properties of a class are filled. Immutable.
+class FillPlan {
+public:
+    /// Requires that the properties outlive the plan.
+    FillPlan(std::span<const Property> properties, bool overridesSetters);
+
+    /// What is done with the value under a property's key: ignore it, defer it until its turn in the
+    /// order of the properties, or put it in its place at once. The places of fields are numbered
+    /// by the types of Property::access.
+    enum Action : std::uint8_t { ignore, defer, fillFlag, fillSparseText, fillFirstField };
+
+    struct Step {
+        std::uint8_t action;
+        const void* access; // FieldAccess<T> of a value that is put in its place
+    };
+
+    /// A function to call after the values of some properties have changed.
+    struct Effect {
+        EffectOfChange call;
+        std::vector<std::size_t> properties;
+    };
+
+    const NameIndex& names() const noexcept { return m_names; }
+
+    /// The steps for each property and, last, for an unknown key: of a record that only the filling
+    /// sees while it runs, and of one whose setters are overridden.
+    std::span<const Step> directSteps() const noexcept { return m_directSteps; }
+    std::span<const Step> setterSteps() const noexcept { return m_setterSteps; }
+
+    std::span<const Effect> effects() const noexcept { return m_effects; }
+
+    /// Indexes of the arrays of records.
+    std::span<const std::size_t> arrays() const noexcept { return m_arrays; }
+
+private:
+    NameIndex m_names;
+    std::vector<Step> m_setterSteps;
+    std::vector<Step> m_directSteps;
+    std::vector<Effect> m_effects;
+    std::vector<std::size_t> m_arrays;
+};
+
+/// Fills a record, and the arrays of records below it, in one pass over the members of each object.
+///
+/// A value goes to its place at once where only the filling sees the record meanwhile. The other
+/// properties wait and are set in their order, each to the last value under its key. Arrays of
+/// records come after all others.
+///
+/// Source finds members and elements, and reads their values. It has a type Element and:
+///     bool forEachMember(Element, visit) const: visit(key, element) for each member, false if the
+///         element is no object; NameIndex::headSize bytes can be read from the begin of a key
+///     bool get(Element, T&) const, for integers, Booleans and texts: no conversion
+///     bool convert(Element, T&) const: by the table of JSON::as; false leaves the value as it is
+///     std::optional<std::size_t> elementCount(Element) const: nullopt if it is no array
+///     void forEachElement(Element, visit) const, isObject(Element), toJSON(Element)
+template <class Source>
+class RecordFiller {
+public:
+    using Element = typename Source::Element;
+
+    explicit RecordFiller(const Source& source) : m_source(source) {}
+
+    /// Runs the mapping alone: BaseEntity::setValue(json, excluded).
+    void map(BaseEntity& record, Element element, const Excluded& excluded) {
+        Pass pass(*this, record);
+        pass.exclude(excluded);
+        pass.run(element);
+    }
+
+    /// Runs the mapping and fills the arrays of records: BaseEntity::fillByBase(). Without an element,
+    /// as for one that is no object.
+    void fill(BaseEntity& record, std::optional<Element> element, const Excluded& excluded) {
+        Pass pass(*this, record);
+        pass.exclude(excluded);
+        if (element)
+            pass.run(*element);
+        pass.fillArrays(0);
+    }
+
+    /// Sets an array of records, through its virtual setter, to one record for each element; to none
+    /// if there is no element, or one that is no array.
+    void fillArray(const RecordsAccess& access, BaseEntity& record, std::optional<Element> element,
+                   std::size_t depth = 0, bool isOverridden = true) {
+        if (element && m_source.elementCount(*element)) {
+            Reader reader(*this, *element, depth, false);
+            access.fill(record, &reader, isOverridden);
+        } else {
+            access.fill(record, nullptr, isOverridden);
+        }
+    }
+
+    /// Reads one record for each element of an array, or for each object in it, into the sink.
+    void readInto(RecordSink& sink, Element element, bool onlyObjects) {
+        if (m_source.elementCount(element))
+            Reader(*this, element, 0, onlyObjects).readInto(sink);
+    }
+
+private:
+    /// Reads the elements of an array into a sink.
+    class Reader final : public RecordReader {
+    public:
+        Reader(RecordFiller& filler, Element array, std::size_t depth, bool onlyObjects)
+            : m_filler(filler), m_array(array), m_depth(depth), m_onlyObjects(onlyObjects) {}
+
+        void readInto(RecordSink& sink) override {
+            const Source& source = m_filler.m_source;
+            sink.reserve(*source.elementCount(m_array));
+            source.forEachElement(m_array, [&](Element element) {
+                if (m_onlyObjects && !source.isObject(element))
+                    return;
+                if (BaseEntity* const record = sink.add())
+                    fill(*record, element);
+                else
+                    sink.addFrom(source.toJSON(element));
+            });
+        }
+
+    private:
+        void fill(BaseEntity& record, Element element) {
+            Pass pass(m_filler, record);
+            // The objects of groups and of their members take turns from depth to depth.
+            pass.run(element, &m_filler.m_orders[m_depth % m_filler.m_orders.size()]);
+            pass.fillArrays(m_depth + 1);
+        }
+
+        RecordFiller& m_filler;
+        Element m_array;
+        std::size_t m_depth;
+        bool m_onlyObjects;
+    };
+
+    enum class FillState : std::uint8_t { untouched, excluded, deferred, filled };
+
+    struct Deferred {
+        std::size_t index;
+        Element element;
+    };
+
+    /// The filling of one record.
+    class Pass {
+    public:
+        Pass(RecordFiller& filler, BaseEntity& record)
+            : m_filler(filler),
+              m_record(record),
+              m_schema(record.schema()),
+              m_plan(m_schema.fillPlan()),
+              m_isExact(isExactly(record, m_schema.type())),
+              m_steps(m_isExact ? m_plan.directSteps().data() : m_plan.setterSteps().data()),
+              m_states(m_usualStates.data()) {
+            if (const std::size_t count = m_schema.properties().size(); count > usualCount) {
+                m_manyStates.resize(count);
+                m_states = m_manyStates.data();
+            }
+        }
+
+        Pass(const Pass&) = delete;
+        Pass& operator=(const Pass&) = delete;
+
+        void exclude(const Excluded& excluded) {
+            for (const std::string& key : excluded.keys())
+                if (const std::size_t index = m_schema.find(key); index != RecordSchema::notFound) {
+                    m_states[index] = FillState::excluded;
+                    if (m_steps[index].access != nullptr) // which does not ask for the state
+                        m_steps = m_plan.setterSteps().data();
+                }
+        }
+
+        /// Runs the mapping. With an order, for one of many objects.
+        void run(Element element, KeyOrder* order = nullptr) {
+            fillPlaces(element, order);
+            if (!m_deferred.empty())
+                setDeferred();
+        }
+
+        void fillArrays(std::size_t depth) {
+            const bool isOverridden = !m_isExact || m_schema.overrides().setters;
+            for (const std::size_t index : m_plan.arrays()) {
+                if (m_states[index] == FillState::excluded)
+                    continue;
+                const auto found = std::ranges::find(m_deferred, index, &Deferred::index);
+                m_filler.fillArray(*std::get_if<RecordsAccess>(&m_schema.properties()[index].access),
+                                   m_record,
+                                   found == m_deferred.end() ? std::nullopt : std::optional(found->element),
+                                   depth, isOverridden);
+            }
+        }
+
+    private:
+        friend class RecordFiller;
+
+        /// Calls the effects of what has been filled, also when an exception interrupts the filling.
+        struct Effects {
+            Pass& pass;
+            ~Effects() { pass.callEffects(); }
+        };
+
+        void fillPlaces(Element element, KeyOrder* order) {
+            const Effects effects{*this};
+            if (order == nullptr)
+                takeMembers(element, [&names = m_plan.names()](std::string_view key) {
+                    return names.findReadable(key);
+                });
+            else
+                takeMembersInOrder(element, *order);
+        }
+
+        template <class Find>
+        void takeMembers(Element element, Find find) {
+            m_filler.m_source.forEachMember(element, [&](std::string_view key, Element member) {
+                const std::uint32_t index = find(key);
+                actions[m_steps[index].action](*this, m_steps[index], index, member);
+            });
+        }
+
+        void takeMembersInOrder(Element element, KeyOrder& order) {
+            order.startRecord(m_plan.names());
+            std::uint32_t* guess = &order.first();
+            takeMembers(element, [&](std::string_view key) {
+                const std::uint32_t index = m_plan.names().findReadable(key, *guess);
+                guess = &order.after(*guess);
+                return index;
+            });
+        }
+
+        void callEffects() {
+            const auto isFilled = [this](std::size_t index) { return m_states[index] == FillState::filled; };
+            for (const FillPlan::Effect& effect : m_plan.effects())
+                if (std::ranges::any_of(effect.properties, isFilled))
+                    effect.call(m_record);
+        }
+
+        void setDeferred() {
+            std::ranges::sort(m_deferred, {}, &Deferred::index);
+            for (const Deferred& each : m_deferred)
+                std::visit([&](const auto& access) { set(access, each.element); },
+                           m_schema.properties()[each.index].access);
+        }
+
+        template <class T>
+        void set(const FieldAccess<T>& access, Element element) {
+            T value{};
+            if (access.set != nullptr && m_filler.m_source.convert(element, value))
+                (m_record.*access.set)(std::move(value));
+        }
+        void set(const RecordsAccess&, Element) {}
+        void set(const ComputedAccess&, Element) {}
+
+        /// Records of up to this many properties are filled without an allocation.
+        static constexpr std::size_t usualCount = 64;
+
+        RecordFiller& m_filler;
+        BaseEntity& m_record;
+        const RecordSchema& m_schema;
+        const FillPlan& m_plan;
+        bool m_isExact;
+        const FillPlan::Step* m_steps;
+        std::array<FillState, usualCount> m_usualStates{};
+        std::vector<FillState> m_manyStates;
+        FillState* m_states;                                             // of all properties
+        boost::container::small_vector<Deferred, usualCount> m_deferred; // one for a property
+    };
+
+    using Action = void (*)(Pass& pass, const FillPlan::Step& step, std::size_t index, Element element);
+
+    static void ignore(Pass& /*pass*/, const FillPlan::Step& /*step*/, std::size_t /*index*/,
+                       Element /*element*/) {}
+
+    static void defer(Pass& pass, const FillPlan::Step& /*step*/, std::size_t index, Element element) {
+        FillState& state = pass.m_states[index];
+        if (state == FillState::deferred)
+            std::ranges::find(pass.m_deferred, index, &Deferred::index)->element = element;
+        else if (state == FillState::untouched)
+            pass.m_deferred.push_back({index, element});
+        if (state != FillState::excluded)
+            state = FillState::deferred;
+    }
+
+    template <class Access, class Place>
+    static void fillPlace(Pass& pass, const FillPlan::Step& step, std::size_t index, Element element) {
+        Place place(pass.m_record, *static_cast<const Access*>(step.access));
+        if (place.isZero()) [[likely]] {
+            pass.m_states[index] = FillState::filled;
+            if (place.take(pass.m_filler.m_source, element)) [[likely]]
+                return;
+        }
+        fillOtherPlace(pass, step, index, element, place);
+    }
+
+    /// For a value that is not zero, or an element that needs conversion. Apart from fillPlace(),
+    /// which runs for each member, so that it needs few registers.
+    template <class Place>
+    [[gnu::noinline]] static void fillOtherPlace(Pass& pass, const FillPlan::Step& step, std::size_t index,
+                                                 Element element, Place& place) {
+        // An earlier value may have to stay: a later member with this key may not convert.
+        if (pass.m_states[index] != FillState::filled) {
+            defer(pass, step, index, element);
+            return;
+        }
+        // Without a conversion, the value is zero, as it was before the first member with this key.
+        typename Place::Value value{};
+        if (!pass.m_filler.m_source.convert(element, value))
+            value = {};
+        place.set(std::move(value));
+    }
+
+    template <std::size_t Index>
+    static constexpr Action fieldAction() {
+        using Access = std::variant_alternative_t<Index, decltype(Property::access)>;
+        if constexpr (requires { typename Access::Value; })
+            return &fillPlace<Access, FieldPlace<typename Access::Value>>;
+        else
+            return &ignore;
+    }
+
+    /// By the numbers of FillPlan::Action.
+    static constexpr auto actions = []<std::size_t... Index>(std::index_sequence<Index...>) {
+        return std::array<Action, FillPlan::fillFirstField + sizeof...(Index)>{
+            &ignore, &defer, &fillPlace<FieldAccess<bool>, FlagPlace>,
+            &fillPlace<FieldAccess<std::string>, SparsePlace>, fieldAction<Index>()...};
+    }(std::make_index_sequence<std::variant_size_v<decltype(Property::access)>>());
+
+    const Source& m_source;
+    std::array<KeyOrder, 2> m_orders;
+};
+
+} // namespace PerchAppLibrary

@@ -1,0 +1,49 @@
+#pragma once
+
+#include <PerchAppLibrary/platform/ComparedText.hpp>
+
+#include <array>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace PerchAppLibrary::text {
+
+/// A cache of the compared forms of single characters, which ICU computes. Private to ComparedText.
+///
+/// The compared form of a text is that of its characters, one after the other, unless marks have to
+/// be put into canonical order (Unicode Standard, section 3.11). Upper-casing has no context here
+/// (section 3.13).
+class FoldCache {
+public:
+    explicit FoldCache(Case letterCase) : m_case(letterCase) {}
+
+    /// Returns the compared form of the text (any bytes), which lives until the next call, or
+    /// nullopt if marks are not in canonical order or the form of a character exceeds nine bytes.
+    std::optional<std::string_view> formOf(std::string_view text);
+
+private:
+    static constexpr std::uint8_t tooLong = 0xFF;
+
+    struct Entry {
+        std::int32_t codePoint = -1;
+        std::uint8_t firstClass = 0; // combining class of the first character of its decomposition
+        std::uint8_t lastClass = 0;  // and of the last
+        std::uint8_t length = 0;     // of the compared form, or tooLong
+        char bytes[9] = {};          // three characters of three bytes each
+    };
+
+    /// Appends the letters of a Hangul syllable (Unicode Standard, section 3.12), which have no
+    /// case. Returns false for any other character.
+    bool appendHangul(std::int32_t codePoint);
+
+    const Entry& entryOf(std::int32_t codePoint);
+    void fill(Entry& entry, std::int32_t codePoint) const;
+
+    Case m_case;
+    std::string m_form;
+    std::array<Entry, 256> m_entries; // direct-mapped: a character has one slot
+};
+
+} // namespace PerchAppLibrary::text

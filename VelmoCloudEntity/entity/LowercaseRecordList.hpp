@@ -1,0 +1,22 @@
+#pragma once
+
+#include <VelmoCloudEntity/entity/RecordList.hpp>
+
+#include <utility>
+
+namespace VelmoCloudEntity {
+
+/// A list wrapper whose array is named `list`, as the service spells it.
+template <class ListClass, class Item>
+class LowercaseRecordList : public RecordRange<ListClass, Item> {
+public:
+    using RecordRange<ListClass, Item>::RecordRange;
+
+    /// Like RecordList::List().
+    const Records<Item>& list() const& noexcept { return this->m_records; }
+    Records<Item> list() && noexcept { return std::move(this->m_records); }
+
+    void setList(Records<Item> newList) { this->m_records = std::move(newList); }
+};
+
+} // namespace VelmoCloudEntity

@@ -1,0 +1,67 @@
+#pragma once
+
+#include <VelmoCloudEntity/font/FontItem.hpp>
+
+#include <PerchAppLibrary/platform/SearchedText.hpp>
+#include <PerchAppLibrary/platform/TextSignature.hpp>
+
+#include <string>
+
+namespace VelmoCloudEntity {
+
+/// Reads the names by which fonts are searched, one font after the other, in the same memory.
+class FontNames {
+public:
+    /// Returns whether the font has a signature. A subclass has none, since it may override
+    /// accessors, nor has a group, whose DisplayName is computed.
+    static bool hasSignature(const FontItem& font) { return isExactly(font) && !font.IsGroup(); }
+
+    /// Returns the signature of all names of the font. Requires that it has one.
+    PerchAppLibrary::text::TextSignature signature(const FontItem& font) {
+        return font.nameSignature().get([&] { return computeSignature(font); });
+    }
+
+    /// Returns whether ProductName passes `test(name)`, a Boolean of a SearchedText&.
+    template <class Test>
+    bool isProductName(const FontItem& font, Test&& test) {
+        return passes(font.ProductName(), test);
+    }
+
+    /// Returns whether ProductName, ProductSetName or ProductFileName passes, read in this order.
+    template <class Test>
+    bool anyStored(const FontItem& font, Test&& test) {
+        return passes(font.ProductName(), test) || passes(font.ProductSetName(), test) ||
+               passes(font.ProductFileName(), test);
+    }
+
+    /// Returns whether ProductName, ProductSetName, ProductFileName or DisplayName passes, read in
+    /// this order. Requires that an ASCII text passes if a part of it does.
+    template <class Test>
+    bool any(const FontItem& font, Test&& test) {
+        const std::string& name = font.ProductName();
+        if (passes(name, test))
+            return true;
+        // Usually the product name begins with the set name, and the display name equals it.
+        const std::string& setName = font.ProductSetName();
+        // Overrides may return both names from one member, which then holds the set name.
+        const bool isTested = m_name.isASCII() && &setName != &name && name.starts_with(setName);
+        if ((!isTested && passes(setName, test)) || passes(font.ProductFileName(), test))
+            return true;
+        if (const std::string* const stored = font.storedDisplayName())
+            return stored != &name && passes(*stored, test);
+        return passes(font.DisplayName(), test);
+    }
+
+private:
+    PerchAppLibrary::text::TextSignature computeSignature(const FontItem& font);
+
+    template <class Test>
+    bool passes(const std::string& name, Test& test) {
+        m_name.assign(name);
+        return test(m_name);
+    }
+
+    PerchAppLibrary::text::SearchedText m_name;
+};
+
+} // namespace VelmoCloudEntity

@@ -1,0 +1,121 @@
+#pragma once
+
+#include <VelmoCloudEntity/font/FontItem.hpp>
+#include <VelmoCloudEntity/font/detail/FontNames.hpp>
+#include <VelmoCloudEntity/font/searchedCharacters.hpp>
+
+#include <PerchAppLibrary/platform/ComparedText.hpp>
+#include <PerchAppLibrary/platform/Needle.hpp>
+#include <PerchAppLibrary/platform/NeedleSet.hpp>
+#include <PerchAppLibrary/platform/SearchedText.hpp>
+#include <PerchAppLibrary/platform/TextSignature.hpp>
+
+#include <concepts>
+#include <optional>
+#include <string_view>
+
+/// The queries over the names of fonts that FontList offers, one class for each.
+namespace VelmoCloudEntity {
+
+namespace text = PerchAppLibrary::text;
+using text::TextSignature;
+
+/// Whether a font matches a query, or nullopt if that is open.
+using Verdict = std::optional<bool>;
+
+/// A query has two verdicts on a font: one by the signature of its names, and, where that leaves it
+/// open, one by the names themselves.
+template <class Query>
+concept NameQuery =
+    requires(Query query, const TextSignature& signature, const FontItem& font, FontNames& reader) {
+        { query.verdict(signature) } -> std::same_as<Verdict>;
+        { query.verdict(font, reader) } -> std::same_as<bool>;
+    };
+
+/// Returns false if no name with this signature can contain or equal a text with the signature
+/// `sought`, otherwise nullopt.
+inline Verdict mayContain(const TextSignature& names, const TextSignature& sought) {
+    return names.covers(sought) ? Verdict() : Verdict(false);
+}
+
+/// ProductName equals the name, case included.
+class ExactNameQuery {
+public:
+    explicit ExactNameQuery(std::string_view name)
+        : m_signature(text::ComparedText(name)), m_name(name, text::Case::kept) {}
+
+    Verdict verdict(const TextSignature& names) const { return mayContain(names, m_signature); }
+    bool verdict(const FontItem& font, FontNames&) {
+        m_compared.assign(font.ProductName());
+        return m_compared == m_name;
+    }
+
+private:
+    TextSignature m_signature;
+    text::ComparedText m_name;
+    text::ComparedText m_compared{text::Case::kept};
+};
+
+/// ProductName contains the name.
+class FuzzyNameQuery {
+public:
+    explicit FuzzyNameQuery(std::string_view name) : m_needle(name) {}
+
+    Verdict verdict(const TextSignature& names) const {
+        return mayContain(names, m_needle.signature()); // never true: it is of other names, too
+    }
+    bool verdict(const FontItem& font, FontNames& names) const {
+        return names.isProductName(font, [this](auto& name) { return m_needle.isIn(name); });
+    }
+
+private:
+    text::Needle m_needle;
+};
+
+/// ProductName, ProductSetName or ProductFileName equals the key.
+class ExactKeyQuery {
+public:
+    explicit ExactKeyQuery(std::string_view key) : m_key(key), m_signature(m_key) {}
+
+    Verdict verdict(const TextSignature& names) const { return mayContain(names, m_signature); }
+    bool verdict(const FontItem& font, FontNames& names) const {
+        return names.anyStored(font, [this](auto& name) { return name.is(m_key); });
+    }
+
+private:
+    text::ComparedText m_key;
+    TextSignature m_signature;
+};
+
+/// One of these names or DisplayName contains the key.
+class FuzzyKeyQuery {
+public:
+    explicit FuzzyKeyQuery(std::string_view key) : m_needle(key) {}
+
+    Verdict verdict(const TextSignature& names) const { return m_needle.verdict(names); }
+    bool verdict(const FontItem& font, FontNames& names) const {
+        return names.any(font, [this](auto& name) { return m_needle.isIn(name); });
+    }
+
+private:
+    text::Needle m_needle;
+};
+
+/// One of the four names contains one of the searchedCharacters() of the key.
+class CharacterQuery {
+public:
+    explicit CharacterQuery(std::string_view key) {
+        for (const std::string_view character : searchedCharacters(key))
+            m_characters.add(character);
+    }
+
+    Verdict verdict(const TextSignature& names) const { return m_characters.verdict(names); }
+    bool verdict(const FontItem& font, FontNames& names) const {
+        return names.any(font, [this](auto& name) { return m_characters.anyIn(name); });
+    }
+
+private:
+    text::NeedleSet m_characters;
+};
+
+} // namespace VelmoCloudEntity
