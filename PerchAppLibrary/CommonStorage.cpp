@@ -1,17 +1,21 @@
 #include <PerchAppLibrary/CommonStorage.hpp>
 
-#include <boost/json/memory_resource.hpp>
+#include <boost/json/storage_ptr.hpp>
 
 #include <algorithm>
 #include <functional>
 #include <memory>
+#include <type_traits>
 #include <utility>
 #include <vector>
 
 namespace PerchAppLibrary {
 
+/// Boost.JSON calls it memory_resource until version 1.92, where it is of Boost.Container.
+using MemoryResource = std::remove_pointer_t<decltype(boost::json::storage_ptr().get())>;
+
 /// Hands out pieces of its blocks while it is open, then pieces of the heap.
-class CommonStorage::Arena final : public boost::json::memory_resource {
+class CommonStorage::Arena final : public MemoryResource {
 public:
     /// Says where it stands, since make_shared_resource does not.
     Arena(std::size_t size, Arena*& place) {
@@ -60,9 +64,7 @@ private:
             heap->deallocate(piece, size, alignment);
     }
 
-    bool do_is_equal(const boost::json::memory_resource& other) const noexcept override {
-        return this == &other;
-    }
+    bool do_is_equal(const MemoryResource& other) const noexcept override { return this == &other; }
 
     const Storage heap;
     std::vector<Block> blocks; // each twice the one before, or larger

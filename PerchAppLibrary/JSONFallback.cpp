@@ -5,6 +5,7 @@
 
 #include <boost/json/error.hpp>
 #include <boost/json/stream_parser.hpp>
+#include <boost/system/error_code.hpp>
 #include <simdjson.h>
 
 #include <algorithm>
@@ -45,7 +46,7 @@ void check(std::string_view text) {
     boost::json::parse_options options;
     options.max_depth = JSON::maximumDepth;
     boost::json::stream_parser parser({}, options);
-    boost::json::error_code error;
+    boost::system::error_code error;
     const std::size_t read = parser.write_some(text.data(), text.size(), error);
     if (!error && read < text.size())
         fail(text, read, unexpected(text, read) + " after the end of the document");

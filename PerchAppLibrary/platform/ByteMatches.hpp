@@ -111,7 +111,7 @@ inline Block loadPart(std::string_view text) noexcept {
     return blockOf(loadWord(text.data()), rest);
 }
 
-/// Requires a text of 64 bytes at most.
+/// Requires a text of 1 to 64 bytes.
 inline ByteMatches matchesOf(std::string_view text, const SoughtByte& first,
                              const SoughtByte& last) noexcept {
     constexpr std::size_t blockSize = sizeof(Block);
@@ -132,7 +132,7 @@ inline ByteMatches matchesOf(std::string_view text, const SoughtByte& first,
 
 #else
 
-/// Requires a text of 64 bytes at most.
+/// Requires a text of 1 to 64 bytes.
 inline ByteMatches matchesOf(std::string_view text, const SoughtByte& first,
                              const SoughtByte& last) noexcept {
     return matchesByByte(text, first, last);

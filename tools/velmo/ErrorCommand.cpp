@@ -5,7 +5,7 @@
 
 #include <PerchAppLibrary/Dictionary.hpp>
 
-#include <CLI/App.hpp>
+#include <CLI/CLI.hpp>
 #include <fmt/format.h>
 
 namespace velmo {
