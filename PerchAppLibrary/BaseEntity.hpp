@@ -17,7 +17,7 @@
 
 namespace PerchAppLibrary {
 
-class RecordSchema;
+class RecordSchema; // completed by PerchAppLibrary/record/RecordSchema.hpp
 
 /// The base class of all records.
 ///
