@@ -230,14 +230,13 @@ public:                                                                         
 #define PERCH_THIRD(...) PERCH_THIRD_OF(__VA_ARGS__)
 #define PERCH_THIRD_OF(first, second, third, ...) third
 #define PERCH_NO_LABELS()
-#define PERCH_SIXTEEN_LABELS()                                                                              \
-    PERCH_CREATE_INHERITED(0)                                                                               \
-    PERCH_CREATE_INHERITED(1)                                                                               \
-    PERCH_CREATE_INHERITED(2)                                                                               \
-    PERCH_CREATE_INHERITED(3) PERCH_CREATE_INHERITED(4) PERCH_CREATE_INHERITED(5) PERCH_CREATE_INHERITED(6) \
-        PERCH_CREATE_INHERITED(7) PERCH_CREATE_INHERITED(8) PERCH_CREATE_INHERITED(9)                       \
-            PERCH_CREATE_INHERITED(10) PERCH_CREATE_INHERITED(11) PERCH_CREATE_INHERITED(12)                \
-                PERCH_CREATE_INHERITED(13) PERCH_CREATE_INHERITED(14) PERCH_CREATE_INHERITED(15)
+// clang-format off
+#define PERCH_SIXTEEN_LABELS() \
+    PERCH_CREATE_INHERITED(0) PERCH_CREATE_INHERITED(1) PERCH_CREATE_INHERITED(2) PERCH_CREATE_INHERITED(3) \
+    PERCH_CREATE_INHERITED(4) PERCH_CREATE_INHERITED(5) PERCH_CREATE_INHERITED(6) PERCH_CREATE_INHERITED(7) \
+    PERCH_CREATE_INHERITED(8) PERCH_CREATE_INHERITED(9) PERCH_CREATE_INHERITED(10) PERCH_CREATE_INHERITED(11) \
+    PERCH_CREATE_INHERITED(12) PERCH_CREATE_INHERITED(13) PERCH_CREATE_INHERITED(14) PERCH_CREATE_INHERITED(15)
+// clang-format on
 #define PERCH_CREATE_INHERITED(N) PERCH_CREATE(PERCH_INHERITED_LABELS(N))
 #define PERCH_INHERITED_LABELS(N) PerchAppLibrary::InheritedLabels<Base, N>
 
