@@ -12,6 +12,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <type_traits>
 #include <typeinfo>
 #include <utility>
 
@@ -41,6 +42,8 @@ public:
     static constexpr int firstPropertyLine = __LINE__;
     static void onePropertyPerLine(At<__LINE__>);
     static void labelsAt(At<__LINE__>);
+    template <class Derived>
+    friend std::type_identity<BaseEntity> nearestRecord(const BaseEntity*, std::type_identity<Derived>);
 
     /// Global identifier.
     PERCH_PROPERTY(Rare<std::string>, Guid);
@@ -141,7 +144,7 @@ protected:
     /// Read and write the value of a property, wherever its place is.
     template <class T>
     static const T& stored(const T& field) noexcept {
-        return field;
+        return field; // NOLINT(bugprone-return-const-ref-from-parameter): a field of the record
     }
     template <class Record, int Line>
     const std::string& stored(Slot<Place::sparse, Record, Line> /*slot*/) const noexcept {
@@ -152,7 +155,7 @@ protected:
         return (m_flags & flagMask<Record, Line>) != 0;
     }
     template <class T>
-    static void store(T& field, T&& value) {
+    static void store(T& field, std::type_identity_t<T>&& value) {
         field = std::move(value);
     }
     template <class Record, int Line>

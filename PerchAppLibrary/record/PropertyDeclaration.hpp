@@ -94,6 +94,7 @@ constexpr unsigned countBefore(int line) {
 /// The number of a flag or of a sparse text: unique among a class and its bases, and the same in
 /// every shared library.
 template <Place place, class Record, int Line>
+// NOLINTNEXTLINE(google-readability-casting): a call, which clang-tidy takes for a cast
 inline constexpr unsigned slotNumber = countBefore<Record, place>(Line);
 
 /// The bit of a flag in the header of a record.

@@ -39,7 +39,7 @@
 /// `create<R>(...)` makes an R, a subclass, whose overrides run while it is filled. A shared_ptr
 /// owns the record. A subclass without a PERCH_RECORD of its own inherits these functions as they
 /// are: its `R::create()` makes a `Class`. Takes exactly a JSON, since a text would become a JSON
-/// string.
+/// string: call `parse(text)`. BaseClass is the direct base, written without a leading `::`.
 #define PERCH_RECORD(Class, BaseClass)                                                                 \
 public:                                                                                                \
     using Self = Class;                                                                                \
@@ -50,6 +50,9 @@ public:                                                                         
     static void onePropertyPerLine(PerchAppLibrary::At<__LINE__>);                                     \
     static void labelsAt(PerchAppLibrary::At<__LINE__>);                                               \
     const PerchAppLibrary::RecordSchema& schema() const override;                                      \
+    template <class Derived>                                                                           \
+        requires(!std::same_as<Derived, Class>)                                                        \
+    friend std::type_identity<Class> nearestRecord(const Class*, std::type_identity<Derived>);         \
     template <class R = Class>                                                                         \
         requires std::derived_from<R, Class> && (!std::is_abstract_v<R>)                               \
     static std::shared_ptr<R> create() {                                                               \
@@ -114,6 +117,7 @@ public:                                                                         
     static constexpr PerchAppLibrary::StoredProperty<Self, PerchAppLibrary::ValueOf<Type>,         \
                                                      PerchAppLibrary::Declared<Type>::place>       \
     onePropertyPerLine(PerchAppLibrary::At<__LINE__>) {                                            \
+        PERCH_ASSERT_IN_LIST(Name)                                                                 \
         return {#Name, &Self::Name, &Self::Setter,                                                 \
                 PerchAppLibrary::fieldPointer<PerchAppLibrary::ValueOf<Type>>(&Self::m_##Name),    \
                 Self::effectOf(#Name)};                                                            \
@@ -128,6 +132,7 @@ public:                                                                         
     virtual PerchAppLibrary::ReadType<Type> Name() const { return Constant; }                  \
     static constexpr PerchAppLibrary::StoredProperty<Self, Type, PerchAppLibrary::Place::none> \
     onePropertyPerLine(PerchAppLibrary::At<__LINE__>) {                                        \
+        PERCH_ASSERT_IN_LIST(Name)                                                             \
         return {#Name, &Self::Name, nullptr, nullptr, nullptr};                                \
     }                                                                                          \
     static_assert(true)
@@ -138,35 +143,35 @@ public:                                                                         
     virtual Type Name() const;                                                         \
     static constexpr PerchAppLibrary::ComputedProperty<Self, Type> onePropertyPerLine( \
         PerchAppLibrary::At<__LINE__>) {                                               \
+        PERCH_ASSERT_IN_LIST(Name)                                                     \
         return {#Name, &Self::Name};                                                   \
     }                                                                                  \
     static_assert(true)
 
-/// Says that `Effect()`, a noexcept member function, is called after a change of one of these
-/// properties of the class, whatever changed it. Once in a class.
-#define PERCH_ON_CHANGE(Effect, ...)                                                         \
-protected:                                                                                   \
-    PERCH_FOR_EACH_NAME(PERCH_ASSERT_OWN, __VA_ARGS__)                                       \
-    static constexpr bool hasEffect(std::string_view name) {                                 \
-        for (const std::string_view each : {PERCH_FOR_EACH_NAME(PERCH_QUOTED, __VA_ARGS__)}) \
-            if (each == name)                                                                \
-                return true;                                                                 \
-        return false;                                                                        \
-    }                                                                                        \
-    static void callEffect(PerchAppLibrary::BaseEntity& record) {                            \
-        static_assert(noexcept(static_cast<Self&>(record).Effect()),                         \
-                      #Effect " of PERCH_ON_CHANGE must be noexcept");                       \
-        static_cast<Self&>(record).Effect();                                                 \
-    }                                                                                        \
-    static constexpr PerchAppLibrary::EffectOfChange effectOf(std::string_view name) {       \
-        return hasEffect(name) ? &Self::callEffect : nullptr;                                \
-    }                                                                                        \
-    void changed(std::string_view name) {                                                    \
-        if (hasEffect(name))                                                                 \
-            this->Effect();                                                                  \
-    }                                                                                        \
-                                                                                             \
-public:                                                                                      \
+/// Says that `Effect()`, a noexcept member function, is called after these properties of the class
+/// may have changed, whatever changed them: to drop a cached value. The last call comes after the
+/// last change; there may be one call for several changes, and calls without one. Stands below the
+/// properties, once in a class.
+#define PERCH_ON_CHANGE(Effect, ...)                                                   \
+protected:                                                                             \
+    PERCH_FOR_EACH_NAME(PERCH_ASSERT_OWN, __VA_ARGS__)                                 \
+    static constexpr bool hasEffect(std::string_view name) {                           \
+        return false PERCH_FOR_EACH_NAME(PERCH_OR_IS, __VA_ARGS__);                    \
+    }                                                                                  \
+    static void callEffect(PerchAppLibrary::BaseEntity& record) {                      \
+        static_assert(noexcept(static_cast<Self&>(record).Effect()),                   \
+                      #Effect " of PERCH_ON_CHANGE must be noexcept");                 \
+        static_cast<Self&>(record).Effect();                                           \
+    }                                                                                  \
+    static constexpr PerchAppLibrary::EffectOfChange effectOf(std::string_view name) { \
+        return hasEffect(name) ? &Self::callEffect : nullptr;                          \
+    }                                                                                  \
+    void changed(std::string_view name) {                                              \
+        if (hasEffect(name))                                                           \
+            this->Effect();                                                            \
+    }                                                                                  \
+                                                                                       \
+public:                                                                                \
     static_assert(true)
 
 /// One more `create`, with labels: PERCH_LABELS(PersonLabels, (name, Name), (age, Age)) gives
@@ -215,10 +220,15 @@ public:                                                                         
         return requires { requires std::same_as<decltype(&Record::Setter), void (Self::*)(Type)>; };      \
     }
 
+// In the body of a member function, where the class is complete.
+#define PERCH_ASSERT_IN_LIST(Name)                                                      \
+    static_assert(!PerchAppLibrary::isEnded<Self> || __LINE__ < Self::lastPropertyLine, \
+                  #Name " stands below PERCH_RECORD_END");
+
 #define PERCH_ASSERT_OWN(Name)                                       \
     static_assert(PerchAppLibrary::isOwnProperty<Self>(&Self::Name), \
                   "PERCH_ON_CHANGE names a property of another class: " #Name);
-#define PERCH_QUOTED(Name) #Name,
+#define PERCH_OR_IS(Name) || name == #Name
 
 // A base may have up to sixteen sets of labels; BaseEntity has none, and gives short messages. The
 // first word of the base's name tells: PERCH_ROOT_BaseEntity is replaced by two arguments, which

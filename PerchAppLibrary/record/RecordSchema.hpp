@@ -128,6 +128,11 @@ private:
     std::unique_ptr<const RecordWriter> m_writer;
 };
 
+/// The nearest base of a class that is a record.
+template <class Record>
+using NearestBase =
+    typename decltype(nearestRecord(static_cast<const Record*>(nullptr), std::type_identity<Record>()))::type;
+
 /// Collects the properties of a class from its declarations, line by line.
 template <class Record>
 class PropertyCollector {
@@ -231,15 +236,16 @@ private:
 
 /// Defines what PERCH_RECORD(Class, ...) declares. Stands once, in the record's source file, in its
 /// namespace.
-#define PERCH_RECORD_SCHEMA(Class)                                                              \
-    const PerchAppLibrary::RecordSchema& Class::schema() const {                                \
-        static_assert(PerchAppLibrary::isEnded<Class>,                                          \
-                      #Class " needs PERCH_RECORD_END after its properties");                   \
-        static_assert(std::derived_from<Class, Base>, #Class " does not derive from its base"); \
-        static const PerchAppLibrary::RecordSchema schema(                                      \
-            #Class, typeid(PerchAppLibrary::Concrete<Class>), &Base::schema(),                  \
-            PerchAppLibrary::PropertyCollector<Class>::collect(),                               \
-            PerchAppLibrary::PropertyCollector<Class>::overrides());                            \
-        return schema;                                                                          \
-    }                                                                                           \
+#define PERCH_RECORD_SCHEMA(Class)                                                    \
+    const PerchAppLibrary::RecordSchema& Class::schema() const {                      \
+        static_assert(PerchAppLibrary::isEnded<Class>,                                \
+                      #Class " needs PERCH_RECORD_END after its properties");         \
+        static_assert(std::is_same_v<PerchAppLibrary::NearestBase<Class>, Base>,      \
+                      "PERCH_RECORD(" #Class ", ...) does not name the direct base"); \
+        static const PerchAppLibrary::RecordSchema schema(                            \
+            #Class, typeid(PerchAppLibrary::Concrete<Class>), &Base::schema(),        \
+            PerchAppLibrary::PropertyCollector<Class>::collect(),                     \
+            PerchAppLibrary::PropertyCollector<Class>::overrides());                  \
+        return schema;                                                                \
+    }                                                                                 \
     static_assert(true)

@@ -14,7 +14,8 @@ namespace VelmoCloudEntity {
 class UserItem : public PerchAppLibrary::BaseEntity {
     PERCH_RECORD(UserItem, PerchAppLibrary::BaseEntity);
 
-    /// Token of the SMS verification, whatever the service sends for one.
+    /// Token of the SMS verification: any JSON value. `setSms_token("abc")` stores a text, which
+    /// `sms_token().as<std::string>()` reads.
     PERCH_PROPERTY_SET_BY(PerchAppLibrary::JSON, sms_token, setSms_token,
                           PerchAppLibrary::JSON::emptyString());
     /// Phone number.

@@ -247,7 +247,8 @@ class FontItem : public PerchAppLibrary::BaseEntity {
             PerchAppLibrary::prefetch(name->data());
     }
 
-    /// The locations with labels for arguments. They call the functions above.
+    /// The locations with labels for arguments. They call the functions above. A subclass that
+    /// overrides one of these also writes `using FontItem::getLocalPreviewFile;`, or the like.
     struct RemoteFileLabels {
         [[no_unique_address]] ByNameOnly byNameOnly = ByNameOnly();
         Required<std::string> productFileUrlHeader;

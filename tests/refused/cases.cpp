@@ -36,8 +36,17 @@ class Own : public FontItem {
 #ifdef REFUSED_smallLetter // PERCH_PROPERTY_SET_BY names the setter of small
     PERCH_PROPERTY(std::int64_t, small);
 #endif
+#ifdef REFUSED_anotherBase // does not name the direct base
+#define SKIPPING_BASE BaseEntity
+#else
+#define SKIPPING_BASE FontItem
+#endif
 #ifndef REFUSED_noEnd // Own needs PERCH_RECORD_END after its properties
     PERCH_RECORD_END;
+#endif
+
+#ifdef REFUSED_late // Late stands below PERCH_RECORD_END
+    PERCH_PROPERTY(std::int64_t, Late);
 #endif
 
 #ifdef REFUSED_effectOfOthers // PERCH_ON_CHANGE names a property of another class: Format
@@ -52,6 +61,12 @@ class Own : public FontItem {
     void remember() {}
 };
 PERCH_RECORD_SCHEMA(Own);
+
+class Skipping : public FontItem {
+    PERCH_RECORD(Skipping, SKIPPING_BASE);
+    PERCH_RECORD_END;
+};
+PERCH_RECORD_SCHEMA(Skipping);
 
 struct EnterpriseUser : EsUserItem {};
 

@@ -40,12 +40,12 @@ public:
     }
 
     /// Returns the number of elements, at least so many if there are millions.
-    std::optional<std::size_t> elementCount(Element element) const noexcept {
+    static std::optional<std::size_t> elementCount(Element element) noexcept {
         simdjson::dom::array elements;
         return element.get(elements) == simdjson::SUCCESS ? std::optional(elements.size()) : std::nullopt;
     }
 
-    bool isObject(Element element) const noexcept { return element.is_object(); }
+    static bool isObject(Element element) noexcept { return element.is_object(); }
 
     template <class T>
     bool get(Element element, T& value) const noexcept {

@@ -127,7 +127,7 @@ private:
 
         void readInto(RecordSink& sink) override {
             const Source& source = m_filler.m_source;
-            sink.reserve(*source.elementCount(m_array));
+            sink.reserve(source.elementCount(m_array).value_or(0));
             source.forEachElement(m_array, [&](Element element) {
                 if (m_onlyObjects && !source.isObject(element))
                     return;
