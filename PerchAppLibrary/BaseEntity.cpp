@@ -3,12 +3,12 @@
 #include <PerchAppLibrary/CommonStorage.hpp>
 #include <PerchAppLibrary/record/RecordSchema.hpp>
 #include <PerchAppLibrary/record/RecordWriter.hpp>
-#include <PerchAppLibrary/record/detail/DocumentSource.hpp>
+#include <PerchAppLibrary/record/detail/RecordFiller.hpp>
 
 #include <algorithm>
-#include <optional>
 #include <span>
 #include <typeinfo>
+#include <variant>
 #include <vector>
 
 namespace PerchAppLibrary {
@@ -40,11 +40,7 @@ const RecordSchema& BaseEntity::schema() const {
 void BaseEntity::setValue(const JSON& json) { fill(json); }
 
 // NOLINTNEXTLINE(performance-unnecessary-value-param): a list of keys is two pointers
-void BaseEntity::setValue(const JSON& json, Excluded excluded) {
-    const DocumentSource source(json);
-    if (const auto root = source.root())
-        RecordFiller(source).map(*this, *root, excluded);
-}
+void BaseEntity::setValue(const JSON& json, Excluded excluded) { mapRecord(*this, json, excluded); }
 
 void BaseEntity::fill(const JSON& json, const Excluded& further) {
     const RecordSchema& recordSchema = schema();
@@ -57,16 +53,11 @@ void BaseEntity::fill(const JSON& json, const Excluded& further) {
         if (contains(further, name))
             continue;
         const Property& property = recordSchema.properties()[recordSchema.find(name)];
-        const JSON elements = json[name];
-        const DocumentSource source(elements);
-        RecordFiller(source).fillArray(*std::get_if<RecordsAccess>(&property.access), *this, source.root());
+        fillArray(*std::get_if<RecordsAccess>(&property.access), *this, json[name]);
     }
 }
 
-void BaseEntity::fillByBase(const JSON& json, const Excluded& further) {
-    const DocumentSource source(json);
-    RecordFiller(source).fill(*this, source.root(), further);
-}
+void BaseEntity::fillByBase(const JSON& json, const Excluded& further) { fillRecord(*this, json, further); }
 
 void BaseEntity::clearException() {
     setException(false);

@@ -17,7 +17,7 @@
 
 namespace PerchAppLibrary {
 
-class RecordSchema;
+class RecordSchema; // completed by PerchAppLibrary/record/RecordSchema.hpp
 
 /// The base class of all records.
 ///
@@ -78,8 +78,9 @@ public:
     /// counts, even if it does not convert. Unknown keys are ignored. One pass over the members.
     virtual void setValue(const JSON& json, Excluded excluded);
 
-    /// A text would become a JSON string, which fills nothing: parse it with JSON::parse().
-    void setValue(std::string_view text) = delete;
+    /// A text would become a JSON string, which fills nothing. Use JSON::parse(text).
+    template <JSONScalar T>
+    void setValue(const T& value) = delete;
 
     /// Resets Exception, ErrorCode, ExceptionCode and ExceptionMessage to their defaults.
     virtual void clearException();

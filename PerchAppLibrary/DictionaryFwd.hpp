@@ -31,10 +31,10 @@ using ValueArray = boost::json::array;
 /// Where the values of a Dictionary lie; by default, each on its own in the heap. A value that is
 /// moved to another storage is copied.
 using Storage = boost::json::storage_ptr;
-class CommonStorage;
+class CommonStorage; // completed by PerchAppLibrary/CommonStorage.hpp
 
-class JSON;
-class PlatformFont;
+class JSON;         // completed by PerchAppLibrary/JSON.hpp
+class PlatformFont; // completed by PerchAppLibrary/platform/PlatformFont.hpp
 
 /// Sets a value of a Dictionary, in its storage: integers and Booleans as such, a float as the number
 /// that reads back to the same float (null if it is not finite), text with every ill-formed sequence

@@ -3,12 +3,10 @@
 #include <fstream>
 #include <iostream>
 using namespace VelmoCloudEntity;
-PerchAppLibrary::JSON read(std::ifstream file) {
-    return PerchAppLibrary::JSON::parse({std::istreambuf_iterator(file), {}});
-}
+std::string read(std::ifstream file) { return {std::istreambuf_iterator(file), {}}; }
 int main() {
-    const FontList fonts(read(std::ifstream("samples/font-list.json")));
-    const auto mine = UserFontActivateMapItem::create(read(std::ifstream("samples/activated-fonts.json")));
+    const FontList fonts = FontList::parse(read(std::ifstream("samples/font-list.json")));
+    const auto mine = UserFontActivateMapItem::parse(read(std::ifstream("samples/activated-fonts.json")));
     FontList::setActivatedFont(fonts.List(), mine->FontList());
     for (const auto& font : FontList::getActivatedFont(fonts.List()))
         std::cout << font->TreeNodeTitle() << ": " << font->LocalFile() << '\n';

@@ -1,4 +1,5 @@
-// A client's own kind of font: it adds a property, and overrides one so that every query sees the client's answer.
+// A client's own records: a font with a property more, whose overrides every query honours, and a
+// record that holds an array of such fonts.
 #include <VelmoCloudEntity/font/FontList.hpp>
 
 #include <PerchAppLibrary/Dictionary.hpp>
@@ -7,7 +8,7 @@
 #include <iostream>
 
 using namespace VelmoCloudEntity;
-using PerchAppLibrary::JSON;
+using PerchAppLibrary::BaseEntity;
 
 class RatedFont : public FontItem {
     PERCH_RECORD(RatedFont, FontItem);
@@ -23,8 +24,22 @@ public:
 };
 PERCH_RECORD_SCHEMA(RatedFont);
 
+class Shelf : public BaseEntity {
+    PERCH_RECORD(Shelf, BaseEntity);
+
+    PERCH_PROPERTY(std::string, Name);
+    /// One RatedFont for each element of the array under the key "Fonts".
+    PERCH_PROPERTY(Records<RatedFont>, Fonts);
+
+    PERCH_RECORD_END;
+};
+PERCH_RECORD_SCHEMA(Shelf);
+
 int main() {
-    const auto font = RatedFont::create(JSON::parse(R"({"Id": 7, "ProductName": "Kai", "Stars": 5})"));
+    const auto font = RatedFont::parse(R"({"Id": 7, "ProductName": "Kai", "Stars": 5})");
     std::cout << FontList::getFavoritedFont({font}).size() << " favourite\n"
               << PerchAppLibrary::toText(font->Dict()) << '\n';
+
+    const auto shelf = Shelf::parse(R"({"Name": "Best", "Fonts": [{"Stars": 4}, {"Stars": 5}]})");
+    std::cout << shelf->Name() << ": " << shelf->Fonts().size() << " fonts\n";
 }

@@ -6,7 +6,8 @@ class url;
 
 namespace PerchAppLibrary {
 
-/// A URI reference by RFC 3986. Whoever holds one includes PerchAppLibrary/platform/URL.hpp.
+/// A URI reference by RFC 3986. To use one, include PerchAppLibrary/platform/URL.hpp, which completes
+/// it.
 using URL = boost::urls::url;
 
 } // namespace PerchAppLibrary

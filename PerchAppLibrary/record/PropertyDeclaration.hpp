@@ -159,15 +159,14 @@ inline constexpr bool hasLabelsAt = requires { typename decltype(Record::labelsA
 /// The lines of the sets of labels of a class; zeros follow.
 template <class Record>
 inline constexpr auto labelLines = []<int... Offsets>(std::integer_sequence<int, Offsets...>) {
+    constexpr std::array<bool, sizeof...(Offsets)> isFound{
+        hasLabelsAt<Record, Record::firstPropertyLine + 1 + Offsets>...};
     std::array<int, mostInheritedLabels> lines{};
     std::size_t count = 0;
-    const auto add = [&](int line, bool isFound) {
-        if (isFound && count < lines.size())
+    int line = Record::firstPropertyLine;
+    for (const bool each : isFound)
+        if (++line; each && count < lines.size())
             lines[count++] = line;
-    };
-    (add(Record::firstPropertyLine + 1 + Offsets,
-         hasLabelsAt<Record, Record::firstPropertyLine + 1 + Offsets>),
-     ...);
     return lines;
 }(std::make_integer_sequence<int, mostLinesToLabels>());
 

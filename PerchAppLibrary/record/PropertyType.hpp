@@ -14,15 +14,11 @@ class JSON;
 
 /// Type of a text that few records have. While it is empty, a record has no memory for it.
 template <class T>
-struct Rare {
-    static_assert(std::same_as<T, std::string>, "Rare<T> is for texts: use Rare<std::string>");
-};
+struct Rare {};
 
 /// Type of a flag that every walk over a tree reads. It lies in the header of the record.
 template <class T>
-struct Near {
-    static_assert(std::same_as<T, bool>, "Near<T> is for flags: use Near<bool>");
-};
+struct Near {};
 
 /// Where a record keeps the value of a property: nowhere (a constant or computed one), in a field
 /// of its own, among the flags of the header, or in the list of sparse texts.
@@ -36,12 +32,12 @@ struct Declared {
 };
 template <class T>
 struct Declared<Rare<T>> {
-    using Value = T;
+    using Value = std::string;
     static constexpr Place place = Place::sparse;
 };
 template <class T>
 struct Declared<Near<T>> {
-    using Value = T;
+    using Value = bool;
     static constexpr Place place = Place::flag;
 };
 
@@ -59,14 +55,19 @@ inline constexpr bool isArrayOfShared = false;
 template <class R>
 inline constexpr bool isArrayOfShared<std::vector<std::shared_ptr<R>>> = true;
 
-/// Whether a property can have this type. That the shared objects of an array are records is
-/// checked where the class of records is complete: see isArrayOfRecords.
+/// Whether a property's line can have this type. That the shared objects of an array are records is
+/// checked where their class is complete: see isArrayOfRecords.
 template <class T>
 inline constexpr bool isPropertyType =
     std::same_as<T, std::int64_t> || std::same_as<T, bool> || std::same_as<T, float> ||
     std::same_as<T, std::string> || std::same_as<T, std::optional<std::string>> ||
     std::same_as<T, std::vector<std::int64_t>> || std::same_as<T, std::vector<std::string>> ||
     std::same_as<T, JSON> || isArrayOfShared<T>;
+
+template <class T>
+inline constexpr bool isPropertyType<Rare<T>> = std::same_as<T, std::string>;
+template <class T>
+inline constexpr bool isPropertyType<Near<T>> = std::same_as<T, bool>;
 
 class BaseEntity;
 

@@ -98,7 +98,7 @@ private:                                                                        
     [[no_unique_address]] PerchAppLibrary::FieldOf<Type, Self, __LINE__> m_##Name{__VA_ARGS__};    \
                                                                                                    \
 public:                                                                                            \
-    static_assert(PerchAppLibrary::isPropertyType<PerchAppLibrary::ValueOf<Type>>,                 \
+    static_assert(PerchAppLibrary::isPropertyType<Type>,                                           \
                   #Name " has the type " #Type ", which no property can have. "                    \
                         "Use std::int64_t, bool, float, std::string, std::optional<std::string>, " \
                         "std::vector<std::int64_t>, std::vector<std::string>, JSON, "              \
@@ -220,22 +220,26 @@ public:                                                                         
                   "PERCH_ON_CHANGE names a property of another class: " #Name);
 #define PERCH_QUOTED(Name) #Name,
 
-// A base may have up to sixteen sets of labels; BaseEntity has none. The first word of the base's
-// name tells: PERCH_ROOT_BaseEntity is replaced by two arguments, which shifts the third.
+// A base may have up to sixteen sets of labels; BaseEntity has none, and gives short messages. The
+// first word of the base's name tells: PERCH_ROOT_BaseEntity is replaced by two arguments, which
+// shifts the third.
 #define PERCH_INHERIT_LABELS(BaseClass) \
-    PERCH_THIRD(PERCH_ROOT_##BaseClass, PERCH_NO_CREATES, PERCH_SIXTEEN_CREATES, )()
+    PERCH_THIRD(PERCH_ROOT_##BaseClass, PERCH_NO_LABELS, PERCH_SIXTEEN_LABELS, )()
 #define PERCH_ROOT_PerchAppLibrary 1, 2
 #define PERCH_ROOT_BaseEntity 1, 2
 #define PERCH_THIRD(...) PERCH_THIRD_OF(__VA_ARGS__)
 #define PERCH_THIRD_OF(first, second, third, ...) third
-#define PERCH_NO_CREATES()
-#define PERCH_SIXTEEN_CREATES() \
-    PERCH_FOUR_CREATES(0) PERCH_FOUR_CREATES(4) PERCH_FOUR_CREATES(8) PERCH_FOUR_CREATES(12)
-#define PERCH_FOUR_CREATES(N)            \
-    PERCH_CREATE(PERCH_INHERITED(N))     \
-    PERCH_CREATE(PERCH_INHERITED(N + 1)) \
-    PERCH_CREATE(PERCH_INHERITED(N + 2)) PERCH_CREATE(PERCH_INHERITED(N + 3))
-#define PERCH_INHERITED(N) PerchAppLibrary::InheritedLabels<Base, N>
+#define PERCH_NO_LABELS()
+#define PERCH_SIXTEEN_LABELS()                                                                              \
+    PERCH_CREATE_INHERITED(0)                                                                               \
+    PERCH_CREATE_INHERITED(1)                                                                               \
+    PERCH_CREATE_INHERITED(2)                                                                               \
+    PERCH_CREATE_INHERITED(3) PERCH_CREATE_INHERITED(4) PERCH_CREATE_INHERITED(5) PERCH_CREATE_INHERITED(6) \
+        PERCH_CREATE_INHERITED(7) PERCH_CREATE_INHERITED(8) PERCH_CREATE_INHERITED(9)                       \
+            PERCH_CREATE_INHERITED(10) PERCH_CREATE_INHERITED(11) PERCH_CREATE_INHERITED(12)                \
+                PERCH_CREATE_INHERITED(13) PERCH_CREATE_INHERITED(14) PERCH_CREATE_INHERITED(15)
+#define PERCH_CREATE_INHERITED(N) PERCH_CREATE(PERCH_INHERITED_LABELS(N))
+#define PERCH_INHERITED_LABELS(N) PerchAppLibrary::InheritedLabels<Base, N>
 
 // PERCH_FOR_EACH(MACRO, (a, b), (c, d)) gives MACRO(a, b) MACRO(c, d), PERCH_FOR_EACH_NAME(MACRO,
 // a, b) gives MACRO(a) MACRO(b). A macro does not expand within itself, so each step leaves the next

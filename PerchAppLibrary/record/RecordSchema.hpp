@@ -5,6 +5,7 @@
 #include <PerchAppLibrary/record/RecordSink.hpp>
 
 #include <cstdint>
+#include <initializer_list>
 #include <memory>
 #include <optional>
 #include <span>
@@ -148,7 +149,8 @@ private:
     template <class Ancestor, class Visitor>
     static constexpr void forEachLine(Visitor visit) {
         [&]<int... Offsets>(std::integer_sequence<int, Offsets...>) {
-            (visit(At<Ancestor::firstPropertyLine + 1 + Offsets>()), ...);
+            // Not a fold expression, which Clang nests only 256 deep.
+            (void)std::initializer_list<int>{(visit(At<Ancestor::firstPropertyLine + 1 + Offsets>()), 0)...};
         }(PropertyLines<Ancestor>());
     }
 

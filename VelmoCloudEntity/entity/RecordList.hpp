@@ -25,6 +25,9 @@ public:
     template <std::same_as<PerchAppLibrary::JSON> JSON>
     explicit RecordRange(const JSON& json) : m_records(makeRecords<Item>(json, which)) {}
 
+    template <PerchAppLibrary::JSONScalar T>
+    explicit RecordRange(const T& value) = delete;
+
     /// Returns List(JSON::parse(text)). Throws JSON::ParseError as JSON::parse() does.
     template <class Text>
     static List parse(Text&& text) {

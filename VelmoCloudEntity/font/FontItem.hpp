@@ -14,7 +14,7 @@
 #include <vector>
 
 namespace PerchAppLibrary {
-class RecordWriter;
+class RecordWriter; // completed by PerchAppLibrary/record/RecordWriter.hpp
 }
 
 namespace VelmoCloudEntity {

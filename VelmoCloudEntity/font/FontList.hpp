@@ -11,7 +11,7 @@
 
 namespace VelmoCloudEntity {
 
-class FontTagItem;
+class FontTagItem; // completed by VelmoCloudEntity/catalogue/FontTagItem.hpp
 
 /// The list of fonts that the service sends, one for each object in a JSON array (other elements
 /// are dropped), and the queries over trees of fonts.

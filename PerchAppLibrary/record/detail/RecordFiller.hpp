@@ -346,4 +346,9 @@ private:
     std::array<KeyOrder, 2> m_orders;
 };
 
+/// What RecordFiller does, from a parsed document: RecordFiller::map(), fill() and fillArray().
+void mapRecord(BaseEntity& record, const JSON& json, const Excluded& excluded);
+void fillRecord(BaseEntity& record, const JSON& json, const Excluded& excluded);
+void fillArray(const RecordsAccess& access, BaseEntity& record, const JSON& json);
+
 } // namespace PerchAppLibrary
