@@ -77,8 +77,8 @@ std::vector<Member> membersByKey(dom::object object) {
     std::ranges::sort(members, [](const Member& a, const Member& b) {
         return std::tie(a.key, b.position) < std::tie(b.key, a.position);
     });
-    const auto rest = std::ranges::unique(members, {}, &Member::key);
-    members.erase(rest.begin(), rest.end());
+    const auto haveOneKey = [](const Member& a, const Member& b) { return a.key == b.key; };
+    members.erase(std::unique(members.begin(), members.end(), haveOneKey), members.end());
     return members;
 }
 
