@@ -48,12 +48,13 @@ void BaseEntity::fill(const JSON& json, const Excluded& further) {
         fillByBase(json, further);
         return;
     }
-    setValue(json, together(further, recordSchema.arrays()));
+    const JSON document = json; // the record may hold the other, and set it meanwhile
+    setValue(document, together(further, recordSchema.arrays()));
     for (const std::string& name : recordSchema.arrays().keys()) {
         if (contains(further, name))
             continue;
         const Property& property = recordSchema.properties()[recordSchema.find(name)];
-        fillArray(*std::get_if<RecordsAccess>(&property.access), *this, json[name]);
+        fillArray(*std::get_if<RecordsAccess>(&property.access), *this, document[name]);
     }
 }
 

@@ -168,8 +168,8 @@ protected:
     }
 
     /// What a class without a PERCH_ON_CHANGE has.
-    static constexpr EffectOfChange effectOf(std::string_view /*name*/) { return nullptr; }
-    static void changed(std::string_view /*name*/) noexcept {}
+    static constexpr EffectOfChange perchEffectOf(std::string_view /*name*/) { return nullptr; }
+    static void perchChanged(std::string_view /*name*/) noexcept {}
 
     /// Returns the stored properties without the excluded ones, with which a record's `Dict` begins.
     /// Ends the process (fatalError) if an excluded name is not a stored property's.

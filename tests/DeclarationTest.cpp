@@ -9,10 +9,11 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
-#include <new>
-#include <set>
+#include <memory>
+#include <string>
 #include <tuple>
+
+#include <pthread.h>
 
 using namespace PerchAppLibrary;
 using namespace VelmoCloudEntity;
@@ -145,6 +146,100 @@ TEST(Declaration, FillsArraysBelowAnOverriddenSetValue) {
     };
     const auto font = FontItem::create<Detour>(JSON::parse(R"({"font":{"Id":1},"Children":[{"Id":2}]})"));
     EXPECT_EQ(std::tuple(font->Id(), font->Children().at(0)->Id()), std::tuple(1, 2));
+}
+
+/// Names and functions that a client's record may have.
+class Crowded : public BaseEntity {
+    PERCH_RECORD(Crowded, BaseEntity);
+
+    PERCH_PROPERTY(std::string, Value);
+    PERCH_PROPERTY(std::string, Note);
+    PERCH_CONSTANT(std::string, Kind, "crowded");
+
+    PERCH_RECORD_END;
+
+public:
+    virtual int area() const = 0;
+    virtual void setNote(int number) { setNote(std::to_string(number)); }
+    void changed(const std::string&) { ++calls; }
+    void stored(const std::string&) { ++calls; }
+    void make() { ++calls; }
+    int calls = 0;
+};
+PERCH_RECORD_SCHEMA(Crowded);
+
+TEST(Declaration, LeavesAClientsOwnNamesAndFunctionsAlone) {
+    struct Square : Crowded {
+        int area() const override { return 4; }
+    };
+    const auto square = Crowded::create<Square>(JSON::parse(R"({"Value":"v","Note":"n","Kind":"x"})"));
+    square->setValue(std::string("w"));
+    square->setNote(7);
+    EXPECT_EQ(toText(square->value("Value")) + square->Note() + square->Kind(), R"("w"7crowded)");
+    EXPECT_EQ(square->calls, 0);
+}
+
+TEST(Declaration, MakesTheElementsOfAnArrayByTheirOwnCreate) {
+    struct Stamped : FontItem {
+        static std::shared_ptr<Stamped> create(const JSON& json) {
+            auto font = FontItem::create<Stamped>(json);
+            font->setNewly = true;
+            return font;
+        }
+        bool setNewly = false;
+    };
+    EXPECT_TRUE(makeRecords<Stamped>(JSON::parse("[{}]")).at(0)->setNewly);
+}
+
+TEST(Declaration, EmptiesAnArrayWhoseGetterIsOverridden) {
+    class Folded : public FontItem {
+    public:
+        const Records<FontItem>& Children() const override { return isFolded ? none : FontItem::Children(); }
+        bool isFolded = false;
+        Records<FontItem> none;
+    };
+    const auto font = FontItem::create<Folded>(JSON::parse(R"({"Children":[{}]})"));
+    font->isFolded = true;
+    font->setValue(JSON::parse("{}"));
+    font->isFolded = false;
+    EXPECT_TRUE(font->Children().empty());
+}
+
+TEST(Declaration, FillsARecordFromItsOwnJSON) {
+    const auto user = UserItem::parse(R"({"sms_token":{"sms_token":"inner","Tel":"1"}})");
+    user->setValue(user->sms_token());
+    EXPECT_EQ(user->sms_token().as<std::string>(), "inner");
+    EXPECT_EQ(user->Tel(), "1");
+}
+
+TEST(Declaration, FillsTheDeepestDocumentOnASmallStack) {
+    std::string text = "{}";
+    for (int depth = 1; depth < 512; ++depth)
+        text = R"({"Children":[)" + text + "]}";
+    const JSON json = JSON::parse(text);
+    const auto fill = [](void* given) -> void* {
+        int depth = 0;
+        std::shared_ptr<FontItem> font = FontItem::create(*static_cast<const JSON*>(given));
+        for (const FontItem* each = font.get(); each != nullptr; ++depth)
+            each = each->Children().empty() ? nullptr : each->Children().front().get();
+        return new int(depth);
+    };
+#ifdef __SANITIZE_ADDRESS__
+    constexpr std::size_t room = 16U << 20U; // its frames are larger
+#elif defined __has_feature
+    constexpr std::size_t room = __has_feature(address_sanitizer) ? 16U << 20U : 512U << 10U;
+#else
+    constexpr std::size_t room = 512U << 10U;
+#endif
+    pthread_attr_t attributes{};
+    pthread_attr_init(&attributes);
+    pthread_attr_setstacksize(&attributes, room);
+    pthread_t thread{};
+    ASSERT_EQ(pthread_create(&thread, &attributes, fill, const_cast<JSON*>(&json)), 0);
+    void* result = nullptr;
+    pthread_join(thread, &result);
+    const std::unique_ptr<int> depth(static_cast<int*>(result));
+    EXPECT_EQ(*depth, 512);
 }
 
 TEST(Declaration, GivesASubclassTheLabelsOfItsBases) {

@@ -131,6 +131,8 @@ enum class JSONFilling : unsigned char {
     none,        ///< the class has no create(json)
 };
 
+namespace detail {
+
 /// Makes a record class concrete that only its create(json) may make.
 template <class Record>
 struct MadeFromJSON final : Record {
@@ -138,9 +140,21 @@ private:
     void isMadeByCreateFromJSON() const override {}
 };
 
+template <class Record>
+struct ConcreteOf {
+    using Type = Record;
+};
+template <class Record>
+    requires requires { typename Record::MadeFromJSONAlone; } && std::is_abstract_v<Record>
+struct ConcreteOf<Record> {
+    using Type = MadeFromJSON<Record>;
+};
+
+} // namespace detail
+
 /// The class of the objects that the create() functions of a record make.
 template <class Record>
-using Concrete = std::conditional_t<std::is_abstract_v<Record>, MadeFromJSON<Record>, Record>;
+using Concrete = typename detail::ConcreteOf<Record>::Type;
 
 /// Lines after the begin of a class in which PERCH_LABELS is found by subclasses.
 inline constexpr int mostLinesToLabels = 512;

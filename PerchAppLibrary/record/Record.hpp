@@ -56,12 +56,12 @@ public:                                                                         
     template <class R = Class>                                                                         \
         requires std::derived_from<R, Class> && (!std::is_abstract_v<R>)                               \
     static std::shared_ptr<R> create() {                                                               \
-        return Class::template make<R>();                                                              \
+        return PerchAppLibrary::BaseEntity::make<R>();                                                 \
     }                                                                                                  \
     template <class R = Class, std::same_as<PerchAppLibrary::JSON> J>                                  \
         requires std::derived_from<R, Class> && (R::jsonFilling != PerchAppLibrary::JSONFilling::none) \
     static std::shared_ptr<R> create(const J& json) {                                                  \
-        return Class::template makeFilled<R, Class::jsonFilling>(json);                                \
+        return PerchAppLibrary::BaseEntity::makeFilled<R, Class::jsonFilling>(json);                   \
     }                                                                                                  \
     template <class R = Class, class Text>                                                             \
         requires std::derived_from<R, Class> && (R::jsonFilling != PerchAppLibrary::JSONFilling::none) \
@@ -72,9 +72,12 @@ public:                                                                         
     static_assert(true)
 
 /// Opens a record that is made from JSON alone, by `create(json)` or a subclass's: the class is
-/// abstract for everything else.
+/// abstract for everything else. Not for a final class.
 #define PERCH_RECORD_FROM_JSON(Class, BaseClass)     \
     PERCH_RECORD(Class, BaseClass);                  \
+                                                     \
+public:                                              \
+    using MadeFromJSONAlone = void;                  \
                                                      \
 private:                                             \
     virtual void isMadeByCreateFromJSON() const = 0; \
@@ -108,11 +111,11 @@ public:                                                                         
                         "std::vector<std::shared_ptr<R>> of a record R, Rare<std::string> or "     \
                         "Near<bool>");                                                             \
     virtual PerchAppLibrary::ReadType<PerchAppLibrary::ValueOf<Type>> Name() const {               \
-        return this->stored(this->m_##Name);                                                       \
+        return this->PerchAppLibrary::BaseEntity::stored(this->m_##Name);                          \
     }                                                                                              \
     virtual void Setter(PerchAppLibrary::ValueOf<Type> newValue) {                                 \
-        this->store(this->m_##Name, std::move(newValue));                                          \
-        this->changed(#Name);                                                                      \
+        this->PerchAppLibrary::BaseEntity::store(this->m_##Name, std::move(newValue));             \
+        this->perchChanged(#Name);                                                                 \
     }                                                                                              \
     static constexpr PerchAppLibrary::StoredProperty<Self, PerchAppLibrary::ValueOf<Type>,         \
                                                      PerchAppLibrary::Declared<Type>::place>       \
@@ -120,21 +123,26 @@ public:                                                                         
         PERCH_ASSERT_IN_LIST(Name)                                                                 \
         return {#Name, &Self::Name, &Self::Setter,                                                 \
                 PerchAppLibrary::fieldPointer<PerchAppLibrary::ValueOf<Type>>(&Self::m_##Name),    \
-                Self::effectOf(#Name)};                                                            \
+                Self::perchEffectOf(#Name)};                                                       \
     }                                                                                              \
     PERCH_CHECKED_IN_SCHEMA(PerchAppLibrary::ValueOf<Type>, Name, Setter)                          \
     static_assert(true)
 
 /// A stored property with one value for all records: it has no setter and no memory, and no
 /// document changes it.
-#define PERCH_CONSTANT(Type, Name, Constant)                                                   \
-public:                                                                                        \
-    virtual PerchAppLibrary::ReadType<Type> Name() const { return Constant; }                  \
-    static constexpr PerchAppLibrary::StoredProperty<Self, Type, PerchAppLibrary::Place::none> \
-    onePropertyPerLine(PerchAppLibrary::At<__LINE__>) {                                        \
-        PERCH_ASSERT_IN_LIST(Name)                                                             \
-        return {#Name, &Self::Name, nullptr, nullptr, nullptr};                                \
-    }                                                                                          \
+#define PERCH_CONSTANT(Type, Name, Constant)                                                        \
+public:                                                                                             \
+    static_assert(PerchAppLibrary::isPropertyType<Type> && !PerchAppLibrary::isArrayOfShared<Type>, \
+                  #Name " has the type " #Type ", which no constant can have");                     \
+    virtual PerchAppLibrary::ReadType<Type> Name() const {                                          \
+        static const Type constant{Constant};                                                       \
+        return constant;                                                                            \
+    }                                                                                               \
+    static constexpr PerchAppLibrary::StoredProperty<Self, Type, PerchAppLibrary::Place::none>      \
+    onePropertyPerLine(PerchAppLibrary::At<__LINE__>) {                                             \
+        PERCH_ASSERT_IN_LIST(Name)                                                                  \
+        return {#Name, &Self::Name, nullptr, nullptr, nullptr};                                     \
+    }                                                                                               \
     static_assert(true)
 
 /// A computed property with the virtual getter `Name()`, which the class defines in its source.
@@ -152,26 +160,26 @@ public:                                                                         
 /// may have changed, whatever changed them: to drop a cached value. The last call comes after the
 /// last change; there may be one call for several changes, and calls without one. Stands below the
 /// properties, once in a class.
-#define PERCH_ON_CHANGE(Effect, ...)                                                   \
-protected:                                                                             \
-    PERCH_FOR_EACH_NAME(PERCH_ASSERT_OWN, __VA_ARGS__)                                 \
-    static constexpr bool hasEffect(std::string_view name) {                           \
-        return false PERCH_FOR_EACH_NAME(PERCH_OR_IS, __VA_ARGS__);                    \
-    }                                                                                  \
-    static void callEffect(PerchAppLibrary::BaseEntity& record) {                      \
-        static_assert(noexcept(static_cast<Self&>(record).Effect()),                   \
-                      #Effect " of PERCH_ON_CHANGE must be noexcept");                 \
-        static_cast<Self&>(record).Effect();                                           \
-    }                                                                                  \
-    static constexpr PerchAppLibrary::EffectOfChange effectOf(std::string_view name) { \
-        return hasEffect(name) ? &Self::callEffect : nullptr;                          \
-    }                                                                                  \
-    void changed(std::string_view name) {                                              \
-        if (hasEffect(name))                                                           \
-            this->Effect();                                                            \
-    }                                                                                  \
-                                                                                       \
-public:                                                                                \
+#define PERCH_ON_CHANGE(Effect, ...)                                                        \
+protected:                                                                                  \
+    PERCH_FOR_EACH_NAME(PERCH_ASSERT_OWN, __VA_ARGS__)                                      \
+    static constexpr bool perchHasEffect(std::string_view name) {                           \
+        return false PERCH_FOR_EACH_NAME(PERCH_OR_IS, __VA_ARGS__);                         \
+    }                                                                                       \
+    static void perchCallEffect(PerchAppLibrary::BaseEntity& record) {                      \
+        static_assert(noexcept(static_cast<Self&>(record).Effect()),                        \
+                      #Effect " of PERCH_ON_CHANGE must be noexcept");                      \
+        static_cast<Self&>(record).Effect();                                                \
+    }                                                                                       \
+    static constexpr PerchAppLibrary::EffectOfChange perchEffectOf(std::string_view name) { \
+        return perchHasEffect(name) ? &Self::perchCallEffect : nullptr;                     \
+    }                                                                                       \
+    void perchChanged(std::string_view name) {                                              \
+        if (perchHasEffect(name))                                                           \
+            this->Effect();                                                                 \
+    }                                                                                       \
+                                                                                            \
+public:                                                                                     \
     static_assert(true)
 
 /// One more `create`, with labels: PERCH_LABELS(PersonLabels, (name, Name), (age, Age)) gives
@@ -192,11 +200,11 @@ public:                                                                         
 
 // The rest is used by the macros above.
 
-#define PERCH_CREATE(Labels)                                      \
-    template <class R = Self>                                     \
-        requires std::derived_from<R, Self>                       \
-    static std::shared_ptr<R> create(Labels labels) {             \
-        return Self::template makeLabelled<R>(std::move(labels)); \
+#define PERCH_CREATE(Labels)                                                    \
+    template <class R = Self>                                                   \
+        requires std::derived_from<R, Self>                                     \
+    static std::shared_ptr<R> create(Labels labels) {                           \
+        return PerchAppLibrary::BaseEntity::makeLabelled<R>(std::move(labels)); \
     }
 
 #define PERCH_DECLARE_LABEL(label, Name) \
@@ -221,9 +229,10 @@ public:                                                                         
     }
 
 // In the body of a member function, where the class is complete.
-#define PERCH_ASSERT_IN_LIST(Name)                                                      \
-    static_assert(!PerchAppLibrary::isEnded<Self> || __LINE__ < Self::lastPropertyLine, \
-                  #Name " stands below PERCH_RECORD_END");
+#define PERCH_ASSERT_IN_LIST(Name)                                                               \
+    static_assert(!PerchAppLibrary::isEnded<Self> ||                                             \
+                      (Self::firstPropertyLine < __LINE__ && __LINE__ < Self::lastPropertyLine), \
+                  #Name " does not stand between PERCH_RECORD and PERCH_RECORD_END");
 
 #define PERCH_ASSERT_OWN(Name)                                       \
     static_assert(PerchAppLibrary::isOwnProperty<Self>(&Self::Name), \

@@ -18,6 +18,8 @@ std::vector<Property> inheritedAndOwn(const RecordSchema* base, std::vector<Prop
                                  return std::ranges::find(own, inherited.name, &Property::name) == own.end();
                              });
     std::ranges::move(own, std::back_inserter(properties));
+    for (Property& property : properties)
+        property.textKey = ",\"" + std::string(property.name) + "\":";
     return properties;
 }
 

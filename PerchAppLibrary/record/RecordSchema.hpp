@@ -57,6 +57,7 @@ struct Property {
                  FieldAccess<std::optional<std::string>>, FieldAccess<std::vector<std::int64_t>>,
                  FieldAccess<std::vector<std::string>>, FieldAccess<JSON>, RecordsAccess, ComputedAccess>
         access;
+    std::string textKey = {}; // `,"name":`, with which a member of a JSON text begins; set by the schema
 
     bool isStored() const noexcept { return !std::holds_alternative<ComputedAccess>(access); }
 
@@ -176,7 +177,7 @@ private:
         if constexpr (requires { Record::onePropertyPerLine(At<Line>()).name; }) {
             constexpr auto declared = Record::onePropertyPerLine(At<Line>());
             if constexpr (requires { Record::template keepsSetterAt<Record>(At<Line>()); })
-                static_assert(Record::template keepsSetterAt<Record>(At<Line>()));
+                (void)Record::template keepsSetterAt<Record>(At<Line>()); // for its assertions
             if constexpr (requires { accessOf<Line>(declared); })
                 properties.push_back({declared.name, accessOf<Line>(declared)});
         }
@@ -236,16 +237,16 @@ private:
 
 /// Defines what PERCH_RECORD(Class, ...) declares. Stands once, in the record's source file, in its
 /// namespace.
-#define PERCH_RECORD_SCHEMA(Class)                                                    \
-    const PerchAppLibrary::RecordSchema& Class::schema() const {                      \
-        static_assert(PerchAppLibrary::isEnded<Class>,                                \
-                      #Class " needs PERCH_RECORD_END after its properties");         \
-        static_assert(std::is_same_v<PerchAppLibrary::NearestBase<Class>, Base>,      \
-                      "PERCH_RECORD(" #Class ", ...) does not name the direct base"); \
-        static const PerchAppLibrary::RecordSchema schema(                            \
-            #Class, typeid(PerchAppLibrary::Concrete<Class>), &Base::schema(),        \
-            PerchAppLibrary::PropertyCollector<Class>::collect(),                     \
-            PerchAppLibrary::PropertyCollector<Class>::overrides());                  \
-        return schema;                                                                \
-    }                                                                                 \
+#define PERCH_RECORD_SCHEMA(Class)                                                              \
+    const PerchAppLibrary::RecordSchema& Class::schema() const {                                \
+        static_assert(PerchAppLibrary::isEnded<Class>,                                          \
+                      #Class " needs PERCH_RECORD_END after its properties");                   \
+        static_assert(std::is_same_v<PerchAppLibrary::NearestBase<Class>, typename Base::Self>, \
+                      "PERCH_RECORD(" #Class ", ...) does not name the direct base");           \
+        static const PerchAppLibrary::RecordSchema schema(                                      \
+            #Class, typeid(PerchAppLibrary::Concrete<Class>), &Base::schema(),                  \
+            PerchAppLibrary::PropertyCollector<Class>::collect(),                               \
+            PerchAppLibrary::PropertyCollector<Class>::overrides());                            \
+        return schema;                                                                          \
+    }                                                                                           \
     static_assert(true)

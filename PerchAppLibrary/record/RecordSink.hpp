@@ -4,6 +4,7 @@
 #include <PerchAppLibrary/record/KeyList.hpp>
 #include <PerchAppLibrary/record/PropertyDeclaration.hpp>
 
+#include <concepts>
 #include <cstddef>
 #include <memory>
 #include <utility>
@@ -44,11 +45,17 @@ concept UsesBaseMapping =
 template <class R>
 concept UsesBaseSetValue = requires(void (*take)(void (BaseEntity::*)(const JSON&))) { take(&R::setValue); };
 
+/// Whether R::create(json) is the one that PERCH_RECORD declares, not one of R's own.
+template <class R>
+concept UsesRecordCreate =
+    requires(void (*take)(std::shared_ptr<R> (*)(const JSON&))) { take(&R::template create<R, JSON>); };
+
 /// Whether R::create(json) does no more than BaseEntity::setValue(json) of a record of exactly R.
 template <class R>
 inline constexpr bool isFilledByBase =
-    R::jsonFilling == JSONFilling::baseMapping ||
-    (UsesBaseMapping<R> && (UsesBaseSetValue<R> || R::jsonFilling == JSONFilling::mapping));
+    (UsesRecordCreate<R> || R::jsonFilling == JSONFilling::none) &&
+    (R::jsonFilling == JSONFilling::baseMapping ||
+     (UsesBaseMapping<R> && (UsesBaseSetValue<R> || R::jsonFilling == JSONFilling::mapping)));
 
 /// The records of one array of the class Item.
 template <class Item>
@@ -63,7 +70,14 @@ public:
             return nullptr;
     }
 
-    void addFrom(const JSON& json) override { records.push_back(Item::template create<Item>(json)); }
+    void addFrom(const JSON& json) override {
+        if constexpr (requires {
+                          { Item::create(json) } -> std::same_as<std::shared_ptr<Item>>;
+                      })
+            records.push_back(Item::create(json));
+        else if constexpr (Item::jsonFilling != JSONFilling::none)
+            records.push_back(Item::template create<Item>(json));
+    }
 
     std::vector<std::shared_ptr<Item>> records;
 };

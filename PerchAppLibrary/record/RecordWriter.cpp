@@ -4,6 +4,7 @@
 #include <PerchAppLibrary/record/detail/PlaceAccess.hpp>
 
 #include <algorithm>
+#include <concepts>
 #include <type_traits>
 #include <variant>
 
@@ -17,12 +18,12 @@ struct DictionarySink {
     Dictionary& dictionary;
 
     template <class T>
-    void add(std::string_view name, const std::string& /*key*/, const T& value) {
-        PropertyKind<T>::write(dictionary, name, value);
+    void add(const Property& property, const T& value) {
+        PropertyKind<T>::write(dictionary, property.name, value);
     }
 
-    void add(std::string_view name, const std::string& /*key*/, const RecordPointers& records) {
-        ValueArray& values = dictionary[name].emplace_array();
+    void add(const Property& property, const RecordPointers& records) {
+        ValueArray& values = dictionary[property.name].emplace_array();
         for (const BaseEntity* const record : records) {
             Value& value = values.emplace_back(nullptr);
             if (record != nullptr)
@@ -37,8 +38,8 @@ struct TextSink {
     std::size_t separator = 1; // the comma that the first member goes without
 
     template <class T>
-    void add(std::string_view /*name*/, const std::string& key, const T& value) {
-        text.append(key, separator);
+    void add(const Property& property, const T& value) {
+        text.append(property.textKey, separator);
         separator = 0;
         write(value);
     }
@@ -79,7 +80,7 @@ RecordWriter::RecordWriter(const RecordSchema& schema, const Excluded& excluded)
     }
     for (std::size_t index = 0; index < isExcluded.size(); ++index)
         if (const Property& property = schema.properties()[index]; property.isStored() && !isExcluded[index])
-            m_members.push_back({&property, ",\"" + std::string(property.name) + "\":"});
+            m_members.push_back(&property);
 }
 
 void RecordWriter::write(const BaseEntity& record, Dictionary& dictionary) const {
@@ -100,14 +101,14 @@ void RecordWriter::write(const BaseEntity& record, std::string& text) const {
 template <class Sink>
 void RecordWriter::writeTo(const BaseEntity& record, Sink sink) const {
     const bool readsPlaces = isExactly(record, m_schema.type()) && !m_schema.overrides().getters;
-    for (const auto& [property, key] : m_members)
+    for (const Property* const property : m_members)
         std::visit(
             [&]<class Access>(const Access& access) {
                 if constexpr (requires { typename Access::Value; })
-                    sink.add(property->name, key,
+                    sink.add(*property,
                              readsPlaces ? PlaceAccess::read(record, access) : (record.*access.get)());
                 else if constexpr (std::same_as<Access, RecordsAccess>)
-                    sink.add(property->name, key, access.get(record));
+                    sink.add(*property, access.get(record));
             },
             property->access);
 }

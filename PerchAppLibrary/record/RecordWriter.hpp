@@ -30,16 +30,11 @@ public:
     Dictionary dictionary(const BaseEntity& record, const Storage& storage) const;
 
 private:
-    struct Member {
-        const Property* property;
-        std::string key; // `,"Name":`
-    };
-
     template <class Sink>
     void writeTo(const BaseEntity& record, Sink sink) const;
 
     const RecordSchema& m_schema;
-    std::vector<Member> m_members;
+    std::vector<const Property*> m_members;
 };
 
 } // namespace PerchAppLibrary

@@ -45,7 +45,7 @@ class Own : public FontItem {
     PERCH_RECORD_END;
 #endif
 
-#ifdef REFUSED_late // Late stands below PERCH_RECORD_END
+#ifdef REFUSED_late // Late does not stand between PERCH_RECORD and PERCH_RECORD_END
     PERCH_PROPERTY(std::int64_t, Late);
 #endif
 

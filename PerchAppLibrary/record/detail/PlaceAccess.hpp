@@ -3,6 +3,7 @@
 #include <PerchAppLibrary/record/RecordSchema.hpp>
 #include <PerchAppLibrary/record/detail/PropertyKind.hpp>
 
+#include <concepts>
 #include <string>
 #include <string_view>
 #include <utility>

@@ -12,8 +12,7 @@ class DocumentSource {
 public:
     using Element = simdjson::dom::element;
 
-    /// Requires that the JSON, whose document is read, outlives the source.
-    explicit DocumentSource(const JSON& json) noexcept : m_json(json) {}
+    explicit DocumentSource(JSON json) noexcept : m_json(std::move(json)) {}
 
     /// Returns the JSON itself, or nullopt for JSON::null, which belongs to no document.
     std::optional<Element> root() const noexcept { return JSONElement::of(m_json); }
@@ -60,7 +59,7 @@ public:
     JSON toJSON(Element element) const noexcept { return JSONElement::inDocumentOf(m_json, element); }
 
 private:
-    const JSON& m_json;
+    JSON m_json; // a copy: the record may hold the other, and set it meanwhile
 };
 
 std::vector<std::string_view> namesOf(std::span<const Property> properties) {

@@ -93,11 +93,7 @@ public:
     /// Runs the mapping and fills the arrays of records: BaseEntity::fillByBase(). Without an element,
     /// as for one that is no object.
     void fill(BaseEntity& record, std::optional<Element> element, const Excluded& excluded) {
-        Pass pass(*this, record);
-        pass.exclude(excluded);
-        if (element)
-            pass.run(*element);
-        pass.fillArrays(0);
+        fillArrays(record, runPass(record, element, excluded), 0);
     }
 
     /// Sets an array of records, through its virtual setter, to one record for each element; to none
@@ -119,6 +115,44 @@ public:
     }
 
 private:
+    struct Deferred {
+        std::size_t index;
+        Element element;
+    };
+
+    struct ArrayToFill {
+        const RecordsAccess* access;
+        std::optional<Element> element;
+        bool isOverridden;
+    };
+
+    /// The arrays of records of one record. Few classes have more than one.
+    using Arrays = boost::container::small_vector<ArrayToFill, 1>;
+
+    /// Runs the mapping and returns the arrays that are left to fill. Apart from fillArrays(), so that
+    /// nested records do not keep the large frame of a pass on the stack.
+    [[gnu::noinline]] Arrays runPass(BaseEntity& record, std::optional<Element> element,
+                                     const Excluded& excluded) {
+        Pass pass(*this, record);
+        pass.exclude(excluded);
+        if (element)
+            pass.run(*element);
+        return pass.arrays();
+    }
+
+    /// Like runPass(), for one of many objects. The objects of groups and of their members take turns
+    /// from depth to depth.
+    [[gnu::noinline]] Arrays runPass(BaseEntity& record, Element element, std::size_t depth) {
+        Pass pass(*this, record);
+        pass.run(element, &m_orders[depth % m_orders.size()]);
+        return pass.arrays();
+    }
+
+    void fillArrays(BaseEntity& record, const Arrays& arrays, std::size_t depth) {
+        for (const ArrayToFill& each : arrays)
+            fillArray(*each.access, record, each.element, depth, each.isOverridden);
+    }
+
     /// Reads the elements of an array into a sink.
     class Reader final : public RecordReader {
     public:
@@ -140,10 +174,7 @@ private:
 
     private:
         void fill(BaseEntity& record, Element element) {
-            Pass pass(m_filler, record);
-            // The objects of groups and of their members take turns from depth to depth.
-            pass.run(element, &m_filler.m_orders[m_depth % m_filler.m_orders.size()]);
-            pass.fillArrays(m_depth + 1);
+            m_filler.fillArrays(record, m_filler.runPass(record, element, m_depth), m_depth + 1);
         }
 
         RecordFiller& m_filler;
@@ -153,11 +184,6 @@ private:
     };
 
     enum class FillState : std::uint8_t { untouched, excluded, deferred, filled };
-
-    struct Deferred {
-        std::size_t index;
-        Element element;
-    };
 
     /// The filling of one record.
     class Pass {
@@ -195,17 +221,25 @@ private:
                 setDeferred();
         }
 
-        void fillArrays(std::size_t depth) {
-            const bool isOverridden = !m_isExact || m_schema.overrides().setters;
+        /// Returns the arrays of records that are left to fill. Empties those without an element, unless
+        /// a subclass can see when that happens.
+        Arrays arrays() const {
+            const bool isOverridden =
+                !m_isExact || m_schema.overrides().setters || m_schema.overrides().getters;
+            Arrays left;
             for (const std::size_t index : m_plan.arrays()) {
                 if (m_states[index] == FillState::excluded)
                     continue;
+                const auto& access = *std::get_if<RecordsAccess>(&m_schema.properties()[index].access);
                 const auto found = std::ranges::find(m_deferred, index, &Deferred::index);
-                m_filler.fillArray(*std::get_if<RecordsAccess>(&m_schema.properties()[index].access),
-                                   m_record,
-                                   found == m_deferred.end() ? std::nullopt : std::optional(found->element),
-                                   depth, isOverridden);
+                if (found != m_deferred.end())
+                    left.push_back({&access, found->element, isOverridden});
+                else if (isOverridden)
+                    left.push_back({&access, std::nullopt, true});
+                else
+                    access.fill(m_record, nullptr, false);
             }
+            return left;
         }
 
     private:
