@@ -48,7 +48,8 @@ void BaseEntity::fill(const JSON& json, const Excluded& further) {
         fillByBase(json, further);
         return;
     }
-    const JSON document = json; // the record may hold the other, and set it meanwhile
+    // The record may hold the JSON, and set it meanwhile.
+    const JSON document = json; // NOLINT(performance-unnecessary-copy-initialization)
     setValue(document, together(further, recordSchema.arrays()));
     for (const std::string& name : recordSchema.arrays().keys()) {
         if (contains(further, name))

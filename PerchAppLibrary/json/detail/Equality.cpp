@@ -78,6 +78,7 @@ std::vector<Member> membersByKey(dom::object object) {
         return std::tie(a.key, b.position) < std::tie(b.key, a.position);
     });
     const auto haveOneKey = [](const Member& a, const Member& b) { return a.key == b.key; };
+    // NOLINTNEXTLINE(modernize-use-ranges): its result is a subrange, which Clang 15 cannot read
     members.erase(std::unique(members.begin(), members.end(), haveOneKey), members.end());
     return members;
 }
