@@ -14,10 +14,14 @@ namespace {
 /// Allocations until one fails; none fails at zero.
 long allocationsLeft = 0;
 
-void* allocate(std::size_t size) {
+void* allocateOrNull(std::size_t size) noexcept {
     if (allocationsLeft > 0 && --allocationsLeft == 0)
-        throw std::bad_alloc();
-    if (void* const memory = std::malloc(size == 0 ? 1 : size))
+        return nullptr;
+    return std::malloc(size == 0 ? 1 : size);
+}
+
+void* allocate(std::size_t size) {
+    if (void* const memory = allocateOrNull(size))
         return memory;
     throw std::bad_alloc();
 }
@@ -68,6 +72,14 @@ TEST(Memory, AnInterruptedRefillLeavesNamesAndSearchInAgreement) {
 
 } // namespace
 
+// All forms, so that none of the sanitizer's own meets one of these.
 void* operator new(std::size_t size) { return allocate(size); }
+void* operator new[](std::size_t size) { return allocate(size); }
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept { return allocateOrNull(size); }
+void* operator new[](std::size_t size, const std::nothrow_t&) noexcept { return allocateOrNull(size); }
 void operator delete(void* memory) noexcept { std::free(memory); }
+void operator delete[](void* memory) noexcept { std::free(memory); }
 void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
+void operator delete[](void* memory, std::size_t) noexcept { std::free(memory); }
+void operator delete(void* memory, const std::nothrow_t&) noexcept { std::free(memory); }
+void operator delete[](void* memory, const std::nothrow_t&) noexcept { std::free(memory); }
