@@ -156,10 +156,10 @@ struct ConcreteOf<Record> {
 template <class Record>
 using Concrete = typename detail::ConcreteOf<Record>::Type;
 
-/// Lines after the begin of a class in which PERCH_LABELS is found by subclasses.
+/// Lines after PERCH_RECORD in which subclasses find the PERCH_LABELS of a class.
 inline constexpr int mostLinesToLabels = 512;
 
-/// Most sets of labels that a class inherits.
+/// Most sets of labels that a class inherits. Further ones are not inherited.
 inline constexpr std::size_t mostInheritedLabels = 16;
 
 /// Stands for a set of labels that a base does not have. Nothing converts to it.

@@ -35,7 +35,7 @@ std::size_t prefetchedMembers(const Item& group, const Records<Item>& members) n
     return isExactly(group) ? std::min(members.size(), prefetchDistanceOfGroup) : 0;
 }
 
-/// Prefetches the items, of which there are at most `prefetchDistance`, and what hangs below them.
+/// Prefetches the items, at most `prefetchDistance`, and what hangs below them.
 ///
 /// Goes down level by level and, in each, through one kind of object after the other, so that all
 /// objects of a kind are requested before the first of them is read.

