@@ -1,6 +1,6 @@
 #include <PerchAppLibrary/BaseEntity.hpp>
 
-#include <PerchAppLibrary/CommonStorage.hpp>
+#include <PerchAppLibrary/json/DictionaryArena.hpp>
 #include <PerchAppLibrary/record/RecordSchema.hpp>
 #include <PerchAppLibrary/record/RecordWriter.hpp>
 #include <PerchAppLibrary/record/detail/RecordFiller.hpp>

@@ -1,8 +1,8 @@
 #pragma once
 
-#include <PerchAppLibrary/DictionaryFwd.hpp>
-#include <PerchAppLibrary/JSON.hpp>
 #include <PerchAppLibrary/UndefinedKeyError.hpp>
+#include <PerchAppLibrary/json/DictionaryFwd.hpp>
+#include <PerchAppLibrary/json/JSON.hpp>
 #include <PerchAppLibrary/record/KeyList.hpp>
 #include <PerchAppLibrary/record/Record.hpp>
 #include <PerchAppLibrary/record/SparseTexts.hpp>

@@ -2,7 +2,7 @@
 #include "Comparison.hpp"
 #include "Loaders.hpp"
 
-#include <PerchAppLibrary/Dictionary.hpp>
+#include <PerchAppLibrary/json/Dictionary.hpp>
 
 #include <boost/json/array.hpp>
 #include <boost/json/monotonic_resource.hpp>

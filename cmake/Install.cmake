@@ -2,13 +2,9 @@
 include(CMakePackageConfigHelpers)
 
 set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/VelmoCloudEntity)
-set(private_headers JSONElement.hpp JSONFallback.hpp ByteMatches.hpp ICU.hpp Memory.hpp)
-foreach(header IN LISTS private_headers ITEMS detail)
-  list(APPEND exclude_private PATTERN ${header} EXCLUDE)
-endforeach()
 foreach(library PerchAppLibrary VelmoCloudEntity)
   install(DIRECTORY ${PROJECT_SOURCE_DIR}/${library} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}
-          FILES_MATCHING PATTERN *.hpp PATTERN detail EXCLUDE ${exclude_private})
+          FILES_MATCHING PATTERN *.hpp PATTERN detail EXCLUDE)
 endforeach()
 
 install(TARGETS PerchAppLibrary VelmoCloudEntity EXPORT VelmoCloudEntityTargets)

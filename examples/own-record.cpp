@@ -2,7 +2,7 @@
 // record that holds an array of such fonts.
 #include <VelmoCloudEntity/font/FontList.hpp>
 
-#include <PerchAppLibrary/Dictionary.hpp>
+#include <PerchAppLibrary/json/Dictionary.hpp>
 #include <PerchAppLibrary/record/RecordSchema.hpp>
 
 #include <iostream>

@@ -6,9 +6,9 @@
 #include <VelmoCloudEntity/entity/RecordTree.hpp>
 #include <VelmoCloudEntity/font/FontList.hpp>
 
-#include <PerchAppLibrary/Dictionary.hpp>
-#include <PerchAppLibrary/platform/Text.hpp>
+#include <PerchAppLibrary/json/Dictionary.hpp>
 #include <PerchAppLibrary/platform/URL.hpp>
+#include <PerchAppLibrary/text/Text.hpp>
 
 #include <algorithm>
 #include <cstdint>

@@ -1,7 +1,7 @@
 #include <PerchAppLibrary/BaseEntity.hpp>
 
 #include <PerchAppLibrary/BaseExceptionEntity.hpp>
-#include <PerchAppLibrary/Dictionary.hpp>
+#include <PerchAppLibrary/json/Dictionary.hpp>
 #include <PerchAppLibrary/record/RecordSchema.hpp>
 
 #include <VelmoCloudEntity/account/UserFontActivateMapItem.hpp>

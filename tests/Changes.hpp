@@ -1,7 +1,7 @@
 #pragma once
 
 #include <PerchAppLibrary/BaseEntity.hpp>
-#include <PerchAppLibrary/Dictionary.hpp>
+#include <PerchAppLibrary/json/Dictionary.hpp>
 
 /// The stored properties in which a record differs from another of its class, mostly a fresh one.
 inline PerchAppLibrary::Dictionary changes(const PerchAppLibrary::BaseEntity& record,

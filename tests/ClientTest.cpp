@@ -8,8 +8,8 @@
 #include "Changes.hpp"
 
 #include <PerchAppLibrary/BaseExceptionEntity.hpp>
+#include <PerchAppLibrary/container/uniqueMap.hpp>
 #include <PerchAppLibrary/record/RecordSchema.hpp>
-#include <PerchAppLibrary/uniqueMap.hpp>
 
 #include <gtest/gtest.h>
 

@@ -5,7 +5,7 @@
 #include <VelmoCloudEntity/account/UserItem.hpp>
 #include <VelmoCloudEntity/font/FontList.hpp>
 
-#include <PerchAppLibrary/Dictionary.hpp>
+#include <PerchAppLibrary/json/Dictionary.hpp>
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 #include <VelmoCloudEntity/font/FontItem.hpp>
 #include <VelmoCloudEntity/font/FontList.hpp>
 
-#include <PerchAppLibrary/Dictionary.hpp>
+#include <PerchAppLibrary/json/Dictionary.hpp>
 #include <PerchAppLibrary/platform/PlatformFont.hpp>
 #include <PerchAppLibrary/record/RecordSchema.hpp>
 

@@ -1,6 +1,6 @@
 #include <VelmoCloudEntity/font/FontList.hpp>
 
-#include <PerchAppLibrary/Dictionary.hpp>
+#include <PerchAppLibrary/json/Dictionary.hpp>
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 #include <VelmoCloudEntity/catalogue/FontTagList.hpp>
 
-#include <PerchAppLibrary/Dictionary.hpp>
+#include <PerchAppLibrary/json/Dictionary.hpp>
 
 #include <gtest/gtest.h>
 

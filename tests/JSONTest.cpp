@@ -1,6 +1,6 @@
-#include <PerchAppLibrary/Dictionary.hpp>
-#include <PerchAppLibrary/JSON.hpp>
-#include <PerchAppLibrary/record/detail/JSONText.hpp>
+#include <PerchAppLibrary/json/Dictionary.hpp>
+#include <PerchAppLibrary/json/JSON.hpp>
+#include <PerchAppLibrary/json/detail/JSONText.hpp>
 
 #include <boost/json/parse.hpp>
 #include <gtest/gtest.h>

@@ -1,5 +1,5 @@
 #include <PerchAppLibrary/BaseEntity.hpp>
-#include <PerchAppLibrary/Dictionary.hpp>
+#include <PerchAppLibrary/json/Dictionary.hpp>
 #include <PerchAppLibrary/record/RecordSchema.hpp>
 
 #include <gtest/gtest.h>

@@ -1,7 +1,7 @@
-#include <PerchAppLibrary/platform/ByteMatches.hpp>
-#include <PerchAppLibrary/platform/Needle.hpp>
-#include <PerchAppLibrary/platform/NeedleSet.hpp>
-#include <PerchAppLibrary/platform/Text.hpp>
+#include <PerchAppLibrary/text/Needle.hpp>
+#include <PerchAppLibrary/text/NeedleSet.hpp>
+#include <PerchAppLibrary/text/Text.hpp>
+#include <PerchAppLibrary/text/detail/ByteMatches.hpp>
 
 #include <gtest/gtest.h>
 

@@ -1,41 +1,50 @@
 #!/usr/bin/env bash
-# Includes point one way: see "What stands where" in the README.
+# Checks each #include of the libraries against the table of rooms in docs/architecture.md.
 set -u
 cd "$(dirname "$0")/.." || exit 2
-status=0
 
-# forbid WHY PLACES... -- PATTERN: no line of the places may match.
-forbid() {
-    local why=$1 found
-    shift
-    local places=()
-    while [ "$1" != -- ]; do places+=("$1"); shift; done
-    if found=$(grep -srnE --include='*.hpp' --include='*.cpp' "$2" "${places[@]}"); then
-        printf '%s:\n%s\n' "$why" "$found"
-        status=1
-    fi
+# The table as lines: room, what it includes, other libraries, public headers that need these.
+rooms() {
+    sed -n 's/^| `\(PerchAppLibrary\|VelmoCloudEntity\)/| \1/p' docs/architecture.md | tr -d '`' |
+        awk -F' *[|] *' -v OFS='\t' '{ print $2, $4, $5, $6 }'
 }
 
-forbid "PerchAppLibrary stands below VelmoCloudEntity" PerchAppLibrary -- '#include [<"]VelmoCloudEntity/'
-forbid "platform and text are the ground floor of PerchAppLibrary" PerchAppLibrary/platform PerchAppLibrary/text -- \
-    '#include <PerchAppLibrary/([A-Za-z]+\.hpp|record/)'
-forbid "Third-party libraries are reached through PerchAppLibrary" VelmoCloudEntity -- \
-    '#include [<"](simdjson|fast_float/|boost/|unicode/|fontconfig|md5\.h|fmt/|CLI/)'
-forbid "entity is the ground floor" VelmoCloudEntity/entity -- '#include <VelmoCloudEntity/(font|catalogue|account|client)/'
-forbid "catalogue stands below font" VelmoCloudEntity/catalogue -- '#include <VelmoCloudEntity/(font|account|client)/'
-forbid "font stands below account and client" VelmoCloudEntity/font -- '#include <VelmoCloudEntity/(account|client)/'
-forbid "account and client do not know each other" VelmoCloudEntity/account -- '#include <VelmoCloudEntity/client/'
-forbid "account and client do not know each other" VelmoCloudEntity/client -- '#include <VelmoCloudEntity/(catalogue|font|account)/'
-forbid "Nothing is printed and no process ended but in fatalError" VelmoCloudEntity \
-    $(find PerchAppLibrary -name "*.?pp" ! -name fatalError.cpp) -- \
-    '\b(printf|fputs|std::c(out|err)|abort|exit|terminate)\b *[(<]'
+# The includes as lines: file, what it includes. Names with neither "." nor "/" are the standard's.
+includes() {
+    grep -roE --include='*.hpp' --include='*.cpp' '^ *# *include *["<][^">]*[./][^">]*' PerchAppLibrary VelmoCloudEntity |
+        sed -E 's/: *# *include *["<]/\t/' | sort
+}
 
-# Public headers keep other libraries out, but for the ones that give out their types, and need no private header.
-public=$(find PerchAppLibrary VelmoCloudEntity -name '*.hpp' ! -path '*/detail/*' ! -name JSONElement.hpp \
-    ! -name Dictionary.hpp ! -name URL.hpp ! -name ICU.hpp)
-# shellcheck disable=SC2086
-forbid "Public headers need no other library" $public -- '#include <(simdjson|fast_float/|boost/|unicode/|fontconfig)'
-# shellcheck disable=SC2046
-forbid "Public headers need no private one" $(grep -vE '/ByteMatches\.hpp$' <<<"$public") -- '#include <.*/detail/'
+awk -F'\t' '
+    function room(path) { sub(/(\/detail)?\/[^\/]*$/, "", path); return path }
+    function complain(why) { print $1 ": includes <" $2 ">, but " why; failed = 1 }
+    # Returns whether a word of the list is the path, its room, or a begin of it that ends in "/" or a name.
+    function allows(list, path, words, n, i) {
+        n = split(list, words, " ")
+        for (i = 1; i <= n; ++i)
+            if (path == words[i] || room(path) == words[i] || (words[i] ~ /\/$/ && index(path, words[i]) == 1))
+                return 1
+        return 0
+    }
+    FNR == NR { may[$1] = $2; others[$1] = $3; public[$1] = $4; next }
+    {
+        ++seen
+        from = room($1); private = $1 ~ /\/detail\/|\.cpp$/; split($1, library, "/")
+        if (!(from in may)) { complain("its folder is no room of the table"); next }
+        if ($2 !~ /^(PerchAppLibrary|VelmoCloudEntity)\//) {
+            if (!allows(others[from], $2)) complain("its room may not")
+            name = $1; sub(/.*\//, "", name)
+            if (!private && index(" " public[from] " ", " " name " ") == 0) complain("it is a public header")
+        } else {
+            if (room($2) != from && !allows(may[from], $2)) complain("its room may not")
+            if ($2 ~ /\/detail\// && (!private || index($2, library[1] "/") != 1)) complain("that is private")
+        }
+    }
+    END { if (seen == 0) print "no includes found"; exit failed || seen == 0 }
+' <(rooms) <(includes) || exit 1
 
-exit $status
+if grep -rnE --include='*.hpp' --include='*.cpp' --exclude=fatalError.cpp \
+    '\b(printf|fputs|std::c(out|err)|abort|exit|terminate)\b *[(<]' PerchAppLibrary VelmoCloudEntity; then
+    echo "Nothing is printed and no process ended but in fatalError.cpp"
+    exit 1
+fi

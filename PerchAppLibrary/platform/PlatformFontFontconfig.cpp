@@ -1,8 +1,8 @@
 // Fonts as fontconfig knows them.
 #include <PerchAppLibrary/platform/PlatformFont.hpp>
 
-#include <PerchAppLibrary/platform/ComparedText.hpp>
-#include <PerchAppLibrary/platform/Text.hpp>
+#include <PerchAppLibrary/text/ComparedText.hpp>
+#include <PerchAppLibrary/text/Text.hpp>
 
 #include <fontconfig/fontconfig.h>
 

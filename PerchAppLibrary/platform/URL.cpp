@@ -1,6 +1,6 @@
 #include <PerchAppLibrary/platform/URL.hpp>
 
-#include <PerchAppLibrary/platform/Text.hpp>
+#include <PerchAppLibrary/text/Text.hpp>
 
 #include <boost/url/encode.hpp>
 #include <boost/url/parse.hpp>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include <PerchAppLibrary/BaseEntity.hpp>
-#include <PerchAppLibrary/DictionaryFwd.hpp>
+#include <PerchAppLibrary/json/DictionaryFwd.hpp>
 #include <PerchAppLibrary/record/RecordSink.hpp>
 
 #include <cstdint>

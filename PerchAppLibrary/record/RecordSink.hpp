@@ -1,6 +1,6 @@
 #pragma once
 
-#include <PerchAppLibrary/JSON.hpp>
+#include <PerchAppLibrary/json/JSON.hpp>
 #include <PerchAppLibrary/record/KeyList.hpp>
 #include <PerchAppLibrary/record/PropertyDeclaration.hpp>
 

@@ -1,6 +1,6 @@
 #include <VelmoCloudEntity/account/UserItem.hpp>
 
-#include <PerchAppLibrary/Dictionary.hpp>
+#include <PerchAppLibrary/json/Dictionary.hpp>
 #include <PerchAppLibrary/record/RecordSchema.hpp>
 
 #include <initializer_list>

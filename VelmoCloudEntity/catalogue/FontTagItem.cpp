@@ -1,6 +1,6 @@
 #include <VelmoCloudEntity/catalogue/FontTagItem.hpp>
 
-#include <PerchAppLibrary/IdSet.hpp>
+#include <PerchAppLibrary/container/IdSet.hpp>
 #include <PerchAppLibrary/record/RecordSchema.hpp>
 
 #include <utility>

@@ -1,6 +1,6 @@
 #include <VelmoCloudEntity/catalogue/FontUploadItem.hpp>
 
-#include <PerchAppLibrary/Dictionary.hpp>
+#include <PerchAppLibrary/json/Dictionary.hpp>
 #include <PerchAppLibrary/record/RecordSchema.hpp>
 
 namespace VelmoCloudEntity {

@@ -1,6 +1,6 @@
 #include <VelmoCloudEntity/entity/ExceptionItem.hpp>
 
-#include <PerchAppLibrary/uniqueMap.hpp>
+#include <PerchAppLibrary/container/uniqueMap.hpp>
 
 #include <array>
 #include <utility>

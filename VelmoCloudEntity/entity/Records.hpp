@@ -1,7 +1,7 @@
 #pragma once
 
 #include <PerchAppLibrary/BaseEntity.hpp>
-#include <PerchAppLibrary/JSON.hpp>
+#include <PerchAppLibrary/json/JSON.hpp>
 #include <PerchAppLibrary/record/RecordSink.hpp>
 
 #include <iterator>

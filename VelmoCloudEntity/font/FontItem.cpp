@@ -1,14 +1,14 @@
 #include <VelmoCloudEntity/font/FontItem.hpp>
 
 #include <PerchAppLibrary/ApplicationManager.hpp>
-#include <PerchAppLibrary/CommonStorage.hpp>
 #include <PerchAppLibrary/fatalError.hpp>
+#include <PerchAppLibrary/json/DictionaryArena.hpp>
 #include <PerchAppLibrary/md5.hpp>
 #include <PerchAppLibrary/platform/Path.hpp>
-#include <PerchAppLibrary/platform/Text.hpp>
 #include <PerchAppLibrary/platform/URL.hpp>
 #include <PerchAppLibrary/record/RecordSchema.hpp>
 #include <PerchAppLibrary/record/RecordWriter.hpp>
+#include <PerchAppLibrary/text/Text.hpp>
 
 #include <algorithm>
 #include <string_view>

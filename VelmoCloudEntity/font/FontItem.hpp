@@ -5,8 +5,8 @@
 #include <PerchAppLibrary/BaseEntity.hpp>
 #include <PerchAppLibrary/platform/PlatformFont.hpp>
 #include <PerchAppLibrary/platform/Prefetch.hpp>
-#include <PerchAppLibrary/platform/TextSignature.hpp>
 #include <PerchAppLibrary/platform/URLFwd.hpp>
+#include <PerchAppLibrary/text/TextSignature.hpp>
 
 #include <cstdint>
 #include <optional>

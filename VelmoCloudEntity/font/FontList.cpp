@@ -6,7 +6,7 @@
 #include <VelmoCloudEntity/font/detail/NameQuery.hpp>
 #include <VelmoCloudEntity/font/detail/NameSearch.hpp>
 
-#include <PerchAppLibrary/IdSet.hpp>
+#include <PerchAppLibrary/container/IdSet.hpp>
 
 #include <algorithm>
 

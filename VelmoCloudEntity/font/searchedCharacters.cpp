@@ -1,6 +1,6 @@
 #include <VelmoCloudEntity/font/searchedCharacters.hpp>
 
-#include <PerchAppLibrary/platform/Text.hpp>
+#include <PerchAppLibrary/text/Text.hpp>
 
 #include <cstddef>
 #include <unordered_set>

@@ -3,7 +3,7 @@
 
 #include <VelmoCloudEntity/entity/ExceptionItem.hpp>
 
-#include <PerchAppLibrary/Dictionary.hpp>
+#include <PerchAppLibrary/json/Dictionary.hpp>
 
 #include <CLI/CLI.hpp>
 #include <fmt/format.h>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include <PerchAppLibrary/Dictionary.hpp>
-#include <PerchAppLibrary/JSON.hpp>
+#include <PerchAppLibrary/json/Dictionary.hpp>
+#include <PerchAppLibrary/json/JSON.hpp>
 
 #include <string>
 #include <vector>

@@ -5,7 +5,7 @@
 
 #include <VelmoCloudEntity/font/searchedCharacters.hpp>
 
-#include <PerchAppLibrary/platform/Needle.hpp>
+#include <PerchAppLibrary/text/Needle.hpp>
 
 #include <CLI/App.hpp>
 #include <fmt/format.h>

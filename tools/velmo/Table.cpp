@@ -2,7 +2,7 @@
 
 #include "Terminal.hpp"
 
-#include <PerchAppLibrary/platform/Text.hpp>
+#include <PerchAppLibrary/text/Text.hpp>
 
 #include <algorithm>
 

@@ -2,8 +2,8 @@
 
 #include "ExitStatus.hpp"
 
-#include <PerchAppLibrary/Dictionary.hpp>
-#include <PerchAppLibrary/platform/Text.hpp>
+#include <PerchAppLibrary/json/Dictionary.hpp>
+#include <PerchAppLibrary/text/Text.hpp>
 
 #include <fmt/format.h>
 

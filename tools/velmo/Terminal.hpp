@@ -1,6 +1,6 @@
 #pragma once
 
-#include <PerchAppLibrary/DictionaryFwd.hpp>
+#include <PerchAppLibrary/json/DictionaryFwd.hpp>
 
 #include <string>
 #include <string_view>

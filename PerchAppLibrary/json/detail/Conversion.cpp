@@ -1,6 +1,6 @@
 #include <PerchAppLibrary/json/detail/Conversion.hpp>
 
-#include <PerchAppLibrary/JSONElement.hpp>
+#include <PerchAppLibrary/json/detail/JSONElement.hpp>
 
 #include <boost/algorithm/string/predicate.hpp>
 #include <fast_float/fast_float.h>

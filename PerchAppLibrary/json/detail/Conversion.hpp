@@ -1,6 +1,6 @@
 #pragma once
 
-#include <PerchAppLibrary/JSON.hpp>
+#include <PerchAppLibrary/json/JSON.hpp>
 
 #include <simdjson.h>
 

@@ -1,6 +1,6 @@
 #include <PerchAppLibrary/record/detail/PropertyKind.hpp>
 
-#include <PerchAppLibrary/platform/Text.hpp>
+#include <PerchAppLibrary/text/Text.hpp>
 
 namespace PerchAppLibrary {
 

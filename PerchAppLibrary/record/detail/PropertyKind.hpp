@@ -1,8 +1,8 @@
 #pragma once
 
-#include <PerchAppLibrary/Dictionary.hpp>
-#include <PerchAppLibrary/JSON.hpp>
-#include <PerchAppLibrary/record/detail/JSONText.hpp>
+#include <PerchAppLibrary/json/Dictionary.hpp>
+#include <PerchAppLibrary/json/JSON.hpp>
+#include <PerchAppLibrary/json/detail/JSONText.hpp>
 
 #include <bit>
 #include <charconv>

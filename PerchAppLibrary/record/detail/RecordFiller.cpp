@@ -1,7 +1,7 @@
 #include <PerchAppLibrary/record/detail/RecordFiller.hpp>
 
-#include <PerchAppLibrary/JSONElement.hpp>
 #include <PerchAppLibrary/json/detail/Conversion.hpp>
+#include <PerchAppLibrary/json/detail/JSONElement.hpp>
 
 namespace PerchAppLibrary {
 

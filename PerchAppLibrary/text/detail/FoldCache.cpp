@@ -1,7 +1,7 @@
 #include <PerchAppLibrary/text/detail/FoldCache.hpp>
 
-#include <PerchAppLibrary/platform/ICU.hpp>
-#include <PerchAppLibrary/platform/Text.hpp>
+#include <PerchAppLibrary/text/Text.hpp>
+#include <PerchAppLibrary/text/detail/ICU.hpp>
 
 #include <unicode/uchar.h>
 

@@ -2,8 +2,8 @@
 
 #include <VelmoCloudEntity/font/FontItem.hpp>
 
-#include <PerchAppLibrary/platform/SearchedText.hpp>
-#include <PerchAppLibrary/platform/TextSignature.hpp>
+#include <PerchAppLibrary/text/SearchedText.hpp>
+#include <PerchAppLibrary/text/TextSignature.hpp>
 
 #include <string>
 

@@ -2,9 +2,9 @@
 
 #include <VelmoCloudEntity/font/FontItem.hpp>
 
-#include <PerchAppLibrary/IdSet.hpp>
-#include <PerchAppLibrary/platform/ComparedText.hpp>
-#include <PerchAppLibrary/platform/TextSet.hpp>
+#include <PerchAppLibrary/container/IdSet.hpp>
+#include <PerchAppLibrary/text/ComparedText.hpp>
+#include <PerchAppLibrary/text/TextSet.hpp>
 
 #include <optional>
 

@@ -4,11 +4,11 @@
 #include <VelmoCloudEntity/font/detail/FontNames.hpp>
 #include <VelmoCloudEntity/font/searchedCharacters.hpp>
 
-#include <PerchAppLibrary/platform/ComparedText.hpp>
-#include <PerchAppLibrary/platform/Needle.hpp>
-#include <PerchAppLibrary/platform/NeedleSet.hpp>
-#include <PerchAppLibrary/platform/SearchedText.hpp>
-#include <PerchAppLibrary/platform/TextSignature.hpp>
+#include <PerchAppLibrary/text/ComparedText.hpp>
+#include <PerchAppLibrary/text/Needle.hpp>
+#include <PerchAppLibrary/text/NeedleSet.hpp>
+#include <PerchAppLibrary/text/SearchedText.hpp>
+#include <PerchAppLibrary/text/TextSignature.hpp>
 
 #include <concepts>
 #include <optional>

@@ -1,7 +1,7 @@
-#include <PerchAppLibrary/JSONFallback.hpp>
+#include <PerchAppLibrary/json/detail/JSONFallback.hpp>
 
-#include <PerchAppLibrary/JSON.hpp>
-#include <PerchAppLibrary/platform/Text.hpp>
+#include <PerchAppLibrary/json/JSON.hpp>
+#include <PerchAppLibrary/text/Text.hpp>
 
 #include <boost/json/error.hpp>
 #include <boost/json/stream_parser.hpp>

@@ -1,7 +1,7 @@
-#include <PerchAppLibrary/platform/NeedleSet.hpp>
+#include <PerchAppLibrary/text/NeedleSet.hpp>
 
-#include <PerchAppLibrary/platform/ICU.hpp>
-#include <PerchAppLibrary/platform/Text.hpp>
+#include <PerchAppLibrary/text/Text.hpp>
+#include <PerchAppLibrary/text/detail/ICU.hpp>
 
 #include <algorithm>
 

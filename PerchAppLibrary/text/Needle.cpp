@@ -1,7 +1,7 @@
-#include <PerchAppLibrary/platform/Needle.hpp>
+#include <PerchAppLibrary/text/Needle.hpp>
 
-#include <PerchAppLibrary/platform/ByteMatches.hpp>
-#include <PerchAppLibrary/platform/ICU.hpp>
+#include <PerchAppLibrary/text/detail/ByteMatches.hpp>
+#include <PerchAppLibrary/text/detail/ICU.hpp>
 #include <PerchAppLibrary/text/detail/Swar.hpp>
 
 #include <algorithm>

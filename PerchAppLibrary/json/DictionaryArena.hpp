@@ -1,6 +1,6 @@
 #pragma once
 
-#include <PerchAppLibrary/Dictionary.hpp>
+#include <PerchAppLibrary/json/Dictionary.hpp>
 
 #include <cstddef>
 

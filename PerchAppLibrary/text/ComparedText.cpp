@@ -1,8 +1,8 @@
-#include <PerchAppLibrary/platform/ComparedText.hpp>
+#include <PerchAppLibrary/text/ComparedText.hpp>
 
-#include <PerchAppLibrary/platform/ICU.hpp>
-#include <PerchAppLibrary/platform/Text.hpp>
+#include <PerchAppLibrary/text/Text.hpp>
 #include <PerchAppLibrary/text/detail/FoldCache.hpp>
+#include <PerchAppLibrary/text/detail/ICU.hpp>
 #include <PerchAppLibrary/text/detail/Swar.hpp>
 
 #include <unicode/uchar.h>

@@ -1,8 +1,8 @@
 #pragma once
 
-#include <PerchAppLibrary/platform/SearchedText.hpp>
-#include <PerchAppLibrary/platform/TextSet.hpp>
-#include <PerchAppLibrary/platform/TextSignature.hpp>
+#include <PerchAppLibrary/text/SearchedText.hpp>
+#include <PerchAppLibrary/text/TextSet.hpp>
+#include <PerchAppLibrary/text/TextSignature.hpp>
 
 #include <array>
 #include <cstddef>

@@ -1,8 +1,8 @@
 #pragma once
 
-#include <PerchAppLibrary/platform/ComparedText.hpp>
-#include <PerchAppLibrary/platform/SearchedText.hpp>
-#include <PerchAppLibrary/platform/TextSignature.hpp>
+#include <PerchAppLibrary/text/ComparedText.hpp>
+#include <PerchAppLibrary/text/SearchedText.hpp>
+#include <PerchAppLibrary/text/TextSignature.hpp>
 
 #include <cstddef>
 #include <memory>

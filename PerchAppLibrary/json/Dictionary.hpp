@@ -1,6 +1,6 @@
 #pragma once
 
-#include <PerchAppLibrary/DictionaryFwd.hpp>
+#include <PerchAppLibrary/json/DictionaryFwd.hpp>
 
 #include <boost/json/array.hpp>
 #include <boost/json/object.hpp>

@@ -1,4 +1,4 @@
-#include <PerchAppLibrary/platform/ICU.hpp>
+#include <PerchAppLibrary/text/detail/ICU.hpp>
 
 #include <unicode/bytestream.h>
 

@@ -1,4 +1,4 @@
-#include <PerchAppLibrary/platform/Memory.hpp>
+#include <PerchAppLibrary/platform/detail/Memory.hpp>
 
 #ifdef __linux__
 #include <cstdint>

@@ -1,11 +1,11 @@
-#include <PerchAppLibrary/JSON.hpp>
+#include <PerchAppLibrary/json/JSON.hpp>
 
-#include <PerchAppLibrary/JSONElement.hpp>
-#include <PerchAppLibrary/JSONFallback.hpp>
 #include <PerchAppLibrary/json/detail/Conversion.hpp>
 #include <PerchAppLibrary/json/detail/Equality.hpp>
-#include <PerchAppLibrary/platform/Memory.hpp>
-#include <PerchAppLibrary/record/detail/JSONText.hpp>
+#include <PerchAppLibrary/json/detail/JSONElement.hpp>
+#include <PerchAppLibrary/json/detail/JSONFallback.hpp>
+#include <PerchAppLibrary/json/detail/JSONText.hpp>
+#include <PerchAppLibrary/platform/detail/Memory.hpp>
 
 #include <algorithm>
 #include <cmath>

@@ -1,4 +1,4 @@
-#include <PerchAppLibrary/CommonStorage.hpp>
+#include <PerchAppLibrary/json/DictionaryArena.hpp>
 
 #include <boost/json/storage_ptr.hpp>
 

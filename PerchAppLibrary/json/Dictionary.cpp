@@ -1,9 +1,9 @@
-#include <PerchAppLibrary/Dictionary.hpp>
+#include <PerchAppLibrary/json/Dictionary.hpp>
 
-#include <PerchAppLibrary/JSONElement.hpp>
+#include <PerchAppLibrary/json/detail/JSONElement.hpp>
 #include <PerchAppLibrary/platform/PlatformFont.hpp>
-#include <PerchAppLibrary/platform/Text.hpp>
 #include <PerchAppLibrary/platform/URL.hpp>
+#include <PerchAppLibrary/text/Text.hpp>
 
 #include <boost/json/serializer.hpp>
 #include <fast_float/fast_float.h>

@@ -1,4 +1,4 @@
-#include <PerchAppLibrary/platform/SearchedText.hpp>
+#include <PerchAppLibrary/text/SearchedText.hpp>
 
 #include <PerchAppLibrary/text/detail/Swar.hpp>
 

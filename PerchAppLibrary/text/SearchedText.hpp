@@ -1,6 +1,6 @@
 #pragma once
 
-#include <PerchAppLibrary/platform/ComparedText.hpp>
+#include <PerchAppLibrary/text/ComparedText.hpp>
 
 #include <concepts>
 #include <string>

@@ -16,7 +16,7 @@ class value;
 } // namespace boost::json
 
 /// Names of the dictionary types, for headers that only mention them. To use a Dictionary or a
-/// Value, include PerchAppLibrary/Dictionary.hpp, which completes them.
+/// Value, include PerchAppLibrary/json/Dictionary.hpp, which completes them.
 namespace PerchAppLibrary {
 
 /// A dictionary from String to any value; keeps the order in which its keys were inserted.
@@ -31,9 +31,9 @@ using ValueArray = boost::json::array;
 /// Where the values of a Dictionary lie; by default, each on its own in the heap. A value that is
 /// moved to another storage is copied.
 using Storage = boost::json::storage_ptr;
-class CommonStorage; // completed by PerchAppLibrary/CommonStorage.hpp
+class CommonStorage; // completed by PerchAppLibrary/json/DictionaryArena.hpp
 
-class JSON;         // completed by PerchAppLibrary/JSON.hpp
+class JSON;         // completed by PerchAppLibrary/json/JSON.hpp
 class PlatformFont; // completed by PerchAppLibrary/platform/PlatformFont.hpp
 
 /// Sets a value of a Dictionary, in its storage: integers and Booleans as such, a float as the number

@@ -1,4 +1,4 @@
-#include <PerchAppLibrary/platform/TextSignature.hpp>
+#include <PerchAppLibrary/text/TextSignature.hpp>
 
 namespace PerchAppLibrary::text {
 

@@ -1,4 +1,4 @@
-#include <PerchAppLibrary/IdSet.hpp>
+#include <PerchAppLibrary/container/IdSet.hpp>
 
 #include <boost/unordered/unordered_flat_set.hpp>
 

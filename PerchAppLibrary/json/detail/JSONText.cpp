@@ -1,7 +1,7 @@
-#include <PerchAppLibrary/record/detail/JSONText.hpp>
+#include <PerchAppLibrary/json/detail/JSONText.hpp>
 
-#include <PerchAppLibrary/Dictionary.hpp>
-#include <PerchAppLibrary/platform/Text.hpp>
+#include <PerchAppLibrary/json/Dictionary.hpp>
+#include <PerchAppLibrary/text/Text.hpp>
 #include <PerchAppLibrary/text/detail/Swar.hpp>
 
 namespace PerchAppLibrary {

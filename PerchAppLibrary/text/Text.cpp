@@ -1,6 +1,6 @@
-#include <PerchAppLibrary/platform/Text.hpp>
+#include <PerchAppLibrary/text/Text.hpp>
 
-#include <PerchAppLibrary/platform/ICU.hpp>
+#include <PerchAppLibrary/text/detail/ICU.hpp>
 #include <PerchAppLibrary/text/detail/Swar.hpp>
 
 #include <simdjson.h>
