@@ -76,23 +76,23 @@ Value BaseEntity::value(std::string_view name) const {
     return recordSchema.properties()[index].value(*this);
 }
 
-Dictionary BaseEntity::properties() const { return properties(storageForDict().get()); }
+Dictionary BaseEntity::properties() const { return properties(arenaForDict().get()); }
 
 Dictionary BaseEntity::properties(const Storage& storage) const {
     return schema().writer().dictionary(*this, storage);
 }
 
 Dictionary BaseEntity::reflect(const Excluded& excluded) const {
-    return reflect(excluded, storageForDict().get());
+    return reflect(excluded, arenaForDict().get());
 }
 
 Dictionary BaseEntity::reflect(const Excluded& excluded, const Storage& storage) const {
     return RecordWriter(schema(), excluded).dictionary(*this, storage);
 }
 
-CommonStorage BaseEntity::storageForDict(std::size_t members) const {
+DictionaryArena BaseEntity::arenaForDict(std::size_t members) const {
     constexpr std::size_t usualSize = 60; // of a property, its key and a short text
-    return CommonStorage((1 + members) * schema().properties().size() * usualSize);
+    return DictionaryArena((1 + members) * schema().properties().size() * usualSize);
 }
 
 Dictionary BaseEntity::select(std::span<const std::string> names) const {

@@ -179,7 +179,7 @@ protected:
     Dictionary reflect(const Excluded& excluded, const Storage& storage) const;
 
     /// Returns storage for a dictionary of the record and of this many members of its class.
-    CommonStorage storageForDict(std::size_t members = 0) const;
+    DictionaryArena arenaForDict(std::size_t members = 0) const;
 
     /// Returns the stored and computed properties with these names, in the order of `names`, each
     /// once, for a record's `Dict` of certain keys. Throws UndefinedKeyError for an unknown name.

@@ -63,7 +63,8 @@ TEST(Text, ComparesByCanonicalEquivalence) {
         {"\xFF\xFF", "\uFFFD", false},
     };
     for (const auto& each : cases) {
-        EXPECT_EQ(ComparedText(each.left, Case::kept) == ComparedText(each.right, Case::kept), each.equal)
+        EXPECT_EQ(ComparedText(each.left, Case::sensitive) == ComparedText(each.right, Case::sensitive),
+                  each.equal)
             << each.left << " " << each.right;
     }
 }
@@ -138,7 +139,7 @@ TEST(Text, FindsEveryPlaceWhateverTheLengths) {
 
 TEST(Text, ComparesAlikeOnEveryRoad) {
     // Of every character, in the company of others: by the roads for plain text, character by character, and whole.
-    for (const Case letterCase : {Case::ignored, Case::kept}) {
+    for (const Case letterCase : {Case::insensitive, Case::sensitive}) {
         ComparedText reused(letterCase);
         for (char32_t codePoint = 1; codePoint < 0x30000; ++codePoint) {
             const std::string character = codePoint < 0x80      ? std::string(1, static_cast<char>(codePoint))
@@ -148,7 +149,7 @@ TEST(Text, ComparesAlikeOnEveryRoad) {
             for (const std::string& text : {"a" + character + "\u5B8B", "\u0327" + character + "\u0301"}) {
                 reused.assign(text);
                 const std::string form =
-                    letterCase == Case::ignored ? text::folded(text) : text::decomposed(text);
+                    letterCase == Case::insensitive ? text::folded(text) : text::decomposed(text);
                 ASSERT_EQ(reused.bytes(), form) << "U+" << std::hex << static_cast<std::uint32_t>(codePoint);
                 ASSERT_TRUE(!reused.isPlain() || text::composed(form) == form); // and may be cut anywhere
             }
@@ -207,7 +208,7 @@ TEST(Text, StaysLinearOnTextMadeToBeSlow) {
     for (int count = 0; count < 100000; ++count)
         ordered += "\u0308\u0301";
     EXPECT_TRUE(text::decomposed(marks) == ordered);
-    EXPECT_TRUE(ComparedText(marks, Case::kept) == ComparedText(ordered, Case::kept));
+    EXPECT_TRUE(ComparedText(marks, Case::sensitive) == ComparedText(ordered, Case::sensitive));
     EXPECT_FALSE(contains(std::string(400000, 'a'), std::string(200000, 'a') + "b"));
     EXPECT_TRUE(contains(std::string(400000, 'a') + "b", std::string(200000, 'a') + "b"));
     EXPECT_FALSE(contains(std::string(400000, 'a') + "\u0301", std::string(32, 'a') + "b"));

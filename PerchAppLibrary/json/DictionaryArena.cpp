@@ -15,10 +15,10 @@ namespace PerchAppLibrary {
 using MemoryResource = std::remove_pointer_t<decltype(boost::json::storage_ptr().get())>;
 
 /// Hands out pieces of its blocks while it is open, then pieces of the heap.
-class CommonStorage::Arena final : public MemoryResource {
+class DictionaryArena::Resource final : public MemoryResource {
 public:
     /// Says where it stands, since make_shared_resource does not.
-    Arena(std::size_t size, Arena*& place) {
+    Resource(std::size_t size, Resource*& place) {
         addBlock(size);
         place = this;
     }
@@ -73,9 +73,9 @@ private:
     bool isOpen = true;
 };
 
-CommonStorage::CommonStorage(std::size_t size)
-    : storage(boost::json::make_shared_resource<Arena>(size, arena)) {}
+DictionaryArena::DictionaryArena(std::size_t size)
+    : storage(boost::json::make_shared_resource<Resource>(size, resource)) {}
 
-CommonStorage::~CommonStorage() { arena->close(); }
+DictionaryArena::~DictionaryArena() { resource->close(); }
 
 } // namespace PerchAppLibrary

@@ -11,21 +11,21 @@ namespace PerchAppLibrary {
 ///
 /// Afterwards whatever is added to the dictionary or to a copy lies on its own in the heap. So a copy belongs to itself:
 /// other threads may change it, and what is erased from it is given back.
-class CommonStorage {
+class DictionaryArena {
 public:
     /// Bytes that are expected together; more are found as they are needed.
-    explicit CommonStorage(std::size_t size);
-    CommonStorage(const CommonStorage&) = delete;
-    CommonStorage& operator=(const CommonStorage&) = delete;
-    ~CommonStorage();
+    explicit DictionaryArena(std::size_t size);
+    DictionaryArena(const DictionaryArena&) = delete;
+    DictionaryArena& operator=(const DictionaryArena&) = delete;
+    ~DictionaryArena();
 
     /// For those who put the dictionary together.
     const Storage& get() const { return storage; }
 
 private:
-    class Arena;
+    class Resource;
 
-    Arena* arena = nullptr; // of the storage
+    Resource* resource = nullptr; // of the storage
     Storage storage;
 };
 

@@ -31,7 +31,7 @@ using ValueArray = boost::json::array;
 /// Where the values of a Dictionary lie; by default, each on its own in the heap. A value that is
 /// moved to another storage is copied.
 using Storage = boost::json::storage_ptr;
-class CommonStorage; // completed by PerchAppLibrary/json/DictionaryArena.hpp
+class DictionaryArena; // completed by PerchAppLibrary/json/DictionaryArena.hpp
 
 class JSON;         // completed by PerchAppLibrary/json/JSON.hpp
 class PlatformFont; // completed by PerchAppLibrary/platform/PlatformFont.hpp

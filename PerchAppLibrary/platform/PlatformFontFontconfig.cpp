@@ -33,9 +33,9 @@ std::string firstValue(const FcPattern* pattern, const char* property) {
 
 /// Fonts carry a name in several languages; any of them counts.
 bool hasName(const FcPattern* pattern, const char* property, std::string_view name) {
-    const text::ComparedText sought(name, text::Case::kept);
+    const text::ComparedText sought(name, text::Case::sensitive);
     for (int index = 0; const char* value = valueAt(pattern, property, index); ++index)
-        if (text::ComparedText(value, text::Case::kept) == sought)
+        if (text::ComparedText(value, text::Case::sensitive) == sought)
             return true;
     return false;
 }

@@ -80,7 +80,7 @@ ComparedText& ComparedText::operator=(ComparedText&& other) noexcept = default;
 ComparedText::~ComparedText() = default;
 
 void ComparedText::assign(std::string_view text) {
-    store(m_buffer, text, m_case == Case::ignored);
+    store(m_buffer, text, m_case == Case::insensitive);
     m_size = text.size();
     m_isPlain = isPlainText(text);
     if (!m_isPlain)
@@ -99,7 +99,7 @@ void ComparedText::assignOther(std::string_view text) {
     if (const auto form = m_forms ? m_forms->formOf(text) : std::nullopt)
         take(*form);
     else
-        take(m_case == Case::ignored ? folded(text) : decomposed(text));
+        take(m_case == Case::insensitive ? folded(text) : decomposed(text));
     m_isPlain = isPlainText(bytes()); // as of a ligature: "FI"
 }
 

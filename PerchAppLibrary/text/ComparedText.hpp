@@ -9,7 +9,7 @@
 namespace PerchAppLibrary::text {
 
 /// Whether case counts in a comparison: `ignored` compares folded texts, `kept` decomposed ones.
-enum class Case : std::uint8_t { ignored, kept };
+enum class Case : std::uint8_t { insensitive, sensitive };
 
 class FoldCache;
 
@@ -25,8 +25,8 @@ class FoldCache;
 class ComparedText {
 public:
     /// An empty text.
-    explicit ComparedText(Case letterCase = Case::ignored);
-    explicit ComparedText(std::string_view text, Case letterCase = Case::ignored);
+    explicit ComparedText(Case letterCase = Case::insensitive);
+    explicit ComparedText(std::string_view text, Case letterCase = Case::insensitive);
     ComparedText(ComparedText&& other) noexcept;
     ComparedText& operator=(ComparedText&& other) noexcept;
     ~ComparedText();
@@ -45,7 +45,7 @@ public:
     /// the offset of a character or of the end.
     bool isBoundary(std::size_t offset) const;
 
-    /// Canonical equivalence (UAX #15) of two texts of the same Case: case-sensitive for Case::kept.
+    /// Canonical equivalence (UAX #15) of two texts of the same Case: case-sensitive for Case::sensitive.
     friend bool operator==(const ComparedText& left, const ComparedText& right) noexcept {
         return left.bytes() == right.bytes();
     }

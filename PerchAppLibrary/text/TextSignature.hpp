@@ -20,7 +20,7 @@ public:
     /// The signature of one text. Like add().
     explicit TextSignature(const ComparedText& folded) noexcept { add(folded); }
 
-    /// Adds a text. Requires Case::ignored. Linear.
+    /// Adds a text. Requires Case::insensitive. Linear.
     void add(const ComparedText& folded) noexcept;
 
     /// Returns false only if no text of this contains the text of `part`. Requires that `part` is

@@ -2,7 +2,7 @@
 
 #include <VelmoCloudEntity/entity/Records.hpp>
 
-#include <PerchAppLibrary/platform/Prefetch.hpp>
+#include <PerchAppLibrary/platform/prefetch.hpp>
 
 #include <algorithm>
 #include <array>

@@ -73,7 +73,7 @@ const RecordWriter& FontItem::writer() const {
     return writer;
 }
 
-Dictionary FontItem::Dict() const { return dictIn(storageForDict(Children().size()).get()); }
+Dictionary FontItem::Dict() const { return dictIn(arenaForDict(Children().size()).get()); }
 
 Dictionary FontItem::dictIn(const PerchAppLibrary::Storage& storage) const {
     Dictionary dictionary =

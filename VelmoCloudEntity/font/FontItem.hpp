@@ -4,8 +4,8 @@
 
 #include <PerchAppLibrary/BaseEntity.hpp>
 #include <PerchAppLibrary/platform/PlatformFont.hpp>
-#include <PerchAppLibrary/platform/Prefetch.hpp>
 #include <PerchAppLibrary/platform/URLFwd.hpp>
+#include <PerchAppLibrary/platform/prefetch.hpp>
 #include <PerchAppLibrary/text/TextSignature.hpp>
 
 #include <cstdint>

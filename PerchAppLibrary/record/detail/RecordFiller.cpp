@@ -70,23 +70,23 @@ std::vector<std::string_view> namesOf(std::span<const Property> properties) {
     return names;
 }
 
-/// Returns the step that puts a value in its place.
-FillPlan::Step directStepOf(const Property& property) {
+/// Returns the action that puts a value in its place.
+FillAction directActionOf(const Property& property) {
     return std::visit(
-        [&]<class Access>(const Access& access) -> FillPlan::Step {
+        [&]<class Access>(const Access& access) -> FillAction {
             if constexpr (requires { access.place; })
                 switch (access.place) {
                 case Place::field:
-                    return {static_cast<std::uint8_t>(FillPlan::fillFirstField + property.access.index()),
+                    return {static_cast<std::uint8_t>(FillAction::fillFirstField + property.access.index()),
                             &access};
                 case Place::flag:
-                    return {FillPlan::fillFlag, &access};
+                    return {FillAction::fillFlag, &access};
                 case Place::sparse:
-                    return {FillPlan::fillSparseText, &access};
+                    return {FillAction::fillSparseText, &access};
                 case Place::none:
                     break;
                 }
-            return {FillPlan::defer, nullptr};
+            return {FillAction::defer, nullptr};
         },
         property.access);
 }
@@ -105,16 +105,17 @@ EffectOfChange effectOf(const Property& property) {
 } // namespace
 
 FillPlan::FillPlan(std::span<const Property> properties, bool overridesSetters)
-    : m_names(namesOf(properties)), m_setterSteps(properties.size(), Step{defer, nullptr}) {
-    m_setterSteps.push_back({ignore, nullptr});
-    m_directSteps = m_setterSteps;
+    : m_names(namesOf(properties)),
+      m_setterActions(properties.size(), FillAction{FillAction::defer, nullptr}) {
+    m_setterActions.push_back({FillAction::ignore, nullptr});
+    m_directActions = m_setterActions;
     for (std::size_t index = 0; index < properties.size(); ++index) {
         const Property& property = properties[index];
         if (std::holds_alternative<RecordsAccess>(property.access))
             m_arrays.push_back(index);
         if (overridesSetters) // they may read other properties, so all wait for their turns
             continue;
-        m_directSteps[index] = directStepOf(property);
+        m_directActions[index] = directActionOf(property);
         if (const EffectOfChange call = effectOf(property); call != nullptr) {
             auto known = std::ranges::find(m_effects, call, &Effect::call);
             if (known == m_effects.end())

@@ -21,21 +21,21 @@
 
 namespace PerchAppLibrary {
 
+/// What is done with the value under a property's key.
+struct FillAction {
+    /// The value is ignored, deferred until its turn in the order of the properties, or put in its
+    /// place at once. Fields have a kind for each type of Property::access, in their order.
+    enum Kind : std::uint8_t { ignore, defer, fillFlag, fillSparseText, fillFirstField };
+
+    std::uint8_t kind;
+    const void* access; // FieldAccess<T> of a value that is put in its place, or null
+};
+
 /// How the properties of a class are filled. Immutable.
 class FillPlan {
 public:
     /// Requires that the properties outlive the plan.
     FillPlan(std::span<const Property> properties, bool overridesSetters);
-
-    /// What is done with the value under a property's key: ignore it, defer it until its turn in the
-    /// order of the properties, or put it in its place at once. The places of fields are numbered
-    /// by the types of Property::access.
-    enum Action : std::uint8_t { ignore, defer, fillFlag, fillSparseText, fillFirstField };
-
-    struct Step {
-        std::uint8_t action;
-        const void* access; // FieldAccess<T> of a value that is put in its place
-    };
 
     /// A function to call after the values of some properties have changed.
     struct Effect {
@@ -45,10 +45,10 @@ public:
 
     const NameIndex& names() const noexcept { return m_names; }
 
-    /// The steps for each property and, last, for an unknown key: of a record that only the filling
+    /// The actions for each property and, last, for an unknown key: of a record that only the filling
     /// sees while it runs, and of one whose setters are overridden.
-    std::span<const Step> directSteps() const noexcept { return m_directSteps; }
-    std::span<const Step> setterSteps() const noexcept { return m_setterSteps; }
+    std::span<const FillAction> directActions() const noexcept { return m_directActions; }
+    std::span<const FillAction> setterActions() const noexcept { return m_setterActions; }
 
     std::span<const Effect> effects() const noexcept { return m_effects; }
 
@@ -57,8 +57,8 @@ public:
 
 private:
     NameIndex m_names;
-    std::vector<Step> m_setterSteps;
-    std::vector<Step> m_directSteps;
+    std::vector<FillAction> m_setterActions;
+    std::vector<FillAction> m_directActions;
     std::vector<Effect> m_effects;
     std::vector<std::size_t> m_arrays;
 };
@@ -194,7 +194,7 @@ private:
               m_schema(record.schema()),
               m_plan(m_schema.fillPlan()),
               m_isExact(isExactly(record, m_schema.type())),
-              m_steps(m_isExact ? m_plan.directSteps().data() : m_plan.setterSteps().data()),
+              m_actions(m_isExact ? m_plan.directActions().data() : m_plan.setterActions().data()),
               m_states(m_usualStates.data()) {
             if (const std::size_t count = m_schema.properties().size(); count > usualCount) {
                 m_manyStates.resize(count);
@@ -209,8 +209,8 @@ private:
             for (const std::string& key : excluded.keys())
                 if (const std::size_t index = m_schema.find(key); index != RecordSchema::notFound) {
                     m_states[index] = FillState::excluded;
-                    if (m_steps[index].access != nullptr) // which does not ask for the state
-                        m_steps = m_plan.setterSteps().data();
+                    if (m_actions[index].access != nullptr) // which does not ask for the state
+                        m_actions = m_plan.setterActions().data();
                 }
         }
 
@@ -265,7 +265,7 @@ private:
         void takeMembers(Element element, Find find) {
             m_filler.m_source.forEachMember(element, [&](std::string_view key, Element member) {
                 const std::uint32_t index = find(key);
-                actions[m_steps[index].action](*this, m_steps[index], index, member);
+                handlers[m_actions[index].kind](*this, m_actions[index], index, member);
             });
         }
 
@@ -310,19 +310,19 @@ private:
         const RecordSchema& m_schema;
         const FillPlan& m_plan;
         bool m_isExact;
-        const FillPlan::Step* m_steps;
+        const FillAction* m_actions;
         std::array<FillState, usualCount> m_usualStates{};
         std::vector<FillState> m_manyStates;
         FillState* m_states;                                             // of all properties
         boost::container::small_vector<Deferred, usualCount> m_deferred; // one for a property
     };
 
-    using Action = void (*)(Pass& pass, const FillPlan::Step& step, std::size_t index, Element element);
+    using Handler = void (*)(Pass& pass, const FillAction& action, std::size_t index, Element element);
 
-    static void ignore(Pass& /*pass*/, const FillPlan::Step& /*step*/, std::size_t /*index*/,
+    static void ignore(Pass& /*pass*/, const FillAction& /*action*/, std::size_t /*index*/,
                        Element /*element*/) {}
 
-    static void defer(Pass& pass, const FillPlan::Step& /*step*/, std::size_t index, Element element) {
+    static void defer(Pass& pass, const FillAction& /*action*/, std::size_t index, Element element) {
         FillState& state = pass.m_states[index];
         if (state == FillState::deferred)
             std::ranges::find(pass.m_deferred, index, &Deferred::index)->element = element;
@@ -333,24 +333,24 @@ private:
     }
 
     template <class Access, class Place>
-    static void fillPlace(Pass& pass, const FillPlan::Step& step, std::size_t index, Element element) {
-        Place place(pass.m_record, *static_cast<const Access*>(step.access));
+    static void fillPlace(Pass& pass, const FillAction& action, std::size_t index, Element element) {
+        Place place(pass.m_record, *static_cast<const Access*>(action.access));
         if (place.isZero()) [[likely]] {
             pass.m_states[index] = FillState::filled;
             if (place.take(pass.m_filler.m_source, element)) [[likely]]
                 return;
         }
-        fillOtherPlace(pass, step, index, element, place);
+        fillOtherPlace(pass, action, index, element, place);
     }
 
     /// For a value that is not zero, or an element that needs conversion. Apart from fillPlace(),
     /// which runs for each member, so that it needs few registers.
     template <class Place>
-    [[gnu::noinline]] static void fillOtherPlace(Pass& pass, const FillPlan::Step& step, std::size_t index,
+    [[gnu::noinline]] static void fillOtherPlace(Pass& pass, const FillAction& action, std::size_t index,
                                                  Element element, Place& place) {
         // An earlier value may have to stay: a later member with this key may not convert.
         if (pass.m_states[index] != FillState::filled) {
-            defer(pass, step, index, element);
+            defer(pass, action, index, element);
             return;
         }
         // Without a conversion, the value is zero, as it was before the first member with this key.
@@ -361,7 +361,7 @@ private:
     }
 
     template <std::size_t Index>
-    static constexpr Action fieldAction() {
+    static constexpr Handler fieldHandler() {
         using Access = std::variant_alternative_t<Index, decltype(Property::access)>;
         if constexpr (requires { typename Access::Value; })
             return &fillPlace<Access, FieldPlace<typename Access::Value>>;
@@ -369,11 +369,11 @@ private:
             return &ignore;
     }
 
-    /// By the numbers of FillPlan::Action.
-    static constexpr auto actions = []<std::size_t... Index>(std::index_sequence<Index...>) {
-        return std::array<Action, FillPlan::fillFirstField + sizeof...(Index)>{
+    /// By FillAction::Kind.
+    static constexpr auto handlers = []<std::size_t... Index>(std::index_sequence<Index...>) {
+        return std::array<Handler, FillAction::fillFirstField + sizeof...(Index)>{
             &ignore, &defer, &fillPlace<FieldAccess<bool>, FlagPlace>,
-            &fillPlace<FieldAccess<std::string>, SparsePlace>, fieldAction<Index>()...};
+            &fillPlace<FieldAccess<std::string>, SparsePlace>, fieldHandler<Index>()...};
     }(std::make_index_sequence<std::variant_size_v<decltype(Property::access)>>());
 
     const Source& m_source;

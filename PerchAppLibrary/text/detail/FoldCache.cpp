@@ -59,7 +59,7 @@ void FoldCache::fill(Entry& entry, std::int32_t codePoint) const {
     std::string character;
     append(character, codePoint);
     const std::string parts = decomposed(character);
-    const std::string form = m_case == Case::ignored ? folded(character) : parts;
+    const std::string form = m_case == Case::insensitive ? folded(character) : parts;
     std::size_t begin = 0;
     entry.codePoint = codePoint;
     entry.firstClass = u_getCombiningClass(nextCodePoint(parts, begin));

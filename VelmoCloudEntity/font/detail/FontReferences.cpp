@@ -22,7 +22,7 @@ FontReferences::FontReferences(const Records<FontItem>& references)
     : m_references(&references),
       m_public(idsOf(references, false)),
       m_private(idsOf(references, true)),
-      m_name(Case::kept) {}
+      m_name(Case::sensitive) {}
 
 bool FontReferences::match(const FontItem& leaf) {
     if (const std::int64_t id = leaf.Id(); id >= 1)

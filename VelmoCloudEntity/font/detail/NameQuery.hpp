@@ -42,7 +42,7 @@ inline Verdict mayContain(const TextSignature& names, const TextSignature& sough
 class ExactNameQuery {
 public:
     explicit ExactNameQuery(std::string_view name)
-        : m_signature(text::ComparedText(name)), m_name(name, text::Case::kept) {}
+        : m_signature(text::ComparedText(name)), m_name(name, text::Case::sensitive) {}
 
     Verdict verdict(const TextSignature& names) const { return mayContain(names, m_signature); }
     bool verdict(const FontItem& font, FontNames&) {
@@ -53,7 +53,7 @@ public:
 private:
     TextSignature m_signature;
     text::ComparedText m_name;
-    text::ComparedText m_compared{text::Case::kept};
+    text::ComparedText m_compared{text::Case::sensitive};
 };
 
 /// ProductName contains the name.
