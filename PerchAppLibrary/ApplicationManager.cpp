@@ -35,6 +35,8 @@ std::string userCacheDirectory() {
 
 } // namespace
 
-std::string ApplicationManager::tmpCachesDir() { return path::append(userCacheDirectory(), clientFolder); }
+std::string ApplicationManager::tmpCachesDir() {
+    return path::append(userCacheDirectory(), clientFolder);
+}
 
 } // namespace PerchAppLibrary

@@ -59,7 +59,9 @@ void BaseEntity::fill(const JSON& json, const Excluded& further) {
     }
 }
 
-void BaseEntity::fillByBase(const JSON& json, const Excluded& further) { fillRecord(*this, json, further); }
+void BaseEntity::fillByBase(const JSON& json, const Excluded& further) {
+    fillRecord(*this, json, further);
+}
 
 void BaseEntity::clearException() {
     setException(false);

@@ -24,8 +24,8 @@ class RecordSchema; // completed by PerchAppLibrary/record/RecordSchema.hpp
 ///
 /// A record's properties are filled from JSON and read by name, always as if through the virtual
 /// accessors, so overrides take effect. Create records with the `create` of their class and share
-/// them by std::shared_ptr; they are not copied. A plain record can also stand on the stack. A record
-/// owns its texts and arrays and shares its nested records.
+/// them by std::shared_ptr; they are not copied. A plain record can also stand on the stack. A
+/// record owns its texts and arrays and shares its nested records.
 ///
 /// Threads: any number may read a record, as long as none changes it.
 class BaseEntity {
@@ -43,7 +43,8 @@ public:
     static void onePropertyPerLine(At<__LINE__>);
     static void labelsAt(At<__LINE__>);
     template <class Derived>
-    friend std::type_identity<BaseEntity> nearestRecord(const BaseEntity*, std::type_identity<Derived>);
+    friend std::type_identity<BaseEntity> nearestRecord(const BaseEntity*,
+                                                        std::type_identity<Derived>);
 
     /// Global identifier.
     PERCH_PROPERTY(Rare<std::string>, Guid);
@@ -68,16 +69,16 @@ public:
 
     PERCH_RECORD_END;
 
-    /// Fills the record from a JSON object. Runs the virtual mapping, which leaves the class's arrays
-    /// of records alone. Then sets each of these arrays, in their order, through its virtual setter:
-    /// to one record for each element of the array under its key, to none if there is no array. A
-    /// value that is no object empties the arrays and changes nothing else.
+    /// Fills the record from a JSON object. Runs the virtual mapping, which leaves the class's
+    /// arrays of records alone. Then sets each of these arrays, in their order, through its virtual
+    /// setter: to one record for each element of the array under its key, to none if there is no
+    /// array. A value that is no object empties the arrays and changes nothing else.
     virtual void setValue(const JSON& json);
 
     /// The mapping. Sets each stored property whose name is a key of the JSON object, through its
     /// virtual setter, if the value converts to its type (the table of JSON::as). Excluded
-    /// properties, constants, arrays of records and all others keep their values. Properties are set
-    /// in declaration order, the base's first, each once: only the last value of a repeated key
+    /// properties, constants, arrays of records and all others keep their values. Properties are
+    /// set in declaration order, the base's first, each once: only the last value of a repeated key
     /// counts, even if it does not convert. Unknown keys are ignored. One pass over the members.
     virtual void setValue(const JSON& json, Excluded excluded);
 
@@ -171,8 +172,8 @@ protected:
     static constexpr EffectOfChange perchEffectOf(std::string_view /*name*/) { return nullptr; }
     static void perchChanged(std::string_view /*name*/) noexcept {}
 
-    /// Returns the stored properties without the excluded ones, with which a record's `Dict` begins.
-    /// Ends the process (fatalError) if an excluded name is not a stored property's.
+    /// Returns the stored properties without the excluded ones, with which a record's `Dict`
+    /// begins. Ends the process (fatalError) if an excluded name is not a stored property's.
     Dictionary reflect(const Excluded& excluded) const;
 
     /// Like reflect(excluded), in the storage of a larger dictionary.

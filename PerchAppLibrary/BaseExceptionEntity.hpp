@@ -6,8 +6,8 @@
 
 namespace PerchAppLibrary {
 
-/// One error of the service: its code and its messages by language ("Ch" Chinese, "En" English). A shared
-/// record, immutable after construction; it keeps both arguments as given.
+/// One error of the service: its code and its messages by language ("Ch" Chinese, "En" English). A
+/// shared record, immutable after construction; it keeps both arguments as given.
 class BaseExceptionEntity {
 public:
     BaseExceptionEntity(std::string code, std::map<std::string, std::string> msgDict)

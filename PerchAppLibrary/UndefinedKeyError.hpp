@@ -10,7 +10,8 @@ namespace PerchAppLibrary {
 class UndefinedKeyError : public std::out_of_range {
 public:
     UndefinedKeyError(std::string_view className, std::string_view key)
-        : std::out_of_range(std::string(className) + " has no property \"" + std::string(key) + "\""),
+        : std::out_of_range(std::string(className) + " has no property \"" + std::string(key) +
+                            "\""),
           m_className(className),
           m_key(key) {}
 

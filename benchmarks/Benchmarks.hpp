@@ -27,8 +27,8 @@ struct FontTree {
     std::size_t leaves;
 };
 
-// Each registers the comparisons of one kind of work. What they are given must live until the benchmarks have run. They
-// throw when the sides of a comparison do not come to the same result.
+// Each registers the comparisons of one kind of work. What they are given must live until the
+// benchmarks have run. They throw when the sides of a comparison do not come to the same result.
 
 /// Loading a document: by the library, and by the usual readers of JSON into a plain struct.
 void registerLoad(const std::shared_ptr<const FontDocument>& document);
@@ -42,7 +42,8 @@ void registerRecords();
 /// Searching by name and key: the library, the rules written down literally with ICU, and Qt.
 void registerSearch(const std::shared_ptr<const FontTree>& tree);
 
-/// Finding and marking fonts by identifier: the library, and bare hash joins of two arrays of integers.
+/// Finding and marking fonts by identifier: the library, and bare hash joins of two arrays of
+/// integers.
 void registerLookup(const std::shared_ptr<const FontTree>& tree);
 
 /// Reducing a million identifiers by ticked tags: the library, std::set and Roaring bitmaps.

@@ -9,7 +9,8 @@
 #include <string>
 #include <utility>
 
-/// One kind of work at one size, done by several sides in one run: "key, fuzzy" over 60,160 leaves by "Qt".
+/// One kind of work at one size, done by several sides in one run: "key, fuzzy" over 60,160 leaves
+/// by "Qt".
 class Comparison {
 public:
     Comparison(std::string work, std::size_t leaves) : m_work(std::move(work)), m_leaves(leaves) {}
@@ -19,13 +20,15 @@ public:
         return m_work + '/' + std::to_string(m_leaves) + '/' + side;
     }
 
-    /// Adds a side. `run()` does the work, and is timed without the destruction of its result; `digest(result)` says
-    /// what it came to. A side that does not come to the same as those before it is not timed but reported.
+    /// Adds a side. `run()` does the work, and is timed without the destruction of its result;
+    /// `digest(result)` says what it came to. A side that does not come to the same as those before
+    /// it is not timed but reported.
     template <class Run, class Digest>
     void add(const std::string& side, Run run, Digest digest) {
-        benchmark::RegisterBenchmark(nameOf(side).c_str(), [run, isAgreed = agreementOf(side, [run, digest] {
-                                                                     return digest(run());
-                                                                 })](benchmark::State& state) {
+        benchmark::RegisterBenchmark(nameOf(side).c_str(), [run, isAgreed = agreementOf(
+                                                                     side, [run, digest] {
+                                                                         return digest(run());
+                                                                     })](benchmark::State& state) {
             if (!isAgreed())
                 state.SkipWithError("comes to another result");
             for (auto _ : state) {
@@ -38,8 +41,8 @@ public:
         })->Unit(benchmark::kMillisecond);
     }
 
-    /// A function that says whether the side comes to the same as the others: at its first call it asks what the side
-    /// comes to.
+    /// A function that says whether the side comes to the same as the others: at its first call it
+    /// asks what the side comes to.
     auto agreementOf(std::string side, std::function<std::size_t()> digest) const {
         return [side = std::move(side), digest = std::move(digest), digests = m_digests] {
             if (!digests->contains(side))

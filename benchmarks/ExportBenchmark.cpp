@@ -32,16 +32,17 @@ Json jsonOf(const PlainFonts& fonts) {
     Json array = Json::array();
     for (const auto& font : fonts) {
         Json object = Json::object();
-        forEachExported(*font,
-                        [&](std::string_view key, const auto& field) { object[std::string(key)] = field; });
+        forEachExported(*font, [&](std::string_view key, const auto& field) {
+            object[std::string(key)] = field;
+        });
         object["Children"] = jsonOf(font->Children);
         array.push_back(std::move(object));
     }
     return array;
 }
 
-/// What the library's dictionaries are made of, filled as its documentation advises: in a storage that outlives them, or in one that
-/// they own, as values must that are handed on.
+/// What the library's dictionaries are made of, filled as its documentation advises: in a storage
+/// that outlives them, or in one that they own, as values must that are handed on.
 boost::json::array boostArrayOf(const PlainFonts& fonts, const boost::json::storage_ptr& storage) {
     boost::json::array array(storage);
     array.reserve(fonts.size());
@@ -97,8 +98,8 @@ void registerExport(const std::shared_ptr<const FontDocument>& document) {
 
     Comparison dictionaries("Dict and its text", document->fonts);
     dictionaries.add(
-        "VelmoCloudEntity", [fonts] { return PerchAppLibrary::toText(FontItem::getFontArray(*fonts)); },
-        digest);
+        "VelmoCloudEntity",
+        [fonts] { return PerchAppLibrary::toText(FontItem::getFontArray(*fonts)); }, digest);
     dictionaries.add(
         "Boost.JSON by hand",
         [plain] {
@@ -109,7 +110,8 @@ void registerExport(const std::shared_ptr<const FontDocument>& document) {
     dictionaries.add(
         "Boost.JSON by hand, owning",
         [plain] {
-            const auto storage = boost::json::make_shared_resource<boost::json::monotonic_resource>();
+            const auto storage =
+                boost::json::make_shared_resource<boost::json::monotonic_resource>();
             return boost::json::serialize(boostArrayOf(*plain, storage));
         },
         digest);

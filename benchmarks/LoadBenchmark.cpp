@@ -45,17 +45,18 @@ void addAll(Digest& digest, const PlainFonts& fonts) {
 void addAll(Digest& digest, const VelmoCloudEntity::Records<FontItem>& fonts) {
     for (const auto& font : fonts) {
 #define FIELD(Name) digest.add(font->Name())
-        FIELD(Guid), FIELD(Id), FIELD(IsDisabled), FIELD(ErrorCode), FIELD(Exception), FIELD(ExceptionCode),
-            FIELD(ExceptionMessage), FIELD(TimeStamp), FIELD(DateStamp), FIELD(Token), FIELD(ApplyHot),
-            FIELD(Ordinal), FIELD(NameOrdinal), FIELD(AppendOrdinal), FIELD(UserOrdinal), FIELD(TopClassify),
-            FIELD(ProductSetId), FIELD(ProductSetName), FIELD(ProductName), FIELD(PostscriptName),
-            FIELD(displayName), FIELD(Format), FIELD(Version), FIELD(Copyright), FIELD(ProductFileName),
-            FIELD(ProductFileUrl), FIELD(PreviewFileUrl), FIELD(previewText), FIELD(RegisterKey),
-            FIELD(IsOnline), FIELD(IsPreOnly), FIELD(IsAuthed), FIELD(IsFree), FIELD(FreeTag),
-            FIELD(IsFontAuth), FIELD(IsMemberFont), FIELD(IsPrivate), FIELD(OemTag), FIELD(isActivated),
-            FIELD(IsFavorited), FIELD(IsRecommended), FIELD(IsNewly), FIELD(FontKey), FIELD(IsGroup),
-            FIELD(GroupTag), FIELD(GroupCollectionId), FIELD(Tags), FIELD(DateStampBegin),
-            FIELD(DateStampEnd), FIELD(TopCount);
+        FIELD(Guid), FIELD(Id), FIELD(IsDisabled), FIELD(ErrorCode), FIELD(Exception),
+            FIELD(ExceptionCode), FIELD(ExceptionMessage), FIELD(TimeStamp), FIELD(DateStamp),
+            FIELD(Token), FIELD(ApplyHot), FIELD(Ordinal), FIELD(NameOrdinal), FIELD(AppendOrdinal),
+            FIELD(UserOrdinal), FIELD(TopClassify), FIELD(ProductSetId), FIELD(ProductSetName),
+            FIELD(ProductName), FIELD(PostscriptName), FIELD(displayName), FIELD(Format),
+            FIELD(Version), FIELD(Copyright), FIELD(ProductFileName), FIELD(ProductFileUrl),
+            FIELD(PreviewFileUrl), FIELD(previewText), FIELD(RegisterKey), FIELD(IsOnline),
+            FIELD(IsPreOnly), FIELD(IsAuthed), FIELD(IsFree), FIELD(FreeTag), FIELD(IsFontAuth),
+            FIELD(IsMemberFont), FIELD(IsPrivate), FIELD(OemTag), FIELD(isActivated),
+            FIELD(IsFavorited), FIELD(IsRecommended), FIELD(IsNewly), FIELD(FontKey),
+            FIELD(IsGroup), FIELD(GroupTag), FIELD(GroupCollectionId), FIELD(Tags),
+            FIELD(DateStampBegin), FIELD(DateStampEnd), FIELD(TopCount);
 #undef FIELD
         addAll(digest, font->Children());
     }
@@ -73,8 +74,8 @@ std::size_t digestOf(const FontList& fonts) {
     return digest.value();
 }
 
-/// Times the load alone; the copy of the text and the destruction of the tree stand outside. Counts the heap
-/// that the tree takes once the document is gone.
+/// Times the load alone; the copy of the text and the destruction of the tree stand outside. Counts
+/// the heap that the tree takes once the document is gone.
 template <class Fonts>
 void time(benchmark::State& state, Fonts (*load)(std::string), const FontDocument& document) {
     double bytes = 0;
@@ -95,8 +96,8 @@ void time(benchmark::State& state, Fonts (*load)(std::string), const FontDocumen
 void registerLoad(const std::shared_ptr<const FontDocument>& document) {
     const Comparison loading("load", document->fonts);
     const auto add = [&](const std::string& side, auto load) {
-        const auto isAgreed =
-            loading.agreementOf(side, [document, load] { return digestOf(load(reply(*document))); });
+        const auto isAgreed = loading.agreementOf(
+            side, [document, load] { return digestOf(load(reply(*document))); });
         benchmark::RegisterBenchmark(loading.nameOf(side).c_str(),
                                      [document, load, isAgreed](benchmark::State& state) {
                                          if (!isAgreed())

@@ -24,7 +24,8 @@ void read(const value& json, PlainFonts& fonts) {
     for (const value& object : json.as_array()) {
         auto font = std::make_shared<PlainFont>();
         for (const auto& member : object.as_object())
-            readMember(*font, viewOf(member.key()), [&](auto& field) { read(member.value(), field); });
+            readMember(*font, viewOf(member.key()),
+                       [&](auto& field) { read(member.value(), field); });
         fonts.push_back(std::move(font));
     }
 }

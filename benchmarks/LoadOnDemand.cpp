@@ -10,7 +10,9 @@ namespace ondemand = simdjson::ondemand;
 
 void read(ondemand::value value, std::int64_t& field) { field = value.get_int64(); }
 void read(ondemand::value value, bool& field) { field = value.get_bool(); }
-void read(ondemand::value value, std::string& field) { field = std::string_view(value.get_string()); }
+void read(ondemand::value value, std::string& field) {
+    field = std::string_view(value.get_string());
+}
 void read(ondemand::value value, PlainFonts& field);
 void read(ondemand::value value, std::vector<std::int64_t>& field) {
     for (auto element : value.get_array())

@@ -17,7 +17,8 @@ using Ids = std::vector<std::int64_t>;
 
 Ids idsOfLeaves(const FontTree& tree) {
     Ids ids;
-    forEachLeaf(tree.fonts, [&ids](const std::shared_ptr<FontItem>& leaf) { ids.push_back(leaf->Id()); });
+    forEachLeaf(tree.fonts,
+                [&ids](const std::shared_ptr<FontItem>& leaf) { ids.push_back(leaf->Id()); });
     return ids;
 }
 
@@ -55,7 +56,9 @@ void addJoins(Comparison& comparison, const std::shared_ptr<const Ids>& leaves,
         sizeOf<Positions>);
     comparison.add(
         "integers, Boost's flat set",
-        [leaves, wanted] { return join<boost::unordered_flat_set<std::int64_t>>(*leaves, *wanted); },
+        [leaves, wanted] {
+            return join<boost::unordered_flat_set<std::int64_t>>(*leaves, *wanted);
+        },
         sizeOf<Positions>);
 }
 
@@ -84,8 +87,9 @@ void registerLookup(const std::shared_ptr<const FontTree>& tree) {
                 return references->size(); // what it did is counted by the digest
             },
             [tree, mark = mark](std::size_t) {
-                return mark == &FontList::setActivatedFont ? FontList::getActivatedFont(tree->fonts).size()
-                                                           : FontList::getFavoritedFont(tree->fonts).size();
+                return mark == &FontList::setActivatedFont
+                           ? FontList::getActivatedFont(tree->fonts).size()
+                           : FontList::getFavoritedFont(tree->fonts).size();
             });
         addJoins(marking, leaves, wanted);
     }

@@ -7,8 +7,8 @@
 #include <string_view>
 #include <vector>
 
-/// What a developer would write without the library: the same fields as a FontItem, in the same order and
-/// with the same sharing, without accessors.
+/// What a developer would write without the library: the same fields as a FontItem, in the same
+/// order and with the same sharing, without accessors.
 struct PlainFont {
     std::string Guid;
     std::int64_t Id = 0;
@@ -65,7 +65,8 @@ struct PlainFont {
 
 using PlainFonts = std::vector<std::shared_ptr<PlainFont>>;
 
-/// Calls `visit(key, field)` for each field of the font but Children, so that every loader fills the same ones.
+/// Calls `visit(key, field)` for each field of the font but Children, so that every loader fills
+/// the same ones.
 template <class Visitor>
 void forEachField(PlainFont& font, Visitor&& visit) {
     visit("Guid", font.Guid);
@@ -120,8 +121,9 @@ void forEachField(PlainFont& font, Visitor&& visit) {
     visit("TopCount", font.TopCount);
 }
 
-/// Calls `read(field)` for the field with this key, if there is one: what those who go through an object's members do with
-/// each. Keys of one length are few, so that most are told apart by their length.
+/// Calls `read(field)` for the field with this key, if there is one: what those who go through an
+/// object's members do with each. Keys of one length are few, so that most are told apart by their
+/// length.
 template <class Read>
 void readMember(PlainFont& font, std::string_view key, Read&& read) {
 #define FIELD(Name)   \

@@ -7,8 +7,8 @@
 #include <string>
 #include <vector>
 
-/// What a developer with Qt would write: the four names of each font as QString, searched with QString::contains() and
-/// Qt::CaseInsensitive. The conversion is done before.
+/// What a developer with Qt would write: the four names of each font as QString, searched with
+/// QString::contains() and Qt::CaseInsensitive. The conversion is done before.
 class QtSearch {
 public:
     using Visitor = std::function<void(std::int64_t id, const std::array<std::string, 4>& names)>;

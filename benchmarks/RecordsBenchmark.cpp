@@ -36,8 +36,8 @@ namespace {
 namespace ondemand = simdjson::ondemand;
 using PerchAppLibrary::JSON;
 
-/// What a developer would write by hand for each type: a plain struct, filled with simdjson on-demand, each member by the
-/// reader that a hash table has for its key.
+/// What a developer would write by hand for each type: a plain struct, filled with simdjson
+/// on-demand, each member by the reader that a hash table has for its key.
 namespace plain {
 
 /// A value of any kind, as text.
@@ -50,10 +50,18 @@ using Readers = boost::unordered_flat_map<std::string_view, void (*)(Record&, on
 
 void read(ondemand::value value, std::int64_t& field) { field = value.get_int64(); }
 void read(ondemand::value value, bool& field) { field = value.get_bool(); }
-void read(ondemand::value value, float& field) { field = static_cast<float>(double(value.get_double())); }
-void read(ondemand::value value, std::string& field) { field = std::string_view(value.get_string()); }
-void read(ondemand::value value, Raw& field) { field.json = simdjson::to_json_string(value).value(); }
-void read(ondemand::value value, std::optional<std::string>& field) { read(value, field.emplace()); }
+void read(ondemand::value value, float& field) {
+    field = static_cast<float>(double(value.get_double()));
+}
+void read(ondemand::value value, std::string& field) {
+    field = std::string_view(value.get_string());
+}
+void read(ondemand::value value, Raw& field) {
+    field.json = simdjson::to_json_string(value).value();
+}
+void read(ondemand::value value, std::optional<std::string>& field) {
+    read(value, field.emplace());
+}
 template <class Element>
 void read(ondemand::value value, std::vector<Element>& field) {
     for (ondemand::value element : value.get_array())
@@ -66,7 +74,8 @@ void read(ondemand::value value, std::shared_ptr<Record>& field) {
 }
 
 #define DECLARE(Type, Name) Type Name{};
-#define READER(Type, Name) {#Name, [](Self& record, ondemand::value value) { read(value, record.Name); }},
+#define READER(Type, Name) \
+    {#Name, [](Self& record, ondemand::value value) { read(value, record.Name); }},
 #define PLAIN_STRUCT(Struct, ...)                                                               \
     struct Struct {                                                                             \
         using Self = Struct;                                                                    \
@@ -79,52 +88,58 @@ void read(ondemand::value value, std::shared_ptr<Record>& field) {
                     reader->second(*this, member.value());                                      \
         }                                                                                       \
     }
-#define PLAIN_RECORD(Struct, ...)                                                                     \
-    PLAIN_STRUCT(Struct, (std::string, Guid), (std::int64_t, Id), (bool, IsDisabled),                 \
-                 (std::int64_t, ErrorCode), (bool, Exception), (std::string, ExceptionCode),          \
-                 (std::string, ExceptionMessage), (std::string, TimeStamp), (std::string, DateStamp), \
-                 (std::string, Token), __VA_ARGS__)
+#define PLAIN_RECORD(Struct, ...)                                                            \
+    PLAIN_STRUCT(Struct, (std::string, Guid), (std::int64_t, Id), (bool, IsDisabled),        \
+                 (std::int64_t, ErrorCode), (bool, Exception), (std::string, ExceptionCode), \
+                 (std::string, ExceptionMessage), (std::string, TimeStamp),                  \
+                 (std::string, DateStamp), (std::string, Token), __VA_ARGS__)
 
-PLAIN_RECORD(FontItem, (std::int64_t, ApplyHot), (std::int64_t, Ordinal), (std::int64_t, NameOrdinal),
-             (std::int64_t, AppendOrdinal), (std::int64_t, UserOrdinal), (std::string, TopClassify),
-             (std::int64_t, ProductSetId), (std::string, ProductSetName), (std::string, ProductName),
+PLAIN_RECORD(FontItem, (std::int64_t, ApplyHot), (std::int64_t, Ordinal),
+             (std::int64_t, NameOrdinal), (std::int64_t, AppendOrdinal),
+             (std::int64_t, UserOrdinal), (std::string, TopClassify), (std::int64_t, ProductSetId),
+             (std::string, ProductSetName), (std::string, ProductName),
              (std::string, PostscriptName), (std::string, displayName), (std::string, Format),
              (std::string, Version), (std::string, Copyright), (std::string, ProductFileName),
-             (std::string, ProductFileUrl), (std::string, PreviewFileUrl), (std::string, previewText),
-             (std::string, RegisterKey), (bool, IsOnline), (bool, IsPreOnly), (bool, IsAuthed),
-             (bool, IsFree), (std::string, FreeTag), (bool, IsFontAuth), (bool, IsMemberFont),
-             (bool, IsPrivate), (std::string, OemTag), (bool, isActivated), (bool, IsFavorited),
-             (bool, IsRecommended), (bool, IsNewly), (std::string, FontKey), (bool, IsGroup),
-             (std::string, GroupTag), (std::int64_t, GroupCollectionId), (std::vector<std::int64_t>, Tags),
+             (std::string, ProductFileUrl), (std::string, PreviewFileUrl),
+             (std::string, previewText), (std::string, RegisterKey), (bool, IsOnline),
+             (bool, IsPreOnly), (bool, IsAuthed), (bool, IsFree), (std::string, FreeTag),
+             (bool, IsFontAuth), (bool, IsMemberFont), (bool, IsPrivate), (std::string, OemTag),
+             (bool, isActivated), (bool, IsFavorited), (bool, IsRecommended), (bool, IsNewly),
+             (std::string, FontKey), (bool, IsGroup), (std::string, GroupTag),
+             (std::int64_t, GroupCollectionId), (std::vector<std::int64_t>, Tags),
              (std::vector<std::shared_ptr<FontItem>>, Children), (std::string, DateStampBegin),
              (std::string, DateStampEnd), (std::int64_t, TopCount));
 PLAIN_RECORD(ClientOperaItem, (std::string, UserGuid), (std::int64_t, PlatformId),
              (std::string, ClientVersion), (std::string, OperaTag), (std::int64_t, FontId),
              (std::string, SortTypeTag));
 PLAIN_RECORD(ClientStartupNoticeItem, (std::string, Title), (std::string, Content));
-PLAIN_RECORD(ClientVersionItem, (std::int64_t, PlatformId), (std::string, Version), (std::string, VersionTag),
-             (std::string, Url), (std::vector<std::string>, News), (std::vector<std::string>, Bugs));
+PLAIN_RECORD(ClientVersionItem, (std::int64_t, PlatformId), (std::string, Version),
+             (std::string, VersionTag), (std::string, Url), (std::vector<std::string>, News),
+             (std::vector<std::string>, Bugs));
 PLAIN_RECORD(ConfigItem, (std::string, LastUseVersion), (std::string, PreviewTag),
              (std::string, PreviewColorTag), (std::int64_t, PreviewFontSize),
              (std::int64_t, InteractionAppTag), (std::optional<std::string>, hotKeyCode),
-             (std::optional<std::string>, systemHotKeyCode), (std::optional<std::string>, hotKeyString));
+             (std::optional<std::string>, systemHotKeyCode),
+             (std::optional<std::string>, hotKeyString));
 PLAIN_RECORD(EsUserItem, (std::string, UserId), (std::string, Pwd), (std::int64_t, EnterpriseId),
              (bool, ContainDisabled), (std::int64_t, Tag));
-PLAIN_RECORD(FontApplyItem, (std::string, UserGuid), (std::int64_t, FontId), (std::int64_t, PlatformId),
-             (std::string, AppTag), (std::string, Content));
+PLAIN_RECORD(FontApplyItem, (std::string, UserGuid), (std::int64_t, FontId),
+             (std::int64_t, PlatformId), (std::string, AppTag), (std::string, Content));
 PLAIN_RECORD(FontCollectionItem, (std::string, Cover), (std::string, Title), (std::string, Alias),
-             (std::string, Abstract), (std::int64_t, Ordinal), (std::vector<std::int64_t>, FontIdList),
-             (std::int64_t, TopCount));
+             (std::string, Abstract), (std::int64_t, Ordinal),
+             (std::vector<std::int64_t>, FontIdList), (std::int64_t, TopCount));
 PLAIN_RECORD(FontImageItem, (std::string, UserGuid), (std::int64_t, ProductId), (bool, IsPrivate),
-             (std::string, PreviewText), (std::string, BackColor), (std::string, ForeColor), (float, EmSize),
-             (std::string, PreviewUrl));
-PLAIN_RECORD(FontSearchItem, (std::string, UserGuid), (std::int64_t, ProductId), (std::string, SearchKey),
-             (std::int64_t, PlatformId), (std::int64_t, SearchCount), (std::int64_t, Ranking));
+             (std::string, PreviewText), (std::string, BackColor), (std::string, ForeColor),
+             (float, EmSize), (std::string, PreviewUrl));
+PLAIN_RECORD(FontSearchItem, (std::string, UserGuid), (std::int64_t, ProductId),
+             (std::string, SearchKey), (std::int64_t, PlatformId), (std::int64_t, SearchCount),
+             (std::int64_t, Ranking));
 PLAIN_RECORD(FontTagItem, (std::int64_t, SubNameWidth), (std::string, Name), (std::string, Alias),
-             (bool, IsGroup), (std::string, SubNameTextImageStyle), (std::string, SubNameDisplayStyle),
-             (std::int64_t, SubNameRowSum), (std::int64_t, SubTagCountPerRow),
-             (std::string, SubTagFilterType), (std::string, TagImageName), (std::int64_t, GroupId),
-             (std::int64_t, Ordinal), (bool, IsChecked), (std::vector<std::int64_t>, FontIdList),
+             (bool, IsGroup), (std::string, SubNameTextImageStyle),
+             (std::string, SubNameDisplayStyle), (std::int64_t, SubNameRowSum),
+             (std::int64_t, SubTagCountPerRow), (std::string, SubTagFilterType),
+             (std::string, TagImageName), (std::int64_t, GroupId), (std::int64_t, Ordinal),
+             (bool, IsChecked), (std::vector<std::int64_t>, FontIdList),
              (std::vector<std::shared_ptr<FontTagItem>>, Children));
 PLAIN_RECORD(FontUploadItem, (std::string, UserGuid), (std::string, ProductFileName));
 PLAIN_RECORD(PhoneNumberPrefixItem, (std::string, Region), (std::string, Prefix));
@@ -138,22 +153,25 @@ PLAIN_RECORD(UserFontGroupMapItem, (std::string, UserGuid),
              (std::vector<std::shared_ptr<FontItem>>, FontList));
 PLAIN_RECORD(UserItem, (Raw, sms_token), (std::string, Tel), (std::int64_t, MemberLimitDays),
              (std::int64_t, MembershipStatus), (bool, IsTelBinded), (std::string, TelCode),
-             (std::string, Email), (bool, IsEmailBinded), (std::string, QqOpenId), (bool, IsQqBinded),
-             (std::string, WeChatOpenId), (std::string, WeChatUnionId), (bool, IsWeChatBinded),
-             (std::string, ZbjOpenId), (bool, IsZbjBinded), (std::string, AliUserId), (std::string, Pwd),
-             (std::string, Uid), (std::string, Name), (std::string, City), (std::string, Career),
-             (std::string, PhotoUrl), (std::string, PhotoFileName), (std::string, PhotoBase64String),
-             (std::string, WorkUrl), (std::int64_t, PlatformId), (std::string, ClientVersion),
-             (std::string, ClientOemTag), (std::string, Disksn), (std::string, AdSpaceUrl),
-             (std::vector<std::string>, uriList), (bool, IsAdvanced), (bool, AutoLogin), (bool, IsMember),
+             (std::string, Email), (bool, IsEmailBinded), (std::string, QqOpenId),
+             (bool, IsQqBinded), (std::string, WeChatOpenId), (std::string, WeChatUnionId),
+             (bool, IsWeChatBinded), (std::string, ZbjOpenId), (bool, IsZbjBinded),
+             (std::string, AliUserId), (std::string, Pwd), (std::string, Uid), (std::string, Name),
+             (std::string, City), (std::string, Career), (std::string, PhotoUrl),
+             (std::string, PhotoFileName), (std::string, PhotoBase64String), (std::string, WorkUrl),
+             (std::int64_t, PlatformId), (std::string, ClientVersion), (std::string, ClientOemTag),
+             (std::string, Disksn), (std::string, AdSpaceUrl), (std::vector<std::string>, uriList),
+             (bool, IsAdvanced), (bool, AutoLogin), (bool, IsMember),
              (std::string, MemberLimitTimeStamp), (bool, IsPartner));
 PLAIN_RECORD(WebFontItem, (std::string, UserGuid), (std::int64_t, ProductId), (std::string, Chas),
              (std::string, FontFamily), (std::string, ClassName), (std::string, RefLink));
-PLAIN_RECORD(ZRFontEffectEntity, (std::string, ProductName), (bool, IsFavorite), (bool, IsMemberEffect),
-             (std::int64_t, FontId), (std::string, Url), (bool, ContainDisabled));
+PLAIN_RECORD(ZRFontEffectEntity, (std::string, ProductName), (bool, IsFavorite),
+             (bool, IsMemberEffect), (std::int64_t, FontId), (std::string, Url),
+             (bool, ContainDisabled));
 PLAIN_RECORD(ZRMessageBubbleItem, (std::string, Title), (std::string, Content), (std::string, Url),
-             (std::int64_t, UserGroupId), (std::string, UserGroupName), (std::string, SendTimeStamp),
-             (std::string, InvalidTimeStamp), (bool, ContainDisabled), (std::int64_t, Tag));
+             (std::int64_t, UserGroupId), (std::string, UserGroupName),
+             (std::string, SendTimeStamp), (std::string, InvalidTimeStamp), (bool, ContainDisabled),
+             (std::int64_t, Tag));
 
 } // namespace plain
 
@@ -207,7 +225,9 @@ void registerRecord() {
             plain::read(document.get_value(), records);
             return records;
         },
-        [](const auto& records) { return digestOf(records, [](const auto& record) { return record->Id; }); });
+        [](const auto& records) {
+            return digestOf(records, [](const auto& record) { return record->Id; });
+        });
 }
 
 } // namespace

@@ -31,24 +31,26 @@ double nanosecondsPerFont(const Median& median) {
 }
 
 std::string svgOf(double height, const std::string& title, const std::string& content) {
-    return fmt::format(
-        "<svg xmlns='http://www.w3.org/2000/svg' width='{0}' height='{1}' viewBox='0 0 {0} {1}' {2}>\n"
-        "<rect width='100%' height='100%' fill='white'/>\n"
-        "<text x='16' y='26' font-weight='bold'>{3}</text>\n{4}</svg>\n",
-        width, height, style, title, content);
+    return fmt::format("<svg xmlns='http://www.w3.org/2000/svg' width='{0}' height='{1}' "
+                       "viewBox='0 0 {0} {1}' {2}>\n"
+                       "<rect width='100%' height='100%' fill='white'/>\n"
+                       "<text x='16' y='26' font-weight='bold'>{3}</text>\n{4}</svg>\n",
+                       width, height, style, title, content);
 }
 
 } // namespace
 
 std::string markdownOf(const std::vector<Median>& medians) {
-    std::string table = "| work | fonts | side | ms | its time / ours | bytes/font | our bytes / its |\n"
-                        "|---|---:|---|---:|---:|---:|---:|\n";
+    std::string table =
+        "| work | fonts | side | ms | its time / ours | bytes/font | our bytes / its |\n"
+        "|---|---:|---|---:|---:|---:|---:|\n";
     const Median* ours = nullptr;
     for (const Median& median : medians) {
         if (ours == nullptr || ours->work != median.work || ours->fonts != median.fonts)
             ours = &median;
-        table += fmt::format("| {} | {} | {} | {:.2f} | {:.2f} |", median.work, median.fonts, median.side,
-                             median.milliseconds, median.milliseconds / ours->milliseconds);
+        table +=
+            fmt::format("| {} | {} | {} | {:.2f} | {:.2f} |", median.work, median.fonts,
+                        median.side, median.milliseconds, median.milliseconds / ours->milliseconds);
         if (median.bytesPerFont > 0)
             table += fmt::format(" {:.0f} | {:.2f} |\n", median.bytesPerFont,
                                  ours->bytesPerFont / median.bytesPerFont);
@@ -90,11 +92,12 @@ std::string throughputChartOf(const std::vector<Median>& medians, const std::str
                             "<rect x='{}' y='{}' width='{:.1f}' height='20' fill='{}'/>"
                             "<text x='{:.1f}' y='{}'>{:.0f}</text>\n",
                             left - 8, y + 15, side.side, left, y, length,
-                            &side == sides.data() ? "#2266aa" : "#99aabb", left + length + 6, y + 15,
-                            fontsPerSecond(side) / 1e3);
+                            &side == sides.data() ? "#2266aa" : "#99aabb", left + length + 6,
+                            y + 15, fontsPerSecond(side) / 1e3);
         y += row;
     }
-    return svgOf(y + 10, fmt::format("{} of {} fonts: thousands of fonts per second", work, size), bars);
+    return svgOf(y + 10, fmt::format("{} of {} fonts: thousands of fonts per second", work, size),
+                 bars);
 }
 
 std::string growthChartOf(const std::vector<Median>& medians, const std::string& work) {
@@ -127,14 +130,14 @@ std::string growthChartOf(const std::vector<Median>& medians, const std::string&
         std::string path;
         for (const Median& point : ofSide) {
             path += fmt::format("{:.1f},{:.1f} ", x(point), y(point));
-            lines += fmt::format("<circle cx='{:.1f}' cy='{:.1f}' r='3' fill='{}'/>\n", x(point), y(point),
-                                 colour);
+            lines += fmt::format("<circle cx='{:.1f}' cy='{:.1f}' r='3' fill='{}'/>\n", x(point),
+                                 y(point), colour);
         }
-        lines +=
-            fmt::format("<polyline points='{}' fill='none' stroke='{}' stroke-width='2'/>\n", path, colour);
-        labels.emplace(y(ofSide.back()) + 4,
-                       fmt::format("fill='{}'>{}: {:.0f} to {:.0f}", colour, side,
-                                   nanosecondsPerFont(ofSide.front()), nanosecondsPerFont(ofSide.back())));
+        lines += fmt::format("<polyline points='{}' fill='none' stroke='{}' stroke-width='2'/>\n",
+                             path, colour);
+        labels.emplace(y(ofSide.back()) + 4, fmt::format("fill='{}'>{}: {:.0f} to {:.0f}", colour,
+                                                         side, nanosecondsPerFont(ofSide.front()),
+                                                         nanosecondsPerFont(ofSide.back())));
     }
     double height = 0;
     for (const auto& [wanted, label] : labels) {
@@ -142,7 +145,7 @@ std::string growthChartOf(const std::vector<Median>& medians, const std::string&
         lines += fmt::format("<text x='475' y='{:.1f}' {}</text>\n", height, label);
     }
     for (const Median& point : sides.begin()->second)
-        lines += fmt::format("<text x='{:.1f}' y='360' text-anchor='middle'>{} fonts</text>\n", x(point),
-                             point.fonts);
+        lines += fmt::format("<text x='{:.1f}' y='360' text-anchor='middle'>{} fonts</text>\n",
+                             x(point), point.fonts);
     return svgOf(380, fmt::format("{}: nanoseconds per font (both axes logarithmic)", work), lines);
 }

@@ -6,8 +6,8 @@
 
 /// What one side of a comparison takes: the median of its repetitions.
 struct Median {
-    std::int64_t
-        place; // in the order of registration, in which the library's own side is a comparison's first
+    std::int64_t place; // in the order of registration, in which the library's own side is a
+                        // comparison's first
     std::string work;
     std::int64_t fonts;
     std::string side;
@@ -21,7 +21,7 @@ std::string markdownOf(const std::vector<Median>& medians);
 /// The same as a JSON array of objects.
 std::string jsonOf(const std::vector<Median>& medians);
 
-/// Charts in SVG of one work: fonts per second of each side, at the middle one of the sizes, and time per font against the number of
-/// fonts.
+/// Charts in SVG of one work: fonts per second of each side, at the middle one of the sizes, and
+/// time per font against the number of fonts.
 std::string throughputChartOf(const std::vector<Median>& medians, const std::string& work);
 std::string growthChartOf(const std::vector<Median>& medians, const std::string& work);

@@ -25,7 +25,8 @@ std::size_t digestOfIds(const std::vector<std::int64_t>& ids) {
     return digestOf(ids, [](std::int64_t id) { return id; });
 }
 
-/// Adds the library and the literal reading: `query(search)` asks one of them, FontList or LiteralSearch.
+/// Adds the library and the literal reading: `query(search)` asks one of them, FontList or
+/// LiteralSearch.
 template <class Query, class Digest>
 void addBoth(Comparison& comparison, Query query, Digest digest) {
     comparison.add("VelmoCloudEntity", [query] { return query(FontList()); }, digest);
@@ -48,14 +49,16 @@ void registerSearch(const std::shared_ptr<const FontTree>& tree) {
     for (const std::string name : {"light", "宋体"}) {
         Comparison fuzzyName("name \"" + name + "\", fuzzy", tree->leaves);
         addBoth(
-            fuzzyName, [tree, name](auto search) { return search.getFontByName(tree->fonts, name, true); },
+            fuzzyName,
+            [tree, name](auto search) { return search.getFontByName(tree->fonts, name, true); },
             digestOfFonts);
         fuzzyName.add("Qt", [qt, name] { return qt->fontsByName(name); }, digestOfIds);
     }
     for (const std::string key : {"sans", "宋体", "étude"}) {
         Comparison fuzzyKey("key \"" + key + "\", fuzzy", tree->leaves);
         addBoth(
-            fuzzyKey, [tree, key](auto search) { return search.getFontByKey(tree->fonts, key, true); },
+            fuzzyKey,
+            [tree, key](auto search) { return search.getFontByKey(tree->fonts, key, true); },
             digestOfFonts);
         if (key != "étude") // of which Qt finds one spelling
             fuzzyKey.add("Qt", [qt, key] { return qt->fontsByKey(key); }, digestOfIds);
@@ -63,12 +66,15 @@ void registerSearch(const std::shared_ptr<const FontTree>& tree) {
     Comparison wholeKey("key \"Anuphan-Light.ttf\"", tree->leaves);
     addBoth(
         wholeKey,
-        [tree](auto search) { return search.getFontByKey(tree->fonts, "anuphan-light.ttf", false); },
+        [tree](auto search) {
+            return search.getFontByKey(tree->fonts, "anuphan-light.ttf", false);
+        },
         digestOfFonts);
     for (const std::string key : {"Hei", "宋体"}) {
         Comparison twoLists("search \"" + key + '"', tree->leaves);
         addBoth(
-            twoLists, [tree, key](auto search) { return search.getSearchResultFont(tree->fonts, key); },
+            twoLists,
+            [tree, key](auto search) { return search.getSearchResultFont(tree->fonts, key); },
             digestOfLists);
     }
 }

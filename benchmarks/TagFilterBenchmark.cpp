@@ -30,7 +30,8 @@ struct Panel {
     Tags groups;
 };
 
-/// A catalogue's identifiers and a panel of ticked tags, each list in ascending order, as services send them, or in none.
+/// A catalogue's identifiers and a panel of ticked tags, each list in ascending order, as services
+/// send them, or in none.
 Panel makePanel(bool isAscending) {
     std::mt19937_64 random(42);
     Panel panel;
@@ -107,12 +108,17 @@ void registerTagFilter() {
                           fontCount);
         filter.add(
             "VelmoCloudEntity",
-            [panel] { return FontTagList::getCheckedFontTagFontIdList(panel->groups, panel->fontIds); },
+            [panel] {
+                return FontTagList::getCheckedFontTagFontIdList(panel->groups, panel->fontIds);
+            },
             digestOfIds);
         filter.add("Roaring", [panel] { return filterByRoaring(*panel); }, digestOfIds);
-        filter.add("std::set", [panel] { return filterBySets<std::set<std::int64_t>>(*panel); }, digestOfIds);
         filter.add(
-            "std::unordered_set", [panel] { return filterBySets<std::unordered_set<std::int64_t>>(*panel); },
+            "std::set", [panel] { return filterBySets<std::set<std::int64_t>>(*panel); },
+            digestOfIds);
+        filter.add(
+            "std::unordered_set",
+            [panel] { return filterBySets<std::unordered_set<std::int64_t>>(*panel); },
             digestOfIds);
     }
 }

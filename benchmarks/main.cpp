@@ -1,6 +1,6 @@
-// Runs the comparisons and prints them as a table: medians of interleaved repetitions, and what each side
-// takes in proportion to the library. Takes the options of Google Benchmark and --results=FOLDER, where the table
-// goes as Markdown and as JSON, with charts.
+// Runs the comparisons and prints them as a table: medians of interleaved repetitions, and what
+// each side takes in proportion to the library. Takes the options of Google Benchmark and
+// --results=FOLDER, where the table goes as Markdown and as JSON, with charts.
 #include "Benchmarks.hpp"
 #include "Report.hpp"
 
@@ -34,8 +34,8 @@ public:
             const std::size_t behindFonts = name.find('/', behindWork + 1);
             const auto bytes = run.counters.find("bytes/font");
             m_medians.push_back({run.family_index, name.substr(0, behindWork),
-                                 std::stoll(name.substr(behindWork + 1)), name.substr(behindFonts + 1),
-                                 run.GetAdjustedRealTime(),
+                                 std::stoll(name.substr(behindWork + 1)),
+                                 name.substr(behindFonts + 1), run.GetAdjustedRealTime(),
                                  bytes == run.counters.end() ? 0.0 : double{bytes->second}});
         }
     }
@@ -85,8 +85,9 @@ void registerAll() {
     }
 }
 
-/// Has the heap keep what is freed. Otherwise each repetition of a load or an export begins with new pages of the system, whose
-/// price, on a virtual machine, depends on what ran before: it varies tenfold and hides what is compared.
+/// Has the heap keep what is freed. Otherwise each repetition of a load or an export begins with
+/// new pages of the system, whose price, on a virtual machine, depends on what ran before: it
+/// varies tenfold and hides what is compared.
 void keepFreedMemory() {
     mallopt(M_MMAP_MAX, 0);
     mallopt(M_TRIM_THRESHOLD, -1);
@@ -115,16 +116,19 @@ int main(int argc, char** argv) {
     std::string aggregates = "--benchmark_report_aggregates_only=true";
     std::string leastSeconds = "--benchmark_min_time=0.2";
     for (std::string* const option : {&repetitions, &interleaving, &aggregates, &leastSeconds})
-        arguments.insert(arguments.begin() + 1, option->data()); // before the user's, which override them
+        arguments.insert(arguments.begin() + 1,
+                         option->data()); // before the user's, which override them
     int count = static_cast<int>(arguments.size());
     benchmark::Initialize(&count, arguments.data());
     try {
         registerAll();
         MedianReporter reporter;
         benchmark::RunSpecifiedBenchmarks(&reporter);
-        std::printf("\nMedians of one interleaved run\n\n%s", markdownOf(reporter.medians()).c_str());
+        std::printf("\nMedians of one interleaved run\n\n%s",
+                    markdownOf(reporter.medians()).c_str());
         if (reporter.hasFailed())
-            throw std::runtime_error("sides of a comparison come to different results: see \"ERROR\" above");
+            throw std::runtime_error(
+                "sides of a comparison come to different results: see \"ERROR\" above");
         if (results)
             writeResults(*results, reporter.medians());
     } catch (const std::exception& error) {

@@ -1,5 +1,6 @@
-// Fuzzes the whole road: any bytes are a document or a ParseError; a document becomes fonts, which are asked
-// for everything that cannot end the process, searched, marked by themselves, exported, and read again to the same export; and a user, likewise.
+// Fuzzes the whole road: any bytes are a document or a ParseError; a document becomes fonts, which
+// are asked for everything that cannot end the process, searched, marked by themselves, exported,
+// and read again to the same export; and a user, likewise.
 #include <VelmoCloudEntity/account/UserFontActivateMapItem.hpp>
 #include <VelmoCloudEntity/account/UserItem.hpp>
 #include <VelmoCloudEntity/catalogue/FontTagList.hpp>
@@ -39,7 +40,8 @@ void ask(const Records<FontItem>& fonts) {
     }
 }
 
-/// What a search finds depends on characters, not on their spelling; every font is found by its own name and identifier.
+/// What a search finds depends on characters, not on their spelling; every font is found by its own
+/// name and identifier.
 void search(const Records<FontItem>& fonts, const Records<FontItem>& leaves) {
     using namespace PerchAppLibrary;
     for (const auto& leaf : leaves) {
@@ -75,7 +77,8 @@ void walk(const JSON& json) {
     const FontList again(JSON::parse(exported));
     require(PerchAppLibrary::toText(FontItem::getFontArray(again.List())) == exported);
 
-    const Records<FontItem> leaves = leavesWhere(again.List(), [](const FontItem&) { return true; });
+    const Records<FontItem> leaves =
+        leavesWhere(again.List(), [](const FontItem&) { return true; });
     require(static_cast<std::int64_t>(leaves.size()) == FontList::getFontCount(fonts.List()));
     if (leaves.size() <= 20)
         search(again.List(), leaves);

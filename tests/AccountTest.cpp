@@ -38,12 +38,14 @@ TEST(UserItem, IsMadeForEachRequest) {
         {UserItem::create<GuidUser>({.guid = "g"}), R"({"Guid":"set g"})"},
         {UserItem::create<GuidUser>({.tel = "t"}), R"({"Tel":"t"})"},
         {UserItem::create<GuidUser>({.guid = "g", .tel = "t"}), R"({"Guid":"set g","Tel":"t"})"},
-        {UserItem::create<GuidUser>({.guid = "g", .email = "e"}), R"({"Guid":"set g","Email":"e"})"},
+        {UserItem::create<GuidUser>({.guid = "g", .email = "e"}),
+         R"({"Guid":"set g","Email":"e"})"},
         {UserItem::create<GuidUser>({.guid = "g", .tel = "t", .telCode = "c", .pwd = "p"}),
          R"({"Guid":"set g","Tel":"t","TelCode":"c","Pwd":"p"})"},
         {UserItem::create<GuidUser>({.guid = "g", .email = "e", .code = "1234", .pwd = "p"}),
          R"({"Guid":"set g","TelCode":"1234","Email":"e","Pwd":"p"})"},
-        {UserItem::create<GuidUser>({.guid = "g", .clientVersion = "v", .clientOemTag = "o", .disksn = "d"}),
+        {UserItem::create<GuidUser>(
+             {.guid = "g", .clientVersion = "v", .clientOemTag = "o", .disksn = "d"}),
          R"({"Guid":"set g","ClientVersion":"v","ClientOemTag":"o","Disksn":"d"})"},
         {UserItem::create<GuidUser>({.guid = "g", .clientOemTag = "o"}),
          R"({"Guid":"set g","ClientOemTag":"o"})"},
@@ -61,7 +63,8 @@ TEST(UserItem, IsMadeForEachRequest) {
         {UserItem::create<GuidUser>(
              {.email = "e", .pwd = "p", .clientVersion = "v", .clientOemTag = "o", .disksn = "d"}),
          R"({"Email":"e","Pwd":"p","ClientVersion":"v","ClientOemTag":"o","Disksn":"d"})"},
-        {UserItem::create<GuidUser>({.email = "e", .pwd = "p", .clientVersion = "v", .clientOemTag = "o"}),
+        {UserItem::create<GuidUser>(
+             {.email = "e", .pwd = "p", .clientVersion = "v", .clientOemTag = "o"}),
          R"({"Email":"e","Pwd":"p","ClientVersion":"v","ClientOemTag":"o"})"},
     };
     for (const auto& [user, expected] : cases)
@@ -93,7 +96,8 @@ struct DetourUser : ListUser {
 };
 
 TEST(UserItem, NeverTakesTheListsOfFonts) {
-    const JSON json = JSON::parse(R"({"Fonts":"f","Activates":"a","Favorites":[{"Id":1}],"Systems":"s",
+    const JSON json =
+        JSON::parse(R"({"Fonts":"f","Activates":"a","Favorites":[{"Id":1}],"Systems":"s",
         "Personals":"p","Extra":"x","Tel":"1","IsMember":true,"PlatformId":null})");
     const auto user = UserItem::create<DetourUser>(json);
     const std::string keys = "Fonts Activates Favorites Systems Personals ";
@@ -102,8 +106,10 @@ TEST(UserItem, NeverTakesTheListsOfFonts) {
     EXPECT_EQ(user->detours, keys + keys);
     const auto plain = UserItem::create();
     plain->setValue(json, Included{"Pwd"});
-    for (const std::shared_ptr<ListUser>& filled : {std::shared_ptr<ListUser>(user), ListUser::create(json)})
-        EXPECT_EQ(toText(changes(*filled, ListUser())), R"({"Tel":"1","IsMember":true,"Extra":"x"})");
+    for (const std::shared_ptr<ListUser>& filled :
+         {std::shared_ptr<ListUser>(user), ListUser::create(json)})
+        EXPECT_EQ(toText(changes(*filled, ListUser())),
+                  R"({"Tel":"1","IsMember":true,"Extra":"x"})");
     EXPECT_EQ(toText(changes(*plain, UserItem())), R"({"Tel":"1","IsMember":true})");
 }
 
@@ -129,7 +135,8 @@ TEST(UserItem, GivesItsTokenBackAsItWas) {
     const auto again = UserItem::create();
     JSON kept;
     for (const auto& [text, expected] : cases) {
-        const auto user = UserItem::create(JSON::parse("{\"Tel\":\"1\",\"sms_token\":" + text + "}"));
+        const auto user =
+            UserItem::create(JSON::parse("{\"Tel\":\"1\",\"sms_token\":" + text + "}"));
         kept = user->sms_token();
         again->setSms_token(kept);
         again->setValue(JSON::parse(R"({"Tel":"2"})")); // says nothing of a token
@@ -183,7 +190,8 @@ template <class Record>
 void expectFilledByTheBaseItself(const char* json) {
     const auto record = Record::template create<Replaced<Record>>(JSON::parse(json));
     EXPECT_EQ(record->ran, "") << json;
-    EXPECT_EQ(toText(record->properties()), toText(Record::create(JSON::parse(json))->properties()));
+    EXPECT_EQ(toText(record->properties()),
+              toText(Record::create(JSON::parse(json))->properties()));
     EXPECT_NE(record->properties(), Record().properties());
 }
 
@@ -212,9 +220,10 @@ void expectUserFontMap() {
     for (const char* const none :
          {R"({"UserGuid":"u"})", R"({"FontList":null,"UserGuid":"u"})",
           R"({"FontList":"[{}]","UserGuid":"u"})", R"({"FontList":{"Id":1},"UserGuid":"u"})"})
-        EXPECT_EQ(toText(changes(*Map::create(JSON::parse(none)), Map())), R"({"UserGuid":"u"})") << none;
-    const auto read = Map::create(
-        JSON::parse(R"({"FontList":[{"Id":1,"IsGroup":true,"Children":[{"Id":2}]},{"ProductName":"B"}]})"));
+        EXPECT_EQ(toText(changes(*Map::create(JSON::parse(none)), Map())), R"({"UserGuid":"u"})")
+            << none;
+    const auto read = Map::create(JSON::parse(
+        R"({"FontList":[{"Id":1,"IsGroup":true,"Children":[{"Id":2}]},{"ProductName":"B"}]})"));
     ASSERT_EQ(read->FontList().size(), 2U);
     EXPECT_EQ(read->FontList()[0]->Children().at(0)->Id(), 2);
     EXPECT_EQ(read->FontList()[1]->ProductName(), "B");

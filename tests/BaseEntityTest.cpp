@@ -18,10 +18,12 @@ using namespace VelmoCloudEntity;
 namespace {
 
 #ifdef __clang__
-#pragma clang diagnostic ignored "-Winconsistent-missing-override" // of the property that is declared again
+#pragma clang diagnostic ignored \
+    "-Winconsistent-missing-override" // of the property that is declared again
 #endif
 
-/// A client's own record on top of one of the library's: further properties, one of a base's name, a computed one.
+/// A client's own record on top of one of the library's: further properties, one of a base's name,
+/// a computed one.
 class StarredFont : public FontItem {
     PERCH_RECORD(StarredFont, FontItem);
 
@@ -48,18 +50,23 @@ TEST(BaseEntity, DeclaresItsPropertiesInTheirOrder) {
     std::string names;
     for (const auto& [name, value] : UrlItem::create()->properties())
         names.append(name).append(" ");
-    EXPECT_EQ(
-        names,
-        "Guid Id IsDisabled ErrorCode Exception ExceptionCode ExceptionMessage TimeStamp DateStamp Token "
-        "Name Url ");
+    EXPECT_EQ(names, "Guid Id IsDisabled ErrorCode Exception ExceptionCode ExceptionMessage "
+                     "TimeStamp DateStamp Token "
+                     "Name Url ");
 }
 
 TEST(BaseEntity, ReadsAnyPropertyByName) {
     const auto font =
         StarredFont::create(JSON::parse(R"({"ProductName":"A","Stars":2,"Tags":[4,7],"Id":9})"));
     const std::pair<const char*, const char*> expected[] = {
-        {"Id", "9"},           {"Stars", "2"},        {"Tags", "[4,7]"},         {"note_text", R"("none")"},
-        {"Badge", R"("A**")"}, {"Weight", "4.005E2"}, {"DisplayName", R"("A")"}, {"IsActivated", "false"},
+        {"Id", "9"},
+        {"Stars", "2"},
+        {"Tags", "[4,7]"},
+        {"note_text", R"("none")"},
+        {"Badge", R"("A**")"},
+        {"Weight", "4.005E2"},
+        {"DisplayName", R"("A")"},
+        {"IsActivated", "false"},
         {"Children", "[]"},
     };
     for (const auto& [name, text] : expected)
@@ -89,7 +96,8 @@ TEST(BaseEntity, TakesAClientsOwnProperties) {
     EXPECT_EQ(tail, "Stars note_text Weight Token Children ");
     EXPECT_EQ(font->schema().className(), "StarredFont");
     EXPECT_EQ(font->schema().ownProperties().size(), 5U);
-    // An override is honoured in a class that declares properties too, and of two of a name its own counts.
+    // An override is honoured in a class that declares properties too, and of two of a name its own
+    // counts.
     for (const char* const json :
          {R"({"Version":"1","Token":"t"})", R"({"DateStamp":"x","Token":"t","Version":"1"})"}) {
         const auto filled = StarredFont::create(JSON::parse(json));
@@ -138,15 +146,19 @@ TEST(BaseEntityDeathTest, EndsTheProcessOverAnExclusionThatIsNoProperty) {
 template <class Record>
 concept TakesHalfAReference = requires { Record::create({.id = 7, .productName = "A"}); };
 template <class Record>
-concept TakesOtherOrder = requires { Record::create({.productName = "A", .id = 7, .isPrivate = true}); };
+concept TakesOtherOrder =
+    requires { Record::create({.productName = "A", .id = 7, .isPrivate = true}); };
 template <class Record>
 concept TakesUnknownLabel = requires { Record::create({.name = "A"}); };
 template <class Record>
-concept TakesLossyArgument = requires { Record::create({.id = 7.5, .productName = "A", .isPrivate = true}); };
+concept TakesLossyArgument =
+    requires { Record::create({.id = 7.5, .productName = "A", .isPrivate = true}); };
 template <class Record>
-concept TakesPointerForFlag = requires { Record::create({.id = 7, .productName = "A", .isPrivate = "no"}); };
+concept TakesPointerForFlag =
+    requires { Record::create({.id = 7, .productName = "A", .isPrivate = "no"}); };
 template <class Record>
-concept TakesReference = requires { Record::create({.id = 7, .productName = "A", .isPrivate = true}); };
+concept TakesReference =
+    requires { Record::create({.id = 7, .productName = "A", .isPrivate = true}); };
 
 static_assert(TakesReference<FontItem>);
 static_assert(!TakesHalfAReference<FontItem> && !TakesUnknownLabel<FontItem>);
@@ -184,8 +196,8 @@ TEST(UserFontActivateMapItem, TiesAUserToFonts) {
     EXPECT_EQ(map->FontList()[0]->Children().at(0)->Id(), 2);
     EXPECT_EQ(map->FontList()[2]->ProductName(), "B");
     for (const char* const none :
-         {R"({"UserGuid":"u"})", R"({"UserGuid":"u","FontList":null})", R"({"UserGuid":"u","FontList":"x"})",
-          R"({"UserGuid":"u","FontList":{"Id":1}})"}) {
+         {R"({"UserGuid":"u"})", R"({"UserGuid":"u","FontList":null})",
+          R"({"UserGuid":"u","FontList":"x"})", R"({"UserGuid":"u","FontList":{"Id":1}})"}) {
         const auto empty = UserFontActivateMapItem::create(JSON::parse(none));
         EXPECT_EQ(empty->UserGuid(), "u") << none;
         EXPECT_TRUE(empty->FontList().empty()) << none;
@@ -206,7 +218,8 @@ TEST(UserFontActivateMapItem, TiesAUserToFonts) {
 }
 
 TEST(BaseExceptionEntity, KeepsWhatItWasGiven) {
-    const BaseExceptionEntity error("002004", {{"Ch", "验证码记录失败"}, {"En", "Code record fail."}});
+    const BaseExceptionEntity error("002004",
+                                    {{"Ch", "验证码记录失败"}, {"En", "Code record fail."}});
     EXPECT_EQ(error.code(), "002004");
     EXPECT_EQ(error.msgDict().at("En"), "Code record fail.");
 }

@@ -20,16 +20,17 @@ using namespace PerchAppLibrary;
 namespace {
 
 TEST(Catalogue, RecordsAreMadeToBeSent) {
-    EXPECT_EQ(toText(changes(*FontSearchItem::create({.userGuid = "u", .searchKey = "k"}), FontSearchItem())),
+    EXPECT_EQ(toText(changes(*FontSearchItem::create({.userGuid = "u", .searchKey = "k"}),
+                             FontSearchItem())),
               R"({"UserGuid":"u","SearchKey":"k"})");
-    const auto apply =
-        FontApplyItem::create({.userGuid = "u", .fontId = 7, .platformId = 2, .appTag = "t", .content = "c"});
+    const auto apply = FontApplyItem::create(
+        {.userGuid = "u", .fontId = 7, .platformId = 2, .appTag = "t", .content = "c"});
     EXPECT_EQ(toText(changes(*apply, FontApplyItem())),
               R"({"UserGuid":"u","FontId":7,"PlatformId":2,"AppTag":"t","Content":"c"})");
-    EXPECT_EQ(
-        FontApplyItem::create({.userGuid = "", .fontId = 0, .platformId = 0, .appTag = "", .content = ""})
-            ->PlatformId(),
-        0);
+    EXPECT_EQ(FontApplyItem::create(
+                  {.userGuid = "", .fontId = 0, .platformId = 0, .appTag = "", .content = ""})
+                  ->PlatformId(),
+              0);
 }
 
 /// A client's search record that answers in place of what is stored, and has a property of its own.
@@ -43,9 +44,11 @@ PERCH_RECORD_SCHEMA(ClientSearch);
 
 TEST(Catalogue, ExportsFixedKeysOnly) {
     const auto search = ClientSearch::create(JSON::parse(R"({"Guid":"g","SearchKey":"k","Id":3})"));
-    EXPECT_EQ(toText(search->Dict()),
-              R"({"UserGuid":"","ProductId":0,"SearchKey":"g","PlatformId":1,"SearchCount":0,"Ranking":0})");
-    const auto image = FontImageItem::create(JSON::parse(R"({"EmSize":48,"UserGuid":"u","IsPrivate":true})"));
+    EXPECT_EQ(
+        toText(search->Dict()),
+        R"({"UserGuid":"","ProductId":0,"SearchKey":"g","PlatformId":1,"SearchCount":0,"Ranking":0})");
+    const auto image =
+        FontImageItem::create(JSON::parse(R"({"EmSize":48,"UserGuid":"u","IsPrivate":true})"));
     EXPECT_EQ(
         toText(image->Dict()),
         R"({"ProductId":0,"PreviewText":"","BackColor":"#000000","ForeColor":"#FFFFFF","EmSize":4.8E1})");
@@ -62,7 +65,8 @@ struct ClientEffect : ZRFontEffectEntity {
 };
 
 TEST(Catalogue, AnEffectIsFilledThroughItsSetValue) {
-    const JSON json = JSON::parse(R"({"FontId":1,"effect":{"FontId":2,"ContainDisabled":"false"}})");
+    const JSON json =
+        JSON::parse(R"({"FontId":1,"effect":{"FontId":2,"ContainDisabled":"false"}})");
     const auto effect = ZRFontEffectEntity::create<ClientEffect>(json);
     EXPECT_EQ(effect->FontId(), 2);
     EXPECT_FALSE(effect->ContainDisabled());
@@ -79,9 +83,12 @@ concept MadeWithoutContent =
 template <class Record>
 concept Exported = requires(const Record& record) { record.Dict(); };
 
-static_assert(!MadeOfNothing<ZRFontEffectEntity> && !std::default_initializable<ZRFontEffectEntity>);
-static_assert(!MadeOfUser<FontSearchItem> && !MadeOfUser<FontUploadItem> && !MadeOfUser<WebFontItem>);
+static_assert(!MadeOfNothing<ZRFontEffectEntity> &&
+              !std::default_initializable<ZRFontEffectEntity>);
+static_assert(!MadeOfUser<FontSearchItem> && !MadeOfUser<FontUploadItem> &&
+              !MadeOfUser<WebFontItem>);
 static_assert(!MadeWithoutContent<FontApplyItem> && MadeOfNothing<FontApplyItem>);
-static_assert(Exported<FontSearchItem> && !Exported<FontCollectionItem> && !Exported<ZRFontEffectEntity>);
+static_assert(Exported<FontSearchItem> && !Exported<FontCollectionItem> &&
+              !Exported<ZRFontEffectEntity>);
 
 } // namespace

@@ -24,9 +24,9 @@ namespace {
 TEST(ConfigItem, KnowsTheFixedPreviewTags) {
     ConfigItem config;
     EXPECT_TRUE(config.UseFixPreviewTag());
-    const std::pair<const char*, bool> cases[] = {{"F", true}, {"N", true},   {"E", true},   {"B", false},
-                                                  {"", false}, {"s", false},  {"SF", false}, {" S", false},
-                                                  {"S", true}, {"Ｓ", false}, {"e", false}};
+    const std::pair<const char*, bool> cases[] = {
+        {"F", true},   {"N", true},   {"E", true}, {"B", false},  {"", false}, {"s", false},
+        {"SF", false}, {" S", false}, {"S", true}, {"Ｓ", false}, {"e", false}};
     for (const auto& [tag, isFixed] : cases) {
         config.setPreviewTag(tag);
         EXPECT_EQ(config.UseFixPreviewTag(), isFixed) << tag;
@@ -70,20 +70,23 @@ TEST(ConfigItem, ExportsAnAbsentHotKeyAsNull) {
 }
 
 TEST(ClientRecords, AreMadeFromTheirLabels) {
-    const auto opera = ClientOperaItem::create({.userGuid = "u", .clientVersion = "2.0", .operaTag = "t"});
+    const auto opera =
+        ClientOperaItem::create({.userGuid = "u", .clientVersion = "2.0", .operaTag = "t"});
     EXPECT_EQ(toText(changes(*opera, ClientOperaItem())),
               R"({"UserGuid":"u","ClientVersion":"2.0","OperaTag":"t"})");
-    EXPECT_EQ(
-        toText(changes(*ClientVersionItem::create({.version = "3", .versionTag = "t"}), ClientVersionItem())),
-        R"({"Version":"3","VersionTag":"t"})");
+    EXPECT_EQ(toText(changes(*ClientVersionItem::create({.version = "3", .versionTag = "t"}),
+                             ClientVersionItem())),
+              R"({"Version":"3","VersionTag":"t"})");
     EXPECT_EQ(toText(changes(*ClientVersionItem::create({.platformId = 3}), ClientVersionItem())),
               R"({"PlatformId":3})");
 }
 
 TEST(ClientOperaItem, StaysOnItsPlatform) {
-    const auto opera = ClientOperaItem::create({.userGuid = "u", .clientVersion = "2.0", .operaTag = "t"});
-    for (const char* const json : {R"({"PlatformId":2,"FontId":7})", R"({"FontId":7,"PlatformId":null})",
-                                   R"({"PlatformId":"3","FontId":7,"PlatformId":4})"}) {
+    const auto opera =
+        ClientOperaItem::create({.userGuid = "u", .clientVersion = "2.0", .operaTag = "t"});
+    for (const char* const json :
+         {R"({"PlatformId":2,"FontId":7})", R"({"FontId":7,"PlatformId":null})",
+          R"({"PlatformId":"3","FontId":7,"PlatformId":4})"}) {
         opera->setValue(JSON::parse(json));
         EXPECT_EQ(opera->PlatformId() * 10 + opera->FontId(), 17) << json;
         EXPECT_EQ(opera->value("PlatformId"), 1);
@@ -136,7 +139,8 @@ TEST(ExceptionItem, HasTheMessagesOfEveryCode) {
         ASSERT_TRUE(item.Dict().contains(code)) << code;
         const auto& entry = item.Dict().at(code);
         EXPECT_EQ(entry->code(), code);
-        EXPECT_EQ(entry->msgDict(), (std::map<std::string, std::string>{{"Ch", chinese}, {"En", english}}));
+        EXPECT_EQ(entry->msgDict(),
+                  (std::map<std::string, std::string>{{"Ch", chinese}, {"En", english}}));
         EXPECT_NE(entry, other.Dict().at(code)) << "each item has a table of its own";
     }
     EXPECT_EQ(item.Dict().at("006004")->msgDict().at("En"), "\xE5\xBE\xAE\xE4\xBF\xA1 used.");

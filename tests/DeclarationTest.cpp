@@ -57,18 +57,22 @@ TEST(Declaration, KeepsSparseTextsAndFlagsOfAllClassesApart) {
             continue;
         ++places;
         for (const auto& [name, value] : record->properties())
-            EXPECT_EQ(value != untouched.at(name), name == property.name) << property.name << " and " << name;
+            EXPECT_EQ(value != untouched.at(name), name == property.name)
+                << property.name << " and " << name;
     }
     EXPECT_EQ(places, 6 + 2 + 7 + 5 + 2 + 2); // of BaseEntity, FontItem and the two classes above
 }
 
 TEST(Declaration, FillsPlacesFromJSONAsThroughSetters) {
     struct BySetters : NotedTwice {};
-    const JSON first = JSON::parse(R"({"Note":"n","IsMine":"true","IsYours":1,"Token":5,"FreeTag":"f"})");
-    const JSON second = JSON::parse(R"({"Note":"","IsMine":false,"IsYours":[],"Token":{},"FreeTag":null,
+    const JSON first =
+        JSON::parse(R"({"Note":"n","IsMine":"true","IsYours":1,"Token":5,"FreeTag":"f"})");
+    const JSON second =
+        JSON::parse(R"({"Note":"","IsMine":false,"IsYours":[],"Token":{},"FreeTag":null,
         "IsGroup":true,"IsGroup":"x","SecondNote":"a","SecondNote":{}})");
-    for (const std::shared_ptr<NotedTwice>& record : {NotedTwice::create(), NotedTwice::create<NotedTwice>(),
-                                                      std::shared_ptr<NotedTwice>(new BySetters)}) {
+    for (const std::shared_ptr<NotedTwice>& record :
+         {NotedTwice::create(), NotedTwice::create<NotedTwice>(),
+          std::shared_ptr<NotedTwice>(new BySetters)}) {
         record->setValue(first);
         EXPECT_EQ(std::tuple(record->Note(), record->IsMine(), record->IsYours(), record->Token()),
                   std::tuple("n", true, true, "5"));
@@ -137,14 +141,16 @@ PERCH_RECORD_SCHEMA(UserWithFonts);
 
 TEST(Declaration, FillsArraysBelowAnOverriddenSetValue) {
     const auto user = UserWithFonts::parse(R"({"Tel":"1","Owned":[{"Id":1}],"Fonts":[{"Id":2}]})");
-    EXPECT_EQ(std::tuple(user->Tel(), user->Owned().size(), user->Fonts().size()), std::tuple("1", 1U, 0U));
+    EXPECT_EQ(std::tuple(user->Tel(), user->Owned().size(), user->Fonts().size()),
+              std::tuple("1", 1U, 0U));
     struct Detour : FontItem {
         using FontItem::setValue;
         void setValue(const JSON& json, Excluded excluded) override {
             FontItem::setValue(json["font"], excluded);
         }
     };
-    const auto font = FontItem::create<Detour>(JSON::parse(R"({"font":{"Id":1},"Children":[{"Id":2}]})"));
+    const auto font =
+        FontItem::create<Detour>(JSON::parse(R"({"font":{"Id":1},"Children":[{"Id":2}]})"));
     EXPECT_EQ(std::tuple(font->Id(), font->Children().at(0)->Id()), std::tuple(1, 2));
 }
 
@@ -172,7 +178,8 @@ TEST(Declaration, LeavesAClientsOwnNamesAndFunctionsAlone) {
     struct Square : Crowded {
         int area() const override { return 4; }
     };
-    const auto square = Crowded::create<Square>(JSON::parse(R"({"Value":"v","Note":"n","Kind":"x"})"));
+    const auto square =
+        Crowded::create<Square>(JSON::parse(R"({"Value":"v","Note":"n","Kind":"x"})"));
     square->setValue(std::string("w"));
     square->setNote(7);
     EXPECT_EQ(toText(square->value("Value")) + square->Note() + square->Kind(), R"("w"7crowded)");
@@ -194,7 +201,9 @@ TEST(Declaration, MakesTheElementsOfAnArrayByTheirOwnCreate) {
 TEST(Declaration, EmptiesAnArrayWhoseGetterIsOverridden) {
     class Folded : public FontItem {
     public:
-        const Records<FontItem>& Children() const override { return isFolded ? none : FontItem::Children(); }
+        const Records<FontItem>& Children() const override {
+            return isFolded ? none : FontItem::Children();
+        }
         bool isFolded = false;
         Records<FontItem> none;
     };
@@ -245,21 +254,24 @@ TEST(Declaration, FillsTheDeepestDocumentOnASmallStack) {
 TEST(Declaration, GivesASubclassTheLabelsOfItsBases) {
     const std::shared_ptr<NotedFont> noted =
         NotedFont::create({.id = 7, .productName = "A", .isPrivate = true});
-    EXPECT_EQ(std::tuple(noted->Id(), noted->ProductName(), noted->IsPrivate()), std::tuple(7, "A", true));
+    EXPECT_EQ(std::tuple(noted->Id(), noted->ProductName(), noted->IsPrivate()),
+              std::tuple(7, "A", true));
     const std::shared_ptr<NotedTwice> group = NotedTwice::create({.groupTag = "x"});
     EXPECT_EQ(std::tuple(group->IsGroup(), group->GroupTag()), std::tuple(true, "x"));
-    const std::shared_ptr<UserWithFonts> last =
-        UserWithFonts::create({.email = "e", .pwd = "p", .clientVersion = "v", .clientOemTag = "o"});
+    const std::shared_ptr<UserWithFonts> last = UserWithFonts::create(
+        {.email = "e", .pwd = "p", .clientVersion = "v", .clientOemTag = "o"});
     EXPECT_EQ(last->Email() + last->Pwd() + last->ClientVersion() + last->ClientOemTag(), "epvo");
     const auto map = UserFontActivateMapItem::create({.userGuid = "u", .fontList = {noted, noted}});
     EXPECT_EQ(map->FontList(), (Records<FontItem>{noted, noted}));
 }
 
 struct EnterpriseUser : EsUserItem {};
-static_assert(!std::default_initializable<EsUserItem> && !std::default_initializable<EnterpriseUser>);
+static_assert(!std::default_initializable<EsUserItem> &&
+              !std::default_initializable<EnterpriseUser>);
 
 TEST(Declaration, MakesARecordOfJSONAloneFromJSONAlone) {
-    const auto user = EsUserItem::create<EnterpriseUser>(JSON::parse(R"({"UserId":"u","Token":"t"})"));
+    const auto user =
+        EsUserItem::create<EnterpriseUser>(JSON::parse(R"({"UserId":"u","Token":"t"})"));
     EXPECT_EQ(user->UserId() + user->Token(), "ut");
     EXPECT_EQ(EsUserItem::parse("{}")->schema().className(), "EsUserItem");
 }
@@ -281,15 +293,16 @@ TEST(RecordList, IsARangeAndOutlivesATemporary) {
 TEST(FontItem, TakesLocationsByLabel) {
     const auto font = FontItem::parse(
         R"({"ProductFileName":"A.ttf","ProductSetName":"S","Version":"1","PreviewFileUrl":"p"})");
-    EXPECT_EQ(font->getRemoteFileUrl(
-                  {.productFileUrlHeader = "h/", .privateProductFileUrlHeader = "x/", .userGuid = "u"}),
-              font->getRemoteFileUrl("h/", "x/", "u"));
     EXPECT_EQ(
-        font->getLocalPreviewFile({.isFixed = true, .previewTag = "S", .colorTag = "B", .fontSize = 32}),
-        font->getLocalPreviewFile(true, "S", "B", 32));
-    EXPECT_EQ(
-        font->getRemotePreviewFile({.isFixed = true, .previewTag = "S", .colorTag = "B", .fontSize = 32}),
-        "p/A_S_B_32.png");
+        font->getRemoteFileUrl(
+            {.productFileUrlHeader = "h/", .privateProductFileUrlHeader = "x/", .userGuid = "u"}),
+        font->getRemoteFileUrl("h/", "x/", "u"));
+    EXPECT_EQ(font->getLocalPreviewFile(
+                  {.isFixed = true, .previewTag = "S", .colorTag = "B", .fontSize = 32}),
+              font->getLocalPreviewFile(true, "S", "B", 32));
+    EXPECT_EQ(font->getRemotePreviewFile(
+                  {.isFixed = true, .previewTag = "S", .colorTag = "B", .fontSize = 32}),
+              "p/A_S_B_32.png");
     EXPECT_EQ(font->getRemotePreviewFile({.isFixed = false,
                                           .previewTag = "S",
                                           .colorTag = "B",

@@ -26,7 +26,9 @@ using PerchAppLibrary::toText;
 
 namespace {
 
-std::shared_ptr<FontItem> parsed(std::string_view text) { return FontItem::create(JSON::parse(text)); }
+std::shared_ptr<FontItem> parsed(std::string_view text) {
+    return FontItem::create(JSON::parse(text));
+}
 
 /// A chain of groups with the leaf at its bottom.
 std::shared_ptr<FontItem> nested(int levels, std::shared_ptr<FontItem> tree) {
@@ -77,7 +79,8 @@ struct BriefFont : FontItem {
 
 TEST(FontItem, PartsOfADictOutliveIt) {
     std::optional<Dictionary> dict =
-        parsed(R"({"IsGroup":true,"Children":[{"Id":5,"Copyright":"a text that is long enough"}]})")->Dict();
+        parsed(R"({"IsGroup":true,"Children":[{"Id":5,"Copyright":"a text that is long enough"}]})")
+            ->Dict();
     const PerchAppLibrary::Value taken = std::move(dict->at("Children").at(0));
     Dictionary copy = *dict;
     dict.reset();
@@ -101,10 +104,12 @@ TEST(FontItem, CopiesOfADictGiveBackWhatTheyTook) {
 }
 
 TEST(FontItem, ExportsTheSameTextWithDictionariesAndWithout) {
-    const auto texts = FontItem::create({.productName = "quote \" back \\ slash / line \n nul \1 del \x7F"});
+    const auto texts =
+        FontItem::create({.productName = "quote \" back \\ slash / line \n nul \1 del \x7F"});
     texts->setPostscriptName("ill-formed \xFF\xC3(\xED\xA0\x80 end");
     texts->setCopyright("宋体 \U0001F600 \xC2\x85");
-    texts->setTags({-1, std::numeric_limits<std::int64_t>::min(), std::numeric_limits<std::int64_t>::max()});
+    texts->setTags(
+        {-1, std::numeric_limits<std::int64_t>::min(), std::numeric_limits<std::int64_t>::max()});
     texts->setGuid("rare");
     const auto renamed =
         FontItem::create<RenamedFont>(JSON::parse(R"({"PostscriptName":"p","ProductName":"n"})"));
@@ -116,13 +121,15 @@ TEST(FontItem, ExportsTheSameTextWithDictionariesAndWithout) {
 
 TEST(FontItem, ConstructorsSetWhatTheirLabelsSayAndNothingElse) {
     const auto filled = [](const char* text) { return parsed(text)->properties(); };
-    EXPECT_EQ(FontItem::create({.productName = "A"})->properties(), filled(R"({"ProductName":"A"})"));
+    EXPECT_EQ(FontItem::create({.productName = "A"})->properties(),
+              filled(R"({"ProductName":"A"})"));
     EXPECT_EQ(FontItem::create({.groupTag = "x"})->properties(),
               filled(R"({"IsGroup":true,"GroupTag":"x"})"));
     EXPECT_EQ(FontItem::create({.id = 7, .productName = "A", .isPrivate = true})->properties(),
               filled(R"({"Id":7,"ProductName":"A","IsPrivate":true})"));
-    for (const char* text : {"{}", "null", "[]", "5", R"("Id")", R"([{"Id":5}])", R"({"Children":{"Id":1}})",
-                             R"({"Children":7,"productname":"A","IsActivated":true,"DisplayName":"D"})"})
+    for (const char* text :
+         {"{}", "null", "[]", "5", R"("Id")", R"([{"Id":5}])", R"({"Children":{"Id":1}})",
+          R"({"Children":7,"productname":"A","IsActivated":true,"DisplayName":"D"})"})
         EXPECT_EQ(filled(text), FontItem::create()->properties()) << text;
 }
 
@@ -134,8 +141,8 @@ std::string randomFont(std::mt19937& random, int levels) {
         if (random() % 3 != 0)
             members.push_back("\"" + std::string(key) + "\":" + std::to_string(random() % 2));
     if (levels > 0)
-        members.push_back(R"("Children":[)" + randomFont(random, levels - 1) + "," + randomFont(random, 0) +
-                          "," + randomFont(random, levels - 1) + "]");
+        members.push_back(R"("Children":[)" + randomFont(random, levels - 1) + "," +
+                          randomFont(random, 0) + "," + randomFont(random, levels - 1) + "]");
     if (random() % 2 == 0)
         std::ranges::shuffle(members, random);
     std::string object;
@@ -183,34 +190,39 @@ PERCH_RECORD_SCHEMA(WideFont);
 
 TEST(FontItem, FillsAClassOfManyProperties) {
     ASSERT_GT(WideFont::create()->schema().properties().size(), 64U);
-    const auto font =
-        WideFont::create(JSON::parse(R"({"O":1,"A":2,"Id":3,"N":4,"O":5,"B":6,"B":"x","Children":[{}]})"));
-    EXPECT_EQ(std::tuple(font->O(), font->A(), font->Id(), font->N(), font->B()), std::tuple(5, 2, 3, 4, 0));
+    const auto font = WideFont::create(
+        JSON::parse(R"({"O":1,"A":2,"Id":3,"N":4,"O":5,"B":6,"B":"x","Children":[{}]})"));
+    EXPECT_EQ(std::tuple(font->O(), font->A(), font->Id(), font->N(), font->B()),
+              std::tuple(5, 2, 3, 4, 0));
     EXPECT_EQ(font->Children().size(), 1U);
     EXPECT_EQ(makeRecords<WideFont>(JSON::parse(R"([{"O":1}])"))[0]->O(), 1);
     font->setChildren({});
     // The order of the first object guesses the keys of the second.
-    for (const auto& again :
-         makeRecords<WideFont>(JSON::parse("[" + toText(font->Dict()) + "," + toText(font->Dict()) + "]")))
+    for (const auto& again : makeRecords<WideFont>(
+             JSON::parse("[" + toText(font->Dict()) + "," + toText(font->Dict()) + "]")))
         EXPECT_EQ(toText(again->Dict()), toText(font->Dict()));
 }
 
 TEST(FontItem, RefillKeepsWhatTheDocumentDoesNotNameAndMakesTheChildrenAnew) {
-    const JSON family = JSON::parse(R"({"Id":1,"IsGroup":true,"ProductSetName":"S","Tags":[4],"Children":[
+    const JSON family =
+        JSON::parse(R"({"Id":1,"IsGroup":true,"ProductSetName":"S","Tags":[4],"Children":[
         {"ProductName":"A","Children":[{"ProductName":"B"}]},{"ProductName":"C"}]})");
     const auto font = FontItem::create(family);
     const std::string filled = toText(font->Dict());
-    for (const char* text : {R"({"Id":2})", R"({"Id":2,"Children":null})", R"({"Id":2,"Children":"x"})"}) {
+    for (const char* text :
+         {R"({"Id":2})", R"({"Id":2,"Children":null})", R"({"Id":2,"Children":"x"})"}) {
         font->setValue(family);
         EXPECT_EQ(toText(font->Dict()), filled) << "a second fill does not add to the first";
         font->setDisplayName("kept");
         font->setValue(JSON::parse(text));
         EXPECT_EQ(font->displayName(), "kept");
-        EXPECT_EQ(font->Dict(), parsed(R"({"Id":2,"IsGroup":true,"ProductSetName":"S","Tags":[4]})")->Dict());
+        EXPECT_EQ(font->Dict(),
+                  parsed(R"({"Id":2,"IsGroup":true,"ProductSetName":"S","Tags":[4]})")->Dict());
     }
-    font->setValue(
-        JSON::parse(R"({"Children":[1,[{"Id":3}]]})")); // each element makes a member, whatever it is
-    EXPECT_EQ(toText(FontItem::getFontArray(font->Children())), "[" + defaults + "," + defaults + "]");
+    font->setValue(JSON::parse(
+        R"({"Children":[1,[{"Id":3}]]})")); // each element makes a member, whatever it is
+    EXPECT_EQ(toText(FontItem::getFontArray(font->Children())),
+              "[" + defaults + "," + defaults + "]");
 }
 
 TEST(FontItem, AGroupIsActivatedWhenTheStoredFlagsOfItsMembersAre) {
@@ -219,8 +231,10 @@ TEST(FontItem, AGroupIsActivatedWhenTheStoredFlagsOfItsMembersAre) {
         {R"({"IsGroup":true,"Children":[{"isActivated":true},{"isActivated":true}]})", true},
         {R"({"IsGroup":true,"Children":[{"isActivated":true},{"isActivated":true},{}]})", false},
         // A member that is a group is judged by its own flag, not by its members.
-        {R"({"IsGroup":true,"Children":[{"IsGroup":true,"Children":[{"isActivated":true}]}]})", false},
-        {R"({"IsGroup":true,"Children":[{"IsGroup":true,"isActivated":true,"Children":[{}]}]})", true},
+        {R"({"IsGroup":true,"Children":[{"IsGroup":true,"Children":[{"isActivated":true}]}]})",
+         false},
+        {R"({"IsGroup":true,"Children":[{"IsGroup":true,"isActivated":true,"Children":[{}]}]})",
+         true},
     };
     for (const auto& [font, expected] : cases)
         EXPECT_EQ(parsed(font)->IsActivated(), expected) << font;
@@ -246,8 +260,10 @@ TEST(FontItem, ActivationReachesTheLeavesOfAGroupAndNoGroupItself) {
 
 TEST(FontItem, NamesAndTitles) {
     const std::tuple<const char*, const char*, const char*, const char*> cases[] = {
-        {R"({"ProductName":"Kai","Format":"TTF","Version":"1.00"})", "Kai", "Kai", "Kai(TTF, 1.00)"},
-        {R"({"ProductName":"楷","ProductSetName":"S","GroupTag":"G","Children":[{}]})", "楷", "楷", "楷(, )"},
+        {R"({"ProductName":"Kai","Format":"TTF","Version":"1.00"})", "Kai", "Kai",
+         "Kai(TTF, 1.00)"},
+        {R"({"ProductName":"楷","ProductSetName":"S","GroupTag":"G","Children":[{}]})", "楷", "楷",
+         "楷(, )"},
         {R"({"displayName":"D"})", "D", "D", "(, )"},
         {R"({"ProductName":"A","displayName":"D","previewText":"P"})", "D", "P", "A(, )"},
         {R"({"IsGroup":true,"ProductSetName":"S","GroupTag":"新","ProductName":"N","displayName":"D"})",
@@ -265,11 +281,13 @@ TEST(FontItem, NamesAndTitles) {
 
 TEST(FontItem, IsLocaledWhenItsFileIsThere) {
     const auto font = FontItem::create();
-    const auto path = testing::TempDir() + "velmo 宋 " + std::to_string(std::random_device{}()) + ".ttf";
+    const auto path =
+        testing::TempDir() + "velmo 宋 " + std::to_string(std::random_device{}()) + ".ttf";
     std::ofstream(path) << "font";
     // Paths that no file can have are no error.
     const std::string zero("\0", 1), tooLong(100'000, 'a');
-    for (const std::string& name : {std::string(), tooLong, path + "/x", path + zero, path + "\xff", path}) {
+    for (const std::string& name :
+         {std::string(), tooLong, path + "/x", path + zero, path + "\xff", path}) {
         font->setProductFileName(name);
         EXPECT_EQ(font->IsLocaled(), name == path) << name.substr(0, 200);
     }
@@ -295,7 +313,8 @@ TEST(FontItem, QueriesAndDestructionManageAnyDepth) {
     const Records<FontItem> list{nested(100'000, leaf)};
     FontList::setFavoritedFont(list, {leaf});
     FontList::setActivatedFont(list, {leaf});
-    for (auto query : {FontList::getFavoritedFont, FontList::getActivatedFont, FontList::getAuthorizedFont})
+    for (auto query :
+         {FontList::getFavoritedFont, FontList::getActivatedFont, FontList::getAuthorizedFont})
         EXPECT_TRUE(query(list) == Records<FontItem>{leaf});
     EXPECT_EQ(FontList::getFontCount(list) + FontList::getActivatedFontCount(list), 2);
 

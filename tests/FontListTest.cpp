@@ -30,13 +30,15 @@ std::string names(const Records<FontItem>& list) {
 
 TEST(FontList, MakesAFontOfEachObject) {
     EXPECT_EQ(names(fonts(R"([{"ProductName":"A"},5,{"ProductName":"B"}])")), "AB");
-    EXPECT_EQ(names(fonts(R"([null,"x",true,[{"ProductName":"X"}],{"ProductName":"A"},1.5])")), "A");
+    EXPECT_EQ(names(fonts(R"([null,"x",true,[{"ProductName":"X"}],{"ProductName":"A"},1.5])")),
+              "A");
     for (const char* json : {R"({"ProductName":"A"})", "[]", "[7]", R"("A")", "1", "null"})
         EXPECT_TRUE(fonts(json).empty()) << json;
 }
 
 TEST(FontList, QueriesTakeLeavesInTheOrderOfTheTree) {
-    // A star stands for the flags; only A, C, D and E are leaves with them that a query may look at.
+    // A star stands for the flags; only A, C, D and E are leaves with them that a query may look
+    // at.
     const std::string flags = R"("isActivated":true,"IsFavorited":true,"IsAuthed":true)";
     const auto list = fonts(std::regex_replace(R"([
         {"ProductName":"G","IsGroup":true,*,"Children":[
@@ -52,7 +54,8 @@ TEST(FontList, QueriesTakeLeavesInTheOrderOfTheTree) {
         EXPECT_EQ(names(filter(list)), std::string("ACDE") + ++own);
         EXPECT_TRUE(filter({}).empty());
         // An object comes as often as it stands in the tree, and it is the object itself.
-        const auto a = list[0]->Children()[0], c = list[0]->Children()[2]->Children()[0], e = list[4];
+        const auto a = list[0]->Children()[0], c = list[0]->Children()[2]->Children()[0],
+                   e = list[4];
         EXPECT_TRUE((filter({e, list[0], e, list[0]}) == Records<FontItem>{e, a, c, e, a, c}));
     }
     EXPECT_EQ(FontList::getFontCount(list) * 10 + FontList::getActivatedFontCount(list), 95);
@@ -75,10 +78,13 @@ TEST(FontList, MarksTheLeavesThatAReferenceMatches) {
         {{1, "A"}, {{1, ""}}, {{2, "A"}, {0, "A"}, {-1, "A"}, {4294967297, "A"}}},
         {{INT64_MAX, "A"}, {{INT64_MAX, "B"}}, {{-1, "A"}}},
         // Below, the name alone decides.
-        {{0, "A"}, {{0, "A"}, {7, "A", true}}, {{0, "B"}, {0, "a"}, {0, "A "}, {0, {"A\0", 2}}, {0, ""}}},
+        {{0, "A"},
+         {{0, "A"}, {7, "A", true}},
+         {{0, "B"}, {0, "a"}, {0, "A "}, {0, {"A\0", 2}}, {0, ""}}},
         {{-3, "AB", true}, {{7, "AB"}, {-4, "AB"}}, {{-3, "B", true}, {-3, "A", true}}},
         {{0, ""}, {{9, ""}}, {{0, "A"}}},
-        // Names are equal when they are canonically equivalent; bytes that are no text stand for U+FFFD.
+        // Names are equal when they are canonically equivalent; bytes that are no text stand for
+        // U+FFFD.
         {{0, "caf\u00E9"}, {{0, "cafe\u0301"}}, {{0, "cafe"}, {0, "caf\u00C9"}, {0, "cafE\u0301"}}},
         {{0, "cafe\u0301"}, {{0, "caf\u00E9"}}, {{0, "cafe"}}},
         {{0, "\u212B"}, {{0, "\u00C5"}, {0, "A\u030A"}}, {{0, "A"}, {0, "\u00E5"}}},
@@ -89,17 +95,23 @@ TEST(FontList, MarksTheLeavesThatAReferenceMatches) {
     for (const auto& [leaf, matching, different] : cases)
         for (const bool expected : {true, false})
             for (const Font& other : expected ? matching : different) {
-                SCOPED_TRACE(testing::Message() << leaf.id << leaf.name << " / " << other.id << other.name);
-                // The leaf stands alone, in a group, and below another leaf, where it is never found.
+                SCOPED_TRACE(testing::Message()
+                             << leaf.id << leaf.name << " / " << other.id << other.name);
+                // The leaf stands alone, in a group, and below another leaf, where it is never
+                // found.
                 const auto alone = leaf.make(), inner = leaf.make(), hidden = leaf.make();
-                const auto group = FontItem::create({.groupTag = "g"}), host = Font{77, "host"}.make();
+                const auto group = FontItem::create({.groupTag = "g"}),
+                           host = Font{77, "host"}.make();
                 host->setChildren({hidden});
                 group->setChildren({host, inner});
-                const Records<FontItem> list{host, group, alone}, known{Font{9, "-"}.make(), other.make()};
-                const auto marked = expected ? Records<FontItem>{inner, alone} : Records<FontItem>{};
+                const Records<FontItem> list{host, group, alone},
+                    known{Font{9, "-"}.make(), other.make()};
+                const auto marked =
+                    expected ? Records<FontItem>{inner, alone} : Records<FontItem>{};
                 FontList::setActivatedFont(list, known);
                 EXPECT_TRUE(FontList::getActivatedFont(list) == marked);
-                EXPECT_TRUE(FontList::getFavoritedFont(list).empty()) << "the other flag is not touched";
+                EXPECT_TRUE(FontList::getFavoritedFont(list).empty())
+                    << "the other flag is not touched";
                 FontList::setFavoritedFont(list, known);
                 EXPECT_TRUE(FontList::getFavoritedFont(list) == marked);
                 EXPECT_FALSE(hidden->isActivated() || hidden->IsFavorited());
@@ -120,9 +132,11 @@ TEST(FontList, MarkingNeverClearsAndLeavesGroupsAlone) {
     EXPECT_EQ(marks(FontList::setActivatedFont, "[]"), "-----b");
     EXPECT_EQ(marks(FontList::setActivatedFont, R"([{"Id":1},{"Id":3}])"), "a-a--b");
     // References are a plain array: a group is a reference itself, its members are none.
-    EXPECT_EQ(marks(FontList::setActivatedFont, R"([{"IsGroup":true,"Children":[{"Id":2}]}])"), "a-a--b");
+    EXPECT_EQ(marks(FontList::setActivatedFont, R"([{"IsGroup":true,"Children":[{"Id":2}]}])"),
+              "a-a--b");
     EXPECT_EQ(marks(FontList::setActivatedFont, R"([{"Id":2,"IsGroup":true}])"), "a-aa-b");
-    EXPECT_TRUE(list[1]->IsActivated()) << "every member is, though the group's own flag is not set";
+    EXPECT_TRUE(list[1]->IsActivated())
+        << "every member is, though the group's own flag is not set";
     EXPECT_EQ(marks(FontList::setFavoritedFont, R"([{"Id":2}])"), "a-ab-b");
     EXPECT_EQ(marks(FontList::setFavoritedFont, R"([{"Id":1}])"), "b-bb-b");
 }
@@ -140,7 +154,9 @@ struct ClientFont : FontItem {
     std::string LocalFile() const override { return "/dev/null"; }
     void setIsActivated(bool flag) override { writes += flag ? "A" : "a"; }
     void setIsFavorited(bool flag) override { writes += flag ? "F" : "f"; }
-    PerchAppLibrary::Dictionary Dict() const override { return {{"client", FontItem::Dict().at("Id")}}; }
+    PerchAppLibrary::Dictionary Dict() const override {
+        return {{"client", FontItem::Dict().at("Id")}};
+    }
 };
 
 /// A group by its accessors alone.
@@ -197,8 +213,11 @@ struct FilledFont : FontItem {
 };
 
 TEST(FontList, ConstructionAndMappingHonourOverriddenOperations) {
-    EXPECT_EQ((FontItem::create<FilledFont>({.id = 7, .productName = "A", .isPrivate = true})->Id()), 107);
-    const auto font = FontItem::create<FilledFont>(JSON::parse(R"({"font":{"Id":7,"ProductName":"A"}})"));
+    EXPECT_EQ(
+        (FontItem::create<FilledFont>({.id = 7, .productName = "A", .isPrivate = true})->Id()),
+        107);
+    const auto font =
+        FontItem::create<FilledFont>(JSON::parse(R"({"font":{"Id":7,"ProductName":"A"}})"));
     EXPECT_EQ(std::to_string(font->Id()) + font->ProductName(), "107my A");
     EXPECT_EQ(font->excludedKeys, std::vector<std::string>{"Children"});
 }

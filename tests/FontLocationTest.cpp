@@ -26,7 +26,8 @@ protected:
         std::filesystem::remove_all(root);
     }
 
-    const std::string root = testing::TempDir() + "velmo-cache-" + std::to_string(std::random_device{}());
+    const std::string root =
+        testing::TempDir() + "velmo-cache-" + std::to_string(std::random_device{}());
     const std::string cache = root + "/VelmoCloud";
 };
 
@@ -75,10 +76,12 @@ TEST_F(FontLocation, PreviewsBearTheirNameOrItsDigestBelowEveryPrefix) {
             const std::string name = isFixed ? clear : digest;
             const auto font = named(fileName);
             EXPECT_EQ(font->getLocalPreviewFile(isFixed, tag, "c0", size), cache + "/" + name);
-            // The address of the folder keeps its scheme and host; one slash follows, whatever it ends in.
+            // The address of the folder keeps its scheme and host; one slash follows, whatever it
+            // ends in.
             for (const char* slashes : {"", "/", "//"}) {
                 font->setPreviewFileUrl(std::string("https://h:80/a b") + slashes);
-                EXPECT_EQ(font->getRemotePreviewFile(isFixed, tag, "c0", size), "https://h:80/a b/" + name);
+                EXPECT_EQ(font->getRemotePreviewFile(isFixed, tag, "c0", size),
+                          "https://h:80/a b/" + name);
             }
             // Addresses are put together as they are, without encoding or separators of their own.
             for (const std::string folder : {"宋 S/1.0/", "宋 S//", "own"}) {
@@ -86,7 +89,8 @@ TEST_F(FontLocation, PreviewsBearTheirNameOrItsDigestBelowEveryPrefix) {
                 font->setVersion(folder == "宋 S//" ? "" : "1.0");
                 font->setIsPrivate(folder == "own");
                 const bool isPublic = !font->IsPrivate();
-                EXPECT_EQ(font->getRemotePreviewFile(isFixed, tag, "c0", size, "fix:", "x/", "own/", "u #"),
+                EXPECT_EQ(font->getRemotePreviewFile(isFixed, tag, "c0", size, "fix:", "x/", "own/",
+                                                     "u #"),
                           (isPublic ? (isFixed ? "fix:" : "x/") + folder : "own/u #/") + name);
                 EXPECT_EQ(font->getRemoteFileUrl("x/", "own/", "u #"),
                           (isPublic ? "x/" + folder : "own/u #/") + fileName);

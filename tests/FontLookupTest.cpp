@@ -57,13 +57,15 @@ TEST(FontLookup, FindsLeavesByTheirIdsAndByTheTagsTheyCarry) {
     };
     for (const auto& [ids, byId, byTags] : cases) {
         EXPECT_EQ(names(FontList::getFontById(list, ids)), byId) << testing::PrintToString(ids);
-        EXPECT_EQ(names(FontList::getFontByTags(list, tags(ids))), byTags) << testing::PrintToString(ids);
+        EXPECT_EQ(names(FontList::getFontByTags(list, tags(ids))), byTags)
+            << testing::PrintToString(ids);
     }
     EXPECT_EQ(names(FontList::getFontById({list[1], list[0], list[1]}, {3})), "DAD");
     const auto group = tags({4});
     group[0]->setIsGroup(true);
     group[0]->setChildren(tags({7}));
-    EXPECT_EQ(names(FontList::getFontByTags(list, group)), "ABD") << "of a group of tags, its own Id is read";
+    EXPECT_EQ(names(FontList::getFontByTags(list, group)), "ABD")
+        << "of a group of tags, its own Id is read";
 }
 
 TEST(FontLookup, FindsOneItemOfTheListItself) {
@@ -71,7 +73,8 @@ TEST(FontLookup, FindsOneItemOfTheListItself) {
     for (const std::size_t index : {0U, 1U, 3U, 4U, 5U}) // the first, be it a group or not
         EXPECT_EQ(FontList::getFontItemById(list, list[index]->Id()), list[index]);
     EXPECT_EQ(FontList::getFontItemById({list[2], list[0]}, 9), list[2]);
-    for (const std::int64_t id : {-1, 5, 6, 1}) // in a group, below a leaf, a group in a group, unknown
+    for (const std::int64_t id :
+         {-1, 5, 6, 1}) // in a group, below a leaf, a group in a group, unknown
         EXPECT_EQ(FontList::getFontItemById(list, id), nullptr) << id;
 }
 
@@ -114,11 +117,13 @@ TEST(FontLookup, FindsWhatAScanFinds) {
         for (const auto& leaf : leaves) {
             if (isIn(ids, leaf->Id()))
                 byId.push_back(leaf);
-            if (std::all_of(tagIds.begin(), tagIds.end(), [&](auto id) { return isIn(leaf->Tags(), id); }))
+            if (std::all_of(tagIds.begin(), tagIds.end(),
+                            [&](auto id) { return isIn(leaf->Tags(), id); }))
                 byTags.push_back(leaf);
         }
         EXPECT_TRUE(FontList::getFontById(list, ids) == byId) << testing::PrintToString(ids);
-        EXPECT_TRUE(FontList::getFontByTags(list, tags(tagIds)) == byTags) << testing::PrintToString(tagIds);
+        EXPECT_TRUE(FontList::getFontByTags(list, tags(tagIds)) == byTags)
+            << testing::PrintToString(tagIds);
         found += byId.size();
         carrying += tagIds.empty() ? 0 : byTags.size();
         left += leaves.size() - std::max(byId.size(), byTags.size());

@@ -25,7 +25,8 @@ constexpr auto filtered = FontTagList::getCheckedFontTagFontIdList;
 
 /// The tags of a JSON array in which a star stands for a tick.
 Tags tags(const std::string& text) {
-    return FontTagList(JSON::parse(std::regex_replace(text, std::regex("\\*"), R"("IsChecked":true)")))
+    return FontTagList(
+               JSON::parse(std::regex_replace(text, std::regex("\\*"), R"("IsChecked":true)")))
         .List();
 }
 
@@ -83,7 +84,8 @@ TEST(FontTag, LeavesTheFontsOfItsTickedTags) {
     const Ids given{5, 4, 3, 2, 1, 4};
     const std::string group =
         R"({"IsGroup":true,*,"FontIdList":[1],"Children":[)"; // its own tick says nothing
-    const std::string two = group + R"({*,"FontIdList":[2,1,2]},{"FontIdList":[9]},{*,"FontIdList":[3,2]}])";
+    const std::string two =
+        group + R"({*,"FontIdList":[2,1,2]},{"FontIdList":[9]},{*,"FontIdList":[3,2]}])";
     // Tags, what the first of them leaves, and what all of them leave of the fonts given.
     const std::tuple<std::string, const char*, Ids> cases[] = {
         {R"({*,"FontIdList":[3,1,3]})", "[3,1,3]",
@@ -117,7 +119,8 @@ TEST(FontTag, ListCollectsAndTicksTheLeavesOfGroups) {
               (Tags{members[0], members[2]->Children()[0], members[0]}));
     FontTagList::setFontTagItemCheck(list, true);
     EXPECT_EQ(names(collected(list)), "ABCDE");
-    EXPECT_FALSE(members[2]->IsChecked() || list[2]->IsChecked() || list[3]->Children()[0]->IsChecked());
+    EXPECT_FALSE(members[2]->IsChecked() || list[2]->IsChecked() ||
+                 list[3]->Children()[0]->IsChecked());
     FontTagList::setFontTagItemCheck(list, false);
     EXPECT_EQ(names(collected(list)), "");
     EXPECT_TRUE(list[0]->IsChecked() && list[1]->Children()[0]->IsChecked());
@@ -149,7 +152,8 @@ std::optional<Ids> literallyLeft(const FontTagItem& tag) {
 /// getCheckedFontTagFontIdList() likewise.
 Ids literallyFiltered(const Tags& tags, Ids result) {
     for (const auto& tag : tags)
-        if (const auto ids = literallyLeft(*tag); ids && (tag->IsGroup() || !tag->Children().empty()))
+        if (const auto ids = literallyLeft(*tag);
+            ids && (tag->IsGroup() || !tag->Children().empty()))
             result = combined(result, *ids, true);
     return result;
 }
@@ -185,7 +189,8 @@ TEST(FontTag, FiltersAsTheLiteralReadingDoes) {
             const auto ids = literallyLeft(*tag);
             ASSERT_EQ(tag->CheckedFontTagFontIdList(), ids) << toText(tag->properties());
             const auto isTicked = [](const auto& child) { return child->IsChecked(); };
-            if (tag->IsGroup() && std::count_if(tag->Children().begin(), tag->Children().end(), isTicked) > 1)
+            if (tag->IsGroup() &&
+                std::count_if(tag->Children().begin(), tag->Children().end(), isTicked) > 1)
                 ++seen["two with " + tag->SubTagFilterType()];
             ++seen[!ids ? "absent" : ids->empty() ? "empty" : "some"];
         }
@@ -193,8 +198,9 @@ TEST(FontTag, FiltersAsTheLiteralReadingDoes) {
         ASSERT_EQ(filtered(list, given), expected) << run;
         ++seen[expected == given ? "unchanged" : expected.empty() ? "nothing left" : "fewer left"];
     }
-    for (const char* what : {"two with Or", "two with And", "two with or", "two with AND", "two with ",
-                             "absent", "empty", "some", "unchanged", "nothing left", "fewer left"})
+    for (const char* what :
+         {"two with Or", "two with And", "two with or", "two with AND", "two with ", "absent",
+          "empty", "some", "unchanged", "nothing left", "fewer left"})
         EXPECT_GT(seen[what], 100) << what;
 }
 

@@ -32,7 +32,8 @@ std::vector<Ids> lists() {
             all.push_back(row(first, 300, 1));
             all.back().push_back(row(first, 2, outlier)[1]);
         }
-    for (unsigned shift = 0; shift < 64; ++shift) // ever farther apart: bits give way to hashes on the way
+    for (unsigned shift = 0; shift < 64;
+         ++shift) // ever farther apart: bits give way to hashes on the way
         for (const std::uint64_t step : {(one << shift) - 1, one << shift, (one << shift) + 1})
             all.push_back(row(-5, 100, step));
     std::mt19937_64 random(1);
@@ -61,7 +62,8 @@ TEST(IdSet, HoldsAndCombinesTheIdentifiersOfLists) {
         set = std::move(first); // of either kind
         EXPECT_EQ(set.ids(), Ids(any.begin(), any.end()));
         for (const std::int64_t id : any)
-            for (const std::uint64_t step : {0 * one, one, -one, 64 * one, -(64 * one), one << 32, one << 63})
+            for (const std::uint64_t step :
+                 {0 * one, one, -one, 64 * one, -(64 * one), one << 32, one << 63})
                 EXPECT_EQ(set.contains(row(id, 2, step)[1]), any.contains(row(id, 2, step)[1]))
                     << id << ' ' << step;
     }

@@ -77,9 +77,10 @@ TEST(JSON, TakesEveryWellFormedText) {
         EXPECT_EQ(JSON::parse(nested(1024, "[", core, "]")).type(), JSON::Type::array) << core;
     EXPECT_EQ(JSON::parse(nested(1024, "{\"a\":", "1", "}")).count(), 1U);
 
-    // Numbers beyond 64 bits and beyond the doubles, escapes without their other half: all in one document.
-    const JSON json =
-        JSON::parse(R"( {"big": 18446744073709551616, "-": -1e999, "tiny": 1e-999, "u": "\ud800x\\ud800",
+    // Numbers beyond 64 bits and beyond the doubles, escapes without their other half: all in one
+    // document.
+    const JSON json = JSON::parse(
+        R"( {"big": 18446744073709551616, "-": -1e999, "tiny": 1e-999, "u": "\ud800x\\ud800",
                                        "t": "\udc00", "pair": "\ud83d\ude00", "in text": "99999999999999999999"} )");
     EXPECT_EQ(json["big"].as<float>(), 18446744073709551616.0F);
     EXPECT_EQ(json["-"].type(), JSON::Type::number);
@@ -102,8 +103,9 @@ TEST(JSON, GivesNullEmptyOrZeroForWhatAValueDoesNotHold) {
     EXPECT_EQ(json["list"].count(), 3U);
     EXPECT_EQ(json["list"][1].as<std::string>(), "two");
     EXPECT_EQ(json["none"].count(), 0U);
-    for (const JSON& missing : {json["nothing"], json[0], json["list"][3], json["list"][-1],
-                                json["list"]["a"], json["list"][2], json["text"][0], JSON(), JSON::null}) {
+    for (const JSON& missing :
+         {json["nothing"], json[0], json["list"][3], json["list"][-1], json["list"]["a"],
+          json["list"][2], json["text"][0], JSON(), JSON::null}) {
         EXPECT_TRUE(missing.isNull());
         EXPECT_EQ(missing.count(), 0U);
         EXPECT_TRUE(missing.arrayValue().empty());
@@ -144,8 +146,10 @@ TEST(JSON, KeepsTheDocumentAliveAndTheLastOfARepeatedKey) {
 
 static_assert(std::is_convertible_v<const char*, JSON> && std::is_convertible_v<signed char, JSON>);
 static_assert(!std::is_convertible_v<char, JSON> && !std::is_convertible_v<const void*, JSON>);
-static_assert(!std::is_convertible_v<JSON::Type, JSON> && !std::is_convertible_v<long double, JSON>);
-static_assert(std::is_nothrow_copy_constructible_v<JSON> && std::is_nothrow_move_constructible_v<JSON>);
+static_assert(!std::is_convertible_v<JSON::Type, JSON> &&
+              !std::is_convertible_v<long double, JSON>);
+static_assert(std::is_nothrow_copy_constructible_v<JSON> &&
+              std::is_nothrow_move_constructible_v<JSON>);
 
 TEST(JSON, IsMadeFromAValueAsFromItsText) {
     using Double = std::numeric_limits<double>;
@@ -194,7 +198,8 @@ TEST(JSON, GivesBackWhatItWasMadeFrom) {
         if (const auto real = std::bit_cast<double>(random()); std::isfinite(real)) {
             EXPECT_EQ(JSON(real).as<double>(), real);
         }
-        if (const auto real = std::bit_cast<float>(static_cast<std::uint32_t>(bits)); std::isfinite(real)) {
+        if (const auto real = std::bit_cast<float>(static_cast<std::uint32_t>(bits));
+            std::isfinite(real)) {
             EXPECT_EQ(JSON(real).as<float>(), real);
         }
         std::string text;
@@ -270,19 +275,22 @@ TEST(JSON, EqualsByWhatItHolds) {
 }
 
 TEST(JSON, ComparesWithAValue) {
-    const JSON json = JSON::parse(R"({"Id": 7, "Name": "A", "Size": 0.1, "Big": 18446744073709551615})");
+    const JSON json =
+        JSON::parse(R"({"Id": 7, "Name": "A", "Size": 0.1, "Big": 18446744073709551615})");
     EXPECT_TRUE(json["Id"] == 7 && 7U == json["Id"] && json["Id"] == 7.0 && json["Id"] != "7");
     EXPECT_TRUE(json["Name"] == "A" && std::string("A") == json["Name"] && json["Name"] != nullptr);
     EXPECT_TRUE(json["Size"] == 0.1 && json["Size"] == 0.1F && json["Size"] != true);
     EXPECT_TRUE(json["Big"] == std::numeric_limits<std::uint64_t>::max() && json["Big"] != -1);
-    EXPECT_TRUE(json["missing"] == nullptr && json["missing"] == JSON::null && JSON::parse("null") == JSON());
+    EXPECT_TRUE(json["missing"] == nullptr && json["missing"] == JSON::null &&
+                JSON::parse("null") == JSON());
     EXPECT_TRUE(json == json && json["Name"] == json["Name"] && json != json["Name"]);
 }
 
 /// A text of a few values, many of them equal to others.
 std::string randomDocument(std::mt19937& random, int depth) {
     const auto below = [&random](std::size_t end) { return random() % end; };
-    const char* const scalars[] = {"1", "1.0", "true", R"("1")", "null", "18446744073709551615", "-0.0", "0"};
+    const char* const scalars[] = {"1",    "1.0", "true", R"("1")", "null", "18446744073709551615",
+                                   "-0.0", "0"};
     std::string text;
     switch (depth == 0 ? 0 : below(3)) {
     case 0:
@@ -318,7 +326,8 @@ TEST(JSON, EqualsAsBoostsValuesDoAndSurvivesWriting) {
     for (int run = 0; run < 20'000; ++run) {
         const std::string left = randomDocument(random, 2), right = randomDocument(random, 2);
         const JSON json = JSON::parse(left), other = JSON::parse(right);
-        const bool expected = normalised(boost::json::parse(left)) == normalised(boost::json::parse(right));
+        const bool expected =
+            normalised(boost::json::parse(left)) == normalised(boost::json::parse(right));
         ASSERT_EQ(json == other, expected) << left << ' ' << right;
         ASSERT_EQ(other == json, expected) << left << ' ' << right;
         ASSERT_TRUE(json == JSON::parse(toText(toValue(json)))) << left;

@@ -60,7 +60,8 @@ TEST(Mapping, ConvertsEachKindOfValueToEachKindOfPropertyOrLeavesItAlone) {
         {"12", "12", "false", "1.2E1", R"("12")"},
         {"1", "1", "true", "1E0", R"("1")"},
         {"-0", "0", "false", "0E0", R"("0")"},
-        {"9223372036854775807", "9223372036854775807", "false", "9.223372E18", R"("9223372036854775807")"},
+        {"9223372036854775807", "9223372036854775807", "false", "9.223372E18",
+         R"("9223372036854775807")"},
         {"-9223372036854775808", "-9223372036854775808", "false", "-9.223372E18",
          R"("-9223372036854775808")"},
         {"9223372036854775808", keptInt, "false", "9.223372E18", R"("9223372036854775808")"},
@@ -73,7 +74,8 @@ TEST(Mapping, ConvertsEachKindOfValueToEachKindOfPropertyOrLeavesItAlone) {
         {"-9.223372036854775808e18", keptInt, "false", "-9.223372E18", keptText},
         {"9.223372036854775808e18", keptInt, "false", "9.223372E18", keptText},
         {"1e39", keptInt, "false", keptFloat, keptText},
-        {"9007199254740991.0", "9007199254740991", "false", "9.0071993E15", R"("9007199254740991.0")"},
+        {"9007199254740991.0", "9007199254740991", "false", "9.0071993E15",
+         R"("9007199254740991.0")"},
         {"9007199254740993.0", keptInt, "false", "9.0071993E15", R"("9007199254740992.0")"},
         {"-9223372036854775809", keptInt, "false", "-9.223372E18", keptText},
         {"123456789012345678901234567890", keptInt, "false", "1.2345679E29", keptText},
@@ -101,13 +103,15 @@ TEST(Mapping, ConvertsEachKindOfValueToEachKindOfPropertyOrLeavesItAlone) {
     };
     for (const Row& row : rows) {
         const std::string value = row.json;
-        const JSON json = JSON::parse(R"({"Int":)" + value + R"(,"Bool":)" + value + R"(,"Float":)" + value +
-                                      R"(,"String":)" + value + R"(,"Optional":)" + value + "}");
+        const JSON json =
+            JSON::parse(R"({"Int":)" + value + R"(,"Bool":)" + value + R"(,"Float":)" + value +
+                        R"(,"String":)" + value + R"(,"Optional":)" + value + "}");
         for (const auto& sample : bothWays(json)) {
             EXPECT_EQ(toText(sample->value("Int")), row.asInt) << value;
             EXPECT_EQ(toText(sample->value("Bool")), row.asBool) << value;
             EXPECT_EQ(toText(sample->value("String")), row.asString) << value;
-            EXPECT_EQ(toText(sample->value("Optional")), value == "null" ? "null" : row.asString) << value;
+            EXPECT_EQ(toText(sample->value("Optional")), value == "null" ? "null" : row.asString)
+                << value;
             const float expected = std::stof(row.asFloat);
             EXPECT_FLOAT_EQ(sample->Float(), expected) << value;
         }
@@ -134,8 +138,8 @@ TEST(Mapping, ConvertsArraysAsAWholeOrNotAtAll) {
     };
     for (const auto& row : rows) {
         const std::string value = row.json;
-        const JSON json =
-            JSON::parse(R"({"Ints":)" + value + R"(,"Strings":)" + value + R"(,"Samples":)" + value + "}");
+        const JSON json = JSON::parse(R"({"Ints":)" + value + R"(,"Strings":)" + value +
+                                      R"(,"Samples":)" + value + "}");
         for (const auto& sample : bothWays(json)) {
             EXPECT_EQ(toText(sample->value("Ints")), row.asInts) << value;
             EXPECT_EQ(toText(sample->value("Strings")), row.asStrings) << value;
@@ -155,7 +159,9 @@ public:
     std::string notes;
 
 private:
-    void note(const std::string& name, const std::string& newValue) { notes += name + "=" + newValue + " "; }
+    void note(const std::string& name, const std::string& newValue) {
+        notes += name + "=" + newValue + " ";
+    }
 };
 
 TEST(Mapping, SetsEachPropertyOnceInTheirOrderAndTheLastOfARepeatedKeyHolds) {
@@ -221,9 +227,11 @@ class SetByAccessors : public Empty {};
 /// An object of some members, of which some have the same key.
 std::string randomObject(std::mt19937& random) {
     const auto oneOf = [&](const auto& list) {
-        return std::string(list[std::uniform_int_distribution<std::size_t>(0, std::size(list) - 1)(random)]);
+        return std::string(
+            list[std::uniform_int_distribution<std::size_t>(0, std::size(list) - 1)(random)]);
     };
-    const char* const keys[] = {"Int", "Bool", "Float", "String", "Optional", "Ints", "Any", "Id", "Token"};
+    const char* const keys[] = {"Int",  "Bool", "Float", "String", "Optional",
+                                "Ints", "Any",  "Id",    "Token"};
     const char* const values[] = {"0",    "1",    "-0.0", "2.5", R"("")",    R"("text")",
                                   "true", "null", "[]",   "[3]", R"(["x"])", "{}"};
     std::string members;
@@ -269,7 +277,8 @@ PERCH_RECORD_SCHEMA(Pair);
 TEST(Mapping, ForgetsTheOrderOfKeysOfAnotherClass) {
     const std::string item = R"({"Any":1,"Int":2,"Id":3,"Token":"t","String":"s"})";
     const std::string items = "[" + item + "," + item + "]";
-    const auto pair = Pair::create(JSON::parse(R"({"Narrow":)" + items + R"(,"Wide":)" + items + "}"));
+    const auto pair =
+        Pair::create(JSON::parse(R"({"Narrow":)" + items + R"(,"Wide":)" + items + "}"));
     ASSERT_EQ(pair->Wide().size() + pair->Narrow().size(), 4U);
     for (const auto& wide : pair->Wide())
         EXPECT_EQ(std::tuple(wide->Int(), wide->Id(), wide->Token(), wide->String()),

@@ -14,8 +14,8 @@ namespace {
 using namespace std::string_view_literals;
 using PerchAppLibrary::NameIndex;
 
-/// All ways of looking a name up: on memory that ends with it, without a guess, from the last guess, whatever it was, and from where
-/// that ended.
+/// All ways of looking a name up: on memory that ends with it, without a guess, from the last
+/// guess, whatever it was, and from where that ended.
 std::size_t find(const NameIndex& index, std::string_view name, std::uint32_t& guess) {
     const std::unique_ptr<char[]> alone(new char[name.size()]);
     name.copy(alone.get(), name.size());
@@ -48,8 +48,9 @@ TEST(NameIndex, TellsNamesOfAllLengthsApart) {
     std::uint32_t guess = 0;
     for (std::size_t place = 0; place < names.size(); ++place)
         EXPECT_EQ(find(index, names[place], guess), place) << names[place];
-    for (const std::string_view other : {"i"sv, "ID"sv, "Idx"sv, "\0"sv, "Id\0\0"sv, "ExceptionMessageA"sv,
-                                         "GroupCollectionI"sv, "GroupCollectionIx"sv})
+    for (const std::string_view other :
+         {"i"sv, "ID"sv, "Idx"sv, "\0"sv, "Id\0\0"sv, "ExceptionMessageA"sv, "GroupCollectionI"sv,
+          "GroupCollectionIx"sv})
         EXPECT_EQ(find(index, other, guess), names.size()) << other;
 }
 

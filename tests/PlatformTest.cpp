@@ -18,8 +18,9 @@ TEST(MD5, GivesLowerCaseHexadecimal) {
     // The first three are test vectors of RFC 1321.
     EXPECT_EQ(md5(""), "d41d8cd98f00b204e9800998ecf8427e");
     EXPECT_EQ(md5("message digest"), "f96b697d7cb7938d525a2f31aaf161d0");
-    EXPECT_EQ(md5("12345678901234567890123456789012345678901234567890123456789012345678901234567890"),
-              "57edf4a22be3c955ac49da2e2107b67a");
+    EXPECT_EQ(
+        md5("12345678901234567890123456789012345678901234567890123456789012345678901234567890"),
+        "57edf4a22be3c955ac49da2e2107b67a");
     EXPECT_EQ(md5("宋体"), "71b068f519dcd61e7b8a5ccec2e02ead");
 }
 
@@ -52,7 +53,8 @@ TEST(Path, SeesFilesAndNothingElse) {
 }
 
 TEST(URL, EncodesAllThatAFragmentMayNotHold) {
-    EXPECT_EQ(url::percentEncodedForFragment("azAZ09-._~!$&'()*+,;=:@/?"), "azAZ09-._~!$&'()*+,;=:@/?");
+    EXPECT_EQ(url::percentEncodedForFragment("azAZ09-._~!$&'()*+,;=:@/?"),
+              "azAZ09-._~!$&'()*+,;=:@/?");
     EXPECT_EQ(url::percentEncodedForFragment("#[]% \"<>\\^`{|}\x7F"),
               "%23%5B%5D%25%20%22%3C%3E%5C%5E%60%7B%7C%7D%7F");
     EXPECT_EQ(url::percentEncodedForFragment("宋"), "%E5%AE%8B");
@@ -60,7 +62,8 @@ TEST(URL, EncodesAllThatAFragmentMayNotHold) {
 }
 
 TEST(URL, ParsesReferencesByTheRFC) {
-    for (const char* const reference : {"https://h.example/a_B.png", "a/b", "", "//h", "?q", "mailto:x"})
+    for (const char* const reference :
+         {"https://h.example/a_B.png", "a/b", "", "//h", "?q", "mailto:x"})
         EXPECT_EQ(url::parse(reference).value().buffer(), reference);
     for (const char* const wrong : {"1:a", ":a", "a b", "http://h:x/", "%4"})
         EXPECT_FALSE(url::parse(wrong)) << wrong;
@@ -122,7 +125,8 @@ TEST(PlatformFont, NeverYieldsNothing) {
     EXPECT_TRUE(path::fileExists(named->file()));
     for (const char* const name : {"DejaVuSansMono-Bold", "DejaVu Sans Mono Bold"})
         EXPECT_TRUE(PlatformFont::named(name, 12)) << name;
-    for (const char* const name : {"dejavu sans mono", "DejaVuSansMono Bold", "No Such Font", "", "*"})
+    for (const char* const name :
+         {"dejavu sans mono", "DejaVuSansMono Bold", "No Such Font", "", "*"})
         EXPECT_FALSE(PlatformFont::named(name, 12)) << name;
 }
 

@@ -41,8 +41,9 @@ namespace {
 /// One type of record.
 struct Row {
     std::string type;
-    std::string own;  // its own stored properties in their order, with their defaults
-    std::string dict; // what Dict holds: "" no Dict, "all", the names in order, or "tested elsewhere"
+    std::string own; // its own stored properties in their order, with their defaults
+    std::string
+        dict; // what Dict holds: "" no Dict, "all", the names in order, or "tested elsewhere"
     std::string constant;
     std::shared_ptr<BaseEntity> (*fresh)();
     std::shared_ptr<BaseEntity> (*filled)(const JSON& json);
@@ -108,8 +109,9 @@ const Row rows[] = {
     row<ZRFontEffectEntity>(
         "ZRFontEffectEntity",
         R"("ProductName":"","IsFavorite":false,"IsMemberEffect":false,"FontId":0,"Url":"","ContainDisabled":true)"),
-    row<WebFontItem>("WebFontItem",
-                     R"("UserGuid":"","ProductId":0,"Chas":"","FontFamily":"","ClassName":"","RefLink":"")"),
+    row<WebFontItem>(
+        "WebFontItem",
+        R"("UserGuid":"","ProductId":0,"Chas":"","FontFamily":"","ClassName":"","RefLink":"")"),
     row<FontUploadItem>("FontUploadItem", R"("UserGuid":"","ProductFileName":"")",
                         "UserGuid ProductFileName"),
     row<UserItem>(
@@ -122,7 +124,8 @@ const Row rows[] = {
         R"("IsAdvanced":false,"AutoLogin":false,"IsMember":false,"MemberLimitTimeStamp":"","IsPartner":false)",
         "all"),
     row<SmsTokenItem>("SmsTokenItem", R"("ImageBase64String":"")"),
-    row<EsUserItem>("EsUserItem", R"("UserId":"","Pwd":"","EnterpriseId":0,"ContainDisabled":false,"Tag":0)",
+    row<EsUserItem>("EsUserItem",
+                    R"("UserId":"","Pwd":"","EnterpriseId":0,"ContainDisabled":false,"Tag":0)",
                     "all"),
     row<UserFontGroupMapItem>("UserFontGroupMapItem", fontMap),
     row<UserFontActivateMapItem>("UserFontActivateMapItem", fontMap),
@@ -135,10 +138,11 @@ const Row rows[] = {
         "all"),
     row<ClientOperaItem>(
         "ClientOperaItem",
-        R"("UserGuid":"","PlatformId":1,"ClientVersion":"","OperaTag":"","FontId":0,"SortTypeTag":"")", "",
-        "PlatformId"),
-    row<ClientVersionItem>("ClientVersionItem",
-                           R"("PlatformId":1,"Version":"","VersionTag":"","Url":"","News":[],"Bugs":[])"),
+        R"("UserGuid":"","PlatformId":1,"ClientVersion":"","OperaTag":"","FontId":0,"SortTypeTag":"")",
+        "", "PlatformId"),
+    row<ClientVersionItem>(
+        "ClientVersionItem",
+        R"("PlatformId":1,"Version":"","VersionTag":"","Url":"","News":[],"Bugs":[])"),
     row<ClientStartupNoticeItem>("ClientStartupNoticeItem", R"("Title":"","Content":"")"),
     row<ZRMessageBubbleItem>(
         "ZRMessageBubbleItem",
@@ -154,15 +158,18 @@ std::string sampleOf(const std::string& type) {
     return text.str();
 }
 
-/// Whether the exported value is the sample's; a nested record may have more properties than its sample.
+/// Whether the exported value is the sample's; a nested record may have more properties than its
+/// sample.
 bool holds(const Value& exported, const Value& sample) {
     if (sample.is_object())
-        return exported.is_object() && std::ranges::all_of(sample.as_object(), [&](const auto& member) {
+        return exported.is_object() &&
+               std::ranges::all_of(sample.as_object(), [&](const auto& member) {
                    const Value* const value = exported.as_object().if_contains(member.key());
                    return value && holds(*value, member.value());
                });
     if (sample.is_array())
-        return exported.is_array() && std::ranges::equal(exported.as_array(), sample.as_array(), holds);
+        return exported.is_array() &&
+               std::ranges::equal(exported.as_array(), sample.as_array(), holds);
     return exported == sample;
 }
 
@@ -178,7 +185,8 @@ protected:
 TEST_P(RecordTable, HasItsPropertiesInOrderWithTheirDefaults) {
     const std::string expected = inherited + type.own + "}";
     EXPECT_EQ(toText(fresh->properties()), expected);
-    for (const char* const json : {"{}", "null", "5", R"("Id")", R"([{"Id":1}])", R"({"id":1,"":2})"})
+    for (const char* const json :
+         {"{}", "null", "5", R"("Id")", R"([{"Id":1}])", R"({"id":1,"":2})"})
         EXPECT_EQ(toText(type.filled(JSON::parse(json))->properties()), expected) << json;
     EXPECT_EQ(fresh->schema().className(), type.type);
 }
@@ -189,7 +197,8 @@ TEST_P(RecordTable, IsFilledFromAFullSampleAndFilledAgain) {
         ASSERT_EQ(properties.size(), members.size()) << "the sample names every property";
         for (const auto& [name, value] : members) {
             const auto expected = name == type.constant ? fresh->value(name) : value;
-            EXPECT_TRUE(holds(properties.at(name), expected)) << name << ": " << properties.at(name);
+            EXPECT_TRUE(holds(properties.at(name), expected))
+                << name << ": " << properties.at(name);
             EXPECT_EQ(record->value(name), properties.at(name)) << name;
             EXPECT_NE(fresh->value(name), value) << name << ": the sample's is the default";
         }
@@ -201,9 +210,12 @@ TEST_P(RecordTable, IsFilledFromAFullSampleAndFilledAgain) {
 
 TEST_P(RecordTable, TakesEachPropertyFromItsOwnKey) {
     for (const auto& [name, value] : members) {
-        const auto changed = changes(*type.filled(JSON::parse(toText(Dictionary({{name, value}})))), *fresh);
-        EXPECT_EQ(changed.size(), name == type.constant ? 0U : 1U) << name << ": " << toText(changed);
-        EXPECT_TRUE(changed.empty() || changed.begin()->key() == name) << name << ": " << toText(changed);
+        const auto changed =
+            changes(*type.filled(JSON::parse(toText(Dictionary({{name, value}})))), *fresh);
+        EXPECT_EQ(changed.size(), name == type.constant ? 0U : 1U)
+            << name << ": " << toText(changed);
+        EXPECT_TRUE(changed.empty() || changed.begin()->key() == name)
+            << name << ": " << toText(changed);
     }
 }
 
@@ -255,7 +267,8 @@ TEST(ListTable, MakesOneItemForEachElementOfAnArray) {
     expectList("UrlList", &UrlList::list, &UrlList::setList);
     expectList("FontCollectionList", &FontCollectionList::List, &FontCollectionList::setList);
     expectList("FontSearchList", &FontSearchList::List, &FontSearchList::setList);
-    expectList("PhoneNumberPrefixList", &PhoneNumberPrefixList::list, &PhoneNumberPrefixList::setList);
+    expectList("PhoneNumberPrefixList", &PhoneNumberPrefixList::list,
+               &PhoneNumberPrefixList::setList);
 }
 
 } // namespace

@@ -36,7 +36,8 @@ constexpr std::array operations{"getFontByName",
 constexpr std::array setters{&FontItem::setProductName, &FontItem::setProductSetName,
                              &FontItem::setProductFileName, &FontItem::setDisplayName};
 /// Names that no query reads.
-constexpr std::array unread{&FontItem::setFontKey, &FontItem::setPostscriptName, &FontItem::setPreviewText};
+constexpr std::array unread{&FontItem::setFontKey, &FontItem::setPostscriptName,
+                            &FontItem::setPreviewText};
 
 /// The fonts that each operation finds or marks.
 using Answers = std::array<Fonts, operations.size()>;
@@ -49,8 +50,9 @@ struct Question {
 
 template <class Search>
 Answers answers(const Question& q) {
-    Answers result{Search::getFontByName(q.list, q.key, false), Search::getFontByName(q.list, q.key, true),
-                   Search::getFontByKey(q.list, q.key, false), Search::getFontByKey(q.list, q.key, true)};
+    Answers result{
+        Search::getFontByName(q.list, q.key, false), Search::getFontByName(q.list, q.key, true),
+        Search::getFontByKey(q.list, q.key, false), Search::getFontByKey(q.list, q.key, true)};
     std::tie(result[4], result[5]) = Search::getSearchResultFont(q.list, q.key);
     Search::setActivatedFont(q.list, q.references);
     Search::setFavoritedFont(q.list, q.references);
@@ -73,10 +75,18 @@ struct ClientFont : FontItem {
     const std::string& answer(Name which, const std::string& base) const {
         return which == overridden ? name : base;
     }
-    const std::string& ProductName() const override { return answer(product, FontItem::ProductName()); }
-    const std::string& ProductSetName() const override { return answer(set, FontItem::ProductSetName()); }
-    const std::string& ProductFileName() const override { return answer(file, FontItem::ProductFileName()); }
-    const std::string& displayName() const override { return answer(stored, FontItem::displayName()); }
+    const std::string& ProductName() const override {
+        return answer(product, FontItem::ProductName());
+    }
+    const std::string& ProductSetName() const override {
+        return answer(set, FontItem::ProductSetName());
+    }
+    const std::string& ProductFileName() const override {
+        return answer(file, FontItem::ProductFileName());
+    }
+    const std::string& displayName() const override {
+        return answer(stored, FontItem::displayName());
+    }
     std::string DisplayName() const override { return answer(display, FontItem::DisplayName()); }
 };
 
@@ -97,32 +107,39 @@ std::string escaped(const std::string& text) {
 std::string described(const Fonts& list) {
     std::ostringstream text;
     for (const auto& font : list)
-        text << "  " << font.get() << (font->IsGroup() ? " group '" : " '") << escaped(font->ProductName())
-             << "' '" << escaped(font->ProductSetName()) << "' '" << escaped(font->ProductFileName()) << "' '"
-             << escaped(font->DisplayName()) << "' Id " << font->Id() << "\n";
+        text << "  " << font.get() << (font->IsGroup() ? " group '" : " '")
+             << escaped(font->ProductName()) << "' '" << escaped(font->ProductSetName()) << "' '"
+             << escaped(font->ProductFileName()) << "' '" << escaped(font->DisplayName()) << "' Id "
+             << font->Id() << "\n";
     return text.str();
 }
 
-/// Characters that meet in one name, parted by blanks: spellings of the same text, and what nearly is the same.
+/// Characters that meet in one name, parted by blanks: spellings of the same text, and what nearly
+/// is the same.
 const std::array pools{
     "a b A B aab á",                        // occurrences that overlap
     "a e s t T i 1 2 - _ . , \r\n \t \x7F", // ASCII
-    "a A e E é É e\u0301 E\u0301 \u0301 \u0323 ẹ ẹ\u0301 e\u0323\u0301 e\u0301\u0323 ệ ê ê\u0323 o ö o\u0308 "
+    "a A e E é É e\u0301 E\u0301 \u0301 \u0323 ẹ ẹ\u0301 e\u0323\u0301 e\u0301\u0323 ệ ê ê\u0323 o "
+    "ö o\u0308 "
     "\u0308 ǖ ü\u0304 u",
-    "a å Å A\u030A \u212B \u030A K k \u212A c ç c\u0327 n ñ Ñ n\u0303 q q\u0307\u0323 q\u0323\u0307 \u0344",
+    "a å Å A\u030A \u212B \u030A K k \u212A c ç c\u0327 n ñ Ñ n\u0303 q q\u0307\u0323 "
+    "q\u0323\u0307 \u0344",
     "s S ss SS ß ẞ ſ ſt ﬅ ﬆ st t s\u0307 ṡ ẛ ẛ\u0323 ṩ",
     "i I ı İ i\u0307 I\u0307 \u0307 j ǰ j\u030C J\u030C ŉ n N ʼn ĳ Ĳ",
     "f i l ff fi ﬁ ﬀ ﬃ ﬄ ﬂ FFI F \u0301 ﬁ\u0301",
     "ǅ Ǆ ǆ ǈ ǉ dž DŽ d z ž z\u030C",
     "σ ς Σ ο Ο ό ο\u0301 ὀ Ω ω \u2126 ΟΣ ος",
-    "α Α ᾳ α\u0345 ᾼ ΑΙ αι ᾴ α\u0301\u0345 α\u0345\u0301 ᾳ\u0301 ά \u1F71 \u0345 \u0301 ι Ι ΐ \u1FD3 "
+    "α Α ᾳ α\u0345 ᾼ ΑΙ αι ᾴ α\u0301\u0345 α\u0345\u0301 ᾳ\u0301 ά \u1F71 \u0345 \u0301 ι Ι ΐ "
+    "\u1FD3 "
     "ι\u0308\u0301 ϊ \u1FBE ᾷ",
     "ა ბ Ა Ბ Ꭰ ꭰ Ᏸ ᏸ а А й й и и\u0306 \u0306 Ы", // Georgian, Cherokee, Cyrillic
     "Ａ ａ Ｂ ｂ １ ！ A a",
     "か が か\u3099 \u3099 は ば ぱ は\u309A ハ パ ハ\u309A ｶ ﾊ ﾞ ﾟ ｶﾞ ヷ ワ\u3099",
     "가 가 각 각 갂 낙 \u1100 \u1161 \u11A8 \u11A9 \u1100\u1161 \u1100\u1161\u11A8 가\u11A8",
-    "ক কা \u09BE \u09C7 \u09CB \u09D7 ো க \u0BC6 \u0BBE \u0BCA க\u0BCA क \u093C \u0958 न न\u093C \u0929",
-    "\U00011099 \U0001109A \U000110BA \U00011131 \U00011127 \U0001112E \U0001D157 \U0001D165 \U0001D15E "
+    "ক কা \u09BE \u09C7 \u09CB \u09D7 ো க \u0BC6 \u0BBE \u0BCA க\u0BCA क \u093C \u0958 न न\u093C "
+    "\u0929",
+    "\U00011099 \U0001109A \U000110BA \U00011131 \U00011127 \U0001112E \U0001D157 \U0001D165 "
+    "\U0001D15E "
     "\u0F71 \u0F72 \u0F73 \u0F40 \u0F69",
     "宋 体 标 准 黑 \u8C48 \uF900 \u4E3D \U0002F800 \U00020000 \U00020001 \u6CE2",
     "😀 😁 👨‍👩‍👧 👨 👧 👍🏽 🇨🇳 🇨 ❤ ❤\uFE0F \u200D a",
@@ -141,7 +158,8 @@ UnicodeString upperCased(UnicodeString text) { return text.toUpper(icu::Locale::
 
 UnicodeString normalized(const UnicodeString& text, bool decomposed = true) {
     UErrorCode status = U_ZERO_ERROR;
-    return (decomposed ? icu::Normalizer2::getNFDInstance : icu::Normalizer2::getNFCInstance)(status)
+    return (decomposed ? icu::Normalizer2::getNFDInstance
+                       : icu::Normalizer2::getNFCInstance)(status)
         ->normalize(text, status);
 }
 
@@ -151,7 +169,8 @@ bool isDecomposable(const std::string& text) { return normalized(unicode(text)) 
 class Generator {
 public:
     explicit Generator(unsigned seed) : random(seed) {
-        for (std::size_t count = oneIn(3) ? 2 : 1, which = seed; count > 0; --count, which = below(99)) {
+        for (std::size_t count = oneIn(3) ? 2 : 1, which = seed; count > 0;
+             --count, which = below(99)) {
             std::istringstream pool(pools[which % pools.size()]);
             for (std::string atom; std::getline(pool, atom, ' ');)
                 if (!oneIn(4))
@@ -189,7 +208,8 @@ private:
     }
 
     std::string name() {
-        names.push_back(oneIn(4) && !names.empty() ? respelled(names[below(names.size())]) : fresh());
+        names.push_back(oneIn(4) && !names.empty() ? respelled(names[below(names.size())])
+                                                   : fresh());
         return names.back();
     }
 
@@ -262,11 +282,12 @@ TEST(SearchDifferential, AgreesWithALiteralReading) {
         Generator generator(seed);
         Question question = generator.question();
         for (int keys = 0; keys < 3; ++keys, question.key = generator.key()) {
-            const Answers given = answers<FontList>(question), expected = answers<LiteralSearch>(question);
+            const Answers given = answers<FontList>(question),
+                          expected = answers<LiteralSearch>(question);
             for (std::size_t operation = 0; operation < given.size(); ++operation) {
                 ASSERT_TRUE(given[operation] == expected[operation])
-                    << operations[operation] << ", seed " << seed << ", key '" << escaped(question.key)
-                    << "'\ngiven:\n"
+                    << operations[operation] << ", seed " << seed << ", key '"
+                    << escaped(question.key) << "'\ngiven:\n"
                     << described(given[operation]) << "expected:\n"
                     << described(expected[operation]) << "of:\n"
                     << described(question.all) << "references:\n"
@@ -274,10 +295,10 @@ TEST(SearchDifferential, AgreesWithALiteralReading) {
                 matches[operation] += !given[operation].empty();
             }
             ++cases;
-            decomposable +=
-                isDecomposable(question.key) || std::ranges::any_of(question.all, [](const auto& font) {
-                    return isDecomposable(font->ProductName());
-                });
+            decomposable += isDecomposable(question.key) ||
+                            std::ranges::any_of(question.all, [](const auto& font) {
+                                return isDecomposable(font->ProductName());
+                            });
         }
     }
     // The cases were of many kinds.
@@ -290,8 +311,8 @@ TEST(SearchDifferential, AgreesWithALiteralReading) {
 
 // --- Answers that are known beforehand
 
-/// A letter for each operation that finds the font: n and N by name, k and K by key (large: fuzzy), w and c for
-/// the two lists of a search.
+/// A letter for each operation that finds the font: n and N by name, k and K by key (large: fuzzy),
+/// w and c for the two lists of a search.
 template <class Search>
 std::string found(const std::shared_ptr<FontItem>& font, const std::string& key) {
     const Answers given = answers<Search>({{font}, {font}, {}, key});
@@ -304,35 +325,45 @@ std::string found(const std::shared_ptr<FontItem>& font, const std::string& key)
 }
 
 TEST(SearchDifferential, FindsWhatTheRulesSay) {
-    // Key, equals sign, the product, set, file and display name, colon, the letters of what finds the font.
+    // Key, equals sign, the product, set, file and display name, colon, the letters of what finds
+    // the font.
     const std::pair<std::string, const char*> rules[] = {
         {"An exact name heeds case, an exact key passes DisplayName by.",
-         "Song=Song:nNkKwc Song=song:NkKwc Song=SONG-TI:NKwc Song=Fangsong:NKwc abc.ttf=X|Y|ABC.TTF:kKwc "
+         "Song=Song:nNkKwc Song=song:NkKwc Song=SONG-TI:NKwc Song=Fangsong:NKwc "
+         "abc.ttf=X|Y|ABC.TTF:kKwc "
          "Song=X|Song|Y:kKwc Song=Song|X|Y|Z:nNkKwc Song=X|Y|Z|Song:Kwc song=X|Y|Z|Song:Kwc"},
         {"The whole key is in one name, a character in any.",
          "SongTi=Song|Ti|x|y:c Hei=Heiti:NKwc Hei=Kai:c Hei=X|Y|Z|Kai:c Hei=Song:"},
         {"An empty key is in nothing, and equal to what is empty.", "=:nk =X:k =X|Y:k =X|Y|Z:"},
-        {"As many UTF-16 code units are tried as there are characters; half a character is in nothing.",
+        {"As many UTF-16 code units are tried as there are characters; half a character is in "
+         "nothing.",
          "😀=😀:nNkKw 😀x=x: 😀xy=x:c x😀=x:c 😀=\uFFFD: 😀=😁: 𐐨=𐐀:NkKw "
          "👨‍👩‍👧ab=ab: "
-         "👨‍👩‍👧ab=\u200D:c \r\na=a: \r\nab=a:c \r\nab=b: e\u0301x=x: e\u0301x=e:c éx=x:c "
+         "👨‍👩‍👧ab=\u200D:c \r\na=a: \r\nab=a:c \r\nab=b: e\u0301x=x: e\u0301x=e:c "
+         "éx=x:c "
          "\u1112\u1161\u11ABx=x: \u1112\u1161\u11AB=한:nNkKw"},
         {"Each ill-formed sequence is one U+FFFD.",
-         "\xFF=\uFFFD:nNkKwc \xFF=a\xFE:NKwc \xE5\xAE=宋: \xC0\x80=\xFF:c \xE5\xAE=\xF0\x9F\x98:nNkKwc "
+         "\xFF=\uFFFD:nNkKwc \xFF=a\xFE:NKwc \xE5\xAE=宋: \xC0\x80=\xFF:c "
+         "\xE5\xAE=\xF0\x9F\x98:nNkKwc "
          "宋=\xE5\xAE宋\xE5:NKwc"},
         {"Characters are found whole, however they are spelled.",
-         "e=é: E=e\u0301: e=ete\u0301:NKwc é=e\u0301:nNkKwc \u0301=é: \u0301=\u0301e:NKwc ée=éée:NKwc "
-         "q\u0307\u0323=q\u0323\u0307:nNkKw \u00C5=\u212B:nNkKwc k=\u212A:NkKwc \uF900=\u8C48:nNkKwc "
+         "e=é: E=e\u0301: e=ete\u0301:NKwc é=e\u0301:nNkKwc \u0301=é: \u0301=\u0301e:NKwc "
+         "ée=éée:NKwc "
+         "q\u0307\u0323=q\u0323\u0307:nNkKw \u00C5=\u212B:nNkKwc k=\u212A:NkKwc "
+         "\uF900=\u8C48:nNkKwc "
          "가=각: 각=가: 가=각가:NKwc 가=\u1100\u1161\u11A8:"},
         {"A vowel sign belongs to the letter that it composes with, and to no other.",
          "ক=কা:NKwc \u09C7=\u09CB:"},
-        {"Upper-casing is full and has no locale; of the iota's key, the first unit becomes two letters.",
-         "STRASSE=Straße:NkKwc s=ß:NKwc ẞ=ß: I=ﬁ:NKwc οδυσσευς=ΟΔΥΣΣΕΥΣ:NkKwc \u1FB3\u0301=ᾴ:nNkKw i=İ: "
+        {"Upper-casing is full and has no locale; of the iota's key, the first unit becomes two "
+         "letters.",
+         "STRASSE=Straße:NkKwc s=ß:NKwc ẞ=ß: I=ﬁ:NKwc οδυσσευς=ΟΔΥΣΣΕΥΣ:NkKwc \u1FB3\u0301=ᾴ:nNkKw "
+         "i=İ: "
          "i\u0307=İ:NkKw i=ı:NkKwc ǆ=ǅ:NkKwc n=ŉ:NKwc j=ǰ: Ａ=ａ:NkKwc A=ａ:"},
     };
     for (const auto& [rule, cases] : rules) {
         std::istringstream text(cases);
-        for (std::string key, names, expected; std::getline(std::getline(text, key, '='), names, ':');) {
+        for (std::string key, names, expected;
+             std::getline(std::getline(text, key, '='), names, ':');) {
             std::getline(text, expected, ' ');
             SCOPED_TRACE(rule + " Key '" + escaped(key) + "', names '" + escaped(names) + "'");
             const auto font = FontItem::create();
@@ -356,7 +387,8 @@ TEST(SearchDifferential, GroupsGiveTheirMembersPlaceInBothLists) {
         made->setChildren(std::move(children));
         return made;
     };
-    const auto heiti = font("Heiti", false, {}), kai = font("Kai", false, {}), song = font("Song", false, {});
+    const auto heiti = font("Heiti", false, {}), kai = font("Kai", false, {}),
+               song = font("Song", false, {});
     const auto host = font("hei", false, {heiti}); // no group: what hangs below it is not looked at
     const auto inner = font("Hei", true, {kai, host, song});
     const auto group = font("Hei", true, {heiti, inner, font("Hei", true, {}), kai});
@@ -404,7 +436,8 @@ TEST(SearchDifferential, KeepsMembersThatAreMadeForEachReading) {
     EXPECT_EQ(FontList::getFontByName({group, group, group}, "Kai", false).size(), 3U);
     EXPECT_EQ(FontList::getSearchResultFont({group, group}, "song").second.size(), 4U);
 
-    // Once for each place, however far the walk looks ahead: here two of one depth and one of the next.
+    // Once for each place, however far the walk looks ahead: here two of one depth and one of the
+    // next.
     const auto outer = FontItem::create({.groupTag = "outer"});
     outer->setChildren({group});
     group->timesMade = 0;
@@ -412,7 +445,8 @@ TEST(SearchDifferential, KeepsMembersThatAreMadeForEachReading) {
     EXPECT_EQ(group->timesMade, 3);
 }
 
-/// A query leaves notes on the names that it has read; a change by any road must be seen by the next.
+/// A query leaves notes on the names that it has read; a change by any road must be seen by the
+/// next.
 TEST(SearchDifferential, SeesANameThatHasChanged) {
     using Change = void (*)(FontItem&, const std::string& name);
     static const auto parsed = [](const char* key, const std::string& name) {
@@ -424,7 +458,9 @@ TEST(SearchDifferential, SeesANameThatHasChanged) {
         [](FontItem& font, const std::string& name) { font.setProductFileName(name); },
         [](FontItem& font, const std::string& name) { font.setDisplayName(name); },
         [](FontItem& font, const std::string& name) { font.setValue(parsed("ProductName", name)); },
-        [](FontItem& font, const std::string& name) { font.setValue(parsed("ProductSetName", name), {}); },
+        [](FontItem& font, const std::string& name) {
+            font.setValue(parsed("ProductSetName", name), {});
+        },
         [](FontItem& font, const std::string& name) {
             font.BaseEntity::setValue(parsed("displayName", name), {});
         },

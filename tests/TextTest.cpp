@@ -63,7 +63,8 @@ TEST(Text, ComparesByCanonicalEquivalence) {
         {"\xFF\xFF", "\uFFFD", false},
     };
     for (const auto& each : cases) {
-        EXPECT_EQ(ComparedText(each.left, Case::sensitive) == ComparedText(each.right, Case::sensitive),
+        EXPECT_EQ(ComparedText(each.left, Case::sensitive) ==
+                      ComparedText(each.right, Case::sensitive),
                   each.equal)
             << each.left << " " << each.right;
     }
@@ -123,7 +124,8 @@ TEST(Text, FindsEveryPlaceWhateverTheLengths) {
             needle = haystack.substr(begin, 1 + random() % (haystack.size() - begin));
         }
         const auto expected = text::uppercased(haystack).find(text::uppercased(needle));
-        for (const std::string& before : {std::string(), std::string("\u5B8B"), std::string("\u00E9")}) {
+        for (const std::string& before :
+             {std::string(), std::string("\u5B8B"), std::string("\u00E9")}) {
             const std::string whole = before + haystack;
             SearchedText searched(whole);
             const auto offset = Needle(needle).find(searched);
@@ -138,20 +140,25 @@ TEST(Text, FindsEveryPlaceWhateverTheLengths) {
 }
 
 TEST(Text, ComparesAlikeOnEveryRoad) {
-    // Of every character, in the company of others: by the roads for plain text, character by character, and whole.
+    // Of every character, in the company of others: by the roads for plain text, character by
+    // character, and whole.
     for (const Case letterCase : {Case::insensitive, Case::sensitive}) {
         ComparedText reused(letterCase);
         for (char32_t codePoint = 1; codePoint < 0x30000; ++codePoint) {
-            const std::string character = codePoint < 0x80      ? std::string(1, static_cast<char>(codePoint))
+            const std::string character = codePoint < 0x80
+                                              ? std::string(1, static_cast<char>(codePoint))
                                           : codePoint < 0x800   ? utf8<2>(codePoint)
                                           : codePoint < 0x10000 ? utf8<3>(codePoint)
                                                                 : utf8<4>(codePoint);
-            for (const std::string& text : {"a" + character + "\u5B8B", "\u0327" + character + "\u0301"}) {
+            for (const std::string& text :
+                 {"a" + character + "\u5B8B", "\u0327" + character + "\u0301"}) {
                 reused.assign(text);
                 const std::string form =
                     letterCase == Case::insensitive ? text::folded(text) : text::decomposed(text);
-                ASSERT_EQ(reused.bytes(), form) << "U+" << std::hex << static_cast<std::uint32_t>(codePoint);
-                ASSERT_TRUE(!reused.isPlain() || text::composed(form) == form); // and may be cut anywhere
+                ASSERT_EQ(reused.bytes(), form)
+                    << "U+" << std::hex << static_cast<std::uint32_t>(codePoint);
+                ASSERT_TRUE(!reused.isPlain() ||
+                            text::composed(form) == form); // and may be cut anywhere
             }
         }
     }
@@ -160,8 +167,9 @@ TEST(Text, ComparesAlikeOnEveryRoad) {
 TEST(Text, FindsOneOfManyNeedlesWhereEachWouldBe) {
     const std::string all[] = {"e",      "\u00E9", "\u00DF", "\uFB03", "\u5B8B",
                                "\uAC00", "\u1100", "\u0301", "x"};
-    const std::string haystacks[] = {"e\u0301", "E",       "strasse", "ffi",     "\u4EFF\u5B8B",  "\uAC01",
-                                     "\u0301e", "\uAC00x", "",        "EFG\xFF", "\u00C9t\u00E9", "s s"};
+    const std::string haystacks[] = {"e\u0301",       "E",       "strasse", "ffi", "\u4EFF\u5B8B",
+                                     "\uAC01",        "\u0301e", "\uAC00x", "",    "EFG\xFF",
+                                     "\u00C9t\u00E9", "s s"};
     for (unsigned chosen = 0; chosen < 1U << std::size(all); ++chosen) {
         text::NeedleSet set;
         for (std::size_t index = 0; index < std::size(all); ++index)
@@ -171,7 +179,8 @@ TEST(Text, FindsOneOfManyNeedlesWhereEachWouldBe) {
             SearchedText searched(haystack);
             bool expected = false;
             for (std::size_t index = 0; index < std::size(all); ++index)
-                expected = expected || ((chosen >> index & 1U) != 0 && contains(haystack, all[index]));
+                expected =
+                    expected || ((chosen >> index & 1U) != 0 && contains(haystack, all[index]));
             ASSERT_EQ(set.anyIn(searched), expected) << haystack << " " << chosen;
         }
     }
@@ -243,7 +252,8 @@ TEST(Text, CountsAndCutsInUTF16Units) {
         {"😀", 1, 1, ""},
     };
     for (const auto& each : cases)
-        EXPECT_EQ(text::utf16Substring(each.given, each.begin, each.end), each.expected) << each.given;
+        EXPECT_EQ(text::utf16Substring(each.given, each.begin, each.end), each.expected)
+            << each.given;
     EXPECT_EQ(text::utf16Length("a😀b宋é\xFF"), 7U);
     EXPECT_EQ(text::utf16Length(""), 0U);
 }

@@ -47,8 +47,9 @@ std::vector<std::string> atOnce(const std::function<std::string()>& work) {
 /// Fonts and groups whose names need each way of comparing texts: so many that the first searches
 /// overlap.
 std::string fontsText() {
-    std::istringstream pool("Song 宋体Bold Étude E\u0301tude Straße 각진굴림 \u1FB3 ﬁne x\u0323\u0307 "
-                            "q\u0307\u0323 Ǆ");
+    std::istringstream pool(
+        "Song 宋体Bold Étude E\u0301tude Straße 각진굴림 \u1FB3 ﬁne x\u0323\u0307 "
+        "q\u0307\u0323 Ǆ");
     const std::vector<std::string> names(std::istream_iterator<std::string>(pool), {});
     std::string text = "[";
     for (std::size_t id = 1; id <= 2000; ++id) {

@@ -44,9 +44,10 @@ IdSet::IdSet(std::span<const Ids* const> lists) {
     const Range range = rangeOf(lists);
     if (range.count == 0)
         return;
-    m_first =
-        static_cast<std::uint64_t>(range.least) / wordBits * wordBits; // so that words of two sets lie alike
-    const std::uint64_t words = (static_cast<std::uint64_t>(range.greatest) - m_first) / wordBits + 1;
+    m_first = static_cast<std::uint64_t>(range.least) / wordBits *
+              wordBits; // so that words of two sets lie alike
+    const std::uint64_t words =
+        (static_cast<std::uint64_t>(range.greatest) - m_first) / wordBits + 1;
     if (words <= std::max<std::uint64_t>(range.count, fewWords)) {
         m_words.resize(words);
         for (const Ids* const list : lists)
@@ -98,7 +99,8 @@ Ids IdSet::ids() const {
     ids.resize(count);
     auto next = ids.begin();
     for (std::size_t index = 0; index < m_words.size(); ++index)
-        for (std::uint64_t word = m_words[index]; word != 0; word &= word - 1) { // takes the lowest bit away
+        for (std::uint64_t word = m_words[index]; word != 0;
+             word &= word - 1) { // takes the lowest bit away
             const auto bit = static_cast<std::uint64_t>(std::countr_zero(word));
             *next++ = static_cast<std::int64_t>(m_first + index * wordBits + bit);
         }

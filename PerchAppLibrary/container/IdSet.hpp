@@ -8,10 +8,12 @@
 
 namespace PerchAppLibrary {
 
-/// A set of identifiers, made for one question and then thrown away: which of many identifiers are in a list.
+/// A set of identifiers, made for one question and then thrown away: which of many identifiers are
+/// in a list.
 ///
-/// Identifiers that lie close together, as those of a catalogue do, are kept as a map of bits, any others in a
-/// hash table. Both take memory in proportion to the number of identifiers (or 8 KB), and constant time for each.
+/// Identifiers that lie close together, as those of a catalogue do, are kept as a map of bits, any
+/// others in a hash table. Both take memory in proportion to the number of identifiers (or 8 KB),
+/// and constant time for each.
 class IdSet {
 public:
     using Ids = std::vector<std::int64_t>;
@@ -52,8 +54,9 @@ private:
     std::unique_ptr<Sparse> m_sparse; // of identifiers that lie far apart
 };
 
-/// The identifiers that are in one of the lists at least, or in each of them: in ascending order, without duplicates.
-/// No list is null; of no lists, none. Linear in all of them together while the identifiers lie close together.
+/// The identifiers that are in one of the lists at least, or in each of them: in ascending order,
+/// without duplicates. No list is null; of no lists, none. Linear in all of them together while the
+/// identifiers lie close together.
 IdSet::Ids unionOf(std::span<const IdSet::Ids* const> lists);
 IdSet::Ids intersectionOf(std::span<const IdSet::Ids* const> lists);
 

@@ -106,7 +106,8 @@ void assign(Value& place, float number) {
         place = nullptr;
         return;
     }
-    // By way of the shortest decimal that gives the float back: 12.7, where a plain cast gives 12.699999809265137.
+    // By way of the shortest decimal that gives the float back: 12.7, where a plain cast
+    // gives 12.699999809265137.
     char decimal[32];
     double value = 0;
     fast_float::from_chars(decimal, std::to_chars(decimal, std::end(decimal), number).ptr, value);

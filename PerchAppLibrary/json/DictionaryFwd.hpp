@@ -36,10 +36,10 @@ class DictionaryArena; // completed by PerchAppLibrary/json/DictionaryArena.hpp
 class JSON;         // completed by PerchAppLibrary/json/JSON.hpp
 class PlatformFont; // completed by PerchAppLibrary/platform/PlatformFont.hpp
 
-/// Sets a value of a Dictionary, in its storage: integers and Booleans as such, a float as the number
-/// that reads back to the same float (null if it is not finite), text with every ill-formed sequence
-/// of bytes replaced by U+FFFD, an absent optional as null, a URL as its text, a font as {"name",
-/// "size"}, a JSON as it is.
+/// Sets a value of a Dictionary, in its storage: integers and Booleans as such, a float as the
+/// number that reads back to the same float (null if it is not finite), text with every ill-formed
+/// sequence of bytes replaced by U+FFFD, an absent optional as null, a URL as its text, a font as
+/// {"name", "size"}, a JSON as it is.
 void assign(Value& place, std::int64_t number);
 void assign(Value& place, bool flag);
 void assign(Value& place, float number);

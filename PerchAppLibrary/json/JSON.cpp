@@ -17,7 +17,8 @@ namespace {
 
 namespace dom = simdjson::dom;
 
-/// An array that is written once from front to back, so that page faults could take as long as the parsing.
+/// An array that is written once from front to back, so that page faults could take as long as the
+/// parsing.
 template <class Element>
 std::unique_ptr<Element[]> makeBuffer(std::size_t size) {
     std::unique_ptr<Element[]> buffer(new Element[size]);
@@ -25,17 +26,21 @@ std::unique_ptr<Element[]> makeBuffer(std::size_t size) {
     return buffer;
 }
 
-/// Makes room for what the reader's second stage writes, knowing what the first has found. The reader would take eight bytes
-/// for each byte of text, several times what texts need.
+/// Makes room for what the reader's second stage writes, knowing what the first has found. The
+/// reader would take eight bytes for each byte of text, several times what texts need.
 void allocate(dom::document& document, std::size_t length, std::size_t structuralCount) {
-    // A bracket, a scalar's begin, a colon or a comma gives one word at most, but a number's begin gives two. No word is given by
-    // the comma behind a number, or behind the arrays that end with it; only the last number may have none. The root has two words.
+    // A bracket, a scalar's begin, a colon or a comma gives one word at most, but a number's begin
+    // gives two. No word is given by the comma behind a number, or behind the arrays that end with
+    // it; only the last number may have none. The root has two words.
     document.tape = makeBuffer<std::uint64_t>(structuralCount + 3);
-    // An empty text of two quotes and a comma becomes a length and a zero. Texts are copied in whole blocks.
-    document.string_buf = makeBuffer<std::uint8_t>(length / 3 * 5 + 5 + 2 * simdjson::SIMDJSON_PADDING);
+    // An empty text of two quotes and a comma becomes a length and a zero. Texts are copied in
+    // whole blocks.
+    document.string_buf =
+        makeBuffer<std::uint8_t>(length / 3 * 5 + 5 + 2 * simdjson::SIMDJSON_PADDING);
 }
 
-/// Whether allocate() was tested with this version of the reader. Other versions make their own room.
+/// Whether allocate() was tested with this version of the reader. Other versions make their own
+/// room.
 constexpr bool isRoomTested =
 #ifdef PERCH_PLAIN_READER // for tests
     false;
@@ -45,7 +50,8 @@ constexpr bool isRoomTested =
 #endif
 
 /// Runs the reader's two stages through its internal interface, with allocate() between them.
-simdjson::error_code parseInStages(dom::parser& parser, std::string_view text, dom::document& document) {
+simdjson::error_code parseInStages(dom::parser& parser, std::string_view text,
+                                   dom::document& document) {
     simdjson::internal::dom_parser_implementation& stages = *parser.implementation;
     memory::preferLargePages(stages.structural_indexes.get(), text.size() * sizeof(std::uint32_t));
     const auto* const bytes = reinterpret_cast<const std::uint8_t*>(text.data());
@@ -55,7 +61,8 @@ simdjson::error_code parseInStages(dom::parser& parser, std::string_view text, d
     return stages.stage2(document);
 }
 
-simdjson::error_code parsePlainly(dom::parser& parser, std::string_view text, dom::document& document) {
+simdjson::error_code parsePlainly(dom::parser& parser, std::string_view text,
+                                  dom::document& document) {
     if (text.starts_with("\xEF\xBB\xBF")) // The reader skips a byte order mark.
         return simdjson::TAPE_ERROR;
     return parser.parse_into_document(document, text.data(), text.size(), false).error();
@@ -67,7 +74,8 @@ std::optional<JSON> read(std::string_view text, std::size_t depth, simdjson::err
     const auto document = std::make_shared<dom::document>();
     error = parser.allocate(std::max(text.size(), simdjson::SIMDJSON_PADDING), depth);
     if (!error)
-        error = isRoomTested ? parseInStages(parser, text, *document) : parsePlainly(parser, text, *document);
+        error = isRoomTested ? parseInStages(parser, text, *document)
+                             : parsePlainly(parser, text, *document);
     if (error)
         return std::nullopt;
     return JSONElement::inDocument(document, document->root());
@@ -106,8 +114,9 @@ constexpr std::size_t countLimit = 0xFFFFFF;
 template <class Container>
 std::size_t countOf(const Container& container) noexcept {
     const std::size_t counted = container.size();
-    return counted < countLimit ? counted
-                                : static_cast<std::size_t>(std::distance(container.begin(), container.end()));
+    return counted < countLimit
+               ? counted
+               : static_cast<std::size_t>(std::distance(container.begin(), container.end()));
 }
 
 template <class Real>
@@ -118,8 +127,8 @@ JSON fromReal(Real number) {
 } // namespace
 
 JSON::ParseError::ParseError(std::size_t line, std::size_t column, std::string_view reason)
-    : std::runtime_error("line " + std::to_string(line) + ", column " + std::to_string(column) + ": " +
-                         std::string(reason)),
+    : std::runtime_error("line " + std::to_string(line) + ", column " + std::to_string(column) +
+                         ": " + std::string(reason)),
       m_line(line),
       m_column(column),
       m_reason(reason) {}
@@ -165,7 +174,8 @@ JSON JSON::parse(std::string&& text) {
     if (error == simdjson::MEMALLOC)
         throw std::bad_alloc();
     std::string spelled = fallback::readableSpelling(readable);
-    // The reader counts an innermost array or object only when it is empty; the depth has just been checked exactly.
+    // The reader counts an innermost array or object only when it is empty; the depth has just been
+    // checked exactly.
     if (std::optional<JSON> json = read(padded(spelled), maximumDepth + 1, error))
         return *std::move(json);
     throw ParseError(1, 1, simdjson::error_message(error));

@@ -20,23 +20,25 @@ class JSON;
 
 /// A C++ character type. A character is neither a number nor a text, so none becomes a JSON.
 template <class T>
-concept CharacterType = std::same_as<T, char> || std::same_as<T, wchar_t> || std::same_as<T, char8_t> ||
-                        std::same_as<T, char16_t> || std::same_as<T, char32_t>;
+concept CharacterType =
+    std::same_as<T, char> || std::same_as<T, wchar_t> || std::same_as<T, char8_t> ||
+    std::same_as<T, char16_t> || std::same_as<T, char32_t>;
 
 /// A C++ type that becomes a JSON: bool, an integer of at most 64 bits, float, double, and what
 /// converts to std::string_view.
 template <class T>
 concept JSONScalar =
     !std::same_as<T, JSON> &&
-    ((std::integral<T> && !CharacterType<T> && sizeof(T) <= sizeof(std::int64_t)) || std::same_as<T, float> ||
-     std::same_as<T, double> || std::convertible_to<const T&, std::string_view>);
+    ((std::integral<T> && !CharacterType<T> && sizeof(T) <= sizeof(std::int64_t)) ||
+     std::same_as<T, float> || std::same_as<T, double> ||
+     std::convertible_to<const T&, std::string_view>);
 
 /// One value of a JSON document (RFC 8259), read from a text or made from a C++ value.
 ///
-/// A JSON shares the document that it belongs to: it is copied cheaply, keeps the whole document alive, and
-/// does not need the text any more. Values are immutable, so any number of threads may read one document.
-/// Apart from parse(), no operation throws on any document: asking a value for what it does not hold gives
-/// null, empty or zero.
+/// A JSON shares the document that it belongs to: it is copied cheaply, keeps the whole document
+/// alive, and does not need the text any more. Values are immutable, so any number of threads may
+/// read one document. Apart from parse(), no operation throws on any document: asking a value for
+/// what it does not hold gives null, empty or zero.
 class JSON {
 public:
     /// What a value is. A value read from a text is never `unknown`.
@@ -77,11 +79,12 @@ public:
 
     // NOLINTEND(google-explicit-constructor)
 
-    /// The document that the text (UTF-8, without a byte order mark, less than 4 GiB) spells. A number beyond 64-bit
-    /// integers is read as the nearest double, one beyond the doubles as the greatest or least of them, and an escaped
-    /// surrogate without its other half as U+FFFD; so every well-formed text no deeper than maximumDepth is a document.
-    /// Throws ParseError for any other text. Given as an rvalue, the text is read in place where its capacity allows;
-    /// what it holds afterwards is unspecified.
+    /// The document that the text (UTF-8, without a byte order mark, less than 4 GiB) spells. A
+    /// number beyond 64-bit integers is read as the nearest double, one beyond the doubles as the
+    /// greatest or least of them, and an escaped surrogate without its other half as U+FFFD; so
+    /// every well-formed text no deeper than maximumDepth is a document. Throws ParseError for any
+    /// other text. Given as an rvalue, the text is read in place where its capacity allows; what it
+    /// holds afterwards is unspecified.
     static JSON parse(std::string_view text);
     static JSON parse(std::string&& text);
     static JSON parse(const char* text) { return parse(std::string_view(text)); }
@@ -127,16 +130,17 @@ public:
     template <class T>
     std::optional<T> as() const;
 
-    /// Number of elements of an array or of members of an object, a repeated key counted each time; 0 for the rest.
+    /// Number of elements of an array or of members of an object, a repeated key counted each time;
+    /// 0 for the rest.
     std::size_t count() const noexcept;
 
-    /// The member of an object with this key, the last one when the key is repeated; otherwise null.
-    /// Linear in the number of members.
+    /// The member of an object with this key, the last one when the key is repeated; otherwise
+    /// null. Linear in the number of members.
     JSON operator[](std::string_view key) const noexcept;
     JSON operator[](const char* key) const noexcept { return (*this)[std::string_view(key)]; }
 
-    /// The element of an array at this index, counted from 0; otherwise null. Linear in the index: all
-    /// elements are visited by a loop over the JSON.
+    /// The element of an array at this index, counted from 0; otherwise null. Linear in the index:
+    /// all elements are visited by a loop over the JSON.
     template <std::integral Index>
     JSON operator[](Index index) const noexcept {
         return std::cmp_less(index, 0) ? null : at(static_cast<std::size_t>(index));
@@ -166,10 +170,11 @@ private:
 
     /// The type that fromScalar() takes a T as, without a loss.
     template <class T>
-    using Widest = std::conditional_t<
-        !std::is_arithmetic_v<T>, std::string_view,
-        std::conditional_t<std::same_as<T, bool> || std::floating_point<T>, T,
-                           std::conditional_t<std::unsigned_integral<T>, std::uint64_t, std::int64_t>>>;
+    using Widest =
+        std::conditional_t<!std::is_arithmetic_v<T>, std::string_view,
+                           std::conditional_t<std::same_as<T, bool> || std::floating_point<T>, T,
+                                              std::conditional_t<std::unsigned_integral<T>,
+                                                                 std::uint64_t, std::int64_t>>>;
 
     static JSON fromScalar(bool flag);
     static JSON fromScalar(std::int64_t number);
@@ -180,9 +185,9 @@ private:
 
     template <class T>
     static constexpr bool isReadable =
-        std::disjunction_v<std::is_same<T, std::int64_t>, std::is_same<T, bool>, std::is_same<T, float>,
-                           std::is_same<T, double>, std::is_same<T, std::string>,
-                           std::is_same<T, std::vector<std::int64_t>>,
+        std::disjunction_v<std::is_same<T, std::int64_t>, std::is_same<T, bool>,
+                           std::is_same<T, float>, std::is_same<T, double>,
+                           std::is_same<T, std::string>, std::is_same<T, std::vector<std::int64_t>>,
                            std::is_same<T, std::vector<std::string>>>;
 
     /// Writes the value to `value` and returns true, or returns false if it does not convert.
@@ -205,13 +210,15 @@ inline constinit const JSON JSON::null;
 
 template <class T>
 std::optional<T> JSON::as() const {
-    static_assert(isReadable<T>, "JSON::as<T>(): T is std::int64_t, bool, float, double, std::string, "
-                                 "std::vector<std::int64_t> or std::vector<std::string>");
+    static_assert(isReadable<T>,
+                  "JSON::as<T>(): T is std::int64_t, bool, float, double, std::string, "
+                  "std::vector<std::int64_t> or std::vector<std::string>");
     T value{};
     return convertTo(value) ? std::optional<T>(std::move(value)) : std::nullopt;
 }
 
-/// Steps through the elements of one array. The element that it refers to is its own: it lasts until the next step.
+/// Steps through the elements of one array. The element that it refers to is its own: it lasts
+/// until the next step.
 class JSON::Iterator {
 public:
     using iterator_category = std::input_iterator_tag;

@@ -9,9 +9,10 @@ namespace PerchAppLibrary {
 /// A font of the platform at a size: what a client hands to its drawing code. A plain value.
 class PlatformFont {
 public:
-    /// The installed font whose full name, PostScript name or family is the given one (canonically equivalent,
-    /// case-sensitive), or none; of a family the regular one. A library built without a font system knows no installed
-    /// fonts: there every name gives a font that carries just the name and the size.
+    /// The installed font whose full name, PostScript name or family is the given one (canonically
+    /// equivalent, case-sensitive), or none; of a family the regular one. A library built without a
+    /// font system knows no installed fonts: there every name gives a font that carries just the
+    /// name and the size.
     static std::optional<PlatformFont> named(std::string_view name, double points);
 
     /// The font of the system's user interface. It has a name in every environment.
@@ -31,7 +32,10 @@ public:
 
 private:
     PlatformFont(std::string name, std::string file, double points, bool isSystem)
-        : m_name(std::move(name)), m_file(std::move(file)), m_points(points), m_isSystem(isSystem) {}
+        : m_name(std::move(name)),
+          m_file(std::move(file)),
+          m_points(points),
+          m_isSystem(isSystem) {}
 
     std::string m_name;
     std::string m_file;

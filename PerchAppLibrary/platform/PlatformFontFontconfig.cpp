@@ -16,7 +16,9 @@ using Pattern = std::unique_ptr<FcPattern, decltype(&FcPatternDestroy)>;
 using FontSet = std::unique_ptr<FcFontSet, decltype(&FcFontSetDestroy)>;
 using ObjectSet = std::unique_ptr<FcObjectSet, decltype(&FcObjectSetDestroy)>;
 
-const FcChar8* fcText(const std::string& text) { return reinterpret_cast<const FcChar8*>(text.c_str()); }
+const FcChar8* fcText(const std::string& text) {
+    return reinterpret_cast<const FcChar8*>(text.c_str());
+}
 
 /// The value of a property of the pattern at an index; null behind the last one.
 const char* valueAt(const FcPattern* pattern, const char* property, int index) {
@@ -43,12 +45,14 @@ bool hasName(const FcPattern* pattern, const char* property, std::string_view na
 FontSet fontsWith(const char* property, const std::string& name) {
     const Pattern pattern(FcPatternCreate(), &FcPatternDestroy);
     FcPatternAddString(pattern.get(), property, fcText(name));
-    const ObjectSet wanted(FcObjectSetBuild(FC_FAMILY, FC_FULLNAME, FC_POSTSCRIPT_NAME, FC_FILE, nullptr),
-                           &FcObjectSetDestroy);
+    const ObjectSet wanted(
+        FcObjectSetBuild(FC_FAMILY, FC_FULLNAME, FC_POSTSCRIPT_NAME, FC_FILE, nullptr),
+        &FcObjectSetDestroy);
     return {FcFontList(nullptr, pattern.get(), wanted.get()), &FcFontSetDestroy};
 }
 
-/// What the system would draw with for these families, the first of them first; regular where nothing else is asked.
+/// What the system would draw with for these families, the first of them first; regular where
+/// nothing else is asked.
 Pattern bestMatch(std::initializer_list<const char*> families) {
     const Pattern pattern(FcPatternCreate(), &FcPatternDestroy);
     for (const char* const family : families)
@@ -59,7 +63,8 @@ Pattern bestMatch(std::initializer_list<const char*> families) {
     return {FcFontMatch(nullptr, pattern.get(), &result), &FcPatternDestroy};
 }
 
-/// Calls `use(font)` with the installed font of this name in this spelling. False when there is none.
+/// Calls `use(font)` with the installed font of this name in this spelling. False when there is
+/// none.
 template <class Use>
 bool findFont(const std::string& name, Use&& use) {
     for (const char* const property : {FC_FULLNAME, FC_POSTSCRIPT_NAME}) {
@@ -89,8 +94,8 @@ std::optional<PlatformFont> PlatformFont::named(std::string_view name, double po
          {text::wellFormed(name), text::composed(name), text::decomposed(name)}) {
         const auto take = [&](const FcPattern* font) {
             const std::string fullName = firstValue(font, FC_FULLNAME);
-            found = PlatformFont(fullName.empty() ? spelling : fullName, firstValue(font, FC_FILE), points,
-                                 false);
+            found = PlatformFont(fullName.empty() ? spelling : fullName, firstValue(font, FC_FILE),
+                                 points, false);
         };
         if (findFont(spelling, take))
             break;

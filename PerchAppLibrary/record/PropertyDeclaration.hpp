@@ -63,7 +63,8 @@ constexpr T Record::* fieldPointer(Slot<place, Record, Line> Record::* /*slot*/)
 
 /// Lines from the first to the last of a class's properties.
 template <class Record>
-using PropertyLines = std::make_integer_sequence<int, Record::lastPropertyLine - Record::firstPropertyLine>;
+using PropertyLines =
+    std::make_integer_sequence<int, Record::lastPropertyLine - Record::firstPropertyLine>;
 
 template <class Record, int Line>
 constexpr Place placeAt() {
@@ -169,7 +170,8 @@ class NoLabels {
 };
 
 template <class Record, int Line>
-inline constexpr bool hasLabelsAt = requires { typename decltype(Record::labelsAt(At<Line>()))::type; };
+inline constexpr bool hasLabelsAt =
+    requires { typename decltype(Record::labelsAt(At<Line>()))::type; };
 
 /// The lines of the sets of labels of a class; zeros follow.
 template <class Record>

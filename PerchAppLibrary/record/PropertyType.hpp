@@ -75,6 +75,7 @@ class BaseEntity;
 template <class T>
 inline constexpr bool isArrayOfRecords = false;
 template <class R>
-inline constexpr bool isArrayOfRecords<std::vector<std::shared_ptr<R>>> = std::derived_from<R, BaseEntity>;
+inline constexpr bool isArrayOfRecords<std::vector<std::shared_ptr<R>>> =
+    std::derived_from<R, BaseEntity>;
 
 } // namespace PerchAppLibrary

@@ -22,8 +22,8 @@
 ///     };
 ///
 /// and whose source file has one line, `PERCH_RECORD_SCHEMA(UrlItem)` (record/RecordSchema.hpp).
-/// The accessors, the default, the JSON key, the place in the order, filling, reading and writing by
-/// name and the export all follow from these lines. A client declares its own records, and
+/// The accessors, the default, the JSON key, the place in the order, filling, reading and writing
+/// by name and the export all follow from these lines. A client declares its own records, and
 /// properties of its own in a subclass, in the same way.
 ///
 /// Types of a property: std::int64_t, bool, float, std::string, std::optional<std::string>,
@@ -40,35 +40,37 @@
 /// owns the record. A subclass without a PERCH_RECORD of its own inherits these functions as they
 /// are: its `R::create()` makes a `Class`. Takes exactly a JSON, since a text would become a JSON
 /// string: call `parse(text)`. BaseClass is the direct base, written without a leading `::`.
-#define PERCH_RECORD(Class, BaseClass)                                                                 \
-public:                                                                                                \
-    using Self = Class;                                                                                \
-    using Base = BaseClass;                                                                            \
-    using Base::setValue;                                                                              \
-    static constexpr int firstPropertyLine = __LINE__;                                                 \
-    [[maybe_unused]] static constexpr std::string_view recordName = #Class;                            \
-    static void onePropertyPerLine(PerchAppLibrary::At<__LINE__>);                                     \
-    static void labelsAt(PerchAppLibrary::At<__LINE__>);                                               \
-    const PerchAppLibrary::RecordSchema& schema() const override;                                      \
-    template <class Derived>                                                                           \
-        requires(!std::same_as<Derived, Class>)                                                        \
-    friend std::type_identity<Class> nearestRecord(const Class*, std::type_identity<Derived>);         \
-    template <class R = Class>                                                                         \
-        requires std::derived_from<R, Class> && (!std::is_abstract_v<R>)                               \
-    static std::shared_ptr<R> create() {                                                               \
-        return PerchAppLibrary::BaseEntity::make<R>();                                                 \
-    }                                                                                                  \
-    template <class R = Class, std::same_as<PerchAppLibrary::JSON> J>                                  \
-        requires std::derived_from<R, Class> && (R::jsonFilling != PerchAppLibrary::JSONFilling::none) \
-    static std::shared_ptr<R> create(const J& json) {                                                  \
-        return PerchAppLibrary::BaseEntity::makeFilled<R, Class::jsonFilling>(json);                   \
-    }                                                                                                  \
-    template <class R = Class, class Text>                                                             \
-        requires std::derived_from<R, Class> && (R::jsonFilling != PerchAppLibrary::JSONFilling::none) \
-    static std::shared_ptr<R> parse(Text&& text) {                                                     \
-        return Class::template create<R>(PerchAppLibrary::JSON::parse(std::forward<Text>(text)));      \
-    }                                                                                                  \
-    PERCH_INHERIT_LABELS(BaseClass)                                                                    \
+#define PERCH_RECORD(Class, BaseClass)                                                            \
+public:                                                                                           \
+    using Self = Class;                                                                           \
+    using Base = BaseClass;                                                                       \
+    using Base::setValue;                                                                         \
+    static constexpr int firstPropertyLine = __LINE__;                                            \
+    [[maybe_unused]] static constexpr std::string_view recordName = #Class;                       \
+    static void onePropertyPerLine(PerchAppLibrary::At<__LINE__>);                                \
+    static void labelsAt(PerchAppLibrary::At<__LINE__>);                                          \
+    const PerchAppLibrary::RecordSchema& schema() const override;                                 \
+    template <class Derived>                                                                      \
+        requires(!std::same_as<Derived, Class>)                                                   \
+    friend std::type_identity<Class> nearestRecord(const Class*, std::type_identity<Derived>);    \
+    template <class R = Class>                                                                    \
+        requires std::derived_from<R, Class> && (!std::is_abstract_v<R>)                          \
+    static std::shared_ptr<R> create() {                                                          \
+        return PerchAppLibrary::BaseEntity::make<R>();                                            \
+    }                                                                                             \
+    template <class R = Class, std::same_as<PerchAppLibrary::JSON> J>                             \
+        requires std::derived_from<R, Class> &&                                                   \
+                 (R::jsonFilling != PerchAppLibrary::JSONFilling::none)                           \
+    static std::shared_ptr<R> create(const J& json) {                                             \
+        return PerchAppLibrary::BaseEntity::makeFilled<R, Class::jsonFilling>(json);              \
+    }                                                                                             \
+    template <class R = Class, class Text>                                                        \
+        requires std::derived_from<R, Class> &&                                                   \
+                 (R::jsonFilling != PerchAppLibrary::JSONFilling::none)                           \
+    static std::shared_ptr<R> parse(Text&& text) {                                                \
+        return Class::template create<R>(PerchAppLibrary::JSON::parse(std::forward<Text>(text))); \
+    }                                                                                             \
+    PERCH_INHERIT_LABELS(BaseClass)                                                               \
     static_assert(true)
 
 /// Opens a record that is made from JSON alone, by `create(json)` or a subclass's: the class is
@@ -93,8 +95,9 @@ public:                  \
 
 /// A stored property with the virtual accessors `Name()` and `setName(value)`. What follows the
 /// name is the default; without it, the zero of the type.
-#define PERCH_PROPERTY(Type, Name, ...)                                                                  \
-    static_assert(#Name[0] < 'a' || #Name[0] > 'z', "PERCH_PROPERTY_SET_BY names the setter of " #Name); \
+#define PERCH_PROPERTY(Type, Name, ...)                                \
+    static_assert(#Name[0] < 'a' || #Name[0] > 'z',                    \
+                  "PERCH_PROPERTY_SET_BY names the setter of " #Name); \
     PERCH_PROPERTY_SET_BY(Type, Name, set##Name __VA_OPT__(, ) __VA_ARGS__)
 
 /// A stored property whose setter is named here: `setName` does not follow from a name that begins
@@ -130,19 +133,20 @@ public:                                                                         
 
 /// A stored property with one value for all records: it has no setter and no memory, and no
 /// document changes it.
-#define PERCH_CONSTANT(Type, Name, Constant)                                                        \
-public:                                                                                             \
-    static_assert(PerchAppLibrary::isPropertyType<Type> && !PerchAppLibrary::isArrayOfShared<Type>, \
-                  #Name " has the type " #Type ", which no constant can have");                     \
-    virtual PerchAppLibrary::ReadType<Type> Name() const {                                          \
-        static const Type constant{Constant};                                                       \
-        return constant;                                                                            \
-    }                                                                                               \
-    static constexpr PerchAppLibrary::StoredProperty<Self, Type, PerchAppLibrary::Place::none>      \
-    onePropertyPerLine(PerchAppLibrary::At<__LINE__>) {                                             \
-        PERCH_ASSERT_IN_LIST(Name)                                                                  \
-        return {#Name, &Self::Name, nullptr, nullptr, nullptr};                                     \
-    }                                                                                               \
+#define PERCH_CONSTANT(Type, Name, Constant)                                                   \
+public:                                                                                        \
+    static_assert(PerchAppLibrary::isPropertyType<Type> &&                                     \
+                      !PerchAppLibrary::isArrayOfShared<Type>,                                 \
+                  #Name " has the type " #Type ", which no constant can have");                \
+    virtual PerchAppLibrary::ReadType<Type> Name() const {                                     \
+        static const Type constant{Constant};                                                  \
+        return constant;                                                                       \
+    }                                                                                          \
+    static constexpr PerchAppLibrary::StoredProperty<Self, Type, PerchAppLibrary::Place::none> \
+    onePropertyPerLine(PerchAppLibrary::At<__LINE__>) {                                        \
+        PERCH_ASSERT_IN_LIST(Name)                                                             \
+        return {#Name, &Self::Name, nullptr, nullptr, nullptr};                                \
+    }                                                                                          \
     static_assert(true)
 
 /// A computed property with the virtual getter `Name()`, which the class defines in its source.
@@ -185,17 +189,18 @@ public:                                                                         
 /// One more `create`, with labels: PERCH_LABELS(PersonLabels, (name, Name), (age, Age)) gives
 /// `create({.name = "A", .age = 7})`, which calls setName() and setAge(). Every label must be
 /// given, by its name and in this order.
-#define PERCH_LABELS(Labels, ...)                                                                     \
-public:                                                                                               \
-    struct Labels {                                                                                   \
-        [[no_unique_address]] PerchAppLibrary::ByNameOnly byNameOnly = PerchAppLibrary::ByNameOnly(); \
-        PERCH_FOR_EACH(PERCH_DECLARE_LABEL, __VA_ARGS__)                                              \
-        void applyTo(Self& record) && { PERCH_FOR_EACH(PERCH_SET_LABELLED, __VA_ARGS__) }             \
-    };                                                                                                \
-    static_assert(__LINE__ - firstPropertyLine <= PerchAppLibrary::mostLinesToLabels,                 \
-                  "PERCH_LABELS stands too far below PERCH_RECORD for subclasses to find it");        \
-    static std::type_identity<Labels> labelsAt(PerchAppLibrary::At<__LINE__>);                        \
-    PERCH_CREATE(Labels)                                                                              \
+#define PERCH_LABELS(Labels, ...)                                                              \
+public:                                                                                        \
+    struct Labels {                                                                            \
+        [[no_unique_address]] PerchAppLibrary::ByNameOnly byNameOnly =                         \
+            PerchAppLibrary::ByNameOnly();                                                     \
+        PERCH_FOR_EACH(PERCH_DECLARE_LABEL, __VA_ARGS__)                                       \
+        void applyTo(Self& record) && { PERCH_FOR_EACH(PERCH_SET_LABELLED, __VA_ARGS__) }      \
+    };                                                                                         \
+    static_assert(__LINE__ - firstPropertyLine <= PerchAppLibrary::mostLinesToLabels,          \
+                  "PERCH_LABELS stands too far below PERCH_RECORD for subclasses to find it"); \
+    static std::type_identity<Labels> labelsAt(PerchAppLibrary::At<__LINE__>);                 \
+    PERCH_CREATE(Labels)                                                                       \
     static_assert(true)
 
 // The rest is used by the macros above.
@@ -213,19 +218,22 @@ public:                                                                         
 
 // Instantiated by the schema, where all classes are complete. Tells whether a subclass uses the
 // accessors that are declared at this line.
-#define PERCH_CHECKED_IN_SCHEMA(Type, Name, Setter)                                                       \
-    template <class Record>                                                                               \
-    static constexpr bool keepsGetterAt(PerchAppLibrary::At<__LINE__>) {                                  \
-        return requires {                                                                                 \
-            requires std::same_as<decltype(&Record::Name),                                                \
-                                  PerchAppLibrary::ReadType<Type> (Self::*)() const>;                     \
-        };                                                                                                \
-    }                                                                                                     \
-    template <class Record>                                                                               \
-    static constexpr bool keepsSetterAt(PerchAppLibrary::At<__LINE__>) {                                  \
-        static_assert(!PerchAppLibrary::isArrayOfShared<Type> || PerchAppLibrary::isArrayOfRecords<Type>, \
-                      #Name " is an array of shared objects that are no records");                        \
-        return requires { requires std::same_as<decltype(&Record::Setter), void (Self::*)(Type)>; };      \
+#define PERCH_CHECKED_IN_SCHEMA(Type, Name, Setter)                                   \
+    template <class Record>                                                           \
+    static constexpr bool keepsGetterAt(PerchAppLibrary::At<__LINE__>) {              \
+        return requires {                                                             \
+            requires std::same_as<decltype(&Record::Name),                            \
+                                  PerchAppLibrary::ReadType<Type> (Self::*)() const>; \
+        };                                                                            \
+    }                                                                                 \
+    template <class Record>                                                           \
+    static constexpr bool keepsSetterAt(PerchAppLibrary::At<__LINE__>) {              \
+        static_assert(!PerchAppLibrary::isArrayOfShared<Type> ||                      \
+                          PerchAppLibrary::isArrayOfRecords<Type>,                    \
+                      #Name " is an array of shared objects that are no records");    \
+        return requires {                                                             \
+            requires std::same_as<decltype(&Record::Setter), void (Self::*)(Type)>;   \
+        };                                                                            \
     }
 
 // In the body of a member function, where the class is complete.
@@ -260,19 +268,21 @@ public:                                                                         
 #define PERCH_INHERITED_LABELS(N) PerchAppLibrary::InheritedLabels<Base, N>
 
 // PERCH_FOR_EACH(MACRO, (a, b), (c, d)) gives MACRO(a, b) MACRO(c, d), PERCH_FOR_EACH_NAME(MACRO,
-// a, b) gives MACRO(a) MACRO(b). A macro does not expand within itself, so each step leaves the next
-// one spelled out behind it, for PERCH_EXPAND to find when it scans the result again: up to 64
+// a, b) gives MACRO(a) MACRO(b). A macro does not expand within itself, so each step leaves the
+// next one spelled out behind it, for PERCH_EXPAND to find when it scans the result again: up to 64
 // times.
 #define PERCH_FOR_EACH(MACRO, ...) __VA_OPT__(PERCH_EXPAND(PERCH_FOR_FIRST(MACRO, __VA_ARGS__)))
 #define PERCH_FOR_FIRST(MACRO, first, ...) \
     MACRO first __VA_OPT__(PERCH_FOR_REST PERCH_PARENTHESES(MACRO, __VA_ARGS__))
 #define PERCH_FOR_REST() PERCH_FOR_FIRST
-#define PERCH_FOR_EACH_NAME(MACRO, ...) __VA_OPT__(PERCH_EXPAND(PERCH_FOR_FIRST_NAME(MACRO, __VA_ARGS__)))
+#define PERCH_FOR_EACH_NAME(MACRO, ...) \
+    __VA_OPT__(PERCH_EXPAND(PERCH_FOR_FIRST_NAME(MACRO, __VA_ARGS__)))
 #define PERCH_FOR_FIRST_NAME(MACRO, first, ...) \
     MACRO(first) __VA_OPT__(PERCH_FOR_REST_NAME PERCH_PARENTHESES(MACRO, __VA_ARGS__))
 #define PERCH_FOR_REST_NAME() PERCH_FOR_FIRST_NAME
 #define PERCH_PARENTHESES ()
-#define PERCH_EXPAND(...) PERCH_EXPAND16(PERCH_EXPAND16(PERCH_EXPAND16(PERCH_EXPAND16(__VA_ARGS__))))
+#define PERCH_EXPAND(...) \
+    PERCH_EXPAND16(PERCH_EXPAND16(PERCH_EXPAND16(PERCH_EXPAND16(__VA_ARGS__))))
 #define PERCH_EXPAND16(...) PERCH_EXPAND4(PERCH_EXPAND4(PERCH_EXPAND4(PERCH_EXPAND4(__VA_ARGS__))))
 #define PERCH_EXPAND4(...) PERCH_EXPAND1(PERCH_EXPAND1(PERCH_EXPAND1(PERCH_EXPAND1(__VA_ARGS__))))
 #define PERCH_EXPAND1(...) __VA_ARGS__

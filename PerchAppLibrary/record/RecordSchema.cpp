@@ -13,10 +13,10 @@ namespace {
 std::vector<Property> inheritedAndOwn(const RecordSchema* base, std::vector<Property> own) {
     std::vector<Property> properties;
     if (base != nullptr)
-        std::ranges::copy_if(base->properties(), std::back_inserter(properties),
-                             [&own](const Property& inherited) {
-                                 return std::ranges::find(own, inherited.name, &Property::name) == own.end();
-                             });
+        std::ranges::copy_if(
+            base->properties(), std::back_inserter(properties), [&own](const Property& inherited) {
+                return std::ranges::find(own, inherited.name, &Property::name) == own.end();
+            });
     std::ranges::move(own, std::back_inserter(properties));
     for (Property& property : properties)
         property.textKey = ",\"" + std::string(property.name) + "\":";
@@ -33,8 +33,8 @@ Excluded namesOfArrays(std::span<const Property> properties) {
 
 } // namespace
 
-RecordSchema::RecordSchema(std::string_view className, const std::type_info& type, const RecordSchema* base,
-                           std::vector<Property> own, Overrides overrides)
+RecordSchema::RecordSchema(std::string_view className, const std::type_info& type,
+                           const RecordSchema* base, std::vector<Property> own, Overrides overrides)
     : m_className(className),
       m_type(&type),
       m_overrides(overrides),
@@ -76,7 +76,8 @@ Value Property::value(const BaseEntity& record) const {
             } else {
                 ValueArray values;
                 for (const BaseEntity* const item : each.get(record))
-                    values.emplace_back(item == nullptr ? Value(nullptr) : Value(item->properties()));
+                    values.emplace_back(item == nullptr ? Value(nullptr)
+                                                        : Value(item->properties()));
                 return values;
             }
         },

@@ -53,20 +53,22 @@ struct ComputedAccess {
 /// One property of a class of records.
 struct Property {
     std::string_view name;
-    std::variant<FieldAccess<std::int64_t>, FieldAccess<bool>, FieldAccess<float>, FieldAccess<std::string>,
-                 FieldAccess<std::optional<std::string>>, FieldAccess<std::vector<std::int64_t>>,
-                 FieldAccess<std::vector<std::string>>, FieldAccess<JSON>, RecordsAccess, ComputedAccess>
+    std::variant<FieldAccess<std::int64_t>, FieldAccess<bool>, FieldAccess<float>,
+                 FieldAccess<std::string>, FieldAccess<std::optional<std::string>>,
+                 FieldAccess<std::vector<std::int64_t>>, FieldAccess<std::vector<std::string>>,
+                 FieldAccess<JSON>, RecordsAccess, ComputedAccess>
         access;
-    std::string textKey = {}; // `,"name":`, with which a member of a JSON text begins; set by the schema
+    std::string textKey =
+        {}; // `,"name":`, with which a member of a JSON text begins; set by the schema
 
     bool isStored() const noexcept { return !std::holds_alternative<ComputedAccess>(access); }
 
-    /// Returns the kind of values: "Int", "optional String", "array of FontItem"; "any" for JSON and
-    /// for computed properties.
+    /// Returns the kind of values: "Int", "optional String", "array of FontItem"; "any" for JSON
+    /// and for computed properties.
     std::string kind() const;
 
-    /// Returns the value in a record of the class, read through the virtual accessor. Nested records
-    /// become dictionaries of their own properties().
+    /// Returns the value in a record of the class, read through the virtual accessor. Nested
+    /// records become dictionaries of their own properties().
     Value value(const BaseEntity& record) const;
 };
 
@@ -101,7 +103,9 @@ public:
     std::span<const Property> properties() const noexcept { return m_properties; }
 
     /// The properties that the class itself declares.
-    std::span<const Property> ownProperties() const noexcept { return properties().last(m_ownCount); }
+    std::span<const Property> ownProperties() const noexcept {
+        return properties().last(m_ownCount);
+    }
 
     /// The names of the arrays of records, which setValue(json) excludes from the mapping.
     const Excluded& arrays() const noexcept { return m_arrays; }
@@ -109,7 +113,8 @@ public:
     /// What find() returns for an unknown name.
     static constexpr std::size_t notFound = static_cast<std::size_t>(-1);
 
-    /// Returns the index in properties() of the property with this name, or notFound. Constant time.
+    /// Returns the index in properties() of the property with this name, or notFound. Constant
+    /// time.
     std::size_t find(std::string_view name) const noexcept;
 
     /// How records of the class are filled.
@@ -131,8 +136,8 @@ private:
 
 /// The nearest base of a class that is a record.
 template <class Record>
-using NearestBase =
-    typename decltype(nearestRecord(static_cast<const Record*>(nullptr), std::type_identity<Record>()))::type;
+using NearestBase = typename decltype(nearestRecord(static_cast<const Record*>(nullptr),
+                                                    std::type_identity<Record>()))::type;
 
 /// Collects the properties of a class from its declarations, line by line.
 template <class Record>
@@ -156,7 +161,8 @@ private:
     static constexpr void forEachLine(Visitor visit) {
         [&]<int... Offsets>(std::integer_sequence<int, Offsets...>) {
             // Not a fold expression, which Clang nests only 256 deep.
-            (void)std::initializer_list<int>{(visit(At<Ancestor::firstPropertyLine + 1 + Offsets>()), 0)...};
+            (void)std::initializer_list<int>{
+                (visit(At<Ancestor::firstPropertyLine + 1 + Offsets>()), 0)...};
         }(PropertyLines<Ancestor>());
     }
 
@@ -215,7 +221,8 @@ private:
     static std::vector<const BaseEntity*> getRecords(const BaseEntity& record) {
         constexpr auto declared = Record::onePropertyPerLine(At<Line>());
         std::vector<const BaseEntity*> items;
-        for (const std::shared_ptr<Item>& item : (static_cast<const Record&>(record).*declared.get)())
+        for (const std::shared_ptr<Item>& item :
+             (static_cast<const Record&>(record).*declared.get)())
             items.push_back(item.get());
         return items;
     }

@@ -37,18 +37,20 @@ protected:
     ~RecordReader() = default;
 };
 
-/// Whether R inherits BaseEntity's mapping, and its setValue(json): pointers to members of BaseEntity
-/// do not fit overrides.
+/// Whether R inherits BaseEntity's mapping, and its setValue(json): pointers to members of
+/// BaseEntity do not fit overrides.
 template <class R>
 concept UsesBaseMapping =
     requires(void (*take)(void (BaseEntity::*)(const JSON&, Excluded))) { take(&R::setValue); };
 template <class R>
-concept UsesBaseSetValue = requires(void (*take)(void (BaseEntity::*)(const JSON&))) { take(&R::setValue); };
+concept UsesBaseSetValue =
+    requires(void (*take)(void (BaseEntity::*)(const JSON&))) { take(&R::setValue); };
 
 /// Whether R::create(json) is the one that PERCH_RECORD declares, not one of R's own.
 template <class R>
-concept UsesRecordCreate =
-    requires(void (*take)(std::shared_ptr<R> (*)(const JSON&))) { take(&R::template create<R, JSON>); };
+concept UsesRecordCreate = requires(void (*take)(std::shared_ptr<R> (*)(const JSON&))) {
+    take(&R::template create<R, JSON>);
+};
 
 /// Whether R::create(json) does no more than BaseEntity::setValue(json) of a record of exactly R.
 template <class R>

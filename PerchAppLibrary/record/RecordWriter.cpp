@@ -69,17 +69,20 @@ private:
 
 } // namespace
 
-RecordWriter::RecordWriter(const RecordSchema& schema, const Excluded& excluded) : m_schema(schema) {
+RecordWriter::RecordWriter(const RecordSchema& schema, const Excluded& excluded)
+    : m_schema(schema) {
     std::vector<bool> isExcluded(schema.properties().size());
     for (const std::string& key : excluded.keys()) {
         const std::size_t index = schema.find(key);
-        if (index == RecordSchema::notFound || !schema.properties()[index].isStored() || isExcluded[index])
+        if (index == RecordSchema::notFound || !schema.properties()[index].isStored() ||
+            isExcluded[index])
             fatalError(std::string(schema.className()) + " has no stored property \"" + key +
                        "\" to exclude");
         isExcluded[index] = true;
     }
     for (std::size_t index = 0; index < isExcluded.size(); ++index)
-        if (const Property& property = schema.properties()[index]; property.isStored() && !isExcluded[index])
+        if (const Property& property = schema.properties()[index];
+            property.isStored() && !isExcluded[index])
             m_members.push_back(&property);
 }
 
@@ -105,8 +108,8 @@ void RecordWriter::writeTo(const BaseEntity& record, Sink sink) const {
         std::visit(
             [&]<class Access>(const Access& access) {
                 if constexpr (requires { typename Access::Value; })
-                    sink.add(*property,
-                             readsPlaces ? PlaceAccess::read(record, access) : (record.*access.get)());
+                    sink.add(*property, readsPlaces ? PlaceAccess::read(record, access)
+                                                    : (record.*access.get)());
                 else if constexpr (std::same_as<Access, RecordsAccess>)
                     sink.add(*property, access.get(record));
             },

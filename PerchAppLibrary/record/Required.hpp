@@ -21,7 +21,8 @@ template <class T>
 struct Required {
     template <class U>
         requires requires(U&& given) { T{std::forward<U>(given)}; }
-    Required(U&& given) // NOLINT(google-explicit-constructor): an argument is given as a plain value
+    Required(
+        U&& given) // NOLINT(google-explicit-constructor): an argument is given as a plain value
         : value{std::forward<U>(given)} {}
 
     /// Takes the elements of an array. Not an initializer_list, which a missing label would fit.
@@ -29,10 +30,12 @@ struct Required {
         requires requires(First&& first, Second&& second, Rest&&... rest) {
             typename T::value_type;
             requires !std::same_as<T, std::string>;
-            T{std::forward<First>(first), std::forward<Second>(second), std::forward<Rest>(rest)...};
+            T{std::forward<First>(first), std::forward<Second>(second),
+              std::forward<Rest>(rest)...};
         }
     Required(First&& first, Second&& second, Rest&&... rest)
-        : value{std::forward<First>(first), std::forward<Second>(second), std::forward<Rest>(rest)...} {}
+        : value{std::forward<First>(first), std::forward<Second>(second),
+                std::forward<Rest>(rest)...} {}
 
     T value;
 };

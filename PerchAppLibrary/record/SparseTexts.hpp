@@ -17,7 +17,9 @@ public:
 
     /// Returns the text with this number, empty if there is none. It lives until it is set, or the
     /// record is destroyed.
-    const std::string& operator[](unsigned number) const noexcept { return m_first ? find(number) : empty(); }
+    const std::string& operator[](unsigned number) const noexcept {
+        return m_first ? find(number) : empty();
+    }
 
     /// Sets the text with this number. Setting an empty text where there is none takes no memory.
     void set(unsigned number, std::string&& text);

@@ -74,7 +74,9 @@ bool composesBackwards(std::string_view decomposedText, std::size_t offset) {
 } // namespace
 
 ComparedText::ComparedText(Case letterCase) : m_case(letterCase) {}
-ComparedText::ComparedText(std::string_view text, Case letterCase) : m_case(letterCase) { assign(text); }
+ComparedText::ComparedText(std::string_view text, Case letterCase) : m_case(letterCase) {
+    assign(text);
+}
 ComparedText::ComparedText(ComparedText&& other) noexcept = default;
 ComparedText& ComparedText::operator=(ComparedText&& other) noexcept = default;
 ComparedText::~ComparedText() = default;

@@ -45,7 +45,8 @@ public:
     /// the offset of a character or of the end.
     bool isBoundary(std::size_t offset) const;
 
-    /// Canonical equivalence (UAX #15) of two texts of the same Case: case-sensitive for Case::sensitive.
+    /// Canonical equivalence (UAX #15) of two texts of the same Case: case-sensitive for
+    /// Case::sensitive.
     friend bool operator==(const ComparedText& left, const ComparedText& right) noexcept {
         return left.bytes() == right.bytes();
     }

@@ -59,9 +59,12 @@ namespace {
 
 /// Returns the first place where both ends of the needle match and `isTaken(place)` is true.
 template <class EndsPair, class Test>
-std::size_t findShort(std::string_view text, std::size_t length, const EndsPair& ends, Test isTaken) {
-    for (std::size_t begin = 0; begin + length <= text.size(); begin += ByteMatches::most - length + 1) {
-        const ByteMatches matches = matchesOf(text.substr(begin, ByteMatches::most), ends.first, ends.last);
+std::size_t findShort(std::string_view text, std::size_t length, const EndsPair& ends,
+                      Test isTaken) {
+    for (std::size_t begin = 0; begin + length <= text.size();
+         begin += ByteMatches::most - length + 1) {
+        const ByteMatches matches =
+            matchesOf(text.substr(begin, ByteMatches::most), ends.first, ends.last);
         std::uint64_t places = matches.first & (matches.last >> (length - 1));
         for (; places != 0; places &= places - 1) { // clears the lowest bit
             const std::size_t place = begin + static_cast<std::size_t>(std::countr_zero(places));

@@ -48,7 +48,8 @@ std::optional<bool> NeedleSet::verdict(const TextSignature& texts) const {
     if (sharesExact && texts.isPlain())
         return true;
     if (sharesExact || m_others.size() > mostOthers ||
-        std::ranges::any_of(m_others, [&texts](const TextSignature& other) { return texts.covers(other); }))
+        std::ranges::any_of(m_others,
+                            [&texts](const TextSignature& other) { return texts.covers(other); }))
         return std::nullopt;
     return false;
 }
@@ -70,7 +71,8 @@ bool NeedleSet::anyAt(const ComparedText& text, std::size_t offset) const {
     if (!text.isBoundary(offset))
         return false;
     std::size_t end = offset;
-    for (std::size_t codePoints = 1; codePoints <= m_longest && end < text.bytes().size(); ++codePoints) {
+    for (std::size_t codePoints = 1; codePoints <= m_longest && end < text.bytes().size();
+         ++codePoints) {
         nextCodePoint(text.bytes(), end);
         if (m_needles.contains(text.bytes().substr(offset, end - offset)) && text.isBoundary(end))
             return true;

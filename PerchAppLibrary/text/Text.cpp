@@ -19,7 +19,8 @@
 namespace PerchAppLibrary::text {
 namespace {
 
-/// Marks that follow one another without end: ICU orders them by insertion, which takes the square of their number.
+/// Marks that follow one another without end: ICU orders them by insertion, which takes the square
+/// of their number.
 bool hasLongRunOfMarks(std::string_view text) {
     constexpr std::size_t longRun = 64; // text that means something has a few
     std::size_t run = 0;
@@ -28,7 +29,8 @@ bool hasLongRunOfMarks(std::string_view text) {
     return run == longRun;
 }
 
-/// Normalization Form D step by step (UAX #15): decomposition, then the canonical order of each run of marks.
+/// Normalization Form D step by step (UAX #15): decomposition, then the canonical order of each run
+/// of marks.
 std::string decomposedByRuns(std::string_view text) {
     struct Mark {
         std::uint8_t combiningClass;
@@ -38,8 +40,8 @@ std::string decomposedByRuns(std::string_view text) {
     std::vector<Mark> run;
     std::string result;
     const auto finishRun = [&] {
-        std::ranges::sort(run, {},
-                          [](const Mark& mark) { return std::pair(mark.combiningClass, mark.place); });
+        std::ranges::sort(
+            run, {}, [](const Mark& mark) { return std::pair(mark.combiningClass, mark.place); });
         for (const Mark& mark : run)
             append(result, mark.codePoint);
         run.clear();
@@ -70,7 +72,8 @@ std::string decomposedByRuns(std::string_view text) {
 } // namespace
 
 bool isWellFormed(std::string_view text) noexcept {
-    constexpr std::size_t shortSize = 64; // for which the call of the library costs more than the look
+    constexpr std::size_t shortSize =
+        64; // for which the call of the library costs more than the look
     return (text.size() <= shortSize && isASCII(text)) || simdjson::validate_utf8(text);
 }
 
@@ -170,7 +173,8 @@ std::size_t graphemeCount(std::string_view text) {
 }
 
 std::size_t columnCount(std::string_view text) noexcept {
-    constexpr std::uint32_t withoutWidth = U_GC_MN_MASK | U_GC_ME_MASK | U_GC_CF_MASK | U_GC_CC_MASK;
+    constexpr std::uint32_t withoutWidth =
+        U_GC_MN_MASK | U_GC_ME_MASK | U_GC_CF_MASK | U_GC_CC_MASK;
     std::size_t columns = 0;
     for (std::size_t offset = 0; offset < text.size();) {
         const UChar32 codePoint = nextCodePoint(text, offset);

@@ -7,7 +7,8 @@
 
 namespace VelmoCloudEntity {
 
-/// A user of an enterprise account. It is always made from JSON: `create(json)`, which runs the virtual mapping.
+/// A user of an enterprise account. It is always made from JSON: `create(json)`, which runs the
+/// virtual mapping.
 class EsUserItem : public PerchAppLibrary::BaseEntity {
     PERCH_RECORD_FROM_JSON(EsUserItem, PerchAppLibrary::BaseEntity);
 

@@ -6,7 +6,8 @@
 namespace VelmoCloudEntity {
 
 /// The dialling prefixes that the service offers.
-class PhoneNumberPrefixList : public LowercaseRecordList<PhoneNumberPrefixList, PhoneNumberPrefixItem> {
+class PhoneNumberPrefixList
+    : public LowercaseRecordList<PhoneNumberPrefixList, PhoneNumberPrefixItem> {
 public:
     using LowercaseRecordList::LowercaseRecordList;
 };

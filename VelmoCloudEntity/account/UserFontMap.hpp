@@ -9,8 +9,9 @@
 
 namespace VelmoCloudEntity {
 
-/// What the records that tie a user to a list of fonts have in common. Each of them is a class of its own
-/// name with nothing but the ways of making one, since a reply is read into the class that says what its list means.
+/// What the records that tie a user to a list of fonts have in common. Each of them is a class of
+/// its own name with nothing but the ways of making one, since a reply is read into the class that
+/// says what its list means.
 class UserFontMap : public PerchAppLibrary::BaseEntity {
     PERCH_RECORD(UserFontMap, PerchAppLibrary::BaseEntity);
 

@@ -8,9 +8,11 @@
 
 namespace VelmoCloudEntity {
 
-/// The account of a user: identity, bound accounts, membership, profile, and what a login or registration sends.
+/// The account of a user: identity, bound accounts, membership, profile, and what a login or
+/// registration sends.
 ///
-/// A record to be sent is made with the labels of what the request needs; a code by e-mail is kept in TelCode, as one by phone is.
+/// A record to be sent is made with the labels of what the request needs; a code by e-mail is kept
+/// in TelCode, as one by phone is.
 class UserItem : public PerchAppLibrary::BaseEntity {
     PERCH_RECORD(UserItem, PerchAppLibrary::BaseEntity);
 
@@ -100,30 +102,33 @@ class UserItem : public PerchAppLibrary::BaseEntity {
     PERCH_LABELS(GuidTelLabels, (guid, Guid), (tel, Tel));
     PERCH_LABELS(GuidEmailLabels, (guid, Guid), (email, Email));
     PERCH_LABELS(TelRegistrationLabels, (guid, Guid), (tel, Tel), (telCode, TelCode), (pwd, Pwd));
-    PERCH_LABELS(EmailRegistrationLabels, (guid, Guid), (email, Email), (code, TelCode), (pwd, Pwd));
-    PERCH_LABELS(ClientLabels, (guid, Guid), (clientVersion, ClientVersion), (clientOemTag, ClientOemTag),
-                 (disksn, Disksn));
+    PERCH_LABELS(EmailRegistrationLabels, (guid, Guid), (email, Email), (code, TelCode),
+                 (pwd, Pwd));
+    PERCH_LABELS(ClientLabels, (guid, Guid), (clientVersion, ClientVersion),
+                 (clientOemTag, ClientOemTag), (disksn, Disksn));
     PERCH_LABELS(OemLabels, (guid, Guid), (clientOemTag, ClientOemTag));
     PERCH_LABELS(QqLabels, (guid, Guid), (qqOpenId, QqOpenId), (uid, Uid), (photoUrl, PhotoUrl));
-    PERCH_LABELS(WeChatLabels, (guid, Guid), (weChatOpenId, WeChatOpenId), (weChatUnionId, WeChatUnionId),
-                 (uid, Uid), (photoUrl, PhotoUrl));
+    PERCH_LABELS(WeChatLabels, (guid, Guid), (weChatOpenId, WeChatOpenId),
+                 (weChatUnionId, WeChatUnionId), (uid, Uid), (photoUrl, PhotoUrl));
     PERCH_LABELS(TelLoginLabels, (tel, Tel), (pwd, Pwd), (clientVersion, ClientVersion),
                  (clientOemTag, ClientOemTag), (disksn, Disksn));
-    PERCH_LABELS(TelCodeLabels, (tel, Tel), (telCode, TelCode), (pwd, Pwd), (clientVersion, ClientVersion),
-                 (clientOemTag, ClientOemTag));
+    PERCH_LABELS(TelCodeLabels, (tel, Tel), (telCode, TelCode), (pwd, Pwd),
+                 (clientVersion, ClientVersion), (clientOemTag, ClientOemTag));
     PERCH_LABELS(EmailLoginLabels, (email, Email), (pwd, Pwd), (clientVersion, ClientVersion),
                  (clientOemTag, ClientOemTag), (disksn, Disksn));
     PERCH_LABELS(EmailLabels, (email, Email), (pwd, Pwd), (clientVersion, ClientVersion),
                  (clientOemTag, ClientOemTag));
 
-    /// The mapping without the lists of the user's fonts that come in the same reply (Fonts, Activates, Favorites, Systems,
-    /// Personals): these belong to the user-font maps. For a subclass, setValue(json, Included) with these five keys.
+    /// The mapping without the lists of the user's fonts that come in the same reply (Fonts,
+    /// Activates, Favorites, Systems, Personals): these belong to the user-font maps. For a
+    /// subclass, setValue(json, Included) with these five keys.
     void setValue(const PerchAppLibrary::JSON& json) override;
 
     /// The same mapping. Which keys are given does not matter.
     virtual void setValue(const PerchAppLibrary::JSON& json, PerchAppLibrary::Included included);
 
-    /// The properties with these names, each once. Throws UndefinedKeyError for a name that the record has not.
+    /// The properties with these names, each once. Throws UndefinedKeyError for a name that the
+    /// record has not.
     virtual PerchAppLibrary::Dictionary getDict(const std::vector<std::string>& names) const;
 };
 

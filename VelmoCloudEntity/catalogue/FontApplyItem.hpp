@@ -25,8 +25,8 @@ class FontApplyItem : public PerchAppLibrary::BaseEntity {
     PERCH_RECORD_END;
 
     /// Labels of an application: all properties, in their order.
-    PERCH_LABELS(ApplicationLabels, (userGuid, UserGuid), (fontId, FontId), (platformId, PlatformId),
-                 (appTag, AppTag), (content, Content));
+    PERCH_LABELS(ApplicationLabels, (userGuid, UserGuid), (fontId, FontId),
+                 (platformId, PlatformId), (appTag, AppTag), (content, Content));
 };
 
 } // namespace VelmoCloudEntity

@@ -28,7 +28,8 @@ class FontImageItem : public PerchAppLibrary::BaseEntity {
     /// Address of the rendered image, from the service's answer.
     PERCH_PROPERTY(std::string, PreviewUrl);
 
-    /// What the service is asked with: ProductId, PreviewText, BackColor, ForeColor, EmSize, and nothing else.
+    /// What the service is asked with: ProductId, PreviewText, BackColor, ForeColor, EmSize, and
+    /// nothing else.
     PERCH_COMPUTED(PerchAppLibrary::Dictionary, Dict);
 
     PERCH_RECORD_END;

@@ -13,11 +13,12 @@ namespace VelmoCloudEntity {
 
 /// A tag that fonts carry, or a group of tags that are ticked and combined together.
 ///
-/// A record whose IsGroup is true is a group and stands for its Children; any other is a plain tag, whose own
-/// sub-tags only tell that it filters (see FontTagList::getCheckedFontTagFontIdList()). Sub-tags are shared objects.
+/// A record whose IsGroup is true is a group and stands for its Children; any other is a plain tag,
+/// whose own sub-tags only tell that it filters (see FontTagList::getCheckedFontTagFontIdList()).
+/// Sub-tags are shared objects.
 ///
-/// Requires: no tag is below itself, and no sub-tag is null. Any depth is managed but by properties(), which goes down one
-/// call for each level.
+/// Requires: no tag is below itself, and no sub-tag is null. Any depth is managed but by
+/// properties(), which goes down one call for each level.
 class FontTagItem : public PerchAppLibrary::BaseEntity {
     PERCH_RECORD(FontTagItem, PerchAppLibrary::BaseEntity);
 
@@ -54,12 +55,12 @@ class FontTagItem : public PerchAppLibrary::BaseEntity {
 
     /// The fonts that the tag leaves on show, by identifier; absent when it does not filter.
     ///
-    /// A plain tag: its FontIdList as stored when it is ticked, otherwise absent. A group: the FontIdLists of its ticked
-    /// children together with "Or", those in all of them with "And"; by any other SubTagFilterType the first one's.
-    /// Absent when no child is ticked, whether the group itself is ticked or not. Children count as plain tags
-    /// here, whatever they are. The list of one child comes as stored, a combination in ascending order and
-    /// without duplicates. Linear in all the lists together while the identifiers
-    /// lie close together.
+    /// A plain tag: its FontIdList as stored when it is ticked, otherwise absent. A group: the
+    /// FontIdLists of its ticked children together with "Or", those in all of them with "And"; by
+    /// any other SubTagFilterType the first one's. Absent when no child is ticked, whether the
+    /// group itself is ticked or not. Children count as plain tags here, whatever they are. The
+    /// list of one child comes as stored, a combination in ascending order and without duplicates.
+    /// Linear in all the lists together while the identifiers lie close together.
     PERCH_COMPUTED(std::optional<std::vector<std::int64_t>>, CheckedFontTagFontIdList);
 
     PERCH_RECORD_END;

@@ -15,7 +15,8 @@ Records<FontTagItem> FontTagList::getCheckedFontTagList(const Records<FontTagIte
 }
 
 void FontTagList::setFontTagItemCheck(const Records<FontTagItem>& tags, bool check) {
-    forEachLeaf(tags, [check](const std::shared_ptr<FontTagItem>& tag) { tag->setIsChecked(check); });
+    forEachLeaf(tags,
+                [check](const std::shared_ptr<FontTagItem>& tag) { tag->setIsChecked(check); });
 }
 
 IdSet::Ids FontTagList::getCheckedFontTagFontIdList(const Records<FontTagItem>& tags,

@@ -7,7 +7,8 @@
 
 namespace VelmoCloudEntity {
 
-/// An effect offered for a font. It is always made from JSON: `create(json)`, which runs the virtual setValue().
+/// An effect offered for a font. It is always made from JSON: `create(json)`, which runs the
+/// virtual setValue().
 class ZRFontEffectEntity : public PerchAppLibrary::BaseEntity {
     PERCH_RECORD_FROM_JSON(ZRFontEffectEntity, PerchAppLibrary::BaseEntity);
 

@@ -27,7 +27,8 @@ class ClientOperaItem : public PerchAppLibrary::BaseEntity {
     PERCH_RECORD_END;
 
     /// Labels of a report: create({.userGuid = "u", .clientVersion = "2.0", .operaTag = "t"}).
-    PERCH_LABELS(ReportLabels, (userGuid, UserGuid), (clientVersion, ClientVersion), (operaTag, OperaTag));
+    PERCH_LABELS(ReportLabels, (userGuid, UserGuid), (clientVersion, ClientVersion),
+                 (operaTag, OperaTag));
 };
 
 } // namespace VelmoCloudEntity

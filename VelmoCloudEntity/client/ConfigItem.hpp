@@ -29,12 +29,12 @@ class ConfigItem : public PerchAppLibrary::BaseEntity {
     /// The hot key as shown.
     PERCH_PROPERTY_SET_BY(std::optional<std::string>, hotKeyString, setHotKeyString);
 
-    /// Whether previews are addressed by their readable names: PreviewTag() is "S", "F", "N" or "E". The first argument of
-    /// the preview locations of FontItem.
+    /// Whether previews are addressed by their readable names: PreviewTag() is "S", "F", "N" or
+    /// "E". The first argument of the preview locations of FontItem.
     PERCH_COMPUTED(bool, UseFixPreviewTag);
 
-    /// The design application: "ps", "ai", "id", "ppt", "word", "sketch" or "keynote" for an InteractionAppTag() from 0 to 6,
-    /// empty for any other.
+    /// The design application: "ps", "ai", "id", "ppt", "word", "sketch" or "keynote" for an
+    /// InteractionAppTag() from 0 to 6, empty for any other.
     PERCH_COMPUTED(std::string, InteractionAppTagName);
 
     /// All stored properties, the base's first; an absent hot key as null.

@@ -52,8 +52,8 @@ ExceptionItem::Table makeTable() {
     errors.reserve(rows.size());
     for (const Row& row : rows)
         errors.emplace_back(row.code, std::make_shared<BaseExceptionEntity>(
-                                          row.code, std::map<std::string, std::string>{{"Ch", row.chinese},
-                                                                                       {"En", row.english}}));
+                                          row.code, std::map<std::string, std::string>{
+                                                        {"Ch", row.chinese}, {"En", row.english}}));
     return PerchAppLibrary::uniqueMap(std::move(errors));
 }
 

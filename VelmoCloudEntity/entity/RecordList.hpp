@@ -40,7 +40,9 @@ public:
     bool empty() const noexcept { return m_records.empty(); }
 
     /// Requires an index below size().
-    const std::shared_ptr<Item>& operator[](std::size_t index) const noexcept { return m_records[index]; }
+    const std::shared_ptr<Item>& operator[](std::size_t index) const noexcept {
+        return m_records[index];
+    }
 
 protected:
     Records<Item> m_records;

@@ -31,9 +31,10 @@ Records<Item> makeRecords(const PerchAppLibrary::JSON& json, Elements which = El
     return std::move(sink.records);
 }
 
-/// Destroys the records that nobody else holds, and what hangs below them, in a loop: a chain of groups of any length
-/// would otherwise be taken down by as many nested destructors. `takeChildren` moves the children out of an item.
-/// Where there is no memory for the list of what is left, nested destructors do the rest.
+/// Destroys the records that nobody else holds, and what hangs below them, in a loop: a chain of
+/// groups of any length would otherwise be taken down by as many nested destructors. `takeChildren`
+/// moves the children out of an item. Where there is no memory for the list of what is left, nested
+/// destructors do the rest.
 template <class Item, class TakeChildren>
 void releaseTree(Records<Item>& records, TakeChildren takeChildren) noexcept {
     Records<Item> doomed = std::move(records);

@@ -124,7 +124,8 @@ void FontItem::appendText(std::string& text) const {
 bool FontItem::IsActivated() const {
     if (!IsGroup())
         return isActivated();
-    return std::ranges::all_of(Children(), [](const auto& member) { return member->isActivated(); });
+    return std::ranges::all_of(Children(),
+                               [](const auto& member) { return member->isActivated(); });
 }
 
 void FontItem::setActivated(bool activated) {
@@ -183,7 +184,8 @@ std::string FontItem::LocalFile() const {
 }
 
 std::string FontItem::LocalPreviewFile() const {
-    return path::append(ApplicationManager::tmpCachesDir(), requireStem(*this).append(largePreviewSuffix));
+    return path::append(ApplicationManager::tmpCachesDir(),
+                        requireStem(*this).append(largePreviewSuffix));
 }
 
 std::optional<URL> FontItem::findRemotePreviewFile() const {
@@ -196,8 +198,8 @@ std::optional<URL> FontItem::findRemotePreviewFile() const {
 URL FontItem::remotePreviewFile() const {
     std::optional<URL> preview = findRemotePreviewFile();
     if (!preview)
-        fatalError("The ProductFileUrl \"" + ProductFileUrl() + "\" of font " + std::to_string(Id()) +
-                   " gives no preview URL");
+        fatalError("The ProductFileUrl \"" + ProductFileUrl() + "\" of font " +
+                   std::to_string(Id()) + " gives no preview URL");
     return *std::move(preview);
 }
 
@@ -209,21 +211,23 @@ std::string FontItem::getRemoteFileUrl(const std::string& productFileUrlHeader,
     return productFileUrlHeader + ProductSetName() + "/" + Version() + "/" + ProductFileName();
 }
 
-std::string FontItem::previewName(bool isFixed, const std::string& previewTag, const std::string& colorTag,
-                                  std::int64_t fontSize) const {
-    const std::string name =
-        requireStem(*this) + "_" + previewTag + "_" + colorTag + "_" + std::to_string(fontSize) + ".png";
+std::string FontItem::previewName(bool isFixed, const std::string& previewTag,
+                                  const std::string& colorTag, std::int64_t fontSize) const {
+    const std::string name = requireStem(*this) + "_" + previewTag + "_" + colorTag + "_" +
+                             std::to_string(fontSize) + ".png";
     return isFixed ? name : PerchAppLibrary::md5(name);
 }
 
 std::string FontItem::getLocalPreviewFile(bool isFixed, const std::string& previewTag,
-                                          const std::string& colorTag, std::int64_t fontSize) const {
+                                          const std::string& colorTag,
+                                          std::int64_t fontSize) const {
     return path::append(ApplicationManager::tmpCachesDir(),
                         previewName(isFixed, previewTag, colorTag, fontSize));
 }
 
 std::string FontItem::getRemotePreviewFile(bool isFixed, const std::string& previewTag,
-                                           const std::string& colorTag, std::int64_t fontSize) const {
+                                           const std::string& colorTag,
+                                           std::int64_t fontSize) const {
     return path::append(PreviewFileUrl(), previewName(isFixed, previewTag, colorTag, fontSize));
 }
 
@@ -241,8 +245,8 @@ std::string FontItem::getRemotePreviewFile(bool isFixed, const std::string& prev
 }
 
 std::string FontItem::getRemoteFileUrl(const RemoteFileLabels& labels) const {
-    return getRemoteFileUrl(labels.productFileUrlHeader.value, labels.privateProductFileUrlHeader.value,
-                            labels.userGuid.value);
+    return getRemoteFileUrl(labels.productFileUrlHeader.value,
+                            labels.privateProductFileUrlHeader.value, labels.userGuid.value);
 }
 
 std::string FontItem::getLocalPreviewFile(const PreviewLabels& labels) const {
@@ -251,15 +255,15 @@ std::string FontItem::getLocalPreviewFile(const PreviewLabels& labels) const {
 }
 
 std::string FontItem::getRemotePreviewFile(const PreviewLabels& labels) const {
-    return getRemotePreviewFile(labels.isFixed.value, labels.previewTag.value, labels.colorTag.value,
-                                labels.fontSize.value);
+    return getRemotePreviewFile(labels.isFixed.value, labels.previewTag.value,
+                                labels.colorTag.value, labels.fontSize.value);
 }
 
 std::string FontItem::getRemotePreviewFile(const ServicePreviewLabels& labels) const {
-    return getRemotePreviewFile(labels.isFixed.value, labels.previewTag.value, labels.colorTag.value,
-                                labels.fontSize.value, labels.fixPreviewFileUrlHeader.value,
-                                labels.previewFileUrlHeader.value, labels.privatePreviewFileUrlHeader.value,
-                                labels.userGuid.value);
+    return getRemotePreviewFile(
+        labels.isFixed.value, labels.previewTag.value, labels.colorTag.value, labels.fontSize.value,
+        labels.fixPreviewFileUrlHeader.value, labels.previewFileUrlHeader.value,
+        labels.privatePreviewFileUrlHeader.value, labels.userGuid.value);
 }
 
 } // namespace VelmoCloudEntity

@@ -59,34 +59,38 @@ Records<FontItem> FontList::getAuthorizedFont(const Records<FontItem>& list) {
     return leavesWhere(list, [](const FontItem& leaf) { return leaf.IsAuthed(); });
 }
 
-void FontList::setActivatedFont(const Records<FontItem>& list, const Records<FontItem>& activatedFont) {
+void FontList::setActivatedFont(const Records<FontItem>& list,
+                                const Records<FontItem>& activatedFont) {
     markMatching(list, activatedFont, &FontItem::setIsActivated);
 }
 
-void FontList::setFavoritedFont(const Records<FontItem>& list, const Records<FontItem>& favoritedFont) {
+void FontList::setFavoritedFont(const Records<FontItem>& list,
+                                const Records<FontItem>& favoritedFont) {
     markMatching(list, favoritedFont, &FontItem::setIsFavorited);
 }
 
-Records<FontItem> FontList::getFontByName(const Records<FontItem>& list, const std::string& fontName,
-                                          bool fuzzy) {
+Records<FontItem> FontList::getFontByName(const Records<FontItem>& list,
+                                          const std::string& fontName, bool fuzzy) {
     if (fuzzy)
         return leavesMatching(list, FuzzyNameQuery(fontName));
     return leavesMatching(list, ExactNameQuery(fontName));
 }
 
-Records<FontItem> FontList::getFontByKey(const Records<FontItem>& list, const std::string& key, bool fuzzy) {
+Records<FontItem> FontList::getFontByKey(const Records<FontItem>& list, const std::string& key,
+                                         bool fuzzy) {
     if (fuzzy)
         return leavesMatching(list, FuzzyKeyQuery(key));
     return leavesMatching(list, ExactKeyQuery(key));
 }
 
-std::pair<Records<FontItem>, Records<FontItem>> FontList::getSearchResultFont(const Records<FontItem>& list,
-                                                                              const std::string& key) {
+std::pair<Records<FontItem>, Records<FontItem>>
+FontList::getSearchResultFont(const Records<FontItem>& list, const std::string& key) {
     auto [whole, character] = NameSearch(FuzzyKeyQuery(key), CharacterQuery(key)).in(list);
     return {std::move(whole), std::move(character)};
 }
 
-bool FontList::isFontMatchedByCharacter(const std::shared_ptr<FontItem>& font, const std::string& key) {
+bool FontList::isFontMatchedByCharacter(const std::shared_ptr<FontItem>& font,
+                                        const std::string& key) {
     return matches(*font, CharacterQuery(key));
 }
 
@@ -96,13 +100,15 @@ Records<FontItem> FontList::getFontById(const Records<FontItem>& list,
     return leavesWhere(list, [&ids](const FontItem& leaf) { return ids.contains(leaf.Id()); });
 }
 
-std::shared_ptr<FontItem> FontList::getFontItemById(const Records<FontItem>& list, std::int64_t fontId) {
+std::shared_ptr<FontItem> FontList::getFontItemById(const Records<FontItem>& list,
+                                                    std::int64_t fontId) {
     const auto found =
         std::ranges::find_if(list, [fontId](const auto& item) { return item->Id() == fontId; });
     return found == list.end() ? nullptr : *found;
 }
 
-Records<FontItem> FontList::getFontByTags(const Records<FontItem>& list, const Records<FontTagItem>& tags) {
+Records<FontItem> FontList::getFontByTags(const Records<FontItem>& list,
+                                          const Records<FontTagItem>& tags) {
     IdSet::Ids ids;
     for (const std::shared_ptr<FontTagItem>& tag : tags)
         ids.push_back(tag->Id());
@@ -118,7 +124,8 @@ std::int64_t FontList::getFontCount(const Records<FontItem>& list) {
 
 std::int64_t FontList::getActivatedFontCount(const Records<FontItem>& list) {
     std::int64_t count = 0;
-    forEachLeaf(list, [&](const std::shared_ptr<FontItem>& leaf) { count += leaf->IsActivated() ? 1 : 0; });
+    forEachLeaf(
+        list, [&](const std::shared_ptr<FontItem>& leaf) { count += leaf->IsActivated() ? 1 : 0; });
     return count;
 }
 

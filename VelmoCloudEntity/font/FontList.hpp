@@ -45,31 +45,35 @@ public:
     /// Sets IsActivated of each font that matches a reference. Never clears it. A font whose Id is
     /// 1 or more matches by Id and IsPrivate, any other by canonically equivalent ProductName.
     /// Linear in fonts and references together.
-    static void setActivatedFont(const Records<FontItem>& list, const Records<FontItem>& activatedFont);
+    static void setActivatedFont(const Records<FontItem>& list,
+                                 const Records<FontItem>& activatedFont);
 
     /// Sets IsFavorited, with the matches of setActivatedFont().
-    static void setFavoritedFont(const Records<FontItem>& list, const Records<FontItem>& favoritedFont);
+    static void setFavoritedFont(const Records<FontItem>& list,
+                                 const Records<FontItem>& favoritedFont);
 
     /// Returns the fonts whose ProductName equals `fontName`, case included; an empty one finds
     /// fonts without a name. With `fuzzy`, returns those whose ProductName contains it.
-    static Records<FontItem> getFontByName(const Records<FontItem>& list, const std::string& fontName,
-                                           bool fuzzy);
+    static Records<FontItem> getFontByName(const Records<FontItem>& list,
+                                           const std::string& fontName, bool fuzzy);
 
     /// Returns the fonts whose ProductName, ProductSetName or ProductFileName equals the key, case
     /// ignored; an empty key finds those with an empty name among the three. With `fuzzy`, returns
     /// those in which one of the three, or DisplayName, contains the key.
-    static Records<FontItem> getFontByKey(const Records<FontItem>& list, const std::string& key, bool fuzzy);
+    static Records<FontItem> getFontByKey(const Records<FontItem>& list, const std::string& key,
+                                          bool fuzzy);
 
     /// Returns the two lists of a search box: the fonts that getFontByKey() finds with `fuzzy`, and
     /// those that isFontMatchedByCharacter() accepts. The second has most fonts of the first.
-    static std::pair<Records<FontItem>, Records<FontItem>> getSearchResultFont(const Records<FontItem>& list,
-                                                                               const std::string& key);
+    static std::pair<Records<FontItem>, Records<FontItem>>
+    getSearchResultFont(const Records<FontItem>& list, const std::string& key);
 
     /// Returns whether one of the key's first N UTF-16 code units occurs in ProductName,
     /// ProductSetName, ProductFileName or DisplayName, where N is its number of user-perceived
     /// characters (UAX #29). For most keys these units are its characters. Half of a surrogate pair
     /// occurs in nothing.
-    static bool isFontMatchedByCharacter(const std::shared_ptr<FontItem>& font, const std::string& key);
+    static bool isFontMatchedByCharacter(const std::shared_ptr<FontItem>& font,
+                                         const std::string& key);
 
     /// Returns the fonts with one of these Ids, which may be unknown or repeated. Linear in fonts
     /// and identifiers together.
@@ -77,10 +81,12 @@ public:
                                          const std::vector<std::int64_t>& fontIdList);
 
     /// Returns the first item of `list`, font or group, with this Id, or null. Searches no group.
-    static std::shared_ptr<FontItem> getFontItemById(const Records<FontItem>& list, std::int64_t fontId);
+    static std::shared_ptr<FontItem> getFontItemById(const Records<FontItem>& list,
+                                                     std::int64_t fontId);
 
     /// Returns the fonts whose Tags contain the Id of every tag; without tags, all fonts.
-    static Records<FontItem> getFontByTags(const Records<FontItem>& list, const Records<FontTagItem>& tags);
+    static Records<FontItem> getFontByTags(const Records<FontItem>& list,
+                                           const Records<FontTagItem>& tags);
 
     /// Returns the number of leaf fonts.
     static std::int64_t getFontCount(const Records<FontItem>& list);

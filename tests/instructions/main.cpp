@@ -1,4 +1,5 @@
-// Small pieces of work, always the same, whose instructions are counted: velmo-workload NAME does one of them.
+// Small pieces of work, always the same, whose instructions are counted: velmo-workload NAME does
+// one of them.
 #include <VelmoCloudEntity/catalogue/FontTagList.hpp>
 #include <VelmoCloudEntity/entity/RecordTree.hpp>
 #include <VelmoCloudEntity/font/FontList.hpp>
@@ -36,7 +37,8 @@ FontList fontList() { return FontList(JSON::parse(sample("font-list.json"))); }
 
 std::vector<std::int64_t> idsOf(const FontList& fonts) {
     std::vector<std::int64_t> ids;
-    forEachLeaf(fonts.List(), [&ids](const std::shared_ptr<FontItem>& leaf) { ids.push_back(leaf->Id()); });
+    forEachLeaf(fonts.List(),
+                [&ids](const std::shared_ptr<FontItem>& leaf) { ids.push_back(leaf->Id()); });
     return ids;
 }
 
@@ -69,7 +71,9 @@ Work filter() {
     for (const auto& group : tags.List())
         for (const auto& tag : group->Children())
             tag->setIsChecked(true);
-    return [tags, ids = idsOf(fontList())] { FontTagList::getCheckedFontTagFontIdList(tags.List(), ids); };
+    return [tags, ids = idsOf(fontList())] {
+        FontTagList::getCheckedFontTagFontIdList(tags.List(), ids);
+    };
 }
 
 Work exportText() {

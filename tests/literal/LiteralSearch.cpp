@@ -40,21 +40,23 @@ UnicodeString upperCased(const UnicodeString& text) {
     return decomposed(decomposed(text).toUpper(icu::Locale::getRoot()));
 }
 
-/// Whether a decomposed text can be cut here without cutting a character apart: behind the place stands no mark
-/// that belongs to what stands before it.
+/// Whether a decomposed text can be cut here without cutting a character apart: behind the place
+/// stands no mark that belongs to what stands before it.
 bool mayCut(const UnicodeString& text, int place) {
     if (place == 0 || place == text.length())
         return true;
     if (u_getCombiningClass(text.char32At(place)) != 0)
         return false;
-    return composed(text.tempSubString(0, place)) + composed(text.tempSubString(place)) == composed(text);
+    return composed(text.tempSubString(0, place)) + composed(text.tempSubString(place)) ==
+           composed(text);
 }
 
 bool contains(const UnicodeString& text, const UnicodeString& key) {
     if (key.isEmpty())
         return false;
     const UnicodeString upperText = upperCased(text), upperKey = upperCased(key);
-    for (int begin = upperText.indexOf(upperKey); begin >= 0; begin = upperText.indexOf(upperKey, begin + 1))
+    for (int begin = upperText.indexOf(upperKey); begin >= 0;
+         begin = upperText.indexOf(upperKey, begin + 1))
         if (mayCut(upperText, begin) && mayCut(upperText, begin + upperKey.length()))
             return true;
     return false;
@@ -65,8 +67,10 @@ bool equal(const std::string& left, const std::string& right) {
 }
 
 bool isInAName(const FontItem& font, const UnicodeString& key) {
-    return contains(unicode(font.ProductName()), key) || contains(unicode(font.ProductSetName()), key) ||
-           contains(unicode(font.ProductFileName()), key) || contains(unicode(font.DisplayName()), key);
+    return contains(unicode(font.ProductName()), key) ||
+           contains(unicode(font.ProductSetName()), key) ||
+           contains(unicode(font.ProductFileName()), key) ||
+           contains(unicode(font.DisplayName()), key);
 }
 
 bool isAName(const FontItem& font, const UnicodeString& key) {
@@ -137,7 +141,8 @@ Fonts LiteralSearch::getFontByKey(const Fonts& list, const std::string& key, boo
     });
 }
 
-std::pair<Fonts, Fonts> LiteralSearch::getSearchResultFont(const Fonts& list, const std::string& key) {
+std::pair<Fonts, Fonts> LiteralSearch::getSearchResultFont(const Fonts& list,
+                                                           const std::string& key) {
     std::pair<Fonts, Fonts> result;
     for (const auto& font : list) {
         if (font->IsGroup()) {
@@ -154,7 +159,8 @@ std::pair<Fonts, Fonts> LiteralSearch::getSearchResultFont(const Fonts& list, co
     return result;
 }
 
-bool LiteralSearch::isFontMatchedByCharacter(const std::shared_ptr<FontItem>& font, const std::string& key) {
+bool LiteralSearch::isFontMatchedByCharacter(const std::shared_ptr<FontItem>& font,
+                                             const std::string& key) {
     const UnicodeString units = unicode(key);
     const int count = characterCount(units);
     for (int place = 0; place < count; ++place)

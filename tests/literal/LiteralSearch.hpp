@@ -6,8 +6,9 @@
 #include <string>
 #include <utility>
 
-/// The text queries of FontList a second time: short, slow and obviously right. For every leaf, every field and
-/// every position of the key, copies of both texts are upper-cased and searched, with ICU's own strings.
+/// The text queries of FontList a second time: short, slow and obviously right. For every leaf,
+/// every field and every position of the key, copies of both texts are upper-cased and searched,
+/// with ICU's own strings.
 ///
 /// Tests compare FontList with it, and a benchmark shows what FontList gains over it.
 struct LiteralSearch {

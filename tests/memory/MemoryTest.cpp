@@ -48,9 +48,10 @@ void failEachAllocation(Prepare prepare, Work work, Check check) {
 
 TEST(Memory, AnInterruptedRefillLeavesNamesAndSearchInAgreement) {
     const std::string longText(100, 'x');
-    const JSON json = JSON::parse(R"({"ProductName":"abc","ProductSetName":")" + longText +
-                                  R"(","displayName":"shown","Copyright":")" + longText +
-                                  R"(","ProductFileName":"file.ttf","Children":[{"Id":1}],"Tags":[1]})");
+    const JSON json =
+        JSON::parse(R"({"ProductName":"abc","ProductSetName":")" + longText +
+                    R"(","displayName":"shown","Copyright":")" + longText +
+                    R"(","ProductFileName":"file.ttf","Children":[{"Id":1}],"Tags":[1]})");
     std::shared_ptr<FontItem> font;
     const auto find = [&](const std::string& key) {
         return FontList::getFontByKey({font}, key, true).size();
@@ -75,8 +76,12 @@ TEST(Memory, AnInterruptedRefillLeavesNamesAndSearchInAgreement) {
 // All forms, so that none of the sanitizer's own meets one of these.
 void* operator new(std::size_t size) { return allocate(size); }
 void* operator new[](std::size_t size) { return allocate(size); }
-void* operator new(std::size_t size, const std::nothrow_t&) noexcept { return allocateOrNull(size); }
-void* operator new[](std::size_t size, const std::nothrow_t&) noexcept { return allocateOrNull(size); }
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
+    return allocateOrNull(size);
+}
+void* operator new[](std::size_t size, const std::nothrow_t&) noexcept {
+    return allocateOrNull(size);
+}
 void operator delete(void* memory) noexcept { std::free(memory); }
 void operator delete[](void* memory) noexcept { std::free(memory); }
 void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }

@@ -1,5 +1,5 @@
-// What must not compile, and what the compiler then says. refused.sh compiles this file once for each
-// case, and once without one. A case begins with `#ifdef REFUSED_name // text of the message`.
+// What must not compile, and what the compiler then says. refused.sh compiles this file once for
+// each case, and once without one. A case begins with `#ifdef REFUSED_name // text of the message`.
 #include <VelmoCloudEntity/account/EsUserItem.hpp>
 #include <VelmoCloudEntity/catalogue/FontSearchItem.hpp>
 #include <VelmoCloudEntity/client/ConfigItem.hpp>

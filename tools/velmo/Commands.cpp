@@ -36,8 +36,8 @@ CLI::Option* addInteger(CLI::App& command, const std::string& name, std::int64_t
     return command.add_option_function<std::string>(name, read, description)->type_name("INT");
 }
 
-CLI::Option* addIntegers(CLI::App& command, const std::string& name, std::vector<std::int64_t>& values,
-                         const std::string& description) {
+CLI::Option* addIntegers(CLI::App& command, const std::string& name,
+                         std::vector<std::int64_t>& values, const std::string& description) {
     const auto read = [&values, name](const std::vector<std::string>& texts) {
         for (const std::string& text : texts)
             values.push_back(readInteger(name, text));

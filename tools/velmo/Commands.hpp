@@ -36,22 +36,25 @@ void addError(CLI::App& application, Work& work);
 CLI::App& addCommand(CLI::App& application, Work& work, const std::string& name,
                      const std::string& description, bool& asJSON, Work toDo);
 
-/// Adds a command that runs with the options that its arguments fill. They live as long as the command.
+/// Adds a command that runs with the options that its arguments fill. They live as long as the
+/// command.
 template <class Options>
-std::pair<CLI::App&, Options&> addCommand(CLI::App& application, Work& work, const std::string& name,
-                                          const std::string& description, ExitStatus (*run)(const Options&)) {
+std::pair<CLI::App&, Options&> addCommand(CLI::App& application, Work& work,
+                                          const std::string& name, const std::string& description,
+                                          ExitStatus (*run)(const Options&)) {
     const auto options = std::make_shared<Options>();
     CLI::App& command = addCommand(application, work, name, description, options->asJSON,
                                    [options, run] { return run(*options); });
     return {command, *options};
 }
 
-/// Adds an argument or option for a decimal integer of 64 bits; anything else on the line is wrong usage.
+/// Adds an argument or option for a decimal integer of 64 bits; anything else on the line is wrong
+/// usage.
 CLI::Option* addInteger(CLI::App& command, const std::string& name, std::int64_t& value,
                         const std::string& description);
 
 /// Adds one for several, in arguments of their own or with commas between them.
-CLI::Option* addIntegers(CLI::App& command, const std::string& name, std::vector<std::int64_t>& values,
-                         const std::string& description);
+CLI::Option* addIntegers(CLI::App& command, const std::string& name,
+                         std::vector<std::int64_t>& values, const std::string& description);
 
 } // namespace velmo

@@ -6,7 +6,8 @@
 
 namespace velmo {
 
-/// The JSON document in a file; "-" is standard input. Throws Failure when it cannot be read or is malformed.
+/// The JSON document in a file; "-" is standard input. Throws Failure when it cannot be read or is
+/// malformed.
 PerchAppLibrary::JSON readDocument(const std::string& file);
 
 /// How messages name the file.

@@ -38,7 +38,8 @@ ExitStatus showError(const ErrorOptions& options) {
     if (found == errors.Dict().end()) {
         if (options.asJSON)
             printJSON(nullptr);
-        warn(fmt::format("no error has the code \"{}\"; codes are six digits, as in 002004", options.code));
+        warn(fmt::format("no error has the code \"{}\"; codes are six digits, as in 002004",
+                         options.code));
         return ExitStatus::nothingFound;
     }
     const BaseExceptionEntity& error = *found->second;
@@ -56,8 +57,9 @@ ExitStatus showError(const ErrorOptions& options) {
 } // namespace
 
 void addError(CLI::App& application, Work& work) {
-    auto [command, options] = addCommand(application, work, "error",
-                                         "Show the messages of an error code of the service", &showError);
+    auto [command, options] =
+        addCommand(application, work, "error", "Show the messages of an error code of the service",
+                   &showError);
     command.add_option("CODE", options.code, "The six digits")->required();
     command.add_option("--lang", options.language, "The message in one language alone")
         ->check(CLI::IsMember({"Ch", "En"}));

@@ -10,7 +10,8 @@ enum class ExitStatus : int {
     failure = 2, ///< wrong usage, an unreadable file or a malformed document
 };
 
-/// Ends a command with ExitStatus::failure; what() is the one line that says which file, where and why.
+/// Ends a command with ExitStatus::failure; what() is the one line that says which file, where and
+/// why.
 class Failure : public std::runtime_error {
 public:
     using std::runtime_error::runtime_error;

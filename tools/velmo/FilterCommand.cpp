@@ -40,7 +40,8 @@ std::size_t tick(const Tags& tags, std::int64_t id) {
 
 std::vector<std::int64_t> idsOfLeaves(const Fonts& fonts) {
     std::vector<std::int64_t> ids;
-    forEachLeaf(fonts, [&ids](const std::shared_ptr<FontItem>& leaf) { ids.push_back(leaf->Id()); });
+    forEachLeaf(fonts,
+                [&ids](const std::shared_ptr<FontItem>& leaf) { ids.push_back(leaf->Id()); });
     return ids;
 }
 
@@ -52,7 +53,8 @@ ExitStatus filter(const FilterOptions& options) {
             warn(fmt::format("{}: no tag has the Id {}", nameOf(options.tagsFile), id));
 
     const std::vector<std::int64_t> all = idsOfLeaves(fonts.List());
-    const std::vector<std::int64_t> left = FontTagList::getCheckedFontTagFontIdList(tags.List(), all);
+    const std::vector<std::int64_t> left =
+        FontTagList::getCheckedFontTagFontIdList(tags.List(), all);
     const Fonts shown = FontList::getFontById(fonts.List(), left);
     if (options.asJSON) {
         Dictionary result;
@@ -62,7 +64,8 @@ ExitStatus filter(const FilterOptions& options) {
         return shown.empty() ? ExitStatus::nothingFound : ExitStatus::done;
     }
     for (const auto& tag : FontTagList::getCheckedFontTagList(tags.List()))
-        print(fmt::format("{} ({})\n", printable(tag->Name()), countOfFonts(std::ssize(tag->FontIdList()))));
+        print(fmt::format("{} ({})\n", printable(tag->Name()),
+                          countOfFonts(std::ssize(tag->FontIdList()))));
     printFonts(shown, false);
     return shown.empty() ? ExitStatus::nothingFound : ExitStatus::done;
 }
@@ -74,7 +77,8 @@ void addFilter(CLI::App& application, Work& work) {
         addCommand(application, work, "filter", "Show the fonts that ticked tags leave", &filter);
     addFile(command, options.source);
     command.add_option("--tags", options.tagsFile, "Font tags")->type_name("TAGS")->required();
-    addIntegers(command, "--check", options.checked, "Tags that are ticked, with commas between them")
+    addIntegers(command, "--check", options.checked,
+                "Tags that are ticked, with commas between them")
         ->required()
         ->allow_extra_args(false); // which would take FILE
 }

@@ -51,21 +51,24 @@ void addFile(CLI::App& command, FontSource& source) {
 }
 
 void addMarks(CLI::App& command, FontSource& source) {
-    command.add_option("--activate", source.activateMap, "User-font map whose fonts are activated first")
+    command
+        .add_option("--activate", source.activateMap,
+                    "User-font map whose fonts are activated first")
         ->type_name("MAP");
     command
-        .add_option("--favorite", source.favoriteMap, "User-font map whose fonts are made favorites first")
+        .add_option("--favorite", source.favoriteMap,
+                    "User-font map whose fonts are made favorites first")
         ->type_name("MAP");
 }
 
 FontList readFontList(const FontSource& source) {
     FontList fonts(readDocument(source.file));
     if (!source.activateMap.empty())
-        FontList::setActivatedFont(fonts.List(),
-                                   UserFontMap::create(readDocument(source.activateMap))->FontList());
+        FontList::setActivatedFont(
+            fonts.List(), UserFontMap::create(readDocument(source.activateMap))->FontList());
     if (!source.favoriteMap.empty())
-        FontList::setFavoritedFont(fonts.List(),
-                                   UserFontMap::create(readDocument(source.favoriteMap))->FontList());
+        FontList::setFavoritedFont(
+            fonts.List(), UserFontMap::create(readDocument(source.favoriteMap))->FontList());
     return fonts;
 }
 
@@ -76,7 +79,8 @@ void printFonts(const Fonts& fonts, bool asJSON) {
     }
     Table table({{"ID", Table::Align::right}, {"NAME"}, {"TITLE"}, {"MARKS"}});
     for (const auto& font : fonts)
-        table.add({std::to_string(font->Id()), font->DisplayName(), font->TreeNodeTitle(), marksOf(*font)});
+        table.add({std::to_string(font->Id()), font->DisplayName(), font->TreeNodeTitle(),
+                   marksOf(*font)});
     if (!fonts.empty())
         print(table.text());
     print(countOfFonts(static_cast<std::int64_t>(fonts.size())) + "\n");

@@ -19,9 +19,10 @@ struct ListOptions {
 using Filter = Fonts (*)(const Fonts&);
 
 const std::map<std::string, Filter>& filters() {
-    static const std::map<std::string, Filter> byState{{"activated", &FontList::getActivatedFont},
-                                                       {"favorited", &FontList::getFavoritedFont},
-                                                       {"authorized", &FontList::getAuthorizedFont}};
+    static const std::map<std::string, Filter> byState{
+        {"activated", &FontList::getActivatedFont},
+        {"favorited", &FontList::getFavoritedFont},
+        {"authorized", &FontList::getAuthorizedFont}};
     return byState;
 }
 
@@ -35,8 +36,8 @@ ExitStatus list(const ListOptions& options) {
 } // namespace
 
 void addList(CLI::App& application, Work& work) {
-    auto [command, options] =
-        addCommand(application, work, "list", "List the activated, favorited or authorized fonts", &list);
+    auto [command, options] = addCommand(
+        application, work, "list", "List the activated, favorited or authorized fonts", &list);
     command.add_option("STATE", options.state, "activated, favorited or authorized")
         ->required()
         ->check(CLI::IsMember(filters()));

@@ -52,27 +52,30 @@ Dictionary locationsOf(const FontItem& font, const LocateOptions& with) {
     locations["getRemoteFileUrl"] =
         toValue(font.getRemoteFileUrl(with.productUrl, with.privateProductUrl, with.userGuid));
     locations["getLocalPreviewFile"] = ofStem([&] {
-        return font.getLocalPreviewFile(with.isFixed, with.previewTag, with.colorTag, with.fontSize);
+        return font.getLocalPreviewFile(with.isFixed, with.previewTag, with.colorTag,
+                                        with.fontSize);
     });
     locations["getRemotePreviewFileShort"] = ofStem([&] {
-        return font.getRemotePreviewFile(with.isFixed, with.previewTag, with.colorTag, with.fontSize);
+        return font.getRemotePreviewFile(with.isFixed, with.previewTag, with.colorTag,
+                                         with.fontSize);
     });
     locations["getRemotePreviewFile"] = ofStem([&] {
-        return font.getRemotePreviewFile(with.isFixed, with.previewTag, with.colorTag, with.fontSize,
-                                         with.fixPreviewUrl, with.previewUrl, with.privatePreviewUrl,
-                                         with.userGuid);
+        return font.getRemotePreviewFile(with.isFixed, with.previewTag, with.colorTag,
+                                         with.fontSize, with.fixPreviewUrl, with.previewUrl,
+                                         with.privatePreviewUrl, with.userGuid);
     });
     return locations;
 }
 
 /// Says which locations the font lacks, and why.
-void warnOfMissing(const FontItem& font, const Dictionary& locations, const LocateOptions& options) {
-    const std::string who =
-        fmt::format("{}: font {} \"{}\"", nameOf(options.source.file), font.Id(), font.ProductName());
+void warnOfMissing(const FontItem& font, const Dictionary& locations,
+                   const LocateOptions& options) {
+    const std::string who = fmt::format("{}: font {} \"{}\"", nameOf(options.source.file),
+                                        font.Id(), font.ProductName());
     if (locations.at("LocalPreviewFile").is_null())
-        warn(fmt::format(
-            "{}: its file name \"{}\" is too short to lose a four-character extension, so it has no previews",
-            who, font.ProductFileName()));
+        warn(fmt::format("{}: its file name \"{}\" is too short to lose a four-character "
+                         "extension, so it has no previews",
+                         who, font.ProductFileName()));
     if (locations.at("remotePreviewFile").is_null())
         warn(fmt::format("{}: its ProductFileUrl \"{}\" gives no URL of a preview", who,
                          font.ProductFileUrl()));
@@ -92,8 +95,8 @@ void printForPeople(const FontItem& font, const Dictionary& locations) {
 
 ExitStatus locate(const LocateOptions& options) {
     const VelmoCloudEntity::FontList list = readFontList(options.source);
-    const Fonts found =
-        leavesWhere(list.List(), [&options](const FontItem& leaf) { return leaf.Id() == options.id; });
+    const Fonts found = leavesWhere(
+        list.List(), [&options](const FontItem& leaf) { return leaf.Id() == options.id; });
     if (found.empty()) {
         warn(fmt::format("{}: no font has the Id {}", nameOf(options.source.file), options.id));
         return ExitStatus::nothingFound;
@@ -125,7 +128,8 @@ void addLocate(CLI::App& application, Work& work) {
     };
     add("--preview-tag", options.previewTag, "Preview style");
     add("--color-tag", options.colorTag, "Preview colour");
-    addInteger(command, "--font-size", options.fontSize, "Preview size in points")->default_str("32");
+    addInteger(command, "--font-size", options.fontSize, "Preview size in points")
+        ->default_str("32");
     add("--product-url", options.productUrl, "Prefix of public font files");
     add("--private-product-url", options.privateProductUrl, "Prefix of private font files");
     add("--fix-preview-url", options.fixPreviewUrl, "Prefix of fixed previews");

@@ -39,7 +39,8 @@ ExitStatus lookup(const LookupOptions& options) {
     else if (const auto item = FontList::getFontItemById(fonts.List(), options.ids.front()))
         found = {item};
     if (options.isFlat && options.asJSON)
-        printJSON(found.empty() ? Value(nullptr) : PerchAppLibrary::toValue(describe(*found.front())));
+        printJSON(found.empty() ? Value(nullptr)
+                                : PerchAppLibrary::toValue(describe(*found.front())));
     else
         printFonts(found, options.asJSON);
     warnOfUnknown(options, found);
@@ -49,8 +50,8 @@ ExitStatus lookup(const LookupOptions& options) {
 } // namespace
 
 void addLookup(CLI::App& application, Work& work) {
-    auto [command, options] = addCommand(application, work, "lookup",
-                                         "Find fonts by identifier, in the order of the tree", &lookup);
+    auto [command, options] = addCommand(
+        application, work, "lookup", "Find fonts by identifier, in the order of the tree", &lookup);
     addFile(command, options.source);
     addIntegers(command, "ID", options.ids, "Identifiers of leaf fonts")->required();
     command.add_flag("--flat", options.isFlat,

@@ -90,11 +90,13 @@ ExitStatus read(const ReadOptions& options) {
 } // namespace
 
 void addRead(CLI::App& application, Work& work) {
-    auto [command, options] =
-        addCommand(application, work, "read", "Show a record or a list, property by property", &read);
-    command.add_option("TYPE", options.type, "Type of the record or list, or the beginning of its name");
+    auto [command, options] = addCommand(application, work, "read",
+                                         "Show a record or a list, property by property", &read);
+    command.add_option("TYPE", options.type,
+                       "Type of the record or list, or the beginning of its name");
     command.add_option("FILE", options.file, "Document of that type");
-    command.add_flag("--types", options.showsTypes, "List the types; with --json, with their properties");
+    command.add_flag("--types", options.showsTypes,
+                     "List the types; with --json, with their properties");
 }
 
 } // namespace velmo

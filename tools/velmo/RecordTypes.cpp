@@ -70,9 +70,10 @@ RecordType record() {
                 const BaseEntity base;
                 ValueArray properties;
                 for (const Property& property : record->schema().properties())
-                    if (property.isStored() && base.schema().find(property.name) == RecordSchema::notFound)
-                        properties.push_back(
-                            describeProperty(property.name, property.kind(), property.value(*record)));
+                    if (property.isStored() &&
+                        base.schema().find(property.name) == RecordSchema::notFound)
+                        properties.push_back(describeProperty(property.name, property.kind(),
+                                                              property.value(*record)));
                 return properties;
             }};
 }
@@ -97,21 +98,24 @@ RecordType list(const char* name) {
             [] {
                 const List empty;
                 using Item = std::remove_cvref_t<decltype(*itemsOf(empty).front())>;
-                const char* const property = requires { empty.List(); } ? "List" : "list"; // as its accessor
-                return ValueArray{
-                    describeProperty(property, "array of " + std::string(Item::recordName), ValueArray())};
+                const char* const property =
+                    requires { empty.List(); } ? "List" : "list"; // as its accessor
+                return ValueArray{describeProperty(
+                    property, "array of " + std::string(Item::recordName), ValueArray())};
             }};
 }
 
 std::string inSmallLetters(std::string text) {
-    std::ranges::transform(text, text.begin(), [](unsigned char letter) { return std::tolower(letter); });
+    std::ranges::transform(text, text.begin(),
+                           [](unsigned char letter) { return std::tolower(letter); });
     return text;
 }
 
-/// How many letters have to be put in, taken out or exchanged to make one text of the other (Levenshtein).
+/// How many letters have to be put in, taken out or exchanged to make one text of the other
+/// (Levenshtein).
 std::size_t distanceOf(const std::string& from, const std::string& to) {
-    std::vector<std::size_t> row(to.size() +
-                                 1); // distances of the letters read so far to each beginning of `to`
+    std::vector<std::size_t> row(
+        to.size() + 1); // distances of the letters read so far to each beginning of `to`
     std::iota(row.begin(), row.end(), std::size_t{0});
     for (const char letter : from) {
         std::size_t diagonal = row.front()++;
@@ -181,9 +185,9 @@ const RecordType& recordType(const std::string& text) {
     if (begun.size() == 1)
         return *begun.front();
     if (begun.empty())
-        throw Failure(
-            fmt::format("read: TYPE \"{}\" is none; did you mean {}? (velmo read --types lists them)", text,
-                        nearestTo(text).name));
+        throw Failure(fmt::format(
+            "read: TYPE \"{}\" is none; did you mean {}? (velmo read --types lists them)", text,
+            nearestTo(text).name));
     std::string names;
     for (const RecordType* const type : begun)
         names.append(names.empty() ? "" : ", ").append(type->name);

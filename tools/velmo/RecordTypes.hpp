@@ -15,7 +15,8 @@ struct RecordType {
     /// The properties of a record of the type, or of each in a list, filled from the document.
     PerchAppLibrary::Value (*read)(const PerchAppLibrary::JSON&);
 
-    /// The stored properties that the type has beside those of every record, in their order: an array of
+    /// The stored properties that the type has beside those of every record, in their order: an
+    /// array of
     /// {"name", "kind", "default"}.
     PerchAppLibrary::ValueArray (*properties)();
 };
@@ -23,8 +24,8 @@ struct RecordType {
 /// All of them, by name.
 const std::vector<RecordType>& recordTypes();
 
-/// The type that the text names, whole or by its beginning, in small or capital letters. Throws Failure, which says what is near,
-/// when there is none or several.
+/// The type that the text names, whole or by its beginning, in small or capital letters. Throws
+/// Failure, which says what is near, when there is none or several.
 const RecordType& recordType(const std::string& text);
 
 } // namespace velmo

@@ -40,10 +40,11 @@ std::vector<Needle> charactersOf(std::string_view key) {
 
 /// A row that shows where the first of the needles that occurs in the font does so.
 void addRow(Table& table, const FontItem& font, const std::vector<Needle>& needles) {
-    const std::pair<const char*, std::string> names[] = {{"ProductName", font.ProductName()},
-                                                         {"ProductSetName", font.ProductSetName()},
-                                                         {"ProductFileName", font.ProductFileName()},
-                                                         {"DisplayName", font.DisplayName()}};
+    const std::pair<const char*, std::string> names[] = {
+        {"ProductName", font.ProductName()},
+        {"ProductSetName", font.ProductSetName()},
+        {"ProductFileName", font.ProductFileName()},
+        {"DisplayName", font.DisplayName()}};
     for (const Needle& needle : needles)
         for (const auto& [property, name] : names)
             if (const auto part = needle.partOf(name)) {
@@ -100,10 +101,10 @@ ExitStatus search(const SearchOptions& options) {
 } // namespace
 
 void addSearch(CLI::App& application, Work& work) {
-    auto [command, options] = addCommand(
-        application, work, "search",
-        "Search as the client's search box does: fonts with the whole key, and with one of its characters",
-        &search);
+    auto [command, options] = addCommand(application, work, "search",
+                                         "Search as the client's search box does: fonts with the "
+                                         "whole key, and with one of its characters",
+                                         &search);
     addFile(command, options.source);
     command.add_option("KEY", options.key, "What is searched for")->required();
 }

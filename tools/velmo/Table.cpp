@@ -29,7 +29,8 @@ std::string withHighlight(const Table::Cell& cell) {
     if (cell.begin == cell.end)
         return cell.text;
     return cell.text.substr(0, cell.begin) +
-           highlighted(cell.text.substr(cell.begin, cell.end - cell.begin)) + cell.text.substr(cell.end);
+           highlighted(cell.text.substr(cell.begin, cell.end - cell.begin)) +
+           cell.text.substr(cell.end);
 }
 
 } // namespace
@@ -52,7 +53,8 @@ std::string Table::text() const {
     std::vector<std::size_t> widths(m_columns.size());
     for (const Row& row : m_rows)
         for (std::size_t column = 0; column < widths.size(); ++column)
-            if (const std::size_t width = columnCount(row.cells[column].text); width <= widestColumn)
+            if (const std::size_t width = columnCount(row.cells[column].text);
+                width <= widestColumn)
                 widths[column] = std::max(widths[column], width);
     std::string text;
     for (const Row& row : m_rows) {

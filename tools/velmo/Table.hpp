@@ -8,8 +8,9 @@
 
 namespace velmo {
 
-/// Text in columns for people: each column is as wide as its widest cell, counted in columns of the terminal, so that
-/// wide (CJK) characters line up. Nothing is cut: a very long cell sticks out of its row.
+/// Text in columns for people: each column is as wide as its widest cell, counted in columns of the
+/// terminal, so that wide (CJK) characters line up. Nothing is cut: a very long cell sticks out of
+/// its row.
 class Table {
 public:
     enum class Align : std::uint8_t { left, right };

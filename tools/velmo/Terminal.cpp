@@ -49,7 +49,9 @@ std::string indent(std::size_t depth) {
     return std::string(2 * std::min(depth, deepest), ' ');
 }
 
-void warn(const std::string& message) { std::fprintf(stderr, "velmo: %s\n", printable(message).c_str()); }
+void warn(const std::string& message) {
+    std::fprintf(stderr, "velmo: %s\n", printable(message).c_str());
+}
 
 std::string bold(const std::string& text) { return styled(text, "\033[1m"); }
 
@@ -60,6 +62,8 @@ void print(std::string_view text) {
         throw Failure("standard output cannot be written");
 }
 
-void printJSON(const PerchAppLibrary::Value& value) { print(PerchAppLibrary::toText(value) + "\n"); }
+void printJSON(const PerchAppLibrary::Value& value) {
+    print(PerchAppLibrary::toText(value) + "\n");
+}
 
 } // namespace velmo

@@ -7,12 +7,12 @@
 
 namespace velmo {
 
-/// Text as it can be shown: ill-formed bytes as U+FFFD, and control characters, which could command the
-/// terminal, spelled as "\u001B".
+/// Text as it can be shown: ill-formed bytes as U+FFFD, and control characters, which could command
+/// the terminal, spelled as "\u001B".
 std::string printable(std::string_view text);
 
-/// What stands before a line at this depth of a tree; beyond a certain depth always the same, since the indentation of a
-/// document made to be deep would fill the disk.
+/// What stands before a line at this depth of a tree; beyond a certain depth always the same, since
+/// the indentation of a document made to be deep would fill the disk.
 std::string indent(std::size_t depth);
 
 /// Writes the message as one line to standard error, made printable.

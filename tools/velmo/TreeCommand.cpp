@@ -38,7 +38,8 @@ void addRows(Table& table, const Fonts& fonts, std::size_t depth) {
         }
         const std::int64_t activated = FontList::getActivatedFontCount(font->Children());
         const std::string marks = activated == 0 ? "" : std::to_string(activated) + " activated";
-        table.add({title, id, std::to_string(FontList::getFontCount(font->Children())), marks}, true);
+        table.add({title, id, std::to_string(FontList::getFontCount(font->Children())), marks},
+                  true);
         addRows(table, font->Children(), depth + 1);
     }
 }
@@ -49,7 +50,8 @@ ExitStatus showTree(const TreeOptions& options) {
         printJSON(describeTree(list.List()));
         return ExitStatus::done;
     }
-    Table table({{"TITLE"}, {"ID", Table::Align::right}, {"FONTS", Table::Align::right}, {"MARKS"}});
+    Table table(
+        {{"TITLE"}, {"ID", Table::Align::right}, {"FONTS", Table::Align::right}, {"MARKS"}});
     addRows(table, list.List(), 0);
     print(table.text() + countOfFonts(FontList::getFontCount(list.List())) + ", " +
           std::to_string(FontList::getActivatedFontCount(list.List())) + " activated\n");
@@ -59,8 +61,8 @@ ExitStatus showTree(const TreeOptions& options) {
 } // namespace
 
 void addTree(CLI::App& application, Work& work) {
-    auto [command, options] =
-        addCommand(application, work, "tree", "Show the font tree: titles, counts, marks", &showTree);
+    auto [command, options] = addCommand(application, work, "tree",
+                                         "Show the font tree: titles, counts, marks", &showTree);
     addFile(command, options.source);
     addMarks(command, options.source);
 }

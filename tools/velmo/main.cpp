@@ -19,13 +19,14 @@ int fail(const std::string& message) {
 }
 
 int run(int argc, char** argv) {
-    CLI::App application("Runs the font-cloud entity library over replies of the service saved as files.\n"
-                         "FILE is such a reply; \"-\" is standard input.");
+    CLI::App application(
+        "Runs the font-cloud entity library over replies of the service saved as files.\n"
+        "FILE is such a reply; \"-\" is standard input.");
     application.name("velmo");
     application.set_version_flag("--version", "velmo " VELMO_VERSION);
     application.require_subcommand(1);
-    application.footer(
-        "Exit status: 0 done; 1 nothing found; 2 wrong usage, an unreadable file or a malformed document.");
+    application.footer("Exit status: 0 done; 1 nothing found; 2 wrong usage, an unreadable file or "
+                       "a malformed document.");
     velmo::Work work;
     velmo::addTree(application, work);
     velmo::addList(application, work);

@@ -18,7 +18,8 @@ namespace dom = simdjson::dom;
 using Kind = dom::element_type;
 
 bool toInteger(double number, std::int64_t& value) {
-    constexpr double limit = 9007199254740992.0; // 2^53: from here on, one double stands for several integers
+    constexpr double limit =
+        9007199254740992.0; // 2^53: from here on, one double stands for several integers
     if (number <= -limit || number >= limit || std::trunc(number) != number)
         return false;
     value = static_cast<std::int64_t>(number);
@@ -50,7 +51,8 @@ bool toReal(double number, double& value) {
     return true;
 }
 
-/// Whether text begins as a number in JSON does, which leaves out "inf", "nan" and hexadecimal digits.
+/// Whether text begins as a number in JSON does, which leaves out "inf", "nan" and hexadecimal
+/// digits.
 bool beginsAsNumber(std::string_view text) {
     if (text.starts_with('-'))
         text.remove_prefix(1);
@@ -79,7 +81,8 @@ bool toReal(std::string_view text, Real& value) {
 template <class Number>
 void appendNumber(std::string& text, Number number) {
     std::array<char, 32> digits{};
-    const std::to_chars_result result = std::to_chars(digits.data(), digits.data() + digits.size(), number);
+    const std::to_chars_result result =
+        std::to_chars(digits.data(), digits.data() + digits.size(), number);
     text.append(digits.data(), result.ptr);
 }
 
@@ -153,8 +156,10 @@ bool convertOtherKind(dom::element element, std::int64_t& value) {
 
 bool convertOtherKind(dom::element element, bool& value) {
     if (std::string_view text; element.get(text) == simdjson::SUCCESS) {
-        const bool isTrue = text == "1" || boost::algorithm::iequals(text, "true", std::locale::classic());
-        if (!isTrue && text != "0" && !boost::algorithm::iequals(text, "false", std::locale::classic()))
+        const bool isTrue =
+            text == "1" || boost::algorithm::iequals(text, "true", std::locale::classic());
+        if (!isTrue && text != "0" &&
+            !boost::algorithm::iequals(text, "false", std::locale::classic()))
             return false;
         value = isTrue;
         return true;

@@ -22,7 +22,8 @@ bool isInteger(double real, Integer integer) {
     constexpr auto least = static_cast<double>(std::numeric_limits<Integer>::min());
     constexpr double end =
         2.0 * static_cast<double>(Integer{1} << (std::numeric_limits<Integer>::digits - 1));
-    return real >= least && real < end && std::trunc(real) == real && static_cast<Integer>(real) == integer;
+    return real >= least && real < end && std::trunc(real) == real &&
+           static_cast<Integer>(real) == integer;
 }
 
 template <class Left, class Right>
@@ -84,9 +85,10 @@ std::vector<Member> membersByKey(dom::object object) {
 }
 
 bool areEqual(dom::object left, dom::object right) {
-    return std::ranges::equal(membersByKey(left), membersByKey(right), [](const Member& a, const Member& b) {
-        return a.key == b.key && PerchAppLibrary::areEqual(a.value, b.value);
-    });
+    return std::ranges::equal(
+        membersByKey(left), membersByKey(right), [](const Member& a, const Member& b) {
+            return a.key == b.key && PerchAppLibrary::areEqual(a.value, b.value);
+        });
 }
 
 } // namespace
@@ -101,7 +103,8 @@ bool areEqual(dom::element left, dom::element right) {
     case Kind::DOUBLE:
         return isNumber(right, left.get_double().value_unsafe());
     case Kind::STRING:
-        return right.is_string() && left.get_string().value_unsafe() == right.get_string().value_unsafe();
+        return right.is_string() &&
+               left.get_string().value_unsafe() == right.get_string().value_unsafe();
     case Kind::BOOL:
         return right.is_bool() && left.get_bool().value_unsafe() == right.get_bool().value_unsafe();
     case Kind::ARRAY:

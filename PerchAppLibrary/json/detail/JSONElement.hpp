@@ -10,7 +10,8 @@
 
 namespace PerchAppLibrary {
 
-/// The reader's view of a JSON; for the sources of this library alone, so that its headers need no reader.
+/// The reader's view of a JSON; for the sources of this library alone, so that its headers need no
+/// reader.
 class JSONElement {
 public:
     /// None for JSON::null, which belongs to no document.
@@ -28,7 +29,8 @@ public:
     /// The element in a document of its own, so that it does not keep the whole of a large one.
     static JSON detached(simdjson::dom::element element);
 
-    static JSON inDocument(std::shared_ptr<const void> document, simdjson::dom::element element) noexcept {
+    static JSON inDocument(std::shared_ptr<const void> document,
+                           simdjson::dom::element element) noexcept {
         return {std::move(document), std::bit_cast<JSON::Place>(element)};
     }
 };

@@ -32,7 +32,8 @@ std::string unexpected(std::string_view text, std::size_t offset) {
     if (!text::isWellFormed(character))
         return "bytes that are not UTF-8";
     if (text::isControl(character))
-        return "unexpected control character " + std::to_string(static_cast<unsigned char>(character.back()));
+        return "unexpected control character " +
+               std::to_string(static_cast<unsigned char>(character.back()));
     return "unexpected \"" + std::string(character) + "\"";
 }
 
@@ -55,7 +56,8 @@ void check(std::string_view text) {
     if (!error)
         return;
     if (error == boost::json::error::too_deep)
-        fail(text, read, "arrays and objects nested deeper than " + std::to_string(JSON::maximumDepth));
+        fail(text, read,
+             "arrays and objects nested deeper than " + std::to_string(JSON::maximumDepth));
     if (error == boost::json::error::incomplete || error == boost::json::error::syntax)
         fail(text, read, unexpected(text, read));
     fail(text, read, error.message());
@@ -73,8 +75,12 @@ std::optional<std::uint16_t> escapedUnit(std::string_view text, std::size_t offs
     return unit;
 }
 
-bool isLeading(std::optional<std::uint16_t> unit) { return unit && *unit >= 0xD800 && *unit <= 0xDBFF; }
-bool isTrailing(std::optional<std::uint16_t> unit) { return unit && *unit >= 0xDC00 && *unit <= 0xDFFF; }
+bool isLeading(std::optional<std::uint16_t> unit) {
+    return unit && *unit >= 0xD800 && *unit <= 0xDBFF;
+}
+bool isTrailing(std::optional<std::uint16_t> unit) {
+    return unit && *unit >= 0xDC00 && *unit <= 0xDFFF;
+}
 
 /// Escaped surrogates without their other half become "\uFFFD", which is as long.
 std::string withoutLoneSurrogates(std::string_view text) {
@@ -93,7 +99,8 @@ std::string withoutLoneSurrogates(std::string_view text) {
     return spelled;
 }
 
-/// The nearest number that the reader holds; the same spelling where it holds the number itself. Requires a number.
+/// The nearest number that the reader holds; the same spelling where it holds the number itself.
+/// Requires a number.
 std::string readableNumber(simdjson::dom::parser& reader, std::string_view number) {
     std::string spelled(number);
     if (reader.parse(spelled).error() == simdjson::SUCCESS)
@@ -114,7 +121,8 @@ std::size_t endOfString(std::string_view text, std::size_t at) {
     return std::min(at + 1, text.size());
 }
 
-/// The text with each number (what stands for one outside strings) in the spelling that `respell` gives it.
+/// The text with each number (what stands for one outside strings) in the spelling that `respell`
+/// gives it.
 template <class Respell>
 std::string withNumbers(std::string_view text, Respell&& respell) {
     std::string spelled;
@@ -137,8 +145,8 @@ std::string withNumbers(std::string_view text, Respell&& respell) {
     return spelled;
 }
 
-/// An exponent of more than nine digits, which the checking parser would refuse, becomes one of the same length that
-/// is beyond every double as well.
+/// An exponent of more than nine digits, which the checking parser would refuse, becomes one of the
+/// same length that is beyond every double as well.
 std::string withModestExponent(std::string_view number) {
     std::string spelled(number);
     const std::size_t exponent = spelled.find_first_of("eE");
@@ -159,8 +167,8 @@ std::string readableSpelling(std::string_view text) {
     const std::string spelled = withNumbers(withoutLoneSurrogates(text), withModestExponent);
     check(spelled);
     simdjson::dom::parser reader;
-    return withNumbers(spelled,
-                       [&reader](std::string_view number) { return readableNumber(reader, number); });
+    return withNumbers(
+        spelled, [&reader](std::string_view number) { return readableNumber(reader, number); });
 }
 
 } // namespace PerchAppLibrary::fallback

@@ -3,9 +3,9 @@
 #include <string>
 #include <string_view>
 
-/// What becomes of a text that the fast reader refuses: either it is not a document, and the place and the
-/// reason are found; or it is one whose numbers or escapes the reader cannot hold, and it is spelled so that
-/// it can. For the sources of this library alone.
+/// What becomes of a text that the fast reader refuses: either it is not a document, and the place
+/// and the reason are found; or it is one whose numbers or escapes the reader cannot hold, and it
+/// is spelled so that it can. For the sources of this library alone.
 namespace PerchAppLibrary::fallback {
 
 /// The document in a spelling that the reader holds, with the same structure: see JSON::parse().

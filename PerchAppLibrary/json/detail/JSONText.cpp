@@ -13,14 +13,16 @@ using text::repeated;
 using text::Word;
 using text::wordSize;
 
-/// Not zero when a byte of the word is below the limit, of 0x80 at most. Bytes that are not ASCII are never.
+/// Not zero when a byte of the word is below the limit, of 0x80 at most. Bytes that are not ASCII
+/// are never.
 constexpr Word anyBelow(Word word, char limit) noexcept {
     return (word - repeated(limit)) & ~word & highBits;
 }
 
 /// Not zero when a byte of the word must be escaped.
 constexpr Word anyEscaped(Word word) noexcept {
-    return anyBelow(word, ' ') | anyBelow(word ^ repeated('"'), 1) | anyBelow(word ^ repeated('\\'), 1);
+    return anyBelow(word, ' ') | anyBelow(word ^ repeated('"'), 1) |
+           anyBelow(word ^ repeated('\\'), 1);
 }
 
 /// Whether the content stands between quotation marks as it is.

@@ -7,12 +7,13 @@ namespace PerchAppLibrary {
 
 class NameIndex;
 
-/// Remembers which key followed which in earlier JSON objects. The objects of one array nearly always
-/// have their keys in one order, so the next key can be guessed before it is looked up. A wrong guess
-/// costs time only.
+/// Remembers which key followed which in earlier JSON objects. The objects of one array nearly
+/// always have their keys in one order, so the next key can be guessed before it is looked up. A
+/// wrong guess costs time only.
 class KeyOrder {
 public:
-    KeyOrder() noexcept {} // NOLINT(modernize-use-equals-default): zeros would cost each single record
+    KeyOrder() noexcept {
+    } // NOLINT(modernize-use-equals-default): zeros would cost each single record
 
     /// Forgets the keys of another class, whose index has other slots.
     void startRecord(const NameIndex& names) noexcept {
@@ -33,7 +34,8 @@ public:
 private:
     const NameIndex* m_names = nullptr;
     std::uint32_t m_first = 0;
-    std::array<std::uint32_t, 256> m_after; // set by startRecord(); slots of a larger index share entries
+    std::array<std::uint32_t, 256>
+        m_after; // set by startRecord(); slots of a larger index share entries
 };
 
 } // namespace PerchAppLibrary

@@ -29,7 +29,8 @@ std::uint32_t NameIndex::placeOf(std::string_view name, Head head) const noexcep
     return static_cast<std::uint32_t>(place);
 }
 
-std::uint32_t NameIndex::findElsewhere(std::string_view readable, std::uint32_t& guess) const noexcept {
+std::uint32_t NameIndex::findElsewhere(std::string_view readable,
+                                       std::uint32_t& guess) const noexcept {
     guess = placeOf(readable, headOfReadable(readable));
     return m_entries[guess].index;
 }

@@ -14,11 +14,12 @@
 
 namespace PerchAppLibrary {
 
-/// Finds the place of a name among names that differ in their first sixteen bytes, as those of properties nearly always do.
-/// Immutable.
+/// Finds the place of a name among names that differ in their first sixteen bytes, as those of
+/// properties nearly always do. Immutable.
 ///
-/// Every key of every record is looked up. So a look takes the key as two words, whatever its length, and goes to one place, where
-/// the name nearly always stands: there is little to branch on.
+/// Every key of every record is looked up. So a look takes the key as two words, whatever its
+/// length, and goes to one place, where the name nearly always stands: there is little to branch
+/// on.
 class NameIndex {
 public:
     /// Of different names, which live as long as the index.
@@ -30,13 +31,14 @@ public:
     /// How many bytes the following two look at.
     static constexpr std::size_t headSize = 2 * text::wordSize;
 
-    /// The same, faster, for a name from the begin of which headSize bytes can be read, whatever they are.
+    /// The same, faster, for a name from the begin of which headSize bytes can be read, whatever
+    /// they are.
     std::uint32_t findReadable(std::string_view name) const noexcept {
         return find(name, headOfReadable(name));
     }
 
-    /// The same, faster still where the guess is right: the place to look at first, zero or one that an earlier look left, and
-    /// afterwards the place where this look ended.
+    /// The same, faster still where the guess is right: the place to look at first, zero or one
+    /// that an earlier look left, and afterwards the place where this look ended.
     std::uint32_t findReadable(std::string_view name, std::uint32_t& guess) const noexcept {
         const Entry& guessed = m_entries[guess];
         return guessed.isShortName(name) ? guessed.index : findElsewhere(name, guess);
@@ -66,8 +68,10 @@ private:
 
         bool isShortName(std::string_view readable) const noexcept {
             const text::Word first = text::loadWord(readable.data()) & mask.first;
-            const text::Word second = text::loadWord(readable.data() + text::wordSize) & mask.second;
-            return shortSize == readable.size() && ((first ^ head.first) | (second ^ head.second)) == 0;
+            const text::Word second =
+                text::loadWord(readable.data() + text::wordSize) & mask.second;
+            return shortSize == readable.size() &&
+                   ((first ^ head.first) | (second ^ head.second)) == 0;
         }
 
         static constexpr std::uint32_t noSize =
@@ -105,8 +109,10 @@ private:
     std::uint32_t placeOf(std::string_view name, Head head) const noexcept;
 
     std::size_t firstPlace(Head head) const noexcept {
-        constexpr text::Word goldenRatio = 0x9E3779B97F4A7C15U; // 2^64 divided by it: spreads close numbers
-        return static_cast<std::size_t>((head.first ^ std::rotl(head.second, 31)) * goldenRatio >> m_shift);
+        constexpr text::Word goldenRatio =
+            0x9E3779B97F4A7C15U; // 2^64 divided by it: spreads close numbers
+        return static_cast<std::size_t>((head.first ^ std::rotl(head.second, 31)) * goldenRatio >>
+                                        m_shift);
     }
 
     std::size_t next(std::size_t place) const noexcept { return (place + 1) % m_entries.size(); }

@@ -78,7 +78,8 @@ struct FlagPlace {
     BaseEntity& record;
     unsigned slot;
 
-    FlagPlace(BaseEntity& filled, const FieldAccess<bool>& access) : record(filled), slot(access.slot) {}
+    FlagPlace(BaseEntity& filled, const FieldAccess<bool>& access)
+        : record(filled), slot(access.slot) {}
 
     bool isZero() const noexcept { return !PlaceAccess::flag(record, slot); }
     void set(bool value) noexcept { PlaceAccess::setFlag(record, slot, value); }

@@ -65,13 +65,17 @@ template <>
 struct PropertyKind<std::string> : PropertyKindOf<std::string> {
     static constexpr std::string_view name = "String";
     static void write(Dictionary& dictionary, std::string_view key, const std::string& value);
-    static void write(std::string& text, const std::string& value) { appendJSONString(text, value); }
+    static void write(std::string& text, const std::string& value) {
+        appendJSONString(text, value);
+    }
 };
 
 template <>
 struct PropertyKind<std::optional<std::string>> : PropertyKindOf<std::optional<std::string>> {
     static constexpr std::string_view name = "optional String";
-    static bool isZero(const std::optional<std::string>& value) noexcept { return !value.has_value(); }
+    static bool isZero(const std::optional<std::string>& value) noexcept {
+        return !value.has_value();
+    }
 };
 
 template <>

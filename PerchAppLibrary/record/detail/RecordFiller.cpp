@@ -41,7 +41,8 @@ public:
     /// Returns the number of elements, at least so many if there are millions.
     static std::optional<std::size_t> elementCount(Element element) noexcept {
         simdjson::dom::array elements;
-        return element.get(elements) == simdjson::SUCCESS ? std::optional(elements.size()) : std::nullopt;
+        return element.get(elements) == simdjson::SUCCESS ? std::optional(elements.size())
+                                                          : std::nullopt;
     }
 
     static bool isObject(Element element) noexcept { return element.is_object(); }
@@ -56,7 +57,9 @@ public:
         return convertElement(element, value);
     }
 
-    JSON toJSON(Element element) const noexcept { return JSONElement::inDocumentOf(m_json, element); }
+    JSON toJSON(Element element) const noexcept {
+        return JSONElement::inDocumentOf(m_json, element);
+    }
 
 private:
     JSON m_json; // a copy: the record may hold the other, and set it meanwhile
@@ -77,7 +80,8 @@ FillAction directActionOf(const Property& property) {
             if constexpr (requires { access.place; })
                 switch (access.place) {
                 case Place::field:
-                    return {static_cast<std::uint8_t>(FillAction::fillFirstField + property.access.index()),
+                    return {static_cast<std::uint8_t>(FillAction::fillFirstField +
+                                                      property.access.index()),
                             &access};
                 case Place::flag:
                     return {FillAction::fillFlag, &access};

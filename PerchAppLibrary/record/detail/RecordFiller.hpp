@@ -45,8 +45,8 @@ public:
 
     const NameIndex& names() const noexcept { return m_names; }
 
-    /// The actions for each property and, last, for an unknown key: of a record that only the filling
-    /// sees while it runs, and of one whose setters are overridden.
+    /// The actions for each property and, last, for an unknown key: of a record that only the
+    /// filling sees while it runs, and of one whose setters are overridden.
     std::span<const FillAction> directActions() const noexcept { return m_directActions; }
     std::span<const FillAction> setterActions() const noexcept { return m_setterActions; }
 
@@ -90,14 +90,14 @@ public:
         pass.run(element);
     }
 
-    /// Runs the mapping and fills the arrays of records: BaseEntity::fillByBase(). Without an element,
-    /// as for one that is no object.
+    /// Runs the mapping and fills the arrays of records: BaseEntity::fillByBase(). Without an
+    /// element, as for one that is no object.
     void fill(BaseEntity& record, std::optional<Element> element, const Excluded& excluded) {
         fillArrays(record, runPass(record, element, excluded), 0);
     }
 
-    /// Sets an array of records, through its virtual setter, to one record for each element; to none
-    /// if there is no element, or one that is no array.
+    /// Sets an array of records, through its virtual setter, to one record for each element; to
+    /// none if there is no element, or one that is no array.
     void fillArray(const RecordsAccess& access, BaseEntity& record, std::optional<Element> element,
                    std::size_t depth = 0, bool isOverridden = true) {
         if (element && m_source.elementCount(*element)) {
@@ -129,8 +129,8 @@ private:
     /// The arrays of records of one record. Few classes have more than one.
     using Arrays = boost::container::small_vector<ArrayToFill, 1>;
 
-    /// Runs the mapping and returns the arrays that are left to fill. Apart from fillArrays(), so that
-    /// nested records do not keep the large frame of a pass on the stack.
+    /// Runs the mapping and returns the arrays that are left to fill. Apart from fillArrays(), so
+    /// that nested records do not keep the large frame of a pass on the stack.
     [[gnu::noinline]] Arrays runPass(BaseEntity& record, std::optional<Element> element,
                                      const Excluded& excluded) {
         Pass pass(*this, record);
@@ -140,8 +140,8 @@ private:
         return pass.arrays();
     }
 
-    /// Like runPass(), for one of many objects. The objects of groups and of their members take turns
-    /// from depth to depth.
+    /// Like runPass(), for one of many objects. The objects of groups and of their members take
+    /// turns from depth to depth.
     [[gnu::noinline]] Arrays runPass(BaseEntity& record, Element element, std::size_t depth) {
         Pass pass(*this, record);
         pass.run(element, &m_orders[depth % m_orders.size()]);
@@ -221,8 +221,8 @@ private:
                 setDeferred();
         }
 
-        /// Returns the arrays of records that are left to fill. Empties those without an element, unless
-        /// a subclass can see when that happens.
+        /// Returns the arrays of records that are left to fill. Empties those without an element,
+        /// unless a subclass can see when that happens.
         Arrays arrays() const {
             const bool isOverridden =
                 !m_isExact || m_schema.overrides().setters || m_schema.overrides().getters;
@@ -230,7 +230,8 @@ private:
             for (const std::size_t index : m_plan.arrays()) {
                 if (m_states[index] == FillState::excluded)
                     continue;
-                const auto& access = *std::get_if<RecordsAccess>(&m_schema.properties()[index].access);
+                const auto& access =
+                    *std::get_if<RecordsAccess>(&m_schema.properties()[index].access);
                 const auto found = std::ranges::find(m_deferred, index, &Deferred::index);
                 if (found != m_deferred.end())
                     left.push_back({&access, found->element, isOverridden});
@@ -245,7 +246,8 @@ private:
     private:
         friend class RecordFiller;
 
-        /// Calls the effects of what has been filled, also when an exception interrupts the filling.
+        /// Calls the effects of what has been filled, also when an exception interrupts the
+        /// filling.
         struct Effects {
             Pass& pass;
             ~Effects() { pass.callEffects(); }
@@ -280,7 +282,9 @@ private:
         }
 
         void callEffects() {
-            const auto isFilled = [this](std::size_t index) { return m_states[index] == FillState::filled; };
+            const auto isFilled = [this](std::size_t index) {
+                return m_states[index] == FillState::filled;
+            };
             for (const FillPlan::Effect& effect : m_plan.effects())
                 if (std::ranges::any_of(effect.properties, isFilled))
                     effect.call(m_record);
@@ -317,12 +321,14 @@ private:
         boost::container::small_vector<Deferred, usualCount> m_deferred; // one for a property
     };
 
-    using Handler = void (*)(Pass& pass, const FillAction& action, std::size_t index, Element element);
+    using Handler = void (*)(Pass& pass, const FillAction& action, std::size_t index,
+                             Element element);
 
     static void ignore(Pass& /*pass*/, const FillAction& /*action*/, std::size_t /*index*/,
                        Element /*element*/) {}
 
-    static void defer(Pass& pass, const FillAction& /*action*/, std::size_t index, Element element) {
+    static void defer(Pass& pass, const FillAction& /*action*/, std::size_t index,
+                      Element element) {
         FillState& state = pass.m_states[index];
         if (state == FillState::deferred)
             std::ranges::find(pass.m_deferred, index, &Deferred::index)->element = element;
@@ -333,7 +339,8 @@ private:
     }
 
     template <class Access, class Place>
-    static void fillPlace(Pass& pass, const FillAction& action, std::size_t index, Element element) {
+    static void fillPlace(Pass& pass, const FillAction& action, std::size_t index,
+                          Element element) {
         Place place(pass.m_record, *static_cast<const Access*>(action.access));
         if (place.isZero()) [[likely]] {
             pass.m_states[index] = FillState::filled;
@@ -346,8 +353,8 @@ private:
     /// For a value that is not zero, or an element that needs conversion. Apart from fillPlace(),
     /// which runs for each member, so that it needs few registers.
     template <class Place>
-    [[gnu::noinline]] static void fillOtherPlace(Pass& pass, const FillAction& action, std::size_t index,
-                                                 Element element, Place& place) {
+    [[gnu::noinline]] static void fillOtherPlace(Pass& pass, const FillAction& action,
+                                                 std::size_t index, Element element, Place& place) {
         // An earlier value may have to stay: a later member with this key may not convert.
         if (pass.m_states[index] != FillState::filled) {
             defer(pass, action, index, element);

@@ -14,7 +14,8 @@
 #include <arm_neon.h>
 #endif
 
-/// Finds a byte in a text, sixteen bytes at a time on 64-bit x86 and ARM. Private to the text module.
+/// Finds a byte in a text, sixteen bytes at a time on 64-bit x86 and ARM. Private to the text
+/// module.
 namespace PerchAppLibrary::text {
 
 /// A byte that is looked for; a letter of ASCII in both cases. Prepared once for many texts.
@@ -34,8 +35,8 @@ struct SoughtByte {
     std::array<char, 16> value{};
 };
 
-/// For each of the bytes of a text, the first in the lowest bit, whether it is the first and whether it is the last one of a
-/// needle.
+/// For each of the bytes of a text, the first in the lowest bit, whether it is the first and
+/// whether it is the last one of a needle.
 struct ByteMatches {
     static constexpr std::size_t most = 64;
 
@@ -82,16 +83,19 @@ inline Block loadBlock(const char* bytes) noexcept {
     return vld1q_u8(reinterpret_cast<const std::uint8_t*>(bytes));
 }
 
-inline Block blockOf(Word low, Word high) noexcept { return vcombine_u8(vcreate_u8(low), vcreate_u8(high)); }
+inline Block blockOf(Word low, Word high) noexcept {
+    return vcombine_u8(vcreate_u8(low), vcreate_u8(high));
+}
 
 inline std::uint64_t matchesIn(Block block, const SoughtByte& sought) noexcept {
     const Block comparable = vorrq_u8(block, loadBlock(sought.ignored.data()));
     const Block same = vceqq_u8(comparable, loadBlock(sought.value.data()));
-    // A matching byte becomes the bit of its place. NEON has no instruction that gathers these bits;
-    // their sums are the same.
+    // A matching byte becomes the bit of its place. NEON has no instruction that gathers these
+    // bits; their sums are the same.
     constexpr Word bitOfPlace = 0x8040201008040201U;
     const Block bits = vandq_u8(same, blockOf(bitOfPlace, bitOfPlace));
-    return std::uint64_t{vaddv_u8(vget_low_u8(bits))} | std::uint64_t{vaddv_u8(vget_high_u8(bits))} << 8U;
+    return std::uint64_t{vaddv_u8(vget_low_u8(bits))} | std::uint64_t{vaddv_u8(vget_high_u8(bits))}
+                                                            << 8U;
 }
 
 #endif
@@ -107,7 +111,8 @@ inline Block loadPart(std::string_view text) noexcept {
         return blockOf(word, 0);
     }
     // The last eight, without those that are among the first.
-    const Word rest = loadWord(text.data() + size - wordSize) >> (8 * (2 * wordSize - 1 - size)) >> 8U;
+    const Word rest =
+        loadWord(text.data() + size - wordSize) >> (8 * (2 * wordSize - 1 - size)) >> 8U;
     return blockOf(loadWord(text.data()), rest);
 }
 
@@ -117,7 +122,8 @@ inline ByteMatches matchesOf(std::string_view text, const SoughtByte& first,
     constexpr std::size_t blockSize = sizeof(Block);
     if (text.size() < blockSize) {
         const Block block = loadPart(text);
-        const std::uint64_t inside = (std::uint64_t{1} << text.size()) - 1; // a needle may hold zeros, too
+        const std::uint64_t inside =
+            (std::uint64_t{1} << text.size()) - 1; // a needle may hold zeros, too
         return {matchesIn(block, first) & inside, matchesIn(block, last) & inside};
     }
     ByteMatches matches;

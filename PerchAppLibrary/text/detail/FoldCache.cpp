@@ -65,7 +65,8 @@ void FoldCache::fill(Entry& entry, std::int32_t codePoint) const {
     entry.firstClass = u_getCombiningClass(nextCodePoint(parts, begin));
     std::size_t last = previousOffset(parts, parts.size());
     entry.lastClass = u_getCombiningClass(nextCodePoint(parts, last));
-    entry.length = form.size() <= std::size(entry.bytes) ? static_cast<std::uint8_t>(form.size()) : tooLong;
+    entry.length =
+        form.size() <= std::size(entry.bytes) ? static_cast<std::uint8_t>(form.size()) : tooLong;
     if (entry.length != tooLong)
         std::ranges::copy(form, entry.bytes);
 }

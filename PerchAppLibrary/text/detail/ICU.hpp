@@ -9,7 +9,8 @@
 #include <string>
 #include <string_view>
 
-/// What the sources of the text module share: ICU as they call it, and steps over UTF-8. Private to them.
+/// What the sources of the text module share: ICU as they call it, and steps over UTF-8. Private to
+/// them.
 namespace PerchAppLibrary::text {
 
 /// Throws std::bad_alloc for a failure: ICU fails on the paths taken here only for want of memory.
@@ -20,7 +21,8 @@ icu::StringPiece piece(std::string_view text);
 
 constexpr UChar32 replacementCharacter = 0xFFFD;
 
-/// The code point at the offset, which moves behind it; U+FFFD for each maximal ill-formed sequence.
+/// The code point at the offset, which moves behind it; U+FFFD for each maximal ill-formed
+/// sequence.
 inline UChar32 nextCodePoint(std::string_view text, std::size_t& offset) noexcept {
     const auto* const bytes = reinterpret_cast<const std::uint8_t*>(text.data());
     UChar32 codePoint = 0;
@@ -31,7 +33,8 @@ inline UChar32 nextCodePoint(std::string_view text, std::size_t& offset) noexcep
     return codePoint;
 }
 
-/// The start of the code point that ends at the offset. Requires well-formed text and an offset above 0.
+/// The start of the code point that ends at the offset. Requires well-formed text and an offset
+/// above 0.
 std::size_t previousOffset(std::string_view text, std::size_t offset) noexcept;
 
 void append(std::string& text, UChar32 codePoint);
