@@ -7,8 +7,8 @@
 
 namespace VelmoCloudEntity {
 
-/// A user of an enterprise account. It is always made from JSON: `create(json)`, which runs the
-/// virtual mapping.
+/// A user of an enterprise account. Made from JSON only, by create(json), which calls the virtual
+/// mapping.
 class EsUserItem : public PerchAppLibrary::BaseEntity {
     PERCH_RECORD_FROM_JSON(EsUserItem, PerchAppLibrary::BaseEntity);
 
@@ -18,7 +18,7 @@ class EsUserItem : public PerchAppLibrary::BaseEntity {
     PERCH_PROPERTY(std::string, Pwd);
     /// Identifier of the enterprise.
     PERCH_PROPERTY(std::int64_t, EnterpriseId);
-    /// Disabled entries are included.
+    /// Disabled entries are included. False by default.
     PERCH_PROPERTY(bool, ContainDisabled);
     /// Tag of the request, as the service defines it.
     PERCH_PROPERTY(std::int64_t, Tag);
@@ -28,7 +28,7 @@ class EsUserItem : public PerchAppLibrary::BaseEntity {
 
     PERCH_RECORD_END;
 
-    /// A subclass's override of the mapping runs in create(json), one of setValue(json) does not.
+    /// create(json) calls a subclass's override of the mapping, but not one of setValue(json).
     static constexpr auto jsonFilling = PerchAppLibrary::JSONFilling::mapping;
 };
 

@@ -10,14 +10,14 @@ namespace VelmoCloudEntity {
 class PhoneNumberPrefixItem : public PerchAppLibrary::BaseEntity {
     PERCH_RECORD(PhoneNumberPrefixItem, PerchAppLibrary::BaseEntity);
 
-    /// Name of the region, as shown.
+    /// Name of the region, for display.
     PERCH_PROPERTY(std::string, Region);
-    /// The prefix, as sent: "+86" and "86" are different texts.
+    /// The prefix, as sent, with or without a plus sign.
     PERCH_PROPERTY(std::string, Prefix);
 
     PERCH_RECORD_END;
 
-    /// Overrides of the mapping and of setValue() do not run in create(json).
+    /// create(json) does not call overrides of the mapping or of setValue().
     static constexpr auto jsonFilling = PerchAppLibrary::JSONFilling::baseMapping;
 };
 

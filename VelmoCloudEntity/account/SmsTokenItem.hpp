@@ -6,16 +6,16 @@
 
 namespace VelmoCloudEntity {
 
-/// The picture of the service's reply for an SMS token.
+/// The reply of the service to a request for an SMS token: a picture.
 class SmsTokenItem : public PerchAppLibrary::BaseEntity {
     PERCH_RECORD(SmsTokenItem, PerchAppLibrary::BaseEntity);
 
-    /// The picture as Base64 text, as received.
+    /// The picture, as Base64 text, as sent.
     PERCH_PROPERTY(std::string, ImageBase64String);
 
     PERCH_RECORD_END;
 
-    /// Overrides of the mapping and of setValue() do not run in create(json).
+    /// create(json) does not call overrides of the mapping or of setValue().
     static constexpr auto jsonFilling = PerchAppLibrary::JSONFilling::baseMapping;
 };
 

@@ -4,7 +4,7 @@
 
 namespace VelmoCloudEntity {
 
-/// The fonts that a user has activated: made available to the system.
+/// The fonts that a user has activated, that is, made available to the system.
 class UserFontActivateMapItem : public UserFontMap {
     PERCH_RECORD(UserFontActivateMapItem, UserFontMap);
     PERCH_RECORD_END;

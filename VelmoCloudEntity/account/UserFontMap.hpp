@@ -9,24 +9,25 @@
 
 namespace VelmoCloudEntity {
 
-/// What the records that tie a user to a list of fonts have in common. Each of them is a class of
-/// its own name with nothing but the ways of making one, since a reply is read into the class that
-/// says what its list means.
+/// The base class of the records that connect a user with a list of fonts. A derived class adds no
+/// properties; its name says what the list means.
 class UserFontMap : public PerchAppLibrary::BaseEntity {
     PERCH_RECORD(UserFontMap, PerchAppLibrary::BaseEntity);
 
-    /// The user.
+    /// Global identifier of the user.
     PERCH_PROPERTY(std::string, UserGuid);
-    /// The user's fonts, shared with whoever else holds them.
+    /// The user's fonts. Other arrays may share them.
     PERCH_PROPERTY(Records<FontItem>, FontList);
 
     PERCH_RECORD_END;
 
-    /// Labels of a map without fonts, create({.userGuid = "u"}), and of one with the given fonts.
+    /// Labels of a map without fonts: create({.userGuid = "u"}).
     PERCH_LABELS(UserLabels, (userGuid, UserGuid));
+
+    /// Labels of a map with fonts: create({.userGuid = "u", .fontList = fonts}).
     PERCH_LABELS(UserFontsLabels, (userGuid, UserGuid), (fontList, FontList));
 
-    /// Overrides of the mapping and of setValue() do not run in create(json).
+    /// create(json) does not call overrides of the mapping or of setValue().
     static constexpr auto jsonFilling = PerchAppLibrary::JSONFilling::baseMapping;
 };
 

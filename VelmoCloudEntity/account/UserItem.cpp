@@ -16,6 +16,7 @@ PERCH_RECORD_SCHEMA(UserItem);
 
 namespace {
 
+/// Keys of the user's fonts, which the mapping ignores.
 constexpr std::initializer_list<const char*> fontLists{"Fonts", "Activates", "Favorites", "Systems",
                                                        "Personals"};
 

@@ -8,11 +8,11 @@
 
 namespace VelmoCloudEntity {
 
-/// The account of a user: identity, bound accounts, membership, profile, and what a login or
-/// registration sends.
+/// The account of a user: identity, bound accounts, membership, profile, and the fields of a login
+/// or registration.
 ///
-/// A record to be sent is made with the labels of what the request needs; a code by e-mail is kept
-/// in TelCode, as one by phone is.
+/// To send a record, create it with the labels of the request. TelCode holds the verification code
+/// by phone or by e-mail.
 class UserItem : public PerchAppLibrary::BaseEntity {
     PERCH_RECORD(UserItem, PerchAppLibrary::BaseEntity);
 
@@ -22,9 +22,9 @@ class UserItem : public PerchAppLibrary::BaseEntity {
                           PerchAppLibrary::JSON::emptyString());
     /// Phone number.
     PERCH_PROPERTY(std::string, Tel);
-    /// Days of membership left.
+    /// Remaining membership, in days.
     PERCH_PROPERTY(std::int64_t, MemberLimitDays);
-    /// State of the membership, as the service codes it.
+    /// State of the membership, a code of the service.
     PERCH_PROPERTY(std::int64_t, MembershipStatus);
     /// A phone number is bound.
     PERCH_PROPERTY(bool, IsTelBinded);
@@ -54,7 +54,7 @@ class UserItem : public PerchAppLibrary::BaseEntity {
     PERCH_PROPERTY(std::string, Pwd);
     /// User id at the bound QQ or WeChat account.
     PERCH_PROPERTY(std::string, Uid);
-    /// Name shown.
+    /// Name of the user, for display.
     PERCH_PROPERTY(std::string, Name);
     /// City.
     PERCH_PROPERTY(std::string, City);
@@ -66,9 +66,9 @@ class UserItem : public PerchAppLibrary::BaseEntity {
     PERCH_PROPERTY(std::string, PhotoFileName);
     /// The photo, as Base64 text.
     PERCH_PROPERTY(std::string, PhotoBase64String);
-    /// Address of the user's work page.
+    /// Address of the page with the user's work.
     PERCH_PROPERTY(std::string, WorkUrl);
-    /// Platform of the client.
+    /// Platform of the client. 1 by default.
     PERCH_PROPERTY(std::int64_t, PlatformId, 1);
     /// Version of the client that sends the request.
     PERCH_PROPERTY(std::string, ClientVersion);
@@ -76,17 +76,17 @@ class UserItem : public PerchAppLibrary::BaseEntity {
     PERCH_PROPERTY(std::string, ClientOemTag);
     /// Serial number of the machine's disk.
     PERCH_PROPERTY(std::string, Disksn);
-    /// Address of the advertising space shown to this user.
+    /// Address of the advertising space for this user.
     PERCH_PROPERTY(std::string, AdSpaceUrl);
     /// Addresses sent by the service.
     PERCH_PROPERTY_SET_BY(std::vector<std::string>, uriList, setUriList);
-    /// Advanced user.
+    /// The user is an advanced user.
     PERCH_PROPERTY(bool, IsAdvanced);
-    /// Log in at start.
+    /// The client logs in when it starts.
     PERCH_PROPERTY(bool, AutoLogin);
     /// The user is a member.
     PERCH_PROPERTY(bool, IsMember);
-    /// When the membership ends, as sent.
+    /// End of the membership, as sent.
     PERCH_PROPERTY(std::string, MemberLimitTimeStamp);
     /// The user is a partner.
     PERCH_PROPERTY(bool, IsPartner);
@@ -96,7 +96,7 @@ class UserItem : public PerchAppLibrary::BaseEntity {
 
     PERCH_RECORD_END;
 
-    /// Labels of what is sent. Each member fills the property of its name, `code` TelCode.
+    /// Labels of the requests. Each label sets the property with its name; `code` sets TelCode.
     PERCH_LABELS(GuidLabels, (guid, Guid));
     PERCH_LABELS(TelLabels, (tel, Tel));
     PERCH_LABELS(GuidTelLabels, (guid, Guid), (tel, Tel));
@@ -119,16 +119,17 @@ class UserItem : public PerchAppLibrary::BaseEntity {
     PERCH_LABELS(EmailLabels, (email, Email), (pwd, Pwd), (clientVersion, ClientVersion),
                  (clientOemTag, ClientOemTag));
 
-    /// The mapping without the lists of the user's fonts that come in the same reply (Fonts,
-    /// Activates, Favorites, Systems, Personals): these belong to the user-font maps. For a
-    /// subclass, setValue(json, Included) with these five keys.
+    /// Fills the record as setValue(json, Included) does, which it calls with the keys Fonts,
+    /// Activates, Favorites, Systems and Personals.
     void setValue(const PerchAppLibrary::JSON& json) override;
 
-    /// The same mapping. Which keys are given does not matter.
+    /// Calls the mapping without the keys Fonts, Activates, Favorites, Systems and Personals, under
+    /// which a reply holds lists of the user's fonts: these belong to the user-font maps. Ignores
+    /// `included`; a subclass that overrides the function may use it.
     virtual void setValue(const PerchAppLibrary::JSON& json, PerchAppLibrary::Included included);
 
-    /// The properties with these names, each once. Throws UndefinedKeyError for a name that the
-    /// record has not.
+    /// Returns the properties with these names, each once. Throws UndefinedKeyError for a name of
+    /// no property.
     virtual PerchAppLibrary::Dictionary getDict(const std::vector<std::string>& names) const;
 };
 

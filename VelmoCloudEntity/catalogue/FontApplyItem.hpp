@@ -11,20 +11,20 @@ namespace VelmoCloudEntity {
 class FontApplyItem : public PerchAppLibrary::BaseEntity {
     PERCH_RECORD(FontApplyItem, PerchAppLibrary::BaseEntity);
 
-    /// Applying user.
+    /// User who applies.
     PERCH_PROPERTY(std::string, UserGuid);
-    /// Font concerned.
+    /// Identifier of the font.
     PERCH_PROPERTY(std::int64_t, FontId);
-    /// Platform of the client.
+    /// Platform of the client. 1 by default.
     PERCH_PROPERTY(std::int64_t, PlatformId, 1);
-    /// What the application is for.
+    /// Purpose of the application.
     PERCH_PROPERTY(std::string, AppTag);
-    /// Free text of the application.
+    /// Text of the application.
     PERCH_PROPERTY(std::string, Content);
 
     PERCH_RECORD_END;
 
-    /// Labels of an application: all properties, in their order.
+    /// Labels of an application: all properties, in the order above.
     PERCH_LABELS(ApplicationLabels, (userGuid, UserGuid), (fontId, FontId),
                  (platformId, PlatformId), (appTag, AppTag), (content, Content));
 };

@@ -8,23 +8,23 @@
 
 namespace VelmoCloudEntity {
 
-/// A curated, titled set of fonts with a cover.
+/// A collection of fonts that the service has chosen, with a title and a cover.
 class FontCollectionItem : public PerchAppLibrary::BaseEntity {
     PERCH_RECORD(FontCollectionItem, PerchAppLibrary::BaseEntity);
 
-    /// Cover image.
+    /// Cover image, as sent.
     PERCH_PROPERTY(std::string, Cover);
-    /// Title shown on the card.
+    /// Title, for display.
     PERCH_PROPERTY(std::string, Title);
     /// Second name.
     PERCH_PROPERTY(std::string, Alias);
     /// Short description.
     PERCH_PROPERTY(std::string, Abstract);
-    /// Position in the order.
+    /// Position among the collections.
     PERCH_PROPERTY(std::int64_t, Ordinal);
     /// Identifiers of the fonts in the collection, in the service's order.
     PERCH_PROPERTY(std::vector<std::int64_t>, FontIdList);
-    /// Count used by top lists.
+    /// Count for top lists.
     PERCH_PROPERTY(std::int64_t, TopCount);
 
     PERCH_RECORD_END;

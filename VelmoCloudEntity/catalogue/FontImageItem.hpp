@@ -7,29 +7,28 @@
 
 namespace VelmoCloudEntity {
 
-/// What a preview image of a font is rendered from, and its address once it is made.
+/// A request for a preview image of a font, and the address of the image in the reply.
 class FontImageItem : public PerchAppLibrary::BaseEntity {
     PERCH_RECORD(FontImageItem, PerchAppLibrary::BaseEntity);
 
-    /// User who asks for the image.
+    /// User who requests the image.
     PERCH_PROPERTY(std::string, UserGuid);
-    /// Font product to render.
+    /// Identifier of the font product to render.
     PERCH_PROPERTY(std::int64_t, ProductId);
     /// The image is private.
     PERCH_PROPERTY(bool, IsPrivate);
     /// Text to render.
     PERCH_PROPERTY(std::string, PreviewText);
-    /// Background colour: a number sign and six hexadecimal digits.
+    /// Background colour: "#" and six hexadecimal digits. Black by default.
     PERCH_PROPERTY(std::string, BackColor, "#000000");
-    /// Text colour, in the same form.
+    /// Text colour, in the form of BackColor. White by default.
     PERCH_PROPERTY(std::string, ForeColor, "#FFFFFF");
-    /// Size of the rendered text, in points.
+    /// Size of the rendered text, in points. 32 by default.
     PERCH_PROPERTY(float, EmSize, 32.0F);
-    /// Address of the rendered image, from the service's answer.
+    /// Address of the rendered image, from the reply.
     PERCH_PROPERTY(std::string, PreviewUrl);
 
-    /// What the service is asked with: ProductId, PreviewText, BackColor, ForeColor, EmSize, and
-    /// nothing else.
+    /// The request: ProductId, PreviewText, BackColor, ForeColor and EmSize only.
     PERCH_COMPUTED(PerchAppLibrary::Dictionary, Dict);
 
     PERCH_RECORD_END;

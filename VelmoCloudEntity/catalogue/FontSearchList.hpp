@@ -5,7 +5,7 @@
 
 namespace VelmoCloudEntity {
 
-/// The search records that the service sends.
+/// The search keys that the service sends.
 class FontSearchList : public RecordList<FontSearchList, FontSearchItem> {
 public:
     using RecordList::RecordList;

@@ -21,16 +21,16 @@ void FontTagList::setFontTagItemCheck(const Records<FontTagItem>& tags, bool che
 
 IdSet::Ids FontTagList::getCheckedFontTagFontIdList(const Records<FontTagItem>& tags,
                                                     const IdSet::Ids& fontIdList) {
-    std::vector<IdSet::Ids> made; // by the groups
-    made.reserve(tags.size());    // so that it does not move
+    std::vector<IdSet::Ids> groupLists;
+    groupLists.reserve(tags.size()); // keeps the pointers below valid
     std::vector<const IdSet::Ids*> lists{&fontIdList};
     for (const std::shared_ptr<FontTagItem>& tag : tags) {
         if (!tag->IsGroup()) {
             if (tag->IsChecked() && !tag->Children().empty())
                 lists.push_back(&tag->FontIdList());
         } else if (std::optional<IdSet::Ids> ids = tag->CheckedFontTagFontIdList()) {
-            made.push_back(*std::move(ids));
-            lists.push_back(&made.back());
+            groupLists.push_back(*std::move(ids));
+            lists.push_back(&groupLists.back());
         }
     }
     return lists.size() == 1 ? fontIdList : PerchAppLibrary::intersectionOf(lists);

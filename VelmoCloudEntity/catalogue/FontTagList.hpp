@@ -11,24 +11,26 @@ namespace VelmoCloudEntity {
 
 /// The list of tags that the service sends, and the operations of a tag panel.
 ///
-/// They take any array of tags, read and write them through their virtual accessors, and look at
-/// the state of the moment. Requires: no tag is null.
+/// An operation takes any array of tags, and reads and writes them through their virtual accessors.
+/// Nothing is cached. Requires that no tag is null.
 class FontTagList : public RecordList<FontTagList, FontTagItem> {
 public:
     using RecordList::RecordList;
 
-    /// The ticked plain tags, in the order of the tree: a group is replaced by those below it, at
-    /// its place. The sub-tags of a plain tag are not looked at.
+    /// Returns the ticked plain tags, in the order of the tree, at any depth of groups. The
+    /// sub-tags of a plain tag are not read.
     static Records<FontTagItem> getCheckedFontTagList(const Records<FontTagItem>& tags);
 
-    /// Sets IsChecked of every plain tag, in groups at any depth; a group's own stays as it is.
+    /// Sets IsChecked of every plain tag, at any depth of groups. Leaves a group's own flag
+    /// unchanged, and that of the sub-tags of a plain tag.
     static void setFontTagItemCheck(const Records<FontTagItem>& tags, bool check);
 
-    /// The identifiers that every tag with something to say lets pass: of a group, those in its
-    /// CheckedFontTagFontIdList, if it has one; of a ticked plain tag that has sub-tags, those in
-    /// its own FontIdList. A plain tag without sub-tags says nothing here. In ascending order and
-    /// without duplicates, but when no tag has anything to say: then `fontIdList` as it is. Linear
-    /// in all the lists together while the identifiers lie close together.
+    /// Returns the identifiers of `fontIdList` that pass every tag of `tags` that filters. A group
+    /// filters by its CheckedFontTagFontIdList unless that is nullopt. A ticked plain tag with
+    /// sub-tags filters by its FontIdList. Any other plain tag does not filter.
+    ///
+    /// The result is in ascending order, without duplicates; if no tag filters, it is `fontIdList`
+    /// itself. Linear in the lists together if the identifiers lie close together.
     static std::vector<std::int64_t>
     getCheckedFontTagFontIdList(const Records<FontTagItem>& tags,
                                 const std::vector<std::int64_t>& fontIdList);

@@ -10,12 +10,12 @@ namespace VelmoCloudEntity {
 class FontUploadItem : public PerchAppLibrary::BaseEntity {
     PERCH_RECORD(FontUploadItem, PerchAppLibrary::BaseEntity);
 
-    /// Uploading user.
+    /// User who uploads.
     PERCH_PROPERTY(std::string, UserGuid);
     /// Name of the uploaded file.
     PERCH_PROPERTY(std::string, ProductFileName);
 
-    /// The two properties above, and nothing else.
+    /// The two properties above only.
     PERCH_COMPUTED(PerchAppLibrary::Dictionary, Dict);
 
     PERCH_RECORD_END;

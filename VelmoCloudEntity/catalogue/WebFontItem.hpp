@@ -7,21 +7,21 @@
 
 namespace VelmoCloudEntity {
 
-/// What lets a font be used on a web page.
+/// The data that a web page needs to use a font.
 class WebFontItem : public PerchAppLibrary::BaseEntity {
     PERCH_RECORD(WebFontItem, PerchAppLibrary::BaseEntity);
 
-    /// User.
+    /// User of the web font.
     PERCH_PROPERTY(std::string, UserGuid);
-    /// Font product.
+    /// Identifier of the font product.
     PERCH_PROPERTY(std::int64_t, ProductId);
-    /// Characters that the web font covers, as text.
+    /// Characters of the web font, as one text.
     PERCH_PROPERTY(std::string, Chas);
-    /// Font family to use on the page.
+    /// Name of the font family on the page.
     PERCH_PROPERTY(std::string, FontFamily);
-    /// Style class that applies the font.
+    /// Name of the style class that applies the font.
     PERCH_PROPERTY(std::string, ClassName);
-    /// Link to reference from the page.
+    /// Link that the page references.
     PERCH_PROPERTY(std::string, RefLink);
 
     PERCH_RECORD_END;

@@ -7,22 +7,21 @@
 
 namespace VelmoCloudEntity {
 
-/// An effect offered for a font. It is always made from JSON: `create(json)`, which runs the
-/// virtual setValue().
+/// An effect for a font. Made from JSON only, by create(json), which calls the virtual setValue().
 class ZRFontEffectEntity : public PerchAppLibrary::BaseEntity {
     PERCH_RECORD_FROM_JSON(ZRFontEffectEntity, PerchAppLibrary::BaseEntity);
 
     /// Name of the effect.
     PERCH_PROPERTY(std::string, ProductName);
-    /// The user has marked the effect as a favourite.
+    /// The effect is a favourite of the user.
     PERCH_PROPERTY(bool, IsFavorite);
-    /// The effect is reserved to members.
+    /// The effect is available to members only.
     PERCH_PROPERTY(bool, IsMemberEffect);
-    /// Font that the effect belongs to.
+    /// Identifier of the font that the effect belongs to.
     PERCH_PROPERTY(std::int64_t, FontId);
     /// Address of the effect.
     PERCH_PROPERTY(std::string, Url);
-    /// Disabled entries are included.
+    /// Disabled entries are included. True by default.
     PERCH_PROPERTY(bool, ContainDisabled, true);
 
     PERCH_RECORD_END;

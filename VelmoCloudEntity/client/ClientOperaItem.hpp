@@ -7,19 +7,19 @@
 
 namespace VelmoCloudEntity {
 
-/// A report of one operation of the user's in the client.
+/// A report of one operation of the user in the client.
 class ClientOperaItem : public PerchAppLibrary::BaseEntity {
     PERCH_RECORD(ClientOperaItem, PerchAppLibrary::BaseEntity);
 
-    /// User who acted.
+    /// User of the operation.
     PERCH_PROPERTY(std::string, UserGuid);
-    /// Platform of this client.
+    /// Platform of this client. Always 1.
     PERCH_CONSTANT(std::int64_t, PlatformId, 1);
     /// Version of the client that reports.
     PERCH_PROPERTY(std::string, ClientVersion);
-    /// Names the operation.
+    /// Name of the operation.
     PERCH_PROPERTY(std::string, OperaTag);
-    /// Font that the operation concerned; 0 for none.
+    /// Identifier of the font of the operation, or 0 for none.
     PERCH_PROPERTY(std::int64_t, FontId);
     /// Sort order in use.
     PERCH_PROPERTY(std::string, SortTypeTag);

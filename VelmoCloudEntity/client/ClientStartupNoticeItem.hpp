@@ -6,7 +6,7 @@
 
 namespace VelmoCloudEntity {
 
-/// A notice shown when the client starts.
+/// A notice that the client shows when it starts.
 class ClientStartupNoticeItem : public PerchAppLibrary::BaseEntity {
     PERCH_RECORD(ClientStartupNoticeItem, PerchAppLibrary::BaseEntity);
 

@@ -12,13 +12,13 @@ namespace VelmoCloudEntity {
 class ClientVersionItem : public PerchAppLibrary::BaseEntity {
     PERCH_RECORD(ClientVersionItem, PerchAppLibrary::BaseEntity);
 
-    /// Platform that the version is for.
+    /// Platform of the version. 1 by default.
     PERCH_PROPERTY(std::int64_t, PlatformId, 1);
-    /// The version.
+    /// Number of the version, as text.
     PERCH_PROPERTY(std::string, Version);
     /// Tag of the version.
     PERCH_PROPERTY(std::string, VersionTag);
-    /// Where it is downloaded from.
+    /// Address of the download.
     PERCH_PROPERTY(std::string, Url);
     /// New features, one text each.
     PERCH_PROPERTY(std::vector<std::string>, News);

@@ -7,7 +7,8 @@
 
 namespace VelmoCloudEntity {
 
-/// A message shown in a bubble. Its times are texts, neither parsed nor compared.
+/// A message that the client shows in a bubble. Its times are texts that the library does not
+/// parse.
 class ZRMessageBubbleItem : public PerchAppLibrary::BaseEntity {
     PERCH_RECORD(ZRMessageBubbleItem, PerchAppLibrary::BaseEntity);
 
@@ -19,13 +20,13 @@ class ZRMessageBubbleItem : public PerchAppLibrary::BaseEntity {
     PERCH_PROPERTY(std::string, Url);
     /// Identifier of the user group that the message is for.
     PERCH_PROPERTY(std::int64_t, UserGroupId);
-    /// Name of that group.
+    /// Name of the user group.
     PERCH_PROPERTY(std::string, UserGroupName);
-    /// When it was sent.
+    /// Time when the message was sent.
     PERCH_PROPERTY(std::string, SendTimeStamp);
-    /// From when on it is no longer valid.
+    /// Time when the message becomes invalid.
     PERCH_PROPERTY(std::string, InvalidTimeStamp);
-    /// Disabled entries are included.
+    /// Disabled entries are included. True by default.
     PERCH_PROPERTY(bool, ContainDisabled, true);
     /// Tag of the message.
     PERCH_PROPERTY(std::int64_t, Tag);

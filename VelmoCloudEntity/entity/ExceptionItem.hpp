@@ -9,20 +9,22 @@
 namespace VelmoCloudEntity {
 
 /// The error codes that the service sends, each with a message in Chinese ("Ch") and in English
-/// ("En"). Every item has a table of its own.
+/// ("En"). Each item has its own table.
 ///
-/// A code is six digits, three of a group and three within it. Groups: 000 general, 001 a code
-/// without messages, 002 phone number, 003 e-mail address, 004 membership, 005 login, 006 bound QQ
-/// and WeChat accounts.
+/// A code has six digits: three for the group, three for the error in the group. Groups: 000
+/// general, 001 a code with empty messages, 002 phone number, 003 e-mail address, 004 membership,
+/// 005 login, 006 bound QQ and WeChat accounts.
 class ExceptionItem {
 public:
+    /// Errors by code.
     using Table =
         std::map<std::string, std::shared_ptr<const PerchAppLibrary::BaseExceptionEntity>>;
 
+    /// Makes the table with all errors.
     ExceptionItem();
 
-    /// The errors by their codes. What is shown for a code that is not there is for the caller to
-    /// say.
+    /// Returns the errors by code. The service may send a code that is not among them; the caller
+    /// chooses the message for it.
     const Table& Dict() const noexcept { return m_Dict; }
 
 private:

@@ -9,38 +9,39 @@
 #include <span>
 #include <vector>
 
-/// The leaves of a tree of records, such as FontItem or FontTagItem: what every query walks over.
+/// The walk over the leaves of a tree of records, such as FontItem or FontTagItem. Every query uses
+/// it.
 ///
-/// A tree is an array of items. An item whose IsGroup() is true is a group: the tree goes on in its
-/// Children(). Any other item is a leaf, whose Children() are not read.
+/// A tree is an array of items. An item whose IsGroup() is true is a group: its Children() are part
+/// of the tree. Any other item is a leaf, and its Children() are not read.
 namespace VelmoCloudEntity {
 
 /// Calls `visit(leaf)` for each leaf of the tree, depth first, in the order of the arrays. A group
-/// is not visited itself. An item that is there twice is visited twice.
+/// itself is not visited. A leaf that occurs twice is visited twice.
 ///
 ///     std::vector<std::int64_t> ids;
 ///     forEachLeaf(tags.List(), [&ids](const std::shared_ptr<FontTagItem>& tag) {
 ///         ids.push_back(tag->Id());
 ///     });
 ///
-/// The visitor takes a `const std::shared_ptr<Item>&` to the element of the list or of Children():
-/// copy it to keep the leaf. An exception of the visitor ends the walk and is passed on. The list
-/// may be a temporary, since it outlives the call; a braced list needs the class, as in
+/// The visitor takes a `const std::shared_ptr<Item>&`, a reference to the element of the list or of
+/// Children(): copy it to keep the leaf. An exception from the visitor ends the walk and
+/// propagates. The list may be a temporary. A braced list needs the class:
 /// `forEachLeaf<FontItem>({a, b}, visit)`.
 ///
-/// Requires that no item is null, and that no group contains itself. The visitor may set any
-/// property of any record, except that it may neither change the list nor the Children() of a group
-/// that contains the leaf. Linear, for any depth: a list of the groups above replaces recursion.
+/// Requires that no item is null and that no group contains itself, at any depth. The visitor may
+/// set any property of any record, except the Children() of a group that contains the leaf, and
+/// must not change the list. Linear. Works at any depth, since it does not recurse.
 template <class Item, class Visitor>
 void forEachLeaf(const Records<Item>& list, Visitor&& visit) {
     struct Level {
-        std::span<const std::shared_ptr<Item>> left;
-        std::size_t prefetched; // number of items, from the first
+        std::span<const std::shared_ptr<Item>> remaining;
+        std::size_t prefetched; // number of items at the front that are prefetched
     };
     Level level{list, 0};
     std::vector<Level> outer;
     while (true) {
-        if (level.left.empty()) {
+        if (level.remaining.empty()) {
             if (outer.empty())
                 return;
             level = outer.back();
@@ -48,11 +49,11 @@ void forEachLeaf(const Records<Item>& list, Visitor&& visit) {
             continue;
         }
         if (level.prefetched == 0) {
-            level.prefetched = std::min(level.left.size(), prefetchDistance);
-            prefetchTree(level.left.first(level.prefetched));
+            level.prefetched = std::min(level.remaining.size(), prefetchDistance);
+            prefetchTree(level.remaining.first(level.prefetched));
         }
-        const std::shared_ptr<Item>& item = level.left.front();
-        level.left = level.left.subspan(1);
+        const std::shared_ptr<Item>& item = level.remaining.front();
+        level.remaining = level.remaining.subspan(1);
         --level.prefetched;
         if (!item->IsGroup()) {
             visit(item);
@@ -64,16 +65,16 @@ void forEachLeaf(const Records<Item>& list, Visitor&& visit) {
     }
 }
 
-/// Returns the leaves for which `isTaken(leaf)` is true, where the leaf is a `const Item&`. Walks
+/// Returns the leaves for which `predicate(leaf)` is true, where the leaf is a `const Item&`. Walks
 /// like forEachLeaf().
-template <class Item, class Test>
-Records<Item> leavesWhere(const Records<Item>& list, Test&& isTaken) {
-    Records<Item> taken;
+template <class Item, class Predicate>
+Records<Item> leavesWhere(const Records<Item>& list, Predicate&& predicate) {
+    Records<Item> matches;
     forEachLeaf(list, [&](const std::shared_ptr<Item>& leaf) {
-        if (isTaken(*leaf))
-            taken.push_back(leaf);
+        if (predicate(*leaf))
+            matches.push_back(leaf);
     });
-    return taken;
+    return matches;
 }
 
 } // namespace VelmoCloudEntity

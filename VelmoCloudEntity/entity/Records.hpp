@@ -10,20 +10,20 @@
 #include <utility>
 #include <vector>
 
-/// Arrays of records: how they are made from JSON, and how trees of them are taken down.
+/// Arrays of records: making them from JSON, and destroying trees of them.
 namespace VelmoCloudEntity {
 
 using PerchAppLibrary::isExactly;
 
-/// Records of the class Item, in order. An element is never null.
+/// An array of records of the class Item. No element is null.
 template <class Item>
 using Records = std::vector<std::shared_ptr<Item>>;
 
-/// Which elements of a JSON array become records.
+/// Selects the elements of a JSON array that become records.
 enum class Elements { all, objects };
 
-/// Makes one record for each element of the JSON array, or for each that is an object, in order, as
-/// `Item::create(element)` does. Empty for a JSON value that is not an array.
+/// Makes one record, by `Item::create(element)`, for each element of a JSON array, in order; with
+/// Elements::objects, for each element that is an object. Any other value gives an empty array.
 template <class Item>
 Records<Item> makeRecords(const PerchAppLibrary::JSON& json, Elements which = Elements::all) {
     PerchAppLibrary::RecordsSink<Item> sink;
@@ -31,22 +31,21 @@ Records<Item> makeRecords(const PerchAppLibrary::JSON& json, Elements which = El
     return std::move(sink.records);
 }
 
-/// Destroys the records that nobody else holds, and what hangs below them, in a loop: a chain of
-/// groups of any length would otherwise be taken down by as many nested destructors. `takeChildren`
-/// moves the children out of an item. Where there is no memory for the list of what is left, nested
-/// destructors do the rest.
+/// Empties the array. Destroys the records that have no other owner, and their children, in a loop,
+/// since nested destructors would overflow the stack for a deep tree. `takeChildren(item)` moves
+/// the children out of an item. If memory runs out, nested destructors destroy the rest.
 template <class Item, class TakeChildren>
 void releaseTree(Records<Item>& records, TakeChildren takeChildren) noexcept {
-    Records<Item> doomed = std::move(records);
-    while (!doomed.empty()) {
-        const std::shared_ptr<Item> item = std::move(doomed.back());
-        doomed.pop_back();
+    Records<Item> pending = std::move(records);
+    while (!pending.empty()) {
+        const std::shared_ptr<Item> item = std::move(pending.back());
+        pending.pop_back();
         if (item.use_count() != 1)
             continue;
         Records<Item> children = takeChildren(*item);
         try {
-            doomed.insert(doomed.end(), std::make_move_iterator(children.begin()),
-                          std::make_move_iterator(children.end()));
+            pending.insert(pending.end(), std::make_move_iterator(children.begin()),
+                           std::make_move_iterator(children.end()));
         } catch (const std::bad_alloc&) {
             children.clear();
         }

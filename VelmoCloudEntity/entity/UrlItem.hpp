@@ -17,7 +17,7 @@ class UrlItem : public PerchAppLibrary::BaseEntity {
 
     PERCH_RECORD_END;
 
-    /// Overrides of the mapping and of setValue() do not run in create(json).
+    /// create(json) does not call overrides of the mapping or of setValue().
     static constexpr auto jsonFilling = PerchAppLibrary::JSONFilling::baseMapping;
 };
 

@@ -10,17 +10,22 @@
 #include <memory>
 #include <span>
 
-/// Prefetching for the walk of RecordTree.hpp, which includes this file and is the one to call it.
+/// Prefetching for the walk of RecordTree.hpp, which includes this file. Other files include
+/// RecordTree.hpp.
 ///
-/// The items of a tree lie scattered, and a walk over a large one takes as long as the memory takes
-/// to deliver them one by one. With many of them requested at once it takes half as long.
+/// The items of a tree lie scattered in memory. A walk over a large tree waits for each of them in
+/// turn. Requesting many items at once halves its time.
 namespace VelmoCloudEntity {
 
-/// How far a walk prefetches: enough items to keep the memory busy, few enough for the caches.
-constexpr std::size_t prefetchDistance = 32;        // items of an array
-constexpr std::size_t prefetchDistanceOfGroup = 16; // members of each group among them
+/// Number of items of an array to prefetch at once: enough to keep the memory busy, few enough for
+/// the caches.
+constexpr std::size_t prefetchDistance = 32;
 
-/// Prefetches what a walk reads of an item, if its class says where that ends.
+/// Number of members to prefetch of each group among these items.
+constexpr std::size_t prefetchDistanceOfGroup = 16;
+
+/// Prefetches the fields of an item that a walk reads, if its class has signatureEnd(), the last
+/// byte of them. Does nothing for any other class.
 template <class Item>
 void prefetchItem(const Item& item) noexcept {
     if constexpr (requires { item.signatureEnd(); }) {
@@ -29,16 +34,18 @@ void prefetchItem(const Item& item) noexcept {
     }
 }
 
-/// Returns how many members were prefetched with their group: none if Children() may be overridden.
+/// Returns the number of members that prefetchTree() has prefetched with their group, or zero if
+/// Children() may be overridden.
 template <class Item>
 std::size_t prefetchedMembers(const Item& group, const Records<Item>& members) noexcept {
     return isExactly(group) ? std::min(members.size(), prefetchDistanceOfGroup) : 0;
 }
 
-/// Prefetches the items, at most `prefetchDistance`, and what hangs below them.
+/// Prefetches the items and the items below them, at most prefetchDistanceOfGroup of each group.
+/// Requires at most prefetchDistance items.
 ///
-/// Goes down level by level and, in each, through one kind of object after the other, so that all
-/// objects of a kind are requested before the first of them is read.
+/// Descends level by level. On each level it requests all objects of one kind before it reads the
+/// first of them.
 template <class Item>
 void prefetchTree(std::span<const std::shared_ptr<Item>> items) {
     constexpr std::size_t capacity = prefetchDistance * prefetchDistanceOfGroup;

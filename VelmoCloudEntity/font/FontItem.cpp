@@ -33,6 +33,7 @@ namespace {
 
 constexpr std::string_view largePreviewSuffix = "_B.png";
 
+/// Returns the name without its last four UTF-16 code units, or nullopt if it is shorter.
 std::optional<std::string> withoutExtension(const std::string& fileName) {
     constexpr std::size_t extensionLength = 4; // a dot and three letters
     const std::size_t length = text::utf16Length(fileName);
@@ -41,17 +42,18 @@ std::optional<std::string> withoutExtension(const std::string& fileName) {
     return text::utf16Substring(fileName, 0, length - extensionLength);
 }
 
-/// What Dict leaves out, or adds by itself.
-const Excluded& notReflected() {
+/// Returns the stored properties that Dict omits, and Children, which it converts itself.
+const Excluded& excludedFromDict() {
     static const Excluded excluded{"displayName", "previewText", "isActivated", "Children"};
     return excluded;
 }
 
-std::string requireStem(const FontItem& font) {
+/// Returns the stem. Ends the process if there is none.
+std::string stemOrFail(const FontItem& font) {
     std::optional<std::string> stem = font.stem();
     if (!stem)
         fatalError("The ProductFileName \"" + font.ProductFileName() + "\" of font " +
-                   std::to_string(font.Id()) + " is too short to lose its extension");
+                   std::to_string(font.Id()) + " is too short for a four-character extension");
     return *std::move(stem);
 }
 
@@ -69,15 +71,15 @@ void FontItem::setGroup(std::string groupTag) {
 }
 
 const RecordWriter& FontItem::writer() const {
-    static const RecordWriter writer(schema(), notReflected());
+    static const RecordWriter writer(schema(), excludedFromDict());
     return writer;
 }
 
 Dictionary FontItem::Dict() const { return dictIn(arenaForDict(Children().size()).get()); }
 
 Dictionary FontItem::dictIn(const PerchAppLibrary::Storage& storage) const {
-    Dictionary dictionary =
-        isExactly(*this) ? writer().dictionary(*this, storage) : reflect(notReflected(), storage);
+    Dictionary dictionary = isExactly(*this) ? writer().dictionary(*this, storage)
+                                             : reflect(excludedFromDict(), storage);
     PerchAppLibrary::ValueArray& members = dictionary["Children"].emplace_array();
     members.reserve(Children().size());
     for (const std::shared_ptr<FontItem>& member : Children())
@@ -110,7 +112,7 @@ void FontItem::appendText(std::string& text, const Records<FontItem>& list) {
 }
 
 void FontItem::appendText(std::string& text) const {
-    if (!isExactly(*this)) { // whose accessors, and Dict itself, may be overridden
+    if (!isExactly(*this)) { // A subclass may override Dict() and the accessors.
         text += PerchAppLibrary::toText(Dict());
         return;
     }
@@ -140,15 +142,15 @@ void FontItem::setActivated(bool activated) {
 std::string FontItem::DisplayName() const {
     if (IsGroup())
         return ProductSetName() + " (" + std::to_string(Children().size()) + ")";
-    return nameToDisplay();
+    return leafDisplayName();
 }
 
-const std::string& FontItem::nameToDisplay() const {
+const std::string& FontItem::leafDisplayName() const {
     return displayName().empty() ? ProductName() : displayName();
 }
 
 const std::string* FontItem::storedDisplayName() const {
-    return isExactly(*this) && !IsGroup() ? &nameToDisplay() : nullptr;
+    return isExactly(*this) && !IsGroup() ? &leafDisplayName() : nullptr;
 }
 
 std::string FontItem::PreviewText() const {
@@ -185,7 +187,7 @@ std::string FontItem::LocalFile() const {
 
 std::string FontItem::LocalPreviewFile() const {
     return path::append(ApplicationManager::tmpCachesDir(),
-                        requireStem(*this).append(largePreviewSuffix));
+                        stemOrFail(*this).append(largePreviewSuffix));
 }
 
 std::optional<URL> FontItem::findRemotePreviewFile() const {
@@ -213,7 +215,7 @@ std::string FontItem::getRemoteFileUrl(const std::string& productFileUrlHeader,
 
 std::string FontItem::previewName(bool isFixed, const std::string& previewTag,
                                   const std::string& colorTag, std::int64_t fontSize) const {
-    const std::string name = requireStem(*this) + "_" + previewTag + "_" + colorTag + "_" +
+    const std::string name = stemOrFail(*this) + "_" + previewTag + "_" + colorTag + "_" +
                              std::to_string(fontSize) + ".png";
     return isFixed ? name : PerchAppLibrary::md5(name);
 }

@@ -26,23 +26,22 @@ using PerchAppLibrary::Required;
 
 /// One font of the cloud catalogue, or a group of fonts (a family) with its members.
 ///
-/// A record whose IsGroup is true is a group and stands for its Children, whose members may be
-/// groups again; any other record is a leaf, a font proper, whose Children are never looked at.
-/// Members are shared: the same object may stand in several groups and lists, and whoever changes
-/// it changes it for all.
+/// A record whose IsGroup is true is a group. Its Children are fonts or groups. Any other record is
+/// a leaf, a single font, and its Children are not read. Members are shared: a record may be in
+/// several groups and lists, and each of them shows a change of it.
 ///
-/// Requires: no group is a member of itself, at any depth, and no member is null. Documents nest
-/// groups up to 511 deep. A tree that is built by hand may be deeper: queries and destruction
-/// manage any depth, whereas Dict(), its text, properties(), setActivated() and the copy or
-/// destruction of a Dictionary go down one call for each level, as they must to honour overrides,
-/// and need stack for that (10,000 levels are tested).
+/// Requires that no group contains itself, at any depth, and that no member is null. A document
+/// nests groups at most 511 deep. A tree that is built by hand may be deeper. Queries and
+/// destruction work at any depth. Dict(), its text, properties(), setActivated() and the copy or
+/// destruction of a Dictionary call themselves once for each level, since subclasses may override
+/// them, and need stack in proportion (10,000 levels are tested).
 class FontItem : public PerchAppLibrary::BaseEntity {
-    PerchAppLibrary::text::CachedSignature
-        m_nameSignature; // near the flags, which queries read too
+    /// Lies beside the flags, since queries read both.
+    PerchAppLibrary::text::CachedSignature m_nameSignature;
 
     PERCH_RECORD(FontItem, PerchAppLibrary::BaseEntity);
 
-    /// Popularity.
+    /// Popularity, as a number from the service.
     PERCH_PROPERTY(std::int64_t, ApplyHot);
     /// Order in the catalogue.
     PERCH_PROPERTY(std::int64_t, Ordinal);
@@ -62,7 +61,7 @@ class FontItem : public PerchAppLibrary::BaseEntity {
     PERCH_PROPERTY(std::string, ProductName);
     /// PostScript name of the font.
     PERCH_PROPERTY(std::string, PostscriptName);
-    /// What was stored by setDisplayName(); read by DisplayName().
+    /// The value that setDisplayName() stores; DisplayName() reads it. Not in Dict.
     PERCH_PROPERTY_SET_BY(Rare<std::string>, displayName, setDisplayName);
     /// Format of the font file.
     PERCH_PROPERTY(std::string, Format);
@@ -70,41 +69,41 @@ class FontItem : public PerchAppLibrary::BaseEntity {
     PERCH_PROPERTY(std::string, Version);
     /// Rights notice, as sent.
     PERCH_PROPERTY(std::string, Copyright);
-    /// Name of the font file; the full path of one that does not come from the catalogue.
+    /// Name of the font file; its full path if the font is not on line in the catalogue.
     PERCH_PROPERTY(std::string, ProductFileName);
     /// Address of the font file.
     PERCH_PROPERTY(std::string, ProductFileUrl);
     /// Address of the folder of the font's preview images.
     PERCH_PROPERTY(std::string, PreviewFileUrl);
-    /// What was stored by setPreviewText(); read by PreviewText().
+    /// The value that setPreviewText() stores; PreviewText() reads it. Not in Dict.
     PERCH_PROPERTY_SET_BY(Rare<std::string>, previewText, setPreviewText);
     /// Opaque text of the service.
     PERCH_PROPERTY(std::string, RegisterKey);
     /// The font is on line in the catalogue.
     PERCH_PROPERTY(bool, IsOnline);
-    /// Pre-release.
+    /// The font is a pre-release.
     PERCH_PROPERTY(bool, IsPreOnly);
     /// The user is authorised for the font.
     PERCH_PROPERTY(Near<bool>, IsAuthed);
-    /// Free font.
+    /// The font is free.
     PERCH_PROPERTY(bool, IsFree);
     /// Label of the free offer.
     PERCH_PROPERTY(Rare<std::string>, FreeTag);
-    /// Authorisation flag of the font itself.
+    /// Authorisation flag of the font, as sent. IsAuthed is the user's.
     PERCH_PROPERTY(bool, IsFontAuth);
-    /// Available to members.
+    /// The font is available to members.
     PERCH_PROPERTY(bool, IsMemberFont);
-    /// The user's own upload.
+    /// The user has uploaded the font. Its addresses have the private prefixes.
     PERCH_PROPERTY(Near<bool>, IsPrivate);
     /// OEM label.
     PERCH_PROPERTY(Rare<std::string>, OemTag);
-    /// What was stored by setIsActivated(); read by IsActivated().
+    /// The value that setIsActivated() stores; IsActivated() reads it. Not in Dict.
     PERCH_PROPERTY_SET_BY(Near<bool>, isActivated, setIsActivated);
-    /// The user's favourite.
+    /// The font is a favourite of the user.
     PERCH_PROPERTY(Near<bool>, IsFavorited);
-    /// Recommended font.
+    /// The font is recommended.
     PERCH_PROPERTY(bool, IsRecommended);
-    /// New font.
+    /// The font is new.
     PERCH_PROPERTY(bool, IsNewly);
     /// Key text of the service; no query reads it.
     PERCH_PROPERTY(std::string, FontKey);
@@ -118,61 +117,61 @@ class FontItem : public PerchAppLibrary::BaseEntity {
     PERCH_PROPERTY(std::vector<std::int64_t>, Tags);
     /// Members of a group.
     PERCH_PROPERTY(Records<FontItem>, Children);
-    /// Begin of a period of validity, as sent.
+    /// Start of a period of validity, as sent.
     PERCH_PROPERTY(Rare<std::string>, DateStampBegin);
     /// End of a period of validity, as sent.
     PERCH_PROPERTY(Rare<std::string>, DateStampEnd);
-    /// Count used by top lists.
+    /// Count for top lists.
     PERCH_PROPERTY(std::int64_t, TopCount);
 
-    /// The record for storage or transmission: its stored properties, the base's first, without
-    /// displayName, previewText and isActivated; last "Children", the members' own Dicts.
+    /// The record for storage or transmission: the stored properties, the base's first, without
+    /// displayName, previewText and isActivated; "Children" comes last, as the members' Dicts.
     PERCH_COMPUTED(PerchAppLibrary::Dictionary, Dict);
 
-    /// Whether the font's file is there: a file exists at LocalFile(). False, without a look, when
-    /// that is empty.
+    /// Whether a file exists at LocalFile(). If LocalFile() is empty, false without reading the
+    /// file system.
     PERCH_COMPUTED(bool, IsLocaled);
 
-    /// Path of the font file: in the client's cache directory for a font that is on line, otherwise
-    /// ProductFileName() as it is.
+    /// Path of the font file: ProductFileName() in the client's cache directory if the font is on
+    /// line, otherwise ProductFileName() itself.
     PERCH_COMPUTED(std::string, LocalFile);
 
-    /// Path of the large preview image in the client's cache directory: the stem of the file name
-    /// and
-    /// "_B.png". Ends the process when ProductFileName() has no stem; see stem().
+    /// Path of the large preview image in the client's cache directory: the stem of the file name,
+    /// then "_B.png". Ends the process if stem() is nullopt.
     PERCH_COMPUTED(std::string, LocalPreviewFile);
 
-    /// Address of the large preview image: ProductFileUrl() with "_B.png" for its last four
-    /// characters, percent-encoded as a URL fragment. Ends the process when there is none; see
-    /// findRemotePreviewFile().
+    /// Address of the large preview image: ProductFileUrl() with "_B.png" in place of its last four
+    /// characters, percent-encoded as a URL fragment. Ends the process if findRemotePreviewFile()
+    /// is nullopt.
     PERCH_COMPUTED(PerchAppLibrary::URL, remotePreviewFile);
 
-    /// The font to draw with, at 32 points: the installed font named ProductName() for a font that
-    /// is not on line, if there is one; otherwise the system's.
+    /// The font to draw with, at 32 points: the installed font named ProductName(), if the record
+    /// is not on line and the font is installed; otherwise the system font.
     PERCH_COMPUTED(PerchAppLibrary::PlatformFont, Font);
 
-    /// A leaf's own flag. A group is activated when the stored flag of each of its members is true:
-    /// a group without members is, and a member that is a group is judged by its own flag alone.
+    /// Of a leaf, isActivated(). Of a group, whether isActivated() of every member is true. So it
+    /// is true for a group without members, and reads only the stored flag of a member that is a
+    /// group.
     PERCH_COMPUTED(bool, IsActivated);
 
-    /// The name set by setDisplayName(), or else ProductName(); of a group, ProductSetName() and
-    /// the number of members: "Song (4)".
+    /// Of a leaf, displayName(), or ProductName() if that is empty. Of a group, ProductSetName()
+    /// and the number of members: "Song (4)".
     PERCH_COMPUTED(std::string, DisplayName);
 
-    /// The text set by setPreviewText(), or else DisplayName(); of a group, ProductSetName().
+    /// previewText(), or if that is empty, DisplayName() of a leaf, ProductSetName() of a group.
     PERCH_COMPUTED(std::string, PreviewText);
 
-    /// "Kai(TTF, 1.00)" (ProductName, Format, Version); of a group, GroupTag() and
-    /// ProductSetName().
+    /// Of a leaf, ProductName(), Format() and Version(): "Kai(TTF, 1.00)". Of a group, GroupTag()
+    /// directly followed by ProductSetName().
     PERCH_COMPUTED(std::string, TreeNodeTitle);
 
     PERCH_RECORD_END;
     PERCH_ON_CHANGE(forgetNames, ProductName, ProductSetName, ProductFileName, displayName);
 
-    /// Labels of a font that is known by its name: create({.productName = "A"}).
+    /// Labels of a font with a name only: create({.productName = "A"}).
     PERCH_LABELS(NameLabels, (productName, ProductName));
 
-    /// Makes the font a group with this tag.
+    /// Sets IsGroup to true and GroupTag to the tag.
     void setGroup(std::string groupTag);
 
     /// Labels of an empty group: create({.groupTag = "x"}).
@@ -181,56 +180,62 @@ class FontItem : public PerchAppLibrary::BaseEntity {
     /// Labels of a reference to a font: create({.id = 7, .productName = "A", .isPrivate = true}).
     PERCH_LABELS(ReferenceLabels, (id, Id), (productName, ProductName), (isPrivate, IsPrivate));
 
+    /// Makes a font with the default of each property.
     FontItem();
+    /// Destroys the members that have no other owner, at any depth.
     ~FontItem() override;
 
-    /// Sets IsActivated of a leaf; hands the value on to every member of a group, whose own flag
-    /// stays as it is.
+    /// Sets IsActivated of a leaf. For a group, calls setActivated() of every member and leaves the
+    /// group's own flag unchanged.
     virtual void setActivated(bool activated);
 
-    /// The Dicts of the fonts, in order.
+    /// Returns the Dicts of the fonts, in order.
     static std::vector<PerchAppLibrary::Dictionary> getFontArray(const Records<FontItem>& list);
 
-    /// The text of a JSON array of these (RFC 8259, without white space): what
-    /// toText(getFontArray(list)) gives, without the dictionaries, so about six times as fast.
+    /// Returns toText(getFontArray(list)): the text of a JSON array of the Dicts (RFC 8259, without
+    /// white space). Makes no dictionaries, so it is about seven times as fast.
     static std::string getFontArrayText(const Records<FontItem>& list);
 
-    /// The text that DisplayName() gives, without a copy: null where it is worked out, of a group
-    /// or, as far as can be known, by a subclass.
+    /// Returns the text of DisplayName() without a copy, or null if DisplayName() computes it: for
+    /// a group, and for a subclass, which may override it.
     const std::string* storedDisplayName() const;
 
-    /// ProductFileName() without its last four characters, a dot and an extension of three letters.
-    /// Characters are UTF-16 code units; half of a character that is cut apart becomes U+FFFD. None
-    /// when the name has fewer than four.
+    /// Returns ProductFileName() without its last four characters: a dot and an extension of three
+    /// letters. Returns nullopt if the name has fewer. Characters are UTF-16 code units; half of a
+    /// surrogate pair that is cut becomes U+FFFD.
     std::optional<std::string> stem() const;
 
-    /// remotePreviewFile(), or none where ProductFileUrl() has fewer than four UTF-16 code units or
-    /// gives no URL.
+    /// Returns remotePreviewFile(), or nullopt if ProductFileUrl() has fewer than four UTF-16 code
+    /// units or gives no valid URL.
     std::optional<PerchAppLibrary::URL> findRemotePreviewFile() const;
 
-    /// Address of the font file: for a public font the prefix, ProductSetName(), "/", Version(),
-    /// "/", ProductFileName(); for a private one the private prefix, the user's identifier, "/",
-    /// ProductFileName(). Prefixes are used as they are, so they end in "/".
+    /// Returns the address of the font file. Of a public font: `productFileUrlHeader`,
+    /// ProductSetName(), "/", Version(), "/", ProductFileName(). Of a private font:
+    /// `privateProductFileUrlHeader`, `userGuid`, "/", ProductFileName(). Pass prefixes that end in
+    /// "/".
     virtual std::string getRemoteFileUrl(const std::string& productFileUrlHeader,
                                          const std::string& privateProductFileUrlHeader,
                                          const std::string& userGuid) const;
 
-    /// Path of a preview image in the client's cache directory. A fixed preview is named in clear,
-    /// as in "SongTi_p1_c0_48.png" (stem, preview tag, colour tag, size in points), any other by
-    /// the MD5 of that name. This and the two following end the process when ProductFileName() has
-    /// no stem; see stem().
+    /// Returns the path of a preview image in the client's cache directory. A fixed preview has a
+    /// readable name, the stem, preview tag, colour tag and size in points: "SongTi_p1_c0_48.png".
+    /// The name of any other preview is the MD5 of that name. Ends the process if stem() is
+    /// nullopt.
     virtual std::string getLocalPreviewFile(bool isFixed, const std::string& previewTag,
                                             const std::string& colorTag,
                                             std::int64_t fontSize) const;
 
-    /// Address of a preview image: PreviewFileUrl() and the name that getLocalPreviewFile() uses.
+    /// Returns the address of a preview image: PreviewFileUrl(), "/" and the name that
+    /// getLocalPreviewFile() uses. Ends the process if stem() is nullopt.
     virtual std::string getRemotePreviewFile(bool isFixed, const std::string& previewTag,
                                              const std::string& colorTag,
                                              std::int64_t fontSize) const;
 
-    /// Address of a preview image below the service's prefixes, which are used as they are: for a
-    /// public font the prefix of fixed or of other previews, ProductSetName(), "/", Version(), "/"
-    /// and the name; for a private one the private prefix, the user's identifier, "/" and the name.
+    /// Returns the address of a preview image under the prefixes of the service, which end in "/".
+    /// Of a public font: `fixPreviewFileUrlHeader` if fixed, otherwise `previewFileUrlHeader`; then
+    /// ProductSetName(), "/", Version(), "/" and the name that getLocalPreviewFile() uses. Of a
+    /// private font: `privatePreviewFileUrlHeader`, `userGuid`, "/" and that name. Ends the process
+    /// if stem() is nullopt.
     virtual std::string getRemotePreviewFile(bool isFixed, const std::string& previewTag,
                                              const std::string& colorTag, std::int64_t fontSize,
                                              const std::string& fixPreviewFileUrlHeader,
@@ -238,18 +243,18 @@ class FontItem : public PerchAppLibrary::BaseEntity {
                                              const std::string& privatePreviewFileUrlHeader,
                                              const std::string& userGuid) const;
 
-    /// The signature of the names by which the font is searched, as they are stored: ProductName,
-    /// ProductSetName, ProductFileName, displayName.
+    /// Returns the cached signature of the stored names by which the font is searched: ProductName,
+    /// ProductSetName, ProductFileName and displayName.
     const PerchAppLibrary::text::CachedSignature& nameSignature() const noexcept {
         return m_nameSignature;
     }
 
-    /// The last byte of the signature, for prefetching.
+    /// Returns the last byte of the signature, for prefetching.
     const void* signatureEnd() const noexcept {
         return reinterpret_cast<const char*>(&m_nameSignature + 1) - 1;
     }
 
-    /// Prefetch the names, and then the texts that they keep elsewhere.
+    /// Prefetches the strings of the stored names.
     void prefetchNames() const noexcept {
         for (const std::string* const name :
              {&m_ProductSetName, &m_ProductName, &m_ProductFileName}) {
@@ -257,22 +262,27 @@ class FontItem : public PerchAppLibrary::BaseEntity {
             PerchAppLibrary::prefetch(reinterpret_cast<const char*>(name + 1) - 1);
         }
     }
+
+    /// Prefetches the characters of the stored names. Reads the strings.
     void prefetchTexts() const noexcept {
         for (const std::string* const name :
              {&m_ProductName, &m_ProductSetName, &m_ProductFileName})
             PerchAppLibrary::prefetch(name->data());
     }
 
-    /// The locations with labels for arguments. They call the functions above. A subclass that
-    /// overrides one of these also writes `using FontItem::getLocalPreviewFile;`, or the like.
+    /// Labels of getRemoteFileUrl(). The functions that take labels call the virtual functions
+    /// above. A subclass that overrides one of those hides the one with labels, unless it also
+    /// writes `using FontItem::getRemoteFileUrl;`.
     struct RemoteFileLabels {
         [[no_unique_address]] ByNameOnly byNameOnly = ByNameOnly();
         Required<std::string> productFileUrlHeader;
         Required<std::string> privateProductFileUrlHeader;
         Required<std::string> userGuid;
     };
+    /// Like getRemoteFileUrl() with plain arguments.
     std::string getRemoteFileUrl(const RemoteFileLabels& labels) const;
 
+    /// Labels of getLocalPreviewFile() and of getRemotePreviewFile() without prefixes.
     struct PreviewLabels {
         [[no_unique_address]] ByNameOnly byNameOnly = ByNameOnly();
         Required<bool> isFixed;
@@ -280,9 +290,12 @@ class FontItem : public PerchAppLibrary::BaseEntity {
         Required<std::string> colorTag;
         Required<std::int64_t> fontSize;
     };
+    /// Like getLocalPreviewFile() with plain arguments.
     std::string getLocalPreviewFile(const PreviewLabels& labels) const;
+    /// Like getRemotePreviewFile() with plain arguments.
     std::string getRemotePreviewFile(const PreviewLabels& labels) const;
 
+    /// Labels of getRemotePreviewFile() with prefixes.
     struct ServicePreviewLabels {
         [[no_unique_address]] ByNameOnly byNameOnly = ByNameOnly();
         Required<bool> isFixed;
@@ -294,15 +307,28 @@ class FontItem : public PerchAppLibrary::BaseEntity {
         Required<std::string> privatePreviewFileUrlHeader;
         Required<std::string> userGuid;
     };
+    /// Like getRemotePreviewFile() with plain arguments.
     std::string getRemotePreviewFile(const ServicePreviewLabels& labels) const;
 
 private:
     void forgetNames() noexcept { m_nameSignature.forget(); }
-    const std::string& nameToDisplay() const;            // of a leaf
-    const PerchAppLibrary::RecordWriter& writer() const; // of exactly this class
+
+    /// Returns DisplayName() of a leaf.
+    const std::string& leafDisplayName() const;
+
+    /// Returns the writer of Dict. Requires a record of exactly this class.
+    const PerchAppLibrary::RecordWriter& writer() const;
+
+    /// Returns Dict() in the storage of a larger dictionary.
     PerchAppLibrary::Dictionary dictIn(const PerchAppLibrary::Storage& storage) const;
-    void appendText(std::string& text) const; // of Dict()
+
+    /// Appends the text of Dict().
+    void appendText(std::string& text) const;
+
+    /// Appends the text of the fonts' Dicts as a JSON array.
     static void appendText(std::string& text, const Records<FontItem>& list);
+
+    /// Returns the name that getLocalPreviewFile() describes.
     std::string previewName(bool isFixed, const std::string& previewTag,
                             const std::string& colorTag, std::int64_t fontSize) const;
 };

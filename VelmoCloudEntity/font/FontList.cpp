@@ -16,6 +16,7 @@ using PerchAppLibrary::IdSet;
 
 namespace {
 
+/// Calls `setFlag(true)` for each leaf that matches a reference.
 void markMatching(const Records<FontItem>& list, const Records<FontItem>& references,
                   void (FontItem::*setFlag)(bool)) {
     if (list.empty() || references.empty())
@@ -27,16 +28,16 @@ void markMatching(const Records<FontItem>& list, const Records<FontItem>& refere
     });
 }
 
-/// Returns whether all identifiers are among the tags. Requires that no identifier is repeated.
-bool carriesAll(const IdSet::Ids& tags, const IdSet::Ids& ids) {
-    constexpr std::size_t few = 256; // so many comparisons are faster than making a set
+/// Returns whether the tags contain all identifiers. Requires that no identifier is repeated.
+bool containsAll(const IdSet::Ids& tags, const IdSet::Ids& ids) {
+    constexpr std::size_t maxComparisons = 256; // Up to here, comparing is faster than an IdSet.
     if (ids.size() > tags.size())
         return false;
-    if (ids.size() * tags.size() <= few)
+    if (ids.size() * tags.size() <= maxComparisons)
         return std::ranges::all_of(
             ids, [&tags](std::int64_t id) { return std::ranges::find(tags, id) != tags.end(); });
-    const IdSet carried(tags);
-    return std::ranges::all_of(ids, [&carried](std::int64_t id) { return carried.contains(id); });
+    const IdSet tagSet(tags);
+    return std::ranges::all_of(ids, [&tagSet](std::int64_t id) { return tagSet.contains(id); });
 }
 
 /// Returns the leaves that match the query.
@@ -112,8 +113,9 @@ Records<FontItem> FontList::getFontByTags(const Records<FontItem>& list,
     IdSet::Ids ids;
     for (const std::shared_ptr<FontTagItem>& tag : tags)
         ids.push_back(tag->Id());
-    ids = IdSet(ids).ids(); // each once
-    return leavesWhere(list, [&ids](const FontItem& leaf) { return carriesAll(leaf.Tags(), ids); });
+    ids = IdSet(ids).ids(); // removes duplicates
+    return leavesWhere(list,
+                       [&ids](const FontItem& leaf) { return containsAll(leaf.Tags(), ids); });
 }
 
 std::int64_t FontList::getFontCount(const Records<FontItem>& list) {

@@ -13,18 +13,19 @@ namespace VelmoCloudEntity {
 
 class FontTagItem; // completed by VelmoCloudEntity/catalogue/FontTagItem.hpp
 
-/// The list of fonts that the service sends, one for each object in a JSON array (other elements
-/// are dropped), and the queries over trees of fonts.
+/// The list of fonts that the service sends, one for each object in a JSON array, and the queries
+/// over trees of fonts. Elements of the array that are not objects are ignored.
 ///
 /// A query takes any array of fonts: a list, a group's Children, or one built by the client. Unless
 /// it says otherwise, it walks the tree once, depth first, and returns or marks leaf fonts only.
-/// Results share the fonts of the tree, in its order; a font that is there twice comes twice. Fonts
-/// are read and written through their virtual accessors. Requires that no font is null. To visit
-/// the leaves yourself, see entity/RecordTree.hpp.
+/// Results share the fonts of the tree, in its order; a font that occurs twice in the tree occurs
+/// twice in the result. Fonts are read and written through their virtual accessors. Requires that
+/// no font is null. To visit the leaves yourself, see entity/RecordTree.hpp.
 ///
 /// Texts may hold any bytes; ill-formed ones count as U+FFFD. Texts are equal if canonically
 /// equivalent (UAX #15). A name contains a key as text::Needle defines it: whole characters, case
-/// ignored by the root locale's full mapping, never an empty key. Searching is linear in both.
+/// ignored by the root locale's full mapping. No name contains an empty key. Searching is linear in
+/// the lengths of names and key together.
 ///
 /// Any number of threads may read one tree at the same time, searches included, as long as no
 /// thread changes it. Setting a property is a change, and so are setActivatedFont() and
@@ -64,14 +65,14 @@ public:
                                           bool fuzzy);
 
     /// Returns the two lists of a search box: the fonts that getFontByKey() finds with `fuzzy`, and
-    /// those that isFontMatchedByCharacter() accepts. The second has most fonts of the first.
+    /// those that isFontMatchedByCharacter() accepts. A font may be in both.
     static std::pair<Records<FontItem>, Records<FontItem>>
     getSearchResultFont(const Records<FontItem>& list, const std::string& key);
 
     /// Returns whether one of the key's first N UTF-16 code units occurs in ProductName,
     /// ProductSetName, ProductFileName or DisplayName, where N is its number of user-perceived
     /// characters (UAX #29). For most keys these units are its characters. Half of a surrogate pair
-    /// occurs in nothing.
+    /// occurs in no name.
     static bool isFontMatchedByCharacter(const std::shared_ptr<FontItem>& font,
                                          const std::string& key);
 

@@ -9,46 +9,49 @@
 
 namespace VelmoCloudEntity {
 
-/// Reads the names by which fonts are searched, one font after the other, in the same memory.
+/// Reads the names by which fonts are searched. Reuses its memory from one font to the next.
 class FontNames {
 public:
     /// Returns whether the font has a signature. A subclass has none, since it may override
-    /// accessors, nor has a group, whose DisplayName is computed.
+    /// accessors. A group has none, since its DisplayName is computed.
     static bool hasSignature(const FontItem& font) { return isExactly(font) && !font.IsGroup(); }
 
-    /// Returns the signature of all names of the font. Requires that it has one.
+    /// Returns the signature of all names of the font. Requires hasSignature(font).
     PerchAppLibrary::text::TextSignature signature(const FontItem& font) {
         return font.nameSignature().get([&] { return computeSignature(font); });
     }
 
-    /// Returns whether ProductName passes `test(name)`, a Boolean of a SearchedText&.
+    /// Returns `test(name)` of ProductName, a Boolean. The name is a SearchedText&.
     template <class Test>
     bool isProductName(const FontItem& font, Test&& test) {
         return passes(font.ProductName(), test);
     }
 
-    /// Returns whether ProductName, ProductSetName or ProductFileName passes, read in this order.
+    /// Returns whether ProductName, ProductSetName or ProductFileName passes the test. Reads them
+    /// in this order.
     template <class Test>
     bool anyStored(const FontItem& font, Test&& test) {
         return passes(font.ProductName(), test) || passes(font.ProductSetName(), test) ||
                passes(font.ProductFileName(), test);
     }
 
-    /// Returns whether ProductName, ProductSetName, ProductFileName or DisplayName passes, read in
-    /// this order. Requires that an ASCII text passes if a part of it does.
+    /// Returns whether ProductName, ProductSetName, ProductFileName or DisplayName passes the test.
+    /// Reads them in this order. Requires that an ASCII text passes if a part of it does.
     template <class Test>
     bool any(const FontItem& font, Test&& test) {
         const std::string& name = font.ProductName();
         if (passes(name, test))
             return true;
-        // Usually the product name begins with the set name, and the display name equals it.
         const std::string& setName = font.ProductSetName();
-        // Overrides may return both names from one member, which then holds the set name.
-        const bool isTested = m_name.isASCII() && &setName != &name && name.starts_with(setName);
-        if ((!isTested && passes(setName, test)) || passes(font.ProductFileName(), test))
+        // Usually the product name begins with the set name, which then needs no test. Overrides
+        // may return both names from one member, which then holds the set name only.
+        const bool isPartOfName =
+            m_name.isASCII() && &setName != &name && name.starts_with(setName);
+        if ((!isPartOfName && passes(setName, test)) || passes(font.ProductFileName(), test))
             return true;
         if (const std::string* const stored = font.storedDisplayName())
-            return stored != &name && passes(*stored, test);
+            return stored != &name && // which has failed the test
+                   passes(*stored, test);
         return passes(font.DisplayName(), test);
     }
 

@@ -10,10 +10,10 @@
 
 namespace VelmoCloudEntity {
 
-/// An index of references to fonts, for the queries of FontList. Requires references that outlive
-/// it.
+/// An index of references to fonts, for the marking queries of FontList.
 class FontReferences {
 public:
+    /// Requires references that outlive the index.
     explicit FontReferences(const Records<FontItem>& references);
 
     /// Returns whether a reference matches the leaf as FontList::setActivatedFont() defines it.
@@ -22,15 +22,15 @@ public:
 private:
     using TextSet = PerchAppLibrary::text::TextSet;
 
-    /// Returns the names of the references, decomposed, so that equivalent names have equal bytes.
-    /// Computed for the first font without an identifier, since most fonts have one.
+    /// Returns the decomposed names of the references, so that equivalent names have equal bytes.
+    /// Computes them on first use, since most fonts are matched by identifier.
     const TextSet& names();
 
     const Records<FontItem>* m_references;
-    PerchAppLibrary::IdSet m_public;  // identifiers of public references
-    PerchAppLibrary::IdSet m_private; // identifiers of private references
-    std::optional<TextSet> m_names;
-    PerchAppLibrary::text::ComparedText m_name; // decomposed: the name of the font or reference
+    PerchAppLibrary::IdSet m_public;            // identifiers of public references
+    PerchAppLibrary::IdSet m_private;           // identifiers of private references
+    std::optional<TextSet> m_names;             // what names() returns, once computed
+    PerchAppLibrary::text::ComparedText m_name; // buffer: the decomposed name of one font
 };
 
 } // namespace VelmoCloudEntity

@@ -14,17 +14,17 @@
 #include <optional>
 #include <string_view>
 
-/// The queries over the names of fonts that FontList offers, one class for each.
+/// The queries of FontList over the names of fonts, one class for each.
 namespace VelmoCloudEntity {
 
 namespace text = PerchAppLibrary::text;
 using text::TextSignature;
 
-/// Whether a font matches a query, or nullopt if that is open.
+/// Whether a font matches a query, or nullopt if undecided.
 using Verdict = std::optional<bool>;
 
-/// A query has two verdicts on a font: one by the signature of its names, and, where that leaves it
-/// open, one by the names themselves.
+/// A query that gives a verdict on a font from the signature of its names, and, if that is
+/// undecided, from the names themselves.
 template <class Query>
 concept NameQuery =
     requires(Query query, const TextSignature& signature, const FontItem& font, FontNames& reader) {
@@ -38,7 +38,7 @@ inline Verdict mayContain(const TextSignature& names, const TextSignature& sough
     return names.covers(sought) ? Verdict() : Verdict(false);
 }
 
-/// ProductName equals the name, case included.
+/// Matches a font whose ProductName equals the name, case included.
 class ExactNameQuery {
 public:
     explicit ExactNameQuery(std::string_view name)
@@ -56,13 +56,14 @@ private:
     text::ComparedText m_compared{text::Case::sensitive};
 };
 
-/// ProductName contains the name.
+/// Matches a font whose ProductName contains the name.
 class FuzzyNameQuery {
 public:
     explicit FuzzyNameQuery(std::string_view name) : m_needle(name) {}
 
     Verdict verdict(const TextSignature& names) const {
-        return mayContain(names, m_needle.signature()); // never true: it is of other names, too
+        // Never true: the signature is of all names, and the query of ProductName only.
+        return mayContain(names, m_needle.signature());
     }
     bool verdict(const FontItem& font, FontNames& names) const {
         return names.isProductName(font, [this](auto& name) { return m_needle.isIn(name); });
@@ -72,7 +73,7 @@ private:
     text::Needle m_needle;
 };
 
-/// ProductName, ProductSetName or ProductFileName equals the key.
+/// Matches a font whose ProductName, ProductSetName or ProductFileName equals the key.
 class ExactKeyQuery {
 public:
     explicit ExactKeyQuery(std::string_view key) : m_key(key), m_signature(m_key) {}
@@ -87,7 +88,8 @@ private:
     TextSignature m_signature;
 };
 
-/// One of these names or DisplayName contains the key.
+/// Matches a font whose ProductName, ProductSetName, ProductFileName or DisplayName contains the
+/// key.
 class FuzzyKeyQuery {
 public:
     explicit FuzzyKeyQuery(std::string_view key) : m_needle(key) {}
@@ -101,7 +103,7 @@ private:
     text::Needle m_needle;
 };
 
-/// One of the four names contains one of the searchedCharacters() of the key.
+/// Matches a font if one of these four names contains one of the searchedCharacters() of the key.
 class CharacterQuery {
 public:
     explicit CharacterQuery(std::string_view key) {

@@ -28,8 +28,8 @@ bool matches(const FontItem& font, Query query) {
 /// One walk over a tree of fonts for one or more queries.
 ///
 /// The signature decides most fonts. It lies beside the fields that every walk reads, whereas each
-/// name has a place of its own in memory. So the fonts that it leaves open are collected, and the
-/// names of a whole batch are requested from memory before the first of them is read.
+/// name has a place of its own in memory. So the walk collects the undecided fonts in batches, and
+/// prefetches the names of a batch before it reads the first of them.
 template <NameQuery... Queries>
 class NameSearch {
 public:
@@ -38,7 +38,8 @@ public:
 
     explicit NameSearch(Queries... queries) : m_queries(std::move(queries)...) {}
 
-    /// Returns the matching leaves of the tree, in the order of the walk. To be called once.
+    /// Returns the matching leaves of the tree, in the order of the walk. Requires that it was not
+    /// called before.
     Results in(const Records<FontItem>& list) {
         forEachLeaf(list, [this](const std::shared_ptr<FontItem>& leaf) { add(leaf); });
         finishBatch();
@@ -46,51 +47,61 @@ public:
     }
 
 private:
-    /// Those by the signature, one for each query.
+    /// The verdicts by the signature, one for each query.
     using Verdicts = std::array<Verdict, sizeof...(Queries)>;
 
+    /// A leaf that waits for the end of its batch. Owns the leaf, since its array may be destroyed
+    /// before that.
     struct Candidate {
-        std::shared_ptr<FontItem> leaf; // owned: its array may be destroyed before its turn
+        std::shared_ptr<FontItem> leaf;
         Verdicts verdicts;
     };
 
-    Verdicts verdictsOn(const FontItem& font) {
+    /// Returns the verdicts by the signature of the font. They are undecided if it has none.
+    Verdicts signatureVerdicts(const FontItem& font) {
         if (!FontNames::hasSignature(font))
             return {};
         const TextSignature signature = m_names.signature(font);
-        const auto ask = [&](Queries&... query) { return Verdicts{query.verdict(signature)...}; };
-        return std::apply(ask, m_queries);
+        const auto verdicts = [&](Queries&... query) {
+            return Verdicts{query.verdict(signature)...};
+        };
+        return std::apply(verdicts, m_queries);
     }
 
+    /// Adds the leaf to the batch unless the signature rules it out for all queries.
     void add(const std::shared_ptr<FontItem>& leaf) {
-        const Verdicts verdicts = verdictsOn(*leaf);
+        const Verdicts verdicts = signatureVerdicts(*leaf);
         if (isRejected(verdicts))
             return;
-        if (isOpen(verdicts))
+        if (isUndecided(verdicts))
             leaf->prefetchNames();
         m_batch[m_batchSize++] = {leaf, verdicts};
         if (m_batchSize == m_batch.size())
             finishBatch();
     }
 
+    /// Adds the matching leaves of the batch to the results, and empties the batch.
     void finishBatch() {
         const std::span batch = std::span(m_batch).first(m_batchSize);
         for (const Candidate& candidate : batch)
-            if (isOpen(candidate.verdicts))
+            if (isUndecided(candidate.verdicts))
                 candidate.leaf->prefetchTexts();
         for (const Candidate& candidate : batch)
             collect(candidate, std::index_sequence_for<Queries...>());
         m_batchSize = 0;
     }
 
+    /// Returns whether every query rejects the font.
     static bool isRejected(const Verdicts& verdicts) {
         return std::ranges::none_of(verdicts, [](Verdict each) { return each.value_or(true); });
     }
 
-    static bool isOpen(const Verdicts& verdicts) {
+    /// Returns whether a query needs the names of the font.
+    static bool isUndecided(const Verdicts& verdicts) {
         return std::ranges::any_of(verdicts, [](Verdict each) { return !each; });
     }
 
+    /// Adds the leaf to the result of each query that it matches.
     template <std::size_t... index>
     void collect(const Candidate& candidate, std::index_sequence<index...>) {
         const auto collectFor = [&](auto& query, Verdict verdict, auto& result) {
