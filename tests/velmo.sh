@@ -49,7 +49,7 @@ expect 2 'subcommand'
 expect 2 'list.*STATE|STATE.*foo' list foo "$fonts"
 expect 2 'FILE is required' tree
 expect 2 'read.*TYPE|TYPE.*FontLst' read FontLst "$fonts"
-expect 2 'ID: "seven" is no integer' locate "$fonts" seven
+expect 2 'ID: "seven" is not an integer' locate "$fonts" seven
 expect 2 '99999999999999999999' locate "$fonts" 99999999999999999999
 expect 2 '/nonexistent: cannot be read: No such file' tree /nonexistent
 expect 2 'cannot be read: Is a directory' export "$directory"
@@ -112,7 +112,7 @@ if command -v script >/dev/null; then
     script -qc "'$velmo' search '$directory/halves.json' '😀xy'" /dev/null </dev/null | grep -qF $'😀 \033[1;31mx' ||
         fail "highlighted is what did not match"
 fi
-echo '[]' | "$velmo" list activated - --activate - 2>&1 | grep -qF 'standard input can stand for one file' ||
+echo '[]' | "$velmo" list activated - --activate - 2>&1 | grep -qF 'standard input can be only one of the files' ||
     fail "standard input read twice"
 
 # Looking up: in the order of the tree; the flat way finds groups, and one item.
@@ -123,7 +123,7 @@ expect 0 '^\{"Id":900001,"ProductName":"","IsGroup":true,' lookup "$fonts" 90000
 [ "$("$velmo" lookup "$fonts" 339 --flat --json 2>/dev/null; echo $?)" = null$'\n'1 ] || fail "lookup --flat of a member"
 expect 1 'no item at the top level has the Id 339' lookup "$fonts" 339 --flat
 expect 2 'takes one ID' lookup "$fonts" 1 2 --flat
-expect 2 'ID: "x" is no integer' lookup "$fonts" 1,x
+expect 2 'ID: "x" is not an integer' lookup "$fonts" 1,x
 
 # Filtering by ticked tags: together within a group, all groups at once.
 expect 0 '^display \([0-9]+ fonts\)$' filter "$fonts" --tags "$tags" --check 4,5

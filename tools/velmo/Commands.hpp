@@ -16,44 +16,44 @@ class Option;
 
 namespace velmo {
 
-/// What a command line asks for; a command puts its work here when its name is on the line.
-using Work = std::function<ExitStatus()>;
+/// The code of a command. Returns the exit status of the program.
+using Action = std::function<ExitStatus()>;
 
-// Each adds its command to the application: name, arguments, help, and the work.
+// Each function adds one command to the application: its name, arguments, help and action. Parsing
+// a command line stores the action of its command in `selected`.
 
-void addTree(CLI::App& application, Work& work);
-void addList(CLI::App& application, Work& work);
-void addFind(CLI::App& application, Work& work);
-void addSearch(CLI::App& application, Work& work);
-void addLookup(CLI::App& application, Work& work);
-void addFilter(CLI::App& application, Work& work);
-void addLocate(CLI::App& application, Work& work);
-void addRead(CLI::App& application, Work& work);
-void addExport(CLI::App& application, Work& work);
-void addError(CLI::App& application, Work& work);
+void addTree(CLI::App& application, Action& selected);
+void addList(CLI::App& application, Action& selected);
+void addFind(CLI::App& application, Action& selected);
+void addSearch(CLI::App& application, Action& selected);
+void addLookup(CLI::App& application, Action& selected);
+void addFilter(CLI::App& application, Action& selected);
+void addLocate(CLI::App& application, Action& selected);
+void addRead(CLI::App& application, Action& selected);
+void addExport(CLI::App& application, Action& selected);
+void addError(CLI::App& application, Action& selected);
 
-/// Adds a command with the option --json, which every command takes. `toDo` is its work.
-CLI::App& addCommand(CLI::App& application, Work& work, const std::string& name,
-                     const std::string& description, bool& asJSON, Work toDo);
+/// Adds a command with the option --json, which every command has, and returns it.
+CLI::App& addCommand(CLI::App& application, Action& selected, const std::string& name,
+                     const std::string& description, bool& asJSON, Action action);
 
-/// Adds a command that runs with the options that its arguments fill. They live as long as the
-/// command.
+/// Adds a command that calls `run` with its options. Returns the command and the options, which
+/// live as long as the command.
 template <class Options>
-std::pair<CLI::App&, Options&> addCommand(CLI::App& application, Work& work,
+std::pair<CLI::App&, Options&> addCommand(CLI::App& application, Action& selected,
                                           const std::string& name, const std::string& description,
                                           ExitStatus (*run)(const Options&)) {
     const auto options = std::make_shared<Options>();
-    CLI::App& command = addCommand(application, work, name, description, options->asJSON,
+    CLI::App& command = addCommand(application, selected, name, description, options->asJSON,
                                    [options, run] { return run(*options); });
     return {command, *options};
 }
 
-/// Adds an argument or option for a decimal integer of 64 bits; anything else on the line is wrong
-/// usage.
+/// Adds an argument or option for a decimal integer of 64 bits. Any other text is wrong usage.
 CLI::Option* addInteger(CLI::App& command, const std::string& name, std::int64_t& value,
                         const std::string& description);
 
-/// Adds one for several, in arguments of their own or with commas between them.
+/// Like addInteger(), for several integers, in separate arguments or separated by commas.
 CLI::Option* addIntegers(CLI::App& command, const std::string& name,
                          std::vector<std::int64_t>& values, const std::string& description);
 

@@ -28,9 +28,10 @@ std::string readAll(const std::string& file, std::FILE* stream) {
     return content;
 }
 
+/// Returns the content of the file. "-" is standard input, which can be read once.
 std::string readFile(const std::string& file) {
     if (file == "-" && std::feof(stdin) != 0)
-        throw Failure("standard input can stand for one file, not for several");
+        throw Failure("standard input can be only one of the files");
     if (file == "-")
         return readAll(file, stdin);
     const std::unique_ptr<std::FILE, int (*)(std::FILE*)> stream(std::fopen(file.c_str(), "rb"),

@@ -6,11 +6,11 @@
 
 namespace velmo {
 
-/// The JSON document in a file; "-" is standard input. Throws Failure when it cannot be read or is
-/// malformed.
+/// Returns the JSON document in a file. "-" is standard input. Throws Failure if the file cannot be
+/// read or the document is malformed.
 PerchAppLibrary::JSON readDocument(const std::string& file);
 
-/// How messages name the file.
+/// Returns the name of the file in messages.
 std::string nameOf(const std::string& file);
 
 } // namespace velmo

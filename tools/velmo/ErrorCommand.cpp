@@ -22,7 +22,7 @@ struct ErrorOptions {
     bool asJSON = false;
 };
 
-void printForPeople(const BaseExceptionEntity& error, const std::string& language) {
+void printText(const BaseExceptionEntity& error, const std::string& language) {
     std::string text = language.empty() ? bold(error.code()) + "\n" : "";
     for (const auto& [each, message] : error.msgDict())
         if (language.empty())
@@ -38,30 +38,30 @@ ExitStatus showError(const ErrorOptions& options) {
     if (found == errors.Dict().end()) {
         if (options.asJSON)
             printJSON(nullptr);
-        warn(fmt::format("no error has the code \"{}\"; codes are six digits, as in 002004",
+        warn(fmt::format("no error has the code \"{}\"; a code has six digits, as in 002004",
                          options.code));
         return ExitStatus::nothingFound;
     }
     const BaseExceptionEntity& error = *found->second;
     if (!options.asJSON) {
-        printForPeople(error, options.language);
-        return ExitStatus::done;
+        printText(error, options.language);
+        return ExitStatus::success;
     }
     Dictionary described{{"code", toValue(error.code())}};
     for (const auto& [language, message] : error.msgDict())
         described[language] = toValue(message);
     printJSON(described);
-    return ExitStatus::done;
+    return ExitStatus::success;
 }
 
 } // namespace
 
-void addError(CLI::App& application, Work& work) {
+void addError(CLI::App& application, Action& selected) {
     auto [command, options] =
-        addCommand(application, work, "error", "Show the messages of an error code of the service",
-                   &showError);
-    command.add_option("CODE", options.code, "The six digits")->required();
-    command.add_option("--lang", options.language, "The message in one language alone")
+        addCommand(application, selected, "error",
+                   "Show the messages of an error code of the service", &showError);
+    command.add_option("CODE", options.code, "Error code, six digits")->required();
+    command.add_option("--lang", options.language, "Show only the message in this language")
         ->check(CLI::IsMember({"Ch", "En"}));
 }
 

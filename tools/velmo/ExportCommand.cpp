@@ -9,19 +9,19 @@ namespace {
 
 struct ExportOptions {
     FontSource source;
-    bool asJSON = false; // it is JSON either way
+    bool asJSON = false; // not read: the output is always JSON
 };
 
 ExitStatus exportFonts(const ExportOptions& options) {
     print(FontItem::getFontArrayText(readFontList(options.source).List()) + "\n");
-    return ExitStatus::done;
+    return ExitStatus::success;
 }
 
 } // namespace
 
-void addExport(CLI::App& application, Work& work) {
-    auto [command, options] =
-        addCommand(application, work, "export", "Print the fonts' Dict as JSON", &exportFonts);
+void addExport(CLI::App& application, Action& selected) {
+    auto [command, options] = addCommand(application, selected, "export",
+                                         "Print the fonts as JSON, each as its Dict", &exportFonts);
     addFile(command, options.source);
 }
 

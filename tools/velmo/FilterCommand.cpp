@@ -25,7 +25,7 @@ struct FilterOptions {
     bool asJSON = false;
 };
 
-/// Ticks every tag with this Id, at any depth. Gives their number.
+/// Ticks every tag with this Id, at any depth. Returns their number.
 std::size_t tick(const Tags& tags, std::int64_t id) {
     std::size_t ticked = 0;
     for (const auto& tag : tags) {
@@ -53,34 +53,34 @@ ExitStatus filter(const FilterOptions& options) {
             warn(fmt::format("{}: no tag has the Id {}", nameOf(options.tagsFile), id));
 
     const std::vector<std::int64_t> all = idsOfLeaves(fonts.List());
-    const std::vector<std::int64_t> left =
+    const std::vector<std::int64_t> passing =
         FontTagList::getCheckedFontTagFontIdList(tags.List(), all);
-    const Fonts shown = FontList::getFontById(fonts.List(), left);
+    const Fonts shown = FontList::getFontById(fonts.List(), passing);
     if (options.asJSON) {
         Dictionary result;
-        result.emplace("FontIdList", PerchAppLibrary::toValue(left));
+        result.emplace("FontIdList", PerchAppLibrary::toValue(passing));
         result.emplace("fonts", describe(shown));
         printJSON(PerchAppLibrary::toValue(std::move(result)));
-        return shown.empty() ? ExitStatus::nothingFound : ExitStatus::done;
+        return shown.empty() ? ExitStatus::nothingFound : ExitStatus::success;
     }
     for (const auto& tag : FontTagList::getCheckedFontTagList(tags.List()))
         print(fmt::format("{} ({})\n", printable(tag->Name()),
                           countOfFonts(std::ssize(tag->FontIdList()))));
     printFonts(shown, false);
-    return shown.empty() ? ExitStatus::nothingFound : ExitStatus::done;
+    return shown.empty() ? ExitStatus::nothingFound : ExitStatus::success;
 }
 
 } // namespace
 
-void addFilter(CLI::App& application, Work& work) {
-    auto [command, options] =
-        addCommand(application, work, "filter", "Show the fonts that ticked tags leave", &filter);
+void addFilter(CLI::App& application, Action& selected) {
+    auto [command, options] = addCommand(application, selected, "filter",
+                                         "Show the fonts that pass the ticked tags", &filter);
     addFile(command, options.source);
-    command.add_option("--tags", options.tagsFile, "Font tags")->type_name("TAGS")->required();
+    command.add_option("--tags", options.tagsFile, "Font tag list")->type_name("TAGS")->required();
     addIntegers(command, "--check", options.checked,
-                "Tags that are ticked, with commas between them")
+                "Identifiers of the tags to tick, separated by commas")
         ->required()
-        ->allow_extra_args(false); // which would take FILE
+        ->allow_extra_args(false); // otherwise the option takes FILE, too
 }
 
 } // namespace velmo

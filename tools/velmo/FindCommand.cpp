@@ -12,7 +12,7 @@ using VelmoCloudEntity::FontList;
 
 struct FindOptions {
     FontSource source;
-    std::optional<std::string> name; // or else the key
+    std::optional<std::string> name; // if there is none, the search is by key
     std::string key;
     bool isFuzzy = false;
     bool asJSON = false;
@@ -24,24 +24,23 @@ ExitStatus find(const FindOptions& options) {
                             ? FontList::getFontByName(fonts.List(), *options.name, options.isFuzzy)
                             : FontList::getFontByKey(fonts.List(), options.key, options.isFuzzy);
     printFonts(found, options.asJSON);
-    return found.empty() ? ExitStatus::nothingFound : ExitStatus::done;
+    return found.empty() ? ExitStatus::nothingFound : ExitStatus::success;
 }
 
 } // namespace
 
-void addFind(CLI::App& application, Work& work) {
+void addFind(CLI::App& application, Action& selected) {
     auto [command, options] =
-        addCommand(application, work, "find", "Find fonts by name or key", &find);
+        addCommand(application, selected, "find", "Find fonts by name or key", &find);
     addFile(command, options.source);
-    CLI::Option_group& text = *command.add_option_group("text", "What is looked for");
-    text.add_option("--name", options.name, "Product name; heeds case")->type_name("TEXT");
-    text.add_option(
-            "--key", options.key,
-            "Product name, product set name or file name; with --fuzzy the display name too")
+    CLI::Option_group& text = *command.add_option_group("text", "Search text");
+    text.add_option("--name", options.name, "Product name, case-sensitive without --fuzzy")
+        ->type_name("TEXT");
+    text.add_option("--key", options.key,
+                    "Product name, product set name or file name; with --fuzzy also display name")
         ->type_name("TEXT");
     text.require_option(1);
-    command.add_flag("--fuzzy", options.isFuzzy,
-                     "A part of the name will do, in capital or small letters");
+    command.add_flag("--fuzzy", options.isFuzzy, "Find names that contain the text, ignoring case");
 }
 
 } // namespace velmo

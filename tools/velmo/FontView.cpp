@@ -53,11 +53,11 @@ void addFile(CLI::App& command, FontSource& source) {
 void addMarks(CLI::App& command, FontSource& source) {
     command
         .add_option("--activate", source.activateMap,
-                    "User-font map whose fonts are activated first")
+                    "Activate the fonts of this user-font map first")
         ->type_name("MAP");
     command
         .add_option("--favorite", source.favoriteMap,
-                    "User-font map whose fonts are made favorites first")
+                    "Mark the fonts of this user-font map as favorites first")
         ->type_name("MAP");
 }
 

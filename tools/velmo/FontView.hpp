@@ -15,19 +15,21 @@ namespace velmo {
 using VelmoCloudEntity::FontItem;
 using Fonts = VelmoCloudEntity::Records<FontItem>;
 
-/// What every command says of a font in its JSON.
+/// Returns the description of a font in the JSON output of the commands.
 PerchAppLibrary::Dictionary describe(const FontItem& font);
 
-/// The JSON of several fonts: an array in their order.
+/// Returns the descriptions of the fonts, in order.
 PerchAppLibrary::ValueArray describe(const Fonts& fonts);
 
-/// The font's marks for people: "activated favorite authorized".
+/// Returns the marks of the font for text output, those that apply of "activated favorite
+/// authorized".
 std::string marksOf(const FontItem& font);
 
-/// "1 font", "5 fonts".
+/// Returns the count as text: "1 font", "5 fonts".
 std::string countOfFonts(std::int64_t count);
 
-/// A font list in a file, and the user-font maps in files that mark it first.
+/// The file of a font list, and the files of the user-font maps that mark its fonts. The name of a
+/// map that is not given is empty.
 struct FontSource {
     std::string file;
     std::string activateMap;
@@ -40,10 +42,11 @@ void addFile(CLI::App& command, FontSource& source);
 /// Adds the options --activate and --favorite to the command.
 void addMarks(CLI::App& command, FontSource& source);
 
-/// The marked font list. Throws Failure as readDocument() does.
+/// Returns the marked font list. Throws Failure if a file cannot be read or a document is
+/// malformed.
 VelmoCloudEntity::FontList readFontList(const FontSource& source);
 
-/// Prints the fonts of a result: as an array with `asJSON`, otherwise as a table.
+/// Prints the fonts: as a JSON array with `asJSON`, otherwise as a table and their number.
 void printFonts(const Fonts& fonts, bool asJSON);
 
 } // namespace velmo

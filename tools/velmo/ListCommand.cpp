@@ -28,16 +28,16 @@ const std::map<std::string, Filter>& filters() {
 
 ExitStatus list(const ListOptions& options) {
     const FontList fonts = readFontList(options.source);
-    const Fonts taken = filters().at(options.state)(fonts.List());
-    printFonts(taken, options.asJSON);
-    return taken.empty() ? ExitStatus::nothingFound : ExitStatus::done;
+    const Fonts found = filters().at(options.state)(fonts.List());
+    printFonts(found, options.asJSON);
+    return found.empty() ? ExitStatus::nothingFound : ExitStatus::success;
 }
 
 } // namespace
 
-void addList(CLI::App& application, Work& work) {
+void addList(CLI::App& application, Action& selected) {
     auto [command, options] = addCommand(
-        application, work, "list", "List the activated, favorited or authorized fonts", &list);
+        application, selected, "list", "List the activated, favorited or authorized fonts", &list);
     command.add_option("STATE", options.state, "activated, favorited or authorized")
         ->required()
         ->check(CLI::IsMember(filters()));

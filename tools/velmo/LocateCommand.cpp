@@ -37,51 +37,52 @@ struct LocateOptions {
     bool asJSON = false;
 };
 
-/// Every location of the font, under the operation's name; null where there is none.
-Dictionary locationsOf(const FontItem& font, const LocateOptions& with) {
-    // Without a stem, the library would end the process.
+/// Returns every location of the font, under the name of its operation, or null for a location that
+/// the font lacks.
+Dictionary locationsOf(const FontItem& font, const LocateOptions& options) {
+    // Without a stem, the operations of previews end the process.
     const bool hasStem = font.stem().has_value();
-    const auto ofStem = [hasStem](const std::function<std::string()>& location) {
+    const auto ifStem = [hasStem](const std::function<std::string()>& location) {
         return hasStem ? toValue(location()) : Value(nullptr);
     };
     const std::optional<URL> remotePreview = font.findRemotePreviewFile();
     Dictionary locations;
     locations["LocalFile"] = toValue(font.LocalFile());
-    locations["LocalPreviewFile"] = ofStem([&] { return font.LocalPreviewFile(); });
+    locations["LocalPreviewFile"] = ifStem([&] { return font.LocalPreviewFile(); });
     locations["remotePreviewFile"] = remotePreview ? toValue(*remotePreview) : Value(nullptr);
-    locations["getRemoteFileUrl"] =
-        toValue(font.getRemoteFileUrl(with.productUrl, with.privateProductUrl, with.userGuid));
-    locations["getLocalPreviewFile"] = ofStem([&] {
-        return font.getLocalPreviewFile(with.isFixed, with.previewTag, with.colorTag,
-                                        with.fontSize);
+    locations["getRemoteFileUrl"] = toValue(
+        font.getRemoteFileUrl(options.productUrl, options.privateProductUrl, options.userGuid));
+    locations["getLocalPreviewFile"] = ifStem([&] {
+        return font.getLocalPreviewFile(options.isFixed, options.previewTag, options.colorTag,
+                                        options.fontSize);
     });
-    locations["getRemotePreviewFileShort"] = ofStem([&] {
-        return font.getRemotePreviewFile(with.isFixed, with.previewTag, with.colorTag,
-                                         with.fontSize);
+    locations["getRemotePreviewFileShort"] = ifStem([&] {
+        return font.getRemotePreviewFile(options.isFixed, options.previewTag, options.colorTag,
+                                         options.fontSize);
     });
-    locations["getRemotePreviewFile"] = ofStem([&] {
-        return font.getRemotePreviewFile(with.isFixed, with.previewTag, with.colorTag,
-                                         with.fontSize, with.fixPreviewUrl, with.previewUrl,
-                                         with.privatePreviewUrl, with.userGuid);
+    locations["getRemotePreviewFile"] = ifStem([&] {
+        return font.getRemotePreviewFile(
+            options.isFixed, options.previewTag, options.colorTag, options.fontSize,
+            options.fixPreviewUrl, options.previewUrl, options.privatePreviewUrl, options.userGuid);
     });
     return locations;
 }
 
-/// Says which locations the font lacks, and why.
-void warnOfMissing(const FontItem& font, const Dictionary& locations,
-                   const LocateOptions& options) {
-    const std::string who = fmt::format("{}: font {} \"{}\"", nameOf(options.source.file),
-                                        font.Id(), font.ProductName());
+/// Warns of the locations that the font lacks, with the reason.
+void warnAboutMissing(const FontItem& font, const Dictionary& locations,
+                      const LocateOptions& options) {
+    const std::string subject = fmt::format("{}: font {} \"{}\"", nameOf(options.source.file),
+                                            font.Id(), font.ProductName());
     if (locations.at("LocalPreviewFile").is_null())
-        warn(fmt::format("{}: its file name \"{}\" is too short to lose a four-character "
+        warn(fmt::format("{}: its file name \"{}\" is too short for a four-character "
                          "extension, so it has no previews",
-                         who, font.ProductFileName()));
+                         subject, font.ProductFileName()));
     if (locations.at("remotePreviewFile").is_null())
-        warn(fmt::format("{}: its ProductFileUrl \"{}\" gives no URL of a preview", who,
+        warn(fmt::format("{}: its ProductFileUrl \"{}\" gives no URL for a preview", subject,
                          font.ProductFileUrl()));
 }
 
-void printForPeople(const FontItem& font, const Dictionary& locations) {
+void printText(const FontItem& font, const Dictionary& locations) {
     std::string text = bold(printable(font.TreeNodeTitle())) + "\n";
     text += fmt::format("  {:<27}{}\n", "DisplayName", printable(font.DisplayName()));
     text += fmt::format("  {:<27}{}\n", "PreviewText", printable(font.PreviewText()));
@@ -109,20 +110,21 @@ ExitStatus locate(const LocateOptions& options) {
     if (options.asJSON)
         printJSON(locations);
     else
-        printForPeople(font, locations);
-    warnOfMissing(font, locations, options);
-    return font.stem() ? ExitStatus::done : ExitStatus::nothingFound;
+        printText(font, locations);
+    warnAboutMissing(font, locations, options);
+    return font.stem() ? ExitStatus::success : ExitStatus::nothingFound;
 }
 
 } // namespace
 
-void addLocate(CLI::App& application, Work& work) {
+void addLocate(CLI::App& application, Action& selected) {
     auto [command, options] =
-        addCommand(application, work, "locate",
-                   "Show where a font's file and previews are, here and at the service", &locate);
+        addCommand(application, selected, "locate",
+                   "Show the local and remote locations of a font's file and previews", &locate);
     addFile(command, options.source);
     addInteger(command, "ID", options.id, "Identifier of a leaf font")->required();
-    command.add_flag("--fixed", options.isFixed, "Fixed previews: named in clear, not by MD5");
+    command.add_flag("--fixed", options.isFixed,
+                     "Use fixed previews, with readable names instead of MD5");
     const auto add = [&into = command](const char* name, auto& value, const char* description) {
         into.add_option(name, value, description)->capture_default_str();
     };

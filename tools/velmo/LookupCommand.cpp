@@ -21,8 +21,8 @@ struct LookupOptions {
     bool asJSON = false;
 };
 
-/// Says which identifiers no font has.
-void warnOfUnknown(const LookupOptions& options, const Fonts& found) {
+/// Warns of each identifier that no font has.
+void warnAboutUnknown(const LookupOptions& options, const Fonts& found) {
     for (const std::int64_t id : options.ids)
         if (std::ranges::none_of(found, [id](const auto& font) { return font->Id() == id; }))
             warn(fmt::format("{}: no {} has the Id {}", nameOf(options.source.file),
@@ -43,19 +43,20 @@ ExitStatus lookup(const LookupOptions& options) {
                                 : PerchAppLibrary::toValue(describe(*found.front())));
     else
         printFonts(found, options.asJSON);
-    warnOfUnknown(options, found);
-    return found.empty() ? ExitStatus::nothingFound : ExitStatus::done;
+    warnAboutUnknown(options, found);
+    return found.empty() ? ExitStatus::nothingFound : ExitStatus::success;
 }
 
 } // namespace
 
-void addLookup(CLI::App& application, Work& work) {
-    auto [command, options] = addCommand(
-        application, work, "lookup", "Find fonts by identifier, in the order of the tree", &lookup);
+void addLookup(CLI::App& application, Action& selected) {
+    auto [command, options] =
+        addCommand(application, selected, "lookup",
+                   "Find fonts by identifier, in the order of the tree", &lookup);
     addFile(command, options.source);
     addIntegers(command, "ID", options.ids, "Identifiers of leaf fonts")->required();
     command.add_flag("--flat", options.isFlat,
-                     "The first item with the one ID, font or group, at the top level alone");
+                     "Find only the first item with the ID, font or group, at the top level");
 }
 
 } // namespace velmo

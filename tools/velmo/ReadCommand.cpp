@@ -17,11 +17,11 @@ using PerchAppLibrary::Value;
 struct ReadOptions {
     std::string type;
     std::string file;
-    bool showsTypes = false;
+    bool listsTypes = false;
     bool asJSON = false;
 };
 
-bool holdsRecords(const Value& value) {
+bool isArrayOfRecords(const Value& value) {
     return value.is_array() && !value.get_array().empty() && value.get_array().front().is_object();
 }
 
@@ -33,7 +33,7 @@ void showRecord(std::string& text, const Dictionary& record, std::size_t depth) 
         width = std::max(width, name.size());
     for (const auto& [name, value] : record) {
         text.append(indent(depth)).append(name);
-        if (holdsRecords(value)) {
+        if (isArrayOfRecords(value)) {
             text += '\n';
             show(text, value, depth + 1);
             continue;
@@ -67,11 +67,11 @@ ExitStatus showTypes(bool asJSON) {
         printJSON(byName);
     else
         print(names);
-    return ExitStatus::done;
+    return ExitStatus::success;
 }
 
 ExitStatus read(const ReadOptions& options) {
-    if (options.showsTypes)
+    if (options.listsTypes)
         return showTypes(options.asJSON);
     if (options.file.empty())
         throw Failure("read: TYPE and FILE are required (velmo read --types lists the types)");
@@ -79,24 +79,24 @@ ExitStatus read(const ReadOptions& options) {
     const Value value = type.read(readDocument(options.file));
     if (options.asJSON) {
         printJSON(value);
-        return ExitStatus::done;
+        return ExitStatus::success;
     }
     std::string text;
     show(text, value, 0);
     print(text.empty() ? "an empty " + type.name + "\n" : text);
-    return ExitStatus::done;
+    return ExitStatus::success;
 }
 
 } // namespace
 
-void addRead(CLI::App& application, Work& work) {
-    auto [command, options] = addCommand(application, work, "read",
+void addRead(CLI::App& application, Action& selected) {
+    auto [command, options] = addCommand(application, selected, "read",
                                          "Show a record or a list, property by property", &read);
     command.add_option("TYPE", options.type,
-                       "Type of the record or list, or the beginning of its name");
-    command.add_option("FILE", options.file, "Document of that type");
-    command.add_flag("--types", options.showsTypes,
-                     "List the types; with --json, with their properties");
+                       "Type of the record or list; the beginning of its name is enough");
+    command.add_option("FILE", options.file, "Saved reply with a document of this type");
+    command.add_flag("--types", options.listsTypes,
+                     "List the types; with --json also their properties");
 }
 
 } // namespace velmo

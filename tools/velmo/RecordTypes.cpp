@@ -46,19 +46,20 @@ using PerchAppLibrary::toValue;
 using PerchAppLibrary::Value;
 using PerchAppLibrary::ValueArray;
 
+/// Returns a record that is filled from the JSON.
 template <class Record>
 std::shared_ptr<Record> make(const JSON& json) {
     if constexpr (requires { Record::create(json); }) {
         return Record::create(json);
     } else {
-        auto record = Record::create(); // settings, which were saved and not sent
+        auto record = Record::create(); // ConfigItem, which the service does not send
         record->setValue(json);
         return record;
     }
 }
 
-Dictionary describeProperty(std::string_view name, const std::string& kind, Value whenNew) {
-    return {{"name", name}, {"kind", kind}, {"default", std::move(whenNew)}};
+Dictionary describeProperty(std::string_view name, const std::string& kind, Value defaultValue) {
+    return {{"name", name}, {"kind", kind}, {"default", std::move(defaultValue)}};
 }
 
 template <class Record>
@@ -99,38 +100,38 @@ RecordType list(const char* name) {
                 const List empty;
                 using Item = std::remove_cvref_t<decltype(*itemsOf(empty).front())>;
                 const char* const property =
-                    requires { empty.List(); } ? "List" : "list"; // as its accessor
+                    requires { empty.List(); } ? "List" : "list"; // the name of its accessor
                 return ValueArray{describeProperty(
                     property, "array of " + std::string(Item::recordName), ValueArray())};
             }};
 }
 
-std::string inSmallLetters(std::string text) {
+std::string lowercase(std::string text) {
     std::ranges::transform(text, text.begin(),
                            [](unsigned char letter) { return std::tolower(letter); });
     return text;
 }
 
-/// How many letters have to be put in, taken out or exchanged to make one text of the other
-/// (Levenshtein).
-std::size_t distanceOf(const std::string& from, const std::string& to) {
-    std::vector<std::size_t> row(
-        to.size() + 1); // distances of the letters read so far to each beginning of `to`
+/// Returns the Levenshtein distance: the least number of letters to insert, delete or replace to
+/// turn one text into the other.
+std::size_t editDistance(const std::string& from, const std::string& to) {
+    // Distances of the letters read so far to each prefix of `to`.
+    std::vector<std::size_t> row(to.size() + 1);
     std::iota(row.begin(), row.end(), std::size_t{0});
     for (const char letter : from) {
         std::size_t diagonal = row.front()++;
         for (std::size_t length = 1; length <= to.size(); ++length) {
-            const std::size_t exchanged = diagonal + (letter == to[length - 1] ? 0 : 1);
+            const std::size_t replaced = diagonal + (letter == to[length - 1] ? 0 : 1);
             diagonal = row[length];
-            row[length] = std::min({exchanged, row[length] + 1, row[length - 1] + 1});
+            row[length] = std::min({replaced, row[length] + 1, row[length - 1] + 1});
         }
     }
     return row.back();
 }
 
-const RecordType& nearestTo(const std::string& text) {
+const RecordType& closestType(const std::string& text) {
     return *std::ranges::min_element(recordTypes(), {}, [&text](const RecordType& type) {
-        return distanceOf(inSmallLetters(text), inSmallLetters(type.name));
+        return editDistance(lowercase(text), lowercase(type.name));
     });
 }
 
@@ -173,25 +174,25 @@ const std::vector<RecordType>& recordTypes() {
 }
 
 const RecordType& recordType(const std::string& text) {
-    const std::string sought = inSmallLetters(text);
-    std::vector<const RecordType*> begun;
+    const std::string prefix = lowercase(text);
+    std::vector<const RecordType*> matches;
     for (const RecordType& type : recordTypes()) {
-        const std::string name = inSmallLetters(type.name);
-        if (name == sought)
+        const std::string name = lowercase(type.name);
+        if (name == prefix)
             return type;
-        if (name.starts_with(sought))
-            begun.push_back(&type);
+        if (name.starts_with(prefix))
+            matches.push_back(&type);
     }
-    if (begun.size() == 1)
-        return *begun.front();
-    if (begun.empty())
+    if (matches.size() == 1)
+        return *matches.front();
+    if (matches.empty())
         throw Failure(fmt::format(
-            "read: TYPE \"{}\" is none; did you mean {}? (velmo read --types lists them)", text,
-            nearestTo(text).name));
+            "read: unknown TYPE \"{}\"; did you mean {}? (velmo read --types lists the types)",
+            text, closestType(text).name));
     std::string names;
-    for (const RecordType* const type : begun)
+    for (const RecordType* const type : matches)
         names.append(names.empty() ? "" : ", ").append(type->name);
-    throw Failure(fmt::format("read: TYPE \"{}\" may be {}", text, names));
+    throw Failure(fmt::format("read: TYPE \"{}\" is ambiguous; it may be {}", text, names));
 }
 
 } // namespace velmo

@@ -12,20 +12,20 @@ namespace velmo {
 struct RecordType {
     std::string name;
 
-    /// The properties of a record of the type, or of each in a list, filled from the document.
+    /// Reads a document: returns the stored properties of the record, or an array with those of
+    /// each record of the list.
     PerchAppLibrary::Value (*read)(const PerchAppLibrary::JSON&);
 
-    /// The stored properties that the type has beside those of every record, in their order: an
-    /// array of
-    /// {"name", "kind", "default"}.
+    /// Returns the stored properties of the type without those of BaseEntity, in their order: an
+    /// array of {"name", "kind", "default"}.
     PerchAppLibrary::ValueArray (*properties)();
 };
 
-/// All of them, by name.
+/// Returns all types, sorted by name.
 const std::vector<RecordType>& recordTypes();
 
-/// The type that the text names, whole or by its beginning, in small or capital letters. Throws
-/// Failure, which says what is near, when there is none or several.
+/// Returns the type with this name, or the only one whose name begins with the text. Ignores case.
+/// Throws Failure with a suggestion if there is none, or with the names if there are several.
 const RecordType& recordType(const std::string& text);
 
 } // namespace velmo

@@ -25,20 +25,21 @@ struct SearchOptions {
     bool asJSON = false;
 };
 
-std::vector<Needle> wholeOf(std::string_view key) {
+std::vector<Needle> keyNeedle(std::string_view key) {
     std::vector<Needle> whole;
     whole.emplace_back(key);
     return whole;
 }
 
-std::vector<Needle> charactersOf(std::string_view key) {
+std::vector<Needle> characterNeedles(std::string_view key) {
     std::vector<Needle> characters;
     for (const std::string_view character : VelmoCloudEntity::searchedCharacters(key))
         characters.emplace_back(character);
     return characters;
 }
 
-/// A row that shows where the first of the needles that occurs in the font does so.
+/// Adds a row with the first name of the font that contains the first matching needle, and
+/// highlights the match.
 void addRow(Table& table, const FontItem& font, const std::vector<Needle>& needles) {
     const std::pair<const char*, std::string> names[] = {
         {"ProductName", font.ProductName()},
@@ -63,7 +64,7 @@ Table tableOf(const Fonts& fonts, const std::vector<Needle>& needles) {
     return table;
 }
 
-/// The fonts, in their order, that are not among the others.
+/// Returns the fonts, in order, that are not among the others.
 Fonts without(const Fonts& fonts, const Fonts& others) {
     const std::unordered_set<std::shared_ptr<FontItem>> known(others.begin(), others.end());
     Fonts rest;
@@ -73,13 +74,13 @@ Fonts without(const Fonts& fonts, const Fonts& others) {
     return rest;
 }
 
-void printForPeople(const Fonts& whole, const Fonts& character, const std::string& key) {
+void printText(const Fonts& whole, const Fonts& character, const std::string& key) {
     if (!whole.empty())
-        print(tableOf(whole, wholeOf(key)).text());
+        print(tableOf(whole, keyNeedle(key)).text());
     print(fmt::format("{} with \"{}\"\n", countOfFonts(std::ssize(whole)), printable(key)));
     const Fonts rest = without(character, whole);
     if (!rest.empty())
-        print("\n" + tableOf(rest, charactersOf(key)).text());
+        print("\n" + tableOf(rest, characterNeedles(key)).text());
     print(fmt::format("{} with one of its characters; {} in all\n", countOfFonts(std::ssize(rest)),
                       whole.size() + rest.size()));
 }
@@ -93,20 +94,20 @@ ExitStatus search(const SearchOptions& options) {
         result.emplace("character", describe(character));
         printJSON(PerchAppLibrary::toValue(std::move(result)));
     } else {
-        printForPeople(whole, character, options.key);
+        printText(whole, character, options.key);
     }
-    return whole.empty() && character.empty() ? ExitStatus::nothingFound : ExitStatus::done;
+    return whole.empty() && character.empty() ? ExitStatus::nothingFound : ExitStatus::success;
 }
 
 } // namespace
 
-void addSearch(CLI::App& application, Work& work) {
-    auto [command, options] = addCommand(application, work, "search",
-                                         "Search as the client's search box does: fonts with the "
-                                         "whole key, and with one of its characters",
+void addSearch(CLI::App& application, Action& selected) {
+    auto [command, options] = addCommand(application, selected, "search",
+                                         "Search like the client's search box: fonts with the "
+                                         "whole key, then fonts with one of its characters",
                                          &search);
     addFile(command, options.source);
-    command.add_option("KEY", options.key, "What is searched for")->required();
+    command.add_option("KEY", options.key, "Search key")->required();
 }
 
 } // namespace velmo

@@ -12,10 +12,10 @@ using PerchAppLibrary::text::columnCount;
 
 namespace {
 
-/// A longer cell is shown whole, and moves the rest of its own row only.
-constexpr std::size_t widestColumn = 80;
+/// A wider cell does not widen its column; it shifts the rest of its row.
+constexpr std::size_t maxColumnWidth = 80;
 
-/// The cell without anything that commands a terminal, and its highlighted part where it is then.
+/// Returns the cell with printable() text and the new position of its highlighted part.
 Table::Cell printableCell(const Table::Cell& cell) {
     const std::string_view text = cell.text;
     std::string shown = printable(text.substr(0, cell.begin));
@@ -54,7 +54,7 @@ std::string Table::text() const {
     for (const Row& row : m_rows)
         for (std::size_t column = 0; column < widths.size(); ++column)
             if (const std::size_t width = columnCount(row.cells[column].text);
-                width <= widestColumn)
+                width <= maxColumnWidth)
                 widths[column] = std::max(widths[column], width);
     std::string text;
     for (const Row& row : m_rows) {

@@ -8,8 +8,8 @@
 
 namespace velmo {
 
-/// Text in columns for people: each column is as wide as its widest cell, counted in columns of the
-/// terminal, so that wide (CJK) characters line up. Nothing is cut: a very long cell sticks out of
+/// A table as text. Each column is as wide as its widest cell, counted in columns of the terminal,
+/// so that wide (CJK) characters are aligned. No cell is cut: a very wide one shifts the rest of
 /// its row.
 class Table {
 public:
@@ -20,9 +20,9 @@ public:
         Align align = Align::left;
     };
 
-    /// A text, and a part of it, in bytes, that is highlighted on a terminal.
+    /// A text with a part, a range of bytes, that is highlighted on a terminal.
     struct Cell {
-        // NOLINTBEGIN(google-explicit-constructor): a text is a cell
+        // NOLINTBEGIN(google-explicit-constructor): a text converts to a cell
         Cell(std::string whole, std::size_t highlightBegin = 0, std::size_t highlightEnd = 0)
             : text(std::move(whole)), begin(highlightBegin), end(highlightEnd) {}
         Cell(const char* whole) : Cell(std::string(whole)) {}
@@ -33,12 +33,13 @@ public:
         std::size_t end;
     };
 
+    /// Makes a table without rows.
     explicit Table(std::vector<Column> columns);
 
-    /// Adds a row; a cell for each column. Cells are made printable.
+    /// Adds a row. Requires one cell for each column. Cells are made printable.
     void add(std::vector<Cell> cells, bool isEmphasised = false);
 
-    /// The titles and the rows, a line each.
+    /// Returns the titles and the rows, one line each.
     std::string text() const;
 
 private:

@@ -16,15 +16,15 @@
 namespace velmo {
 namespace {
 
-bool findsColours() {
+bool supportsColours() {
     const char* const noColour =
         std::getenv("NO_COLOR"); // NOLINT(concurrency-mt-unsafe): there is one thread
     return isatty(STDOUT_FILENO) == 1 && (noColour == nullptr || *noColour == '\0');
 }
 
-/// The text between an escape sequence and the one that ends it, where colours are shown.
+/// Returns the text in the style of the escape sequence, or unchanged if colours are off.
 std::string styled(const std::string& text, const char* sequence) {
-    static const bool isColoured = findsColours();
+    static const bool isColoured = supportsColours();
     return isColoured ? sequence + text + "\033[0m" : text;
 }
 
@@ -33,9 +33,9 @@ std::string styled(const std::string& text, const char* sequence) {
 std::string printable(std::string_view text) {
     const std::string clean = PerchAppLibrary::text::wellFormed(text);
     std::string shown;
-    for (std::string_view left = clean; !left.empty();) {
-        const std::string_view character = PerchAppLibrary::text::firstCodePoint(left);
-        left.remove_prefix(character.size());
+    for (std::string_view rest = clean; !rest.empty();) {
+        const std::string_view character = PerchAppLibrary::text::firstCodePoint(rest);
+        rest.remove_prefix(character.size());
         if (PerchAppLibrary::text::isControl(character))
             shown += fmt::format("\\u{:04X}", static_cast<unsigned char>(character.back()));
         else
@@ -45,8 +45,8 @@ std::string printable(std::string_view text) {
 }
 
 std::string indent(std::size_t depth) {
-    constexpr std::size_t deepest = 20;
-    return std::string(2 * std::min(depth, deepest), ' ');
+    constexpr std::size_t maxDepth = 20;
+    return std::string(2 * std::min(depth, maxDepth), ' ');
 }
 
 void warn(const std::string& message) {

@@ -7,27 +7,29 @@
 
 namespace velmo {
 
-/// Text as it can be shown: ill-formed bytes as U+FFFD, and control characters, which could command
-/// the terminal, spelled as "\u001B".
+/// Returns the text in a form that is safe for a terminal: ill-formed bytes as U+FFFD, control
+/// characters as escapes such as "\u001B".
 std::string printable(std::string_view text);
 
-/// What stands before a line at this depth of a tree; beyond a certain depth always the same, since
-/// the indentation of a document made to be deep would fill the disk.
+/// Returns the indentation of a line at this depth of a tree. Beyond depth 20 it stays constant, so
+/// that the output for a deep document stays small.
 std::string indent(std::size_t depth);
 
-/// Writes the message as one line to standard error, made printable.
+/// Writes the printable() message as one line to standard error.
 void warn(const std::string& message);
 
-/// The text in bold where standard output is a terminal and NO_COLOR is not set.
+/// Returns the text in bold if standard output is a terminal and NO_COLOR is not set, otherwise the
+/// text unchanged.
 std::string bold(const std::string& text);
 
-/// The text in bold red, as a search shows what it found, under the same conditions.
+/// Like bold(), in red, for the matches of a search.
 std::string highlighted(const std::string& text);
 
-/// Writes to standard output. Throws Failure when that cannot be written.
+/// Writes the text to standard output. Throws Failure if that fails.
 void print(std::string_view text);
 
-/// Writes the value to standard output as one JSON document on a line of its own.
+/// Writes the value to standard output as a JSON document on one line. Throws Failure if that
+/// fails.
 void printJSON(const PerchAppLibrary::Value& value);
 
 } // namespace velmo

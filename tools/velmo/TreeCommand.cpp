@@ -48,20 +48,20 @@ ExitStatus showTree(const TreeOptions& options) {
     const FontList list = readFontList(options.source);
     if (options.asJSON) {
         printJSON(describeTree(list.List()));
-        return ExitStatus::done;
+        return ExitStatus::success;
     }
     Table table(
         {{"TITLE"}, {"ID", Table::Align::right}, {"FONTS", Table::Align::right}, {"MARKS"}});
     addRows(table, list.List(), 0);
     print(table.text() + countOfFonts(FontList::getFontCount(list.List())) + ", " +
           std::to_string(FontList::getActivatedFontCount(list.List())) + " activated\n");
-    return ExitStatus::done;
+    return ExitStatus::success;
 }
 
 } // namespace
 
-void addTree(CLI::App& application, Work& work) {
-    auto [command, options] = addCommand(application, work, "tree",
+void addTree(CLI::App& application, Action& selected) {
+    auto [command, options] = addCommand(application, selected, "tree",
                                          "Show the font tree: titles, counts, marks", &showTree);
     addFile(command, options.source);
     addMarks(command, options.source);

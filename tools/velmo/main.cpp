@@ -1,4 +1,4 @@
-// velmo: runs the library over replies of the service that were saved as files.
+// velmo: reads saved replies of the service with the library and shows the result.
 #include "Commands.hpp"
 #include "Terminal.hpp"
 
@@ -13,6 +13,7 @@ namespace {
 
 using velmo::ExitStatus;
 
+/// Writes the message to standard error. Returns ExitStatus::failure.
 int fail(const std::string& message) {
     velmo::warn(message);
     return static_cast<int>(ExitStatus::failure);
@@ -20,32 +21,33 @@ int fail(const std::string& message) {
 
 int run(int argc, char** argv) {
     CLI::App application(
-        "Runs the font-cloud entity library over replies of the service saved as files.\n"
-        "FILE is such a reply; \"-\" is standard input.");
+        "Reads saved replies of the service with the font-cloud entity library and shows the "
+        "result.\n"
+        "FILE is a saved reply; \"-\" is standard input.");
     application.name("velmo");
     application.set_version_flag("--version", "velmo " VELMO_VERSION);
     application.require_subcommand(1);
-    application.footer("Exit status: 0 done; 1 nothing found; 2 wrong usage, an unreadable file or "
-                       "a malformed document.");
-    velmo::Work work;
-    velmo::addTree(application, work);
-    velmo::addList(application, work);
-    velmo::addFind(application, work);
-    velmo::addSearch(application, work);
-    velmo::addLookup(application, work);
-    velmo::addFilter(application, work);
-    velmo::addLocate(application, work);
-    velmo::addRead(application, work);
-    velmo::addExport(application, work);
-    velmo::addError(application, work);
+    application.footer("Exit status: 0 success; 1 nothing found; 2 wrong usage, an unreadable file "
+                       "or a malformed document.");
+    velmo::Action selected;
+    velmo::addTree(application, selected);
+    velmo::addList(application, selected);
+    velmo::addFind(application, selected);
+    velmo::addSearch(application, selected);
+    velmo::addLookup(application, selected);
+    velmo::addFilter(application, selected);
+    velmo::addLocate(application, selected);
+    velmo::addRead(application, selected);
+    velmo::addExport(application, selected);
+    velmo::addError(application, selected);
     try {
         application.parse(argc, argv);
     } catch (const CLI::Success& request) {
         return application.exit(request); // help or version
     } catch (const CLI::ParseError& error) {
-        return fail(std::string(error.what()) + " (velmo --help tells more)");
+        return fail(std::string(error.what()) + " (see velmo --help)");
     }
-    return static_cast<int>(work());
+    return static_cast<int>(selected());
 }
 
 } // namespace

@@ -1,8 +1,9 @@
-# Completion of velmo's commands, of the types that `velmo read` takes, and of files.
+# Completes the commands of velmo, the types of `velmo read`, and file names.
 _velmo() {
     local word=${COMP_WORDS[COMP_CWORD]}
     if [ "$COMP_CWORD" = 1 ]; then
-        COMPREPLY=($(compgen -W "tree list find search lookup filter locate read export error" -- "$word"))
+        local commands="tree list find search lookup filter locate read export error"
+        COMPREPLY=($(compgen -W "$commands" -- "$word"))
     elif [ "$COMP_CWORD" = 2 ] && [ "${COMP_WORDS[1]}" = read ]; then
         COMPREPLY=($(compgen -W "$("${COMP_WORDS[0]}" read --types 2>/dev/null)" -- "$word"))
     else
