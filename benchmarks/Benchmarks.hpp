@@ -6,45 +6,50 @@
 #include <memory>
 #include <string>
 
-/// A font list as the service sends it, made of the bundled sample repeated.
+/// A font list as the service sends it: the bundled sample, repeated.
 struct FontDocument {
     std::string text;
-    std::size_t fonts; // leaf fonts
+    std::size_t fonts; // number of leaf fonts
 };
 
-FontDocument repeatedSample(std::size_t leastFonts);
+/// Returns the sample, repeated until it has at least this many leaf fonts.
+FontDocument repeatedSample(std::size_t minFonts);
 
-/// A reply as it arrives in a client's buffer, with room for the padding that simdjson wants.
+/// Returns a copy of the text as a reply, with capacity for the padding that simdjson requires.
 std::string reply(const FontDocument& document);
 
 using Fonts = VelmoCloudEntity::Records<VelmoCloudEntity::FontItem>;
 
-/// A document read, with its number of leaf fonts.
+/// The fonts of a document, with distinct identifiers and without marks.
 struct FontTree {
     explicit FontTree(const FontDocument& document);
 
     Fonts fonts;
-    std::size_t leaves;
+    std::size_t leaves; // number of leaf fonts
 };
 
-// Each registers the comparisons of one kind of work. What they are given must live until the
-// benchmarks have run. They throw when the sides of a comparison do not come to the same result.
+// Each function registers the comparisons of one kind of work. A side whose result differs from
+// that of the sides before it is reported as an error and not timed.
 
-/// Loading a document: by the library, and by the usual readers of JSON into a plain struct.
+/// Registers loading a document: the library, and common JSON readers that fill a plain struct.
 void registerLoad(const std::shared_ptr<const FontDocument>& document);
 
-/// Writing fonts as JSON: by the library, and from a plain struct by nlohmann/json and RapidJSON.
+/// Registers writing fonts as JSON: the library, and nlohmann/json, RapidJSON and Boost.JSON from a
+/// plain struct.
 void registerExport(const std::shared_ptr<const FontDocument>& document);
 
-/// Reading every type of record: the library, and simdjson on-demand by hand into a plain struct.
+/// Registers reading each type of record: the library, and simdjson on-demand by hand into a plain
+/// struct.
 void registerRecords();
 
-/// Searching by name and key: the library, the rules written down literally with ICU, and Qt.
+/// Registers searching by name and key: the library, a literal implementation of the rules with
+/// ICU, and Qt.
 void registerSearch(const std::shared_ptr<const FontTree>& tree);
 
-/// Finding and marking fonts by identifier: the library, and bare hash joins of two arrays of
+/// Registers finding and marking fonts by identifier: the library, and hash joins of two arrays of
 /// integers.
 void registerLookup(const std::shared_ptr<const FontTree>& tree);
 
-/// Reducing a million identifiers by ticked tags: the library, std::set and Roaring bitmaps.
+/// Registers filtering a million identifiers by ticked tags: the library, std::set,
+/// std::unordered_set and Roaring bitmaps.
 void registerTagFilter();

@@ -9,28 +9,26 @@
 #include <string>
 #include <utility>
 
-/// One kind of work at one size, done by several sides in one run: "key, fuzzy" over 60,160 leaves
-/// by "Qt".
+/// One kind of work at one size, such as "key, fuzzy" over 60,160 leaves, that several sides, such
+/// as "Qt", do in one run.
 class Comparison {
 public:
     Comparison(std::string work, std::size_t leaves) : m_work(std::move(work)), m_leaves(leaves) {}
 
-    /// The name under which a side is registered; what the table reads.
-    std::string nameOf(const std::string& side) const {
+    /// Returns the name of the benchmark of a side. The table is made from it.
+    std::string benchmarkName(const std::string& side) const {
         return m_work + '/' + std::to_string(m_leaves) + '/' + side;
     }
 
-    /// Adds a side. `run()` does the work, and is timed without the destruction of its result;
-    /// `digest(result)` says what it came to. A side that does not come to the same as those before
-    /// it is not timed but reported.
+    /// Adds a side. `run()` does the work and is timed, without the destruction of its result.
+    /// `digest(result)` is a hash of the result. A side whose digest differs from the others is
+    /// reported as an error and not timed.
     template <class Run, class Digest>
     void add(const std::string& side, Run run, Digest digest) {
-        benchmark::RegisterBenchmark(nameOf(side).c_str(), [run, isAgreed = agreementOf(
-                                                                     side, [run, digest] {
-                                                                         return digest(run());
-                                                                     })](benchmark::State& state) {
-            if (!isAgreed())
-                state.SkipWithError("comes to another result");
+        const auto isConsistent = consistencyCheck(side, [run, digest] { return digest(run()); });
+        const auto time = [run, isConsistent](benchmark::State& state) {
+            if (!isConsistent())
+                state.SkipWithError("the result differs from that of another side");
             for (auto _ : state) {
                 auto result = run();
                 benchmark::DoNotOptimize(result);
@@ -38,12 +36,14 @@ public:
                 result = {};
                 state.ResumeTiming();
             }
-        })->Unit(benchmark::kMillisecond);
+        };
+        benchmark::RegisterBenchmark(benchmarkName(side).c_str(), time)
+            ->Unit(benchmark::kMillisecond);
     }
 
-    /// A function that says whether the side comes to the same as the others: at its first call it
-    /// asks what the side comes to.
-    auto agreementOf(std::string side, std::function<std::size_t()> digest) const {
+    /// Returns a function that tests whether the digest of the side equals that of the others. It
+    /// calls `digest()` once.
+    auto consistencyCheck(std::string side, std::function<std::size_t()> digest) const {
         return [side = std::move(side), digest = std::move(digest), digests = m_digests] {
             if (!digests->contains(side))
                 digests->emplace(side, digest());
@@ -54,12 +54,12 @@ public:
 private:
     std::string m_work;
     std::size_t m_leaves;
-    /// What the sides that have run came to.
+    /// The digests of the sides that have run.
     std::shared_ptr<std::map<std::string, std::size_t>> m_digests =
         std::make_shared<std::map<std::string, std::size_t>>();
 };
 
-/// Joins the elements' hashes in their order.
+/// Returns a hash of the elements' projections, in order.
 template <class Range, class Projection>
 std::size_t digestOf(const Range& range, Projection projection) {
     std::size_t digest = range.size();

@@ -10,7 +10,7 @@
 using VelmoCloudEntity::FontItem;
 using VelmoCloudEntity::FontList;
 
-FontDocument repeatedSample(std::size_t leastFonts) {
+FontDocument repeatedSample(std::size_t minFonts) {
     std::ifstream file(VELMO_SAMPLES "/font-list.json");
     std::ostringstream content;
     content << file.rdbuf();
@@ -21,7 +21,7 @@ FontDocument repeatedSample(std::size_t leastFonts) {
     const std::size_t begin = sample.find('[') + 1;
     const std::string items = sample.substr(begin, sample.rfind(']') - begin);
     FontDocument document{"[", 0};
-    for (; document.fonts < leastFonts; document.fonts += fontsInSample)
+    for (; document.fonts < minFonts; document.fonts += fontsInSample)
         document.text.append(document.fonts == 0 ? "" : ",").append(items);
     document.text += ']';
     return document;
@@ -36,7 +36,7 @@ std::string reply(const FontDocument& document) {
 
 FontTree::FontTree(const FontDocument& document)
     : fonts(loadOurs(document.text).List()), leaves(document.fonts) {
-    std::int64_t id = 0; // the sample's own repeat themselves
+    std::int64_t id = 0; // replaces the identifiers of the sample, which repeat
     forEachLeaf(fonts, [&id](const std::shared_ptr<FontItem>& leaf) {
         leaf->setId(++id);
         leaf->setIsPrivate(false);

@@ -16,7 +16,7 @@ namespace {
 
 using VelmoCloudEntity::FontItem;
 
-/// The fields that stand in no reply and no export.
+/// Calls `visit(key, field)` for each field that an export contains, but Children.
 template <class Visitor>
 void forEachExported(PlainFont& font, Visitor&& visit) {
     forEachField(font, [&](std::string_view key, auto& field) {
@@ -25,7 +25,7 @@ void forEachExported(PlainFont& font, Visitor&& visit) {
     });
 }
 
-/// ordered_json, since json sorts the keys.
+/// Keeps the order of keys, unlike nlohmann::json.
 using Json = nlohmann::ordered_json;
 
 Json jsonOf(const PlainFonts& fonts) {
@@ -41,8 +41,9 @@ Json jsonOf(const PlainFonts& fonts) {
     return array;
 }
 
-/// What the library's dictionaries are made of, filled as its documentation advises: in a storage
-/// that outlives them, or in one that they own, as values must that are handed on.
+/// Returns the fonts as a Boost.JSON array, the type that the library's dictionaries use. Its
+/// values are in `storage`. A storage that outlives them is fastest, as the documentation of
+/// Boost.JSON says. Values that are returned to a caller must own theirs.
 boost::json::array boostArrayOf(const PlainFonts& fonts, const boost::json::storage_ptr& storage) {
     boost::json::array array(storage);
     array.reserve(fonts.size());
@@ -129,7 +130,7 @@ void registerExport(const std::shared_ptr<const FontDocument>& document) {
         },
         [](const rapidjson::StringBuffer& buffer) {
             return std::hash<std::string_view>()(
-                {buffer.GetString(), buffer.GetSize()}); // that of a std::string
+                {buffer.GetString(), buffer.GetSize()}); // equals the hash of a std::string
         });
     texts.add("nlohmann/json", [plain] { return jsonOf(*plain).dump(); }, digest);
 }

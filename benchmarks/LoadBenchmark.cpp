@@ -14,10 +14,10 @@ using VelmoCloudEntity::FontList;
 
 std::size_t heapInUse() {
     const struct mallinfo2 info = mallinfo2();
-    return info.uordblks + info.hblkhd; // in the heap and in mappings of their own
+    return info.uordblks + info.hblkhd; // bytes in the heap and in separate mappings
 }
 
-/// What two loaders must agree on before they are timed: every field of every font goes into it.
+/// A hash of every field of every font. Loaders with different digests are not compared.
 class Digest {
 public:
     void add(std::string_view text) { mix(std::hash<std::string_view>()(text)); }
@@ -74,10 +74,10 @@ std::size_t digestOf(const FontList& fonts) {
     return digest.value();
 }
 
-/// Times the load alone; the copy of the text and the destruction of the tree stand outside. Counts
-/// the heap that the tree takes once the document is gone.
+/// Times the load, without the copy of the text and the destruction of the tree. Counts the heap
+/// bytes of the tree after the document is destroyed.
 template <class Fonts>
-void time(benchmark::State& state, Fonts (*load)(std::string), const FontDocument& document) {
+void timeLoad(benchmark::State& state, Fonts (*load)(std::string), const FontDocument& document) {
     double bytes = 0;
     for (auto _ : state) {
         std::string text = reply(document);
@@ -96,14 +96,14 @@ void time(benchmark::State& state, Fonts (*load)(std::string), const FontDocumen
 void registerLoad(const std::shared_ptr<const FontDocument>& document) {
     const Comparison loading("load", document->fonts);
     const auto add = [&](const std::string& side, auto load) {
-        const auto isAgreed = loading.agreementOf(
+        const auto isConsistent = loading.consistencyCheck(
             side, [document, load] { return digestOf(load(reply(*document))); });
-        benchmark::RegisterBenchmark(loading.nameOf(side).c_str(),
-                                     [document, load, isAgreed](benchmark::State& state) {
-                                         if (!isAgreed())
-                                             state.SkipWithError("reads other fonts");
-                                         time(state, load, *document);
-                                     })
+        const auto time = [document, load, isConsistent](benchmark::State& state) {
+            if (!isConsistent())
+                state.SkipWithError("the fonts differ from those of another side");
+            timeLoad(state, load, *document);
+        };
+        benchmark::RegisterBenchmark(loading.benchmarkName(side).c_str(), time)
             ->UseManualTime()
             ->Unit(benchmark::kMillisecond);
     };

@@ -33,8 +33,8 @@ void read(const value& json, PlainFonts& fonts) {
 } // namespace
 
 PlainFonts loadBoostJSON(std::string text) {
-    boost::json::monotonic_resource
-        memory; // as its documentation advises for a document that is read and dropped
+    // The documentation of Boost.JSON advises this resource for a document that is read once.
+    boost::json::monotonic_resource memory;
     const value document = boost::json::parse(text, &memory);
     PlainFonts fonts;
     read(document, fonts);

@@ -31,7 +31,7 @@ void read(const Value& array, PlainFonts& fonts) {
 
 PlainFonts loadRapidJSON(std::string text) {
     rapidjson::Document document;
-    document.ParseInsitu(text.data()); // its fastest: strings stay where they are in the text
+    document.ParseInsitu(text.data()); // the fastest way: strings stay in the text
     PlainFonts fonts;
     read(document, fonts);
     return fonts;

@@ -6,24 +6,27 @@
 
 #include <string>
 
-/// The ways of loading a font list that are compared. Each consumes the text of a reply, which has
-/// room for the padding that a reader may want, and gives the whole tree.
+/// The compared ways of loading a font list. Each function takes the text of a reply, with capacity
+/// for the padding that simdjson requires, and returns the whole tree.
 
+/// Loads with the library.
 VelmoCloudEntity::FontList loadOurs(std::string text);
 
-/// simdjson on-demand, the keys told apart by hand.
+/// Loads with simdjson on-demand, by readMember().
 PlainFonts loadOnDemand(std::string text);
 
-/// The same by way of simdjson's document, whose values can be kept and read in any order, as ours
-/// can.
+/// Loads with simdjson's document, by readMember(). Its values can be kept and read in any order,
+/// as those of the library's JSON can.
 PlainFonts loadDOM(std::string text);
 
-/// nlohmann/json, each field looked up by its key.
+/// Loads with nlohmann/json, which looks up each field by its key.
 PlainFonts loadNlohmann(std::string text);
 
-/// RapidJSON in situ and Boost.JSON in a monotonic resource, the keys told apart by hand.
+/// Loads with RapidJSON in situ, by readMember().
 PlainFonts loadRapidJSON(std::string text);
+
+/// Loads with Boost.JSON in a monotonic resource, by readMember().
 PlainFonts loadBoostJSON(std::string text);
 
-/// QJsonDocument, each field looked up by its key.
+/// Loads with QJsonDocument, which looks up each field by its key.
 PlainFonts loadQt(std::string text);

@@ -22,7 +22,7 @@ Ids idsOfLeaves(const FontTree& tree) {
     return ids;
 }
 
-/// Every tenth of them, the last first.
+/// Returns every tenth identifier, in reverse order.
 Ids tenthOf(const Ids& ids) {
     Ids tenth;
     for (std::size_t index = ids.size() / 10 * 10; index > 0; index -= 10)
@@ -30,7 +30,7 @@ Ids tenthOf(const Ids& ids) {
     return tenth;
 }
 
-/// The bare hash join: the positions in one array of what is in another.
+/// Returns the positions of the leaves that are in `wanted`: a hash join.
 template <class Set>
 std::vector<std::size_t> join(const Ids& leaves, const Ids& wanted) {
     const Set set(wanted.begin(), wanted.end());
@@ -46,7 +46,7 @@ std::size_t sizeOf(const List& list) {
     return list.size();
 }
 
-/// Adds the join with the standard set, and the one with a set that is made for speed.
+/// Adds the join with the standard set, and with a faster set.
 void addJoins(Comparison& comparison, const std::shared_ptr<const Ids>& leaves,
               const std::shared_ptr<const Ids>& wanted) {
     using Positions = std::vector<std::size_t>;
@@ -84,7 +84,7 @@ void registerLookup(const std::shared_ptr<const FontTree>& tree) {
             "VelmoCloudEntity",
             [tree, references, mark = mark] {
                 mark(tree->fonts, *references);
-                return references->size(); // what it did is counted by the digest
+                return references->size(); // The digest counts the marked fonts.
             },
             [tree, mark = mark](std::size_t) {
                 return mark == &FontList::setActivatedFont

@@ -7,20 +7,20 @@
 #include <string>
 #include <vector>
 
-/// What a developer with Qt would write: the four names of each font as QString, searched with
-/// QString::contains() and Qt::CaseInsensitive. The conversion is done before.
+/// The search that a developer would write with Qt: QString::contains() with Qt::CaseInsensitive
+/// over the four names of each font. The constructor converts the names.
 class QtSearch {
 public:
     using Visitor = std::function<void(std::int64_t id, const std::array<std::string, 4>& names)>;
 
-    /// `forEachFont(visit)` calls `visit(id, names)` for each font.
+    /// Requires that `forEachFont(visit)` calls `visit(id, names)` for each font.
     explicit QtSearch(const std::function<void(const Visitor&)>& forEachFont);
     ~QtSearch();
 
-    /// The fonts of which the first name has the key in it.
+    /// Returns the identifiers of the fonts whose first name contains the key.
     std::vector<std::int64_t> fontsByName(const std::string& key) const;
 
-    /// The fonts of which any name has.
+    /// Returns the identifiers of the fonts with a name that contains the key.
     std::vector<std::int64_t> fontsByKey(const std::string& key) const;
 
 private:

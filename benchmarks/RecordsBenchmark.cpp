@@ -36,11 +36,11 @@ namespace {
 namespace ondemand = simdjson::ondemand;
 using PerchAppLibrary::JSON;
 
-/// What a developer would write by hand for each type: a plain struct, filled with simdjson
-/// on-demand, each member by the reader that a hash table has for its key.
+/// The code that a developer would write by hand for each type: a plain struct, filled with
+/// simdjson on-demand. A hash table has the reader of each key.
 namespace plain {
 
-/// A value of any kind, as text.
+/// A value of any kind, as JSON text.
 struct Raw {
     std::string json;
 };
@@ -76,6 +76,7 @@ void read(ondemand::value value, std::shared_ptr<Record>& field) {
 #define DECLARE(Type, Name) Type Name{};
 #define READER(Type, Name) \
     {#Name, [](Self& record, ondemand::value value) { read(value, record.Name); }},
+/// Defines a struct with the fields `(Type, Name)...` and fill(), which reads them from JSON.
 #define PLAIN_STRUCT(Struct, ...)                                                               \
     struct Struct {                                                                             \
         using Self = Struct;                                                                    \
@@ -88,6 +89,7 @@ void read(ondemand::value value, std::shared_ptr<Record>& field) {
                     reader->second(*this, member.value());                                      \
         }                                                                                       \
     }
+/// Like PLAIN_STRUCT, with the fields of BaseEntity first.
 #define PLAIN_RECORD(Struct, ...)                                                            \
     PLAIN_STRUCT(Struct, (std::string, Guid), (std::int64_t, Id), (bool, IsDisabled),        \
                  (std::int64_t, ErrorCode), (bool, Exception), (std::string, ExceptionCode), \
@@ -177,7 +179,7 @@ PLAIN_RECORD(ZRMessageBubbleItem, (std::string, Title), (std::string, Content), 
 
 constexpr std::size_t recordCount = 2'000;
 
-/// The type's sample, many times.
+/// Returns a JSON array of the type's sample, recordCount times.
 std::string documentOf(std::string_view type) {
     std::ifstream file(VELMO_SAMPLES "/records/" + std::string(type) + ".json");
     std::ostringstream sample;

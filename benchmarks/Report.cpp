@@ -15,6 +15,7 @@ namespace {
 constexpr double width = 820;
 constexpr const char* style = "font-family='sans-serif' font-size='13'";
 
+/// Returns the medians of one kind of work.
 std::vector<Median> ofWork(const std::vector<Median>& medians, const std::string& work) {
     std::vector<Median> found;
     std::ranges::copy_if(medians, std::back_inserter(found),
@@ -123,7 +124,7 @@ std::string growthChartOf(const std::vector<Median>& medians, const std::string&
     static constexpr const char* colours[] = {"#aa3377", "#66ccee", "#228833",
                                               "#ccbb44", "#ee6677", "#2266aa"};
     std::string lines;
-    std::multimap<double, std::string> labels; // by height
+    std::multimap<double, std::string> labels; // by y coordinate
     std::size_t index = 0;
     for (const auto& [side, ofSide] : sides) {
         const char* const colour = colours[index++ % std::size(colours)];
@@ -141,7 +142,7 @@ std::string growthChartOf(const std::vector<Median>& medians, const std::string&
     }
     double height = 0;
     for (const auto& [wanted, label] : labels) {
-        height = std::max(wanted, height + 18); // apart from the one above
+        height = std::max(wanted, height + 18); // at least one line below the label above
         lines += fmt::format("<text x='475' y='{:.1f}' {}</text>\n", height, label);
     }
     for (const Median& point : sides.begin()->second)

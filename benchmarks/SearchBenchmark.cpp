@@ -25,15 +25,15 @@ std::size_t digestOfIds(const std::vector<std::int64_t>& ids) {
     return digestOf(ids, [](std::int64_t id) { return id; });
 }
 
-/// Adds the library and the literal reading: `query(search)` asks one of them, FontList or
-/// LiteralSearch.
+/// Adds the library and the literal implementation: `query(search)` runs the query with a FontList
+/// or a LiteralSearch.
 template <class Query, class Digest>
 void addBoth(Comparison& comparison, Query query, Digest digest) {
     comparison.add("VelmoCloudEntity", [query] { return query(FontList()); }, digest);
     comparison.add("ICU, literally", [query] { return query(LiteralSearch()); }, digest);
 }
 
-std::shared_ptr<const QtSearch> converted(const FontTree& tree) {
+std::shared_ptr<const QtSearch> qtSearchOf(const FontTree& tree) {
     return std::make_shared<const QtSearch>([&tree](const QtSearch::Visitor& visit) {
         forEachLeaf(tree.fonts, [&visit](const std::shared_ptr<FontItem>& leaf) {
             visit(leaf->Id(), {leaf->ProductName(), leaf->ProductSetName(), leaf->ProductFileName(),
@@ -45,7 +45,7 @@ std::shared_ptr<const QtSearch> converted(const FontTree& tree) {
 } // namespace
 
 void registerSearch(const std::shared_ptr<const FontTree>& tree) {
-    const std::shared_ptr<const QtSearch> qt = converted(*tree);
+    const std::shared_ptr<const QtSearch> qt = qtSearchOf(*tree);
     for (const std::string name : {"light", "宋体"}) {
         Comparison fuzzyName("name \"" + name + "\", fuzzy", tree->leaves);
         addBoth(
@@ -60,7 +60,7 @@ void registerSearch(const std::shared_ptr<const FontTree>& tree) {
             fuzzyKey,
             [tree, key](auto search) { return search.getFontByKey(tree->fonts, key, true); },
             digestOfFonts);
-        if (key != "étude") // of which Qt finds one spelling
+        if (key != "étude") // Qt finds only one of its spellings
             fuzzyKey.add("Qt", [qt, key] { return qt->fontsByKey(key); }, digestOfIds);
     }
     Comparison wholeKey("key \"Anuphan-Light.ttf\"", tree->leaves);

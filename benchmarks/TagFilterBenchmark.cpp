@@ -25,13 +25,13 @@ constexpr std::size_t groupCount = 3;
 constexpr std::size_t tagsInGroup = 10;
 constexpr std::size_t fontsOfTag = 100'000;
 
+/// The identifiers of a catalogue, and groups of ticked tags.
 struct Panel {
     Ids fontIds;
     Tags groups;
 };
 
-/// A catalogue's identifiers and a panel of ticked tags, each list in ascending order, as services
-/// send them, or in none.
+/// Returns a panel whose lists are in ascending order, as services send them, or shuffled.
 Panel makePanel(bool isAscending) {
     std::mt19937_64 random(42);
     Panel panel;
@@ -60,14 +60,14 @@ Panel makePanel(bool isAscending) {
 
 template <class Set>
 Ids filterBySets(const Panel& panel) {
-    Set left(panel.fontIds.begin(), panel.fontIds.end());
+    Set passing(panel.fontIds.begin(), panel.fontIds.end());
     for (const auto& group : panel.groups) {
         Set allowed;
         for (const auto& tag : group->Children())
             allowed.insert(tag->FontIdList().begin(), tag->FontIdList().end());
-        std::erase_if(left, [&allowed](std::int64_t id) { return !allowed.contains(id); });
+        std::erase_if(passing, [&allowed](std::int64_t id) { return !allowed.contains(id); });
     }
-    Ids ids(left.begin(), left.end());
+    Ids ids(passing.begin(), passing.end());
     std::ranges::sort(ids);
     return ids;
 }
@@ -80,7 +80,7 @@ Roaring bitmapOf(const Ids& ids) {
 }
 
 Ids filterByRoaring(const Panel& panel) {
-    Roaring left = bitmapOf(panel.fontIds);
+    Roaring passing = bitmapOf(panel.fontIds);
     for (const auto& group : panel.groups) {
         std::vector<Roaring> tags;
         for (const auto& tag : group->Children())
@@ -88,10 +88,10 @@ Ids filterByRoaring(const Panel& panel) {
         std::vector<const Roaring*> pointers;
         for (const Roaring& tag : tags)
             pointers.push_back(&tag);
-        left &= Roaring::fastunion(pointers.size(), pointers.data());
+        passing &= Roaring::fastunion(pointers.size(), pointers.data());
     }
-    std::vector<std::uint32_t> narrow(left.cardinality());
-    left.toUint32Array(narrow.data());
+    std::vector<std::uint32_t> narrow(passing.cardinality());
+    passing.toUint32Array(narrow.data());
     return {narrow.begin(), narrow.end()};
 }
 

@@ -1,6 +1,6 @@
-// Runs the comparisons and prints them as a table: medians of interleaved repetitions, and what
-// each side takes in proportion to the library. Takes the options of Google Benchmark and
-// --results=FOLDER, where the table goes as Markdown and as JSON, with charts.
+// Runs the comparisons and prints a table: the median time of each side, from interleaved
+// repetitions, and its ratio to the time of the library. Takes the options of Google Benchmark and
+// --results=FOLDER, which writes the table to that folder as Markdown and as JSON, with charts.
 #include "Benchmarks.hpp"
 #include "Report.hpp"
 
@@ -21,6 +21,7 @@
 
 namespace {
 
+/// Collects the medians of the benchmarks.
 class MedianReporter : public benchmark::ConsoleReporter {
 public:
     void ReportRuns(const std::vector<Run>& runs) override {
@@ -30,29 +31,29 @@ public:
             if (run.aggregate_name != "median")
                 continue;
             const std::string& name = run.run_name.function_name;
-            const std::size_t behindWork = name.find('/');
-            const std::size_t behindFonts = name.find('/', behindWork + 1);
+            const std::size_t workEnd = name.find('/');
+            const std::size_t fontsEnd = name.find('/', workEnd + 1);
             const auto bytes = run.counters.find("bytes/font");
-            m_medians.push_back({run.family_index, name.substr(0, behindWork),
-                                 std::stoll(name.substr(behindWork + 1)),
-                                 name.substr(behindFonts + 1), run.GetAdjustedRealTime(),
+            m_medians.push_back({run.family_index, name.substr(0, workEnd),
+                                 std::stoll(name.substr(workEnd + 1)), name.substr(fontsEnd + 1),
+                                 run.GetAdjustedRealTime(),
                                  bytes == run.counters.end() ? 0.0 : double{bytes->second}});
         }
     }
 
-    /// In the order of registration.
+    /// Returns the medians in the order of registration.
     std::vector<Median> medians() const {
         std::vector<Median> sorted = m_medians;
-        std::ranges::sort(sorted, {}, &Median::place);
+        std::ranges::sort(sorted, {}, &Median::index);
         return sorted;
     }
 
-    /// Whether a side was not timed because it came to another result than the others.
+    /// Returns whether a side was not timed because its result differs from the others.
     bool hasFailed() const { return m_hasFailed; }
 
 private:
     bool m_hasFailed = false;
-    std::vector<Median> m_medians; // in the order in which they came to an end
+    std::vector<Median> m_medians; // in the order in which the benchmarks ended
 };
 
 void write(const std::filesystem::path& file, const std::string& text) {
@@ -85,15 +86,15 @@ void registerAll() {
     }
 }
 
-/// Has the heap keep what is freed. Otherwise each repetition of a load or an export begins with
-/// new pages of the system, whose price, on a virtual machine, depends on what ran before: it
-/// varies tenfold and hides what is compared.
+/// Makes the heap keep freed memory. Otherwise each repetition of a load or an export takes new
+/// pages from the system. On a virtual machine their cost varies tenfold with what ran before,
+/// which hides the differences between the sides.
 void keepFreedMemory() {
     mallopt(M_MMAP_MAX, 0);
     mallopt(M_TRIM_THRESHOLD, -1);
 }
 
-/// Takes `--results=FOLDER` out of the arguments.
+/// Removes `--results=FOLDER` from the arguments. Returns the folder, or nullopt if there is none.
 std::optional<std::filesystem::path> takeResultsFolder(std::vector<char*>& arguments) {
     constexpr std::string_view option = "--results=";
     const auto found = std::ranges::find_if(
@@ -114,10 +115,9 @@ int main(int argc, char** argv) {
     std::string repetitions = "--benchmark_repetitions=5";
     std::string interleaving = "--benchmark_enable_random_interleaving=true";
     std::string aggregates = "--benchmark_report_aggregates_only=true";
-    std::string leastSeconds = "--benchmark_min_time=0.2";
-    for (std::string* const option : {&repetitions, &interleaving, &aggregates, &leastSeconds})
-        arguments.insert(arguments.begin() + 1,
-                         option->data()); // before the user's, which override them
+    std::string minTime = "--benchmark_min_time=0.2";
+    for (std::string* const option : {&repetitions, &interleaving, &aggregates, &minTime})
+        arguments.insert(arguments.begin() + 1, option->data()); // The user's follow and override.
     int count = static_cast<int>(arguments.size());
     benchmark::Initialize(&count, arguments.data());
     try {
@@ -128,7 +128,7 @@ int main(int argc, char** argv) {
                     markdownOf(reporter.medians()).c_str());
         if (reporter.hasFailed())
             throw std::runtime_error(
-                "sides of a comparison come to different results: see \"ERROR\" above");
+                "the sides of a comparison have different results: see \"ERROR\" above");
         if (results)
             writeResults(*results, reporter.medians());
     } catch (const std::exception& error) {

@@ -1,9 +1,11 @@
-# The libraries behind PerchAppLibrary; read by the project's own build and by the installed package alike.
+# Finds the libraries that PerchAppLibrary uses. The project's build and the installed package
+# include this file.
 include(CMakeFindDependencyMacro)
 find_dependency(simdjson)
-# simdjson's package accepts only the minor version that it is asked for, so compare here.
+# The version file of simdjson accepts only an equal minor version, so the version is compared here.
 if(simdjson_VERSION VERSION_LESS 3.0)
-  set(${CMAKE_FIND_PACKAGE_NAME}_NOT_FOUND_MESSAGE "simdjson 3.0 or later is needed, not ${simdjson_VERSION}")
+  set(${CMAKE_FIND_PACKAGE_NAME}_NOT_FOUND_MESSAGE
+      "simdjson 3.0 or later is required, found ${simdjson_VERSION}")
   set(${CMAKE_FIND_PACKAGE_NAME}_FOUND FALSE)
   return()
 endif()

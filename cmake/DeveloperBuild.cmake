@@ -1,10 +1,10 @@
-# What is set for the project's own development and never reaches a user of its targets.
+# Settings for the development of the project. They do not affect users of its targets.
 
-# developer_target(NAME): warnings for one of the project's targets. Presets make them errors, so that
-# a compiler with warnings of its own still builds the library for its users.
+# developer_target(NAME): enables warnings for a target. Only presets make them errors, so that
+# users can build the library with a compiler that has other warnings.
 function(developer_target name)
   if(VELMO_DEVELOPER)
-    # GCC 12 warns falsely of strings that are put together with + (its bug 105651).
+    # -Wno-restrict: GCC 12 has false warnings for concatenated strings (its bug 105651).
     target_compile_definitions(${name} PRIVATE PERCH_DEVELOPER)
     target_compile_options(${name} PRIVATE -Wall -Wextra -Wpedantic -Wshadow -Wconversion
                                            $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>)

@@ -1,4 +1,4 @@
-# libmd, the message digest functions of the BSDs: defines the target libmd::libmd.
+# Finds libmd, the message digest functions of the BSDs, and defines the target libmd::libmd.
 find_path(LIBMD_INCLUDE_DIR md5.h)
 find_library(LIBMD_LIBRARY md)
 include(FindPackageHandleStandardArgs)

@@ -1,4 +1,4 @@
-# Installs the libraries, their headers, the command and a package that finds its own dependencies.
+# Installs the libraries, their public headers and a CMake package, which finds its dependencies.
 include(CMakePackageConfigHelpers)
 
 set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/VelmoCloudEntity)
@@ -8,8 +8,8 @@ foreach(library PerchAppLibrary VelmoCloudEntity)
 endforeach()
 
 install(TARGETS PerchAppLibrary VelmoCloudEntity EXPORT VelmoCloudEntityTargets)
-install(EXPORT VelmoCloudEntityTargets NAMESPACE VelmoCloudEntity:: FILE VelmoCloudEntityTargets.cmake
-        DESTINATION ${package_dir})
+install(EXPORT VelmoCloudEntityTargets NAMESPACE VelmoCloudEntity::
+        FILE VelmoCloudEntityTargets.cmake DESTINATION ${package_dir})
 configure_package_config_file(${CMAKE_CURRENT_LIST_DIR}/VelmoCloudEntityConfig.cmake.in
   ${PROJECT_BINARY_DIR}/VelmoCloudEntityConfig.cmake INSTALL_DESTINATION ${package_dir})
 write_basic_package_version_file(${PROJECT_BINARY_DIR}/VelmoCloudEntityConfigVersion.cmake

@@ -1,5 +1,5 @@
-// A client's own records: a font with a property more, whose overrides every query honours, and a
-// record that holds an array of such fonts.
+// Records of a client: a font with one more property and an override, which every query calls, and
+// a record with an array of such fonts.
 #include <VelmoCloudEntity/font/FontList.hpp>
 
 #include <PerchAppLibrary/json/Dictionary.hpp>
@@ -10,23 +10,26 @@
 using namespace VelmoCloudEntity;
 using PerchAppLibrary::BaseEntity;
 
+/// A font that the user can rate.
 class RatedFont : public FontItem {
     PERCH_RECORD(RatedFont, FontItem);
 
-    /// Stars given by the user, 0 to 5; filled from the key "Stars", exported under it.
+    /// Stars from the user, 0 to 5. Read from the key "Stars" and exported under it.
     PERCH_PROPERTY(std::int64_t, Stars);
 
     PERCH_RECORD_END;
 
 public:
-    /// A font with all its stars counts as a favourite.
+    /// A font with five stars is a favourite, too.
     bool IsFavorited() const override { return Stars() == 5 || FontItem::IsFavorited(); }
 };
 PERCH_RECORD_SCHEMA(RatedFont);
 
+/// A named list of rated fonts.
 class Shelf : public BaseEntity {
     PERCH_RECORD(Shelf, BaseEntity);
 
+    /// Name of the shelf.
     PERCH_PROPERTY(std::string, Name);
     /// One RatedFont for each element of the array under the key "Fonts".
     PERCH_PROPERTY(Records<RatedFont>, Fonts);

@@ -1,6 +1,6 @@
-// Fuzzes the whole road: any bytes are a document or a ParseError; a document becomes fonts, which
-// are asked for everything that cannot end the process, searched, marked by themselves, exported,
-// and read again to the same export; and a user, likewise.
+// Fuzzes reading, queries and export. Any bytes are a document or give a ParseError. The fonts of a
+// document are read, searched, filtered, marked and exported; the export, read again, must give an
+// equal export. The document is also read as a user, whose export must be stable too.
 #include <VelmoCloudEntity/account/UserFontActivateMapItem.hpp>
 #include <VelmoCloudEntity/account/UserItem.hpp>
 #include <VelmoCloudEntity/catalogue/FontTagList.hpp>
@@ -20,12 +20,15 @@ using PerchAppLibrary::JSON;
 
 namespace {
 
-void require(bool holds) {
-    if (!holds)
+/// Ends the process, which the fuzzer reports, unless the condition is true.
+void require(bool condition) {
+    if (!condition)
         std::abort();
 }
 
-void ask(const Records<FontItem>& fonts) {
+/// Reads computed properties of the fonts and groups, at any depth. Omits those that may end the
+/// process.
+void readProperties(const Records<FontItem>& fonts) {
     for (const auto& font : fonts) {
         require(PerchAppLibrary::text::isWellFormed(font->DisplayName() + font->PreviewText() +
                                                     font->TreeNodeTitle()));
@@ -36,12 +39,12 @@ void ask(const Records<FontItem>& fonts) {
         (void)font->findRemotePreviewFile();
         (void)font->IsActivated();
         if (font->IsGroup())
-            ask(font->Children());
+            readProperties(font->Children());
     }
 }
 
-/// What a search finds depends on characters, not on their spelling; every font is found by its own
-/// name and identifier.
+/// Tests that equivalent spellings of a name give equal results, and that every font is found by
+/// its own name and identifier.
 void search(const Records<FontItem>& fonts, const Records<FontItem>& leaves) {
     using namespace PerchAppLibrary;
     for (const auto& leaf : leaves) {
@@ -57,22 +60,24 @@ void search(const Records<FontItem>& fonts, const Records<FontItem>& leaves) {
     }
 }
 
+/// Tests that filtering by tags adds no identifiers.
 void filter(const JSON& json) {
     const FontTagList tags(json);
     FontTagList::setFontTagItemCheck(tags.List(), true);
     (void)FontTagList::getCheckedFontTagList(tags.List());
     for (const auto& tag : tags.List()) {
         const std::vector<std::int64_t>& ids = tag->FontIdList();
-        const auto left = FontTagList::getCheckedFontTagFontIdList(tags.List(), ids);
-        require(left.size() <= ids.size());
+        const auto passing = FontTagList::getCheckedFontTagFontIdList(tags.List(), ids);
+        require(passing.size() <= ids.size());
     }
 }
 
-void walk(const JSON& json) {
+/// Tests all of the above on one document.
+void checkRoundTrip(const JSON& json) {
     require(json == JSON::parse(PerchAppLibrary::toText(PerchAppLibrary::toValue(json))));
     filter(json);
     const FontList fonts(json);
-    ask(fonts.List());
+    readProperties(fonts.List());
     const std::string exported = PerchAppLibrary::toText(FontItem::getFontArray(fonts.List()));
     const FontList again(JSON::parse(exported));
     require(PerchAppLibrary::toText(FontItem::getFontArray(again.List())) == exported);
@@ -84,20 +89,20 @@ void walk(const JSON& json) {
         search(again.List(), leaves);
     FontList::setActivatedFont(fonts.List(), leaves);
     require(FontList::getActivatedFont(fonts.List()).size() ==
-            leaves.size()); // every font matches its own reading
+            leaves.size()); // every font matches its own export
     const auto map = UserFontActivateMapItem::create(json);
     require(map->FontList().size() == json["FontList"].arrayValue().size());
     const std::string user =
-        PerchAppLibrary::toText(UserItem::create(json)->Dict()); // with a token of any kind
+        PerchAppLibrary::toText(UserItem::create(json)->Dict()); // sms_token may be of any kind
     require(PerchAppLibrary::toText(UserItem::create(JSON::parse(user))->Dict()) == user);
 }
 
 } // namespace
 
-// NOLINTNEXTLINE(readability-identifier-naming): the fuzzer's name
+// NOLINTNEXTLINE(readability-identifier-naming): libFuzzer requires this name
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     try {
-        walk(JSON::parse(std::string_view(reinterpret_cast<const char*>(data), size)));
+        checkRoundTrip(JSON::parse(std::string_view(reinterpret_cast<const char*>(data), size)));
     } catch (const JSON::ParseError&) {
         return 0;
     }
