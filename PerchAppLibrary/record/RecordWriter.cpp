@@ -13,7 +13,7 @@ namespace {
 
 using RecordPointers = std::vector<const BaseEntity*>;
 
-/// Adds members to a Dictionary.
+/// Adds members to a Dictionary. Requires that it has none of their names.
 struct DictionarySink {
     Dictionary& dictionary;
 
@@ -86,14 +86,10 @@ RecordWriter::RecordWriter(const RecordSchema& schema, const Excluded& excluded)
             m_members.push_back(&property);
 }
 
-void RecordWriter::write(const BaseEntity& record, Dictionary& dictionary) const {
-    writeTo(record, DictionarySink{dictionary});
-}
-
 Dictionary RecordWriter::dictionary(const BaseEntity& record, const Storage& storage) const {
     Dictionary dictionary(storage);
     dictionary.reserve(m_members.size() + 1);
-    write(record, dictionary);
+    writeTo(record, DictionarySink{dictionary});
     return dictionary;
 }
 

@@ -19,11 +19,8 @@ public:
     /// name is not a stored property's, or comes twice.
     RecordWriter(const RecordSchema& schema, const Excluded& excluded);
 
-    /// Adds the properties to a dictionary. Requires that it has none of their names.
-    void write(const BaseEntity& record, Dictionary& dictionary) const;
-
     /// Appends the members of a JSON object, without braces: `"Id":7,"Name":"x"`. Equals the text
-    /// of the dictionary, but is faster.
+    /// of dictionary(), but is faster.
     void write(const BaseEntity& record, std::string& text) const;
 
     /// Returns a dictionary of the properties, with room for one more.
