@@ -13,8 +13,8 @@ namespace {
 constexpr std::string_view clientFolder = "VelmoCloud";
 
 std::string environment(const char* name) {
-    const char* const value =
-        std::getenv(name); // NOLINT(concurrency-mt-unsafe): the library sets no variable
+    // NOLINTNEXTLINE(concurrency-mt-unsafe): the library sets no variable
+    const char* const value = std::getenv(name);
     return value == nullptr ? std::string() : std::string(value);
 }
 

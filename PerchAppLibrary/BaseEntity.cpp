@@ -3,7 +3,7 @@
 #include <PerchAppLibrary/json/DictionaryArena.hpp>
 #include <PerchAppLibrary/record/RecordSchema.hpp>
 #include <PerchAppLibrary/record/RecordWriter.hpp>
-#include <PerchAppLibrary/record/detail/RecordFiller.hpp>
+#include <PerchAppLibrary/record/detail/fillRecord.hpp>
 
 #include <algorithm>
 #include <span>
@@ -18,7 +18,7 @@ bool contains(const KeyList& list, std::string_view key) {
     return std::ranges::find(list.keys(), key) != list.keys().end();
 }
 
-Excluded together(const Excluded& left, const Excluded& right) {
+Excluded merged(const Excluded& left, const Excluded& right) {
     if (left.keys().empty())
         return right;
     std::vector<std::string> keys(left.keys().begin(), left.keys().end());
@@ -48,9 +48,9 @@ void BaseEntity::fill(const JSON& json, const Excluded& further) {
         fillByBase(json, further);
         return;
     }
-    // The record may hold the JSON, and set it meanwhile.
+    // `json` may be a property of the record, which the mapping sets.
     const JSON document = json; // NOLINT(performance-unnecessary-copy-initialization)
-    setValue(document, together(further, recordSchema.arrays()));
+    setValue(document, merged(further, recordSchema.arrays()));
     for (const std::string& name : recordSchema.arrays().keys()) {
         if (contains(further, name))
             continue;
@@ -93,7 +93,7 @@ Dictionary BaseEntity::reflect(const Excluded& excluded, const Storage& storage)
 }
 
 DictionaryArena BaseEntity::arenaForDict(std::size_t members) const {
-    constexpr std::size_t usualSize = 60; // of a property, its key and a short text
+    constexpr std::size_t usualSize = 60; // bytes of a property, its key and a short text
     return DictionaryArena((1 + members) * schema().properties().size() * usualSize);
 }
 

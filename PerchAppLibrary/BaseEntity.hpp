@@ -24,13 +24,15 @@ class RecordSchema; // completed by PerchAppLibrary/record/RecordSchema.hpp
 ///
 /// A record's properties are filled from JSON and read by name, always as if through the virtual
 /// accessors, so overrides take effect. Create records with the `create` of their class and share
-/// them by std::shared_ptr; they are not copied. A plain record can also stand on the stack. A
+/// them by std::shared_ptr; they are not copied. A plain record may also live on the stack. A
 /// record owns its texts and arrays and shares its nested records.
 ///
-/// Threads: any number may read a record, as long as none changes it.
+/// Any number of threads may read a record while none changes it.
 class BaseEntity {
-    std::uint32_t m_flags = 0; // of the properties of type Near<bool>; beside the class's pointer
-    SparseTexts m_sparseTexts; // of the properties of type Rare<std::string>
+    // Holds the properties of type Near<bool>, beside the virtual table pointer, which a call
+    // loads.
+    std::uint32_t m_flags = 0;
+    SparseTexts m_sparseTexts; // holds the properties of type Rare<std::string>
 
 public:
     BaseEntity();
@@ -50,11 +52,11 @@ public:
     PERCH_PROPERTY(Rare<std::string>, Guid);
     /// Identifier of the record.
     PERCH_PROPERTY(std::int64_t, Id);
-    /// The record is out of use.
+    /// Whether the record is out of use.
     PERCH_PROPERTY(Near<bool>, IsDisabled);
-    /// Number of an error that the service reports with the record.
+    /// Number of the error that the service reports with the record.
     PERCH_PROPERTY(std::int64_t, ErrorCode);
-    /// The service reports an error with the record.
+    /// Whether the service reports an error with the record.
     PERCH_PROPERTY(Near<bool>, Exception);
     /// Code of that error.
     PERCH_PROPERTY(Rare<std::string>, ExceptionCode);
@@ -69,20 +71,21 @@ public:
 
     PERCH_RECORD_END;
 
-    /// Fills the record from a JSON object. Runs the virtual mapping, which leaves the class's
-    /// arrays of records alone. Then sets each of these arrays, in their order, through its virtual
-    /// setter: to one record for each element of the array under its key, to none if there is no
-    /// array. A value that is no object empties the arrays and changes nothing else.
+    /// Fills the record from a JSON object. Runs the virtual mapping without the class's arrays of
+    /// records. Then sets each of these arrays, in declaration order, through its virtual setter:
+    /// to one record for each element of the array under its key, or to none if there is no array.
+    /// A value that is not an object empties the arrays and changes nothing else.
     virtual void setValue(const JSON& json);
 
-    /// The mapping. Sets each stored property whose name is a key of the JSON object, through its
-    /// virtual setter, if the value converts to its type (the table of JSON::as). Excluded
+    /// Runs the mapping. Sets each stored property whose name is a key of the JSON object, through
+    /// its virtual setter, if the value converts to its type (the table of JSON::as). Excluded
     /// properties, constants, arrays of records and all others keep their values. Properties are
     /// set in declaration order, the base's first, each once: only the last value of a repeated key
     /// counts, even if it does not convert. Unknown keys are ignored. One pass over the members.
     virtual void setValue(const JSON& json, Excluded excluded);
 
-    /// A text would become a JSON string, which fills nothing. Use JSON::parse(text).
+    /// Deleted, since a text would become a JSON string, which fills nothing. Use
+    /// JSON::parse(text).
     template <JSONScalar T>
     void setValue(const T& value) = delete;
 
@@ -103,24 +106,24 @@ public:
     /// Returns the schema of the most derived class that declares properties.
     virtual const RecordSchema& schema() const;
 
-    /// What create(json) calls. A class with another contract declares this constant again.
+    /// What create(json) calls. A class whose create(json) calls something else redeclares it.
     static constexpr JSONFilling jsonFilling = JSONFilling::setValue;
 
 protected:
-    /// Like setValue(json), with further keys that the mapping and the arrays leave alone. For
+    /// Like BaseEntity::setValue(json), but also excludes the properties in `further`. For
     /// overrides of setValue(json).
     void fill(const JSON& json, const Excluded& further = {});
 
-    /// Like fill(), but runs the base's own mapping, whatever a subclass overrides.
+    /// Like fill(), but runs BaseEntity's mapping even if a subclass overrides it.
     void fillByBase(const JSON& json, const Excluded& further = {});
 
-    /// Makes a record with defaults.
+    /// Creates a record with defaults.
     template <class R>
     static std::shared_ptr<R> make() {
         return std::make_shared<Concrete<R>>();
     }
 
-    /// Makes a record and fills it from JSON.
+    /// Creates a record and fills it from JSON.
     template <class R, JSONFilling filling>
     static std::shared_ptr<R> makeFilled(const JSON& json) {
         std::shared_ptr<R> record = make<R>();
@@ -134,7 +137,7 @@ protected:
         return record;
     }
 
-    /// Makes a record with defaults and applies labelled arguments.
+    /// Creates a record with defaults and applies labelled arguments.
     template <class R, class Labels>
     static std::shared_ptr<R> makeLabelled(Labels labels) {
         std::shared_ptr<R> record = make<R>();
@@ -142,7 +145,7 @@ protected:
         return record;
     }
 
-    /// Read and write the value of a property, wherever its place is.
+    /// Return the value of a property from its place: a field, the flags or the sparse texts.
     template <class T>
     static const T& stored(const T& field) noexcept {
         return field; // NOLINT(bugprone-return-const-ref-from-parameter): a field of the record
@@ -155,6 +158,7 @@ protected:
     bool stored(Slot<Place::flag, Record, Line> /*slot*/) const noexcept {
         return (m_flags & flagMask<Record, Line>) != 0;
     }
+    /// Set the value of a property in its place.
     template <class T>
     static void store(T& field, std::type_identity_t<T>&& value) {
         field = std::move(value);
@@ -168,7 +172,7 @@ protected:
         m_flags = value ? m_flags | flagMask<Record, Line> : m_flags & ~flagMask<Record, Line>;
     }
 
-    /// What a class without a PERCH_ON_CHANGE has.
+    /// The defaults for a class without PERCH_ON_CHANGE.
     static constexpr EffectOfChange perchEffectOf(std::string_view /*name*/) { return nullptr; }
     static void perchChanged(std::string_view /*name*/) noexcept {}
 
@@ -187,11 +191,11 @@ protected:
     Dictionary select(std::span<const std::string> names) const;
 
 private:
-    friend struct PlaceAccess; // for filling and writing without accessors
+    friend struct PlaceAccess; // fills and writes without accessors
 };
 
-/// Returns whether the record's class is the given one, not a subclass of it. No accessor is
-/// overridden then, so fields can be read and written in place of accessors.
+/// Returns whether the record is of exactly this class, not of a subclass. If so, no subclass
+/// overrides an accessor.
 inline bool isExactly(const BaseEntity& record, const std::type_info& type) noexcept {
     return typeid(record) == type;
 }

@@ -6,17 +6,17 @@
 
 namespace PerchAppLibrary {
 
-/// One error of the service: its code and its messages by language ("Ch" Chinese, "En" English). A
-/// shared record, immutable after construction; it keeps both arguments as given.
+/// One error of the service: its code and its messages by language ("Ch" Chinese, "En" English).
+/// Keeps both arguments as given. Immutable, so any number of threads may share it.
 class BaseExceptionEntity {
 public:
     BaseExceptionEntity(std::string code, std::map<std::string, std::string> msgDict)
         : m_code(std::move(code)), m_msgDict(std::move(msgDict)) {}
 
-    /// The error code as the service sends it.
+    /// Returns the error code as the service sends it.
     const std::string& code() const noexcept { return m_code; }
 
-    /// The messages, keyed by language.
+    /// Returns the messages, keyed by language.
     const std::map<std::string, std::string>& msgDict() const noexcept { return m_msgDict; }
 
 private:

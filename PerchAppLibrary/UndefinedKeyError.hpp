@@ -6,7 +6,7 @@
 
 namespace PerchAppLibrary {
 
-/// Thrown when a property is asked for by a name that the record does not have.
+/// Thrown by a lookup of a property by a name that the record does not have.
 class UndefinedKeyError : public std::out_of_range {
 public:
     UndefinedKeyError(std::string_view className, std::string_view key)
@@ -15,10 +15,10 @@ public:
           m_className(className),
           m_key(key) {}
 
-    /// Name of the record's class.
+    /// Returns the name of the record's class.
     const std::string& className() const noexcept { return m_className; }
 
-    /// The name that was asked for.
+    /// Returns the unknown name.
     const std::string& key() const noexcept { return m_key; }
 
 private:

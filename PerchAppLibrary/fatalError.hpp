@@ -4,10 +4,10 @@
 
 namespace PerchAppLibrary {
 
-/// Writes the message as one line to standard error and aborts. For programming errors alone; a
-/// function that can end here says so in its comment. Parsing, filling, queries and exports never
-/// do. The preview locations of a FontItem do if its file name or address, which a document may
-/// have set, is too short: its stem() and findRemotePreviewFile() tell before.
+/// Writes the message, as one line, to standard error and aborts. For programming errors only: a
+/// function that may call it says so in its comment. Parsing, filling, queries and exports never
+/// call it. The preview locations of a FontItem call it if the font's file name or address is too
+/// short, which a document can cause. Call its stem() or findRemotePreviewFile() first.
 [[noreturn]] void fatalError(std::string_view message) noexcept;
 
 } // namespace PerchAppLibrary

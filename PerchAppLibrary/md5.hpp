@@ -5,7 +5,8 @@
 
 namespace PerchAppLibrary {
 
-/// The MD5 digest (RFC 1321) of the text's UTF-8 bytes, as 32 lower-case hexadecimal digits.
+/// Returns the MD5 digest (RFC 1321) of the text's bytes, as 32 lower-case hexadecimal digits.
+/// Linear.
 std::string md5(std::string_view text);
 
 } // namespace PerchAppLibrary

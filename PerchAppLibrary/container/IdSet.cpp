@@ -17,7 +17,7 @@ namespace {
 
 using Ids = IdSet::Ids;
 
-/// Words that a set of any size may take for its bits.
+/// A bitmap may have this many words for any number of identifiers.
 constexpr std::uint64_t fewWords = 1024;
 
 struct Range {
@@ -44,8 +44,8 @@ IdSet::IdSet(std::span<const Ids* const> lists) {
     const Range range = rangeOf(lists);
     if (range.count == 0)
         return;
-    m_first = static_cast<std::uint64_t>(range.least) / wordBits *
-              wordBits; // so that words of two sets lie alike
+    // A multiple of wordBits, so intersect() combines whole words.
+    m_first = static_cast<std::uint64_t>(range.least) / wordBits * wordBits;
     const std::uint64_t words =
         (static_cast<std::uint64_t>(range.greatest) - m_first) / wordBits + 1;
     if (words <= std::max<std::uint64_t>(range.count, fewWords)) {
@@ -64,11 +64,10 @@ IdSet::IdSet(std::span<const Ids* const> lists) {
 
 IdSet::IdSet(const Ids& ids) : IdSet(std::array{&ids}) {}
 
-IdSet::IdSet(IdSet&& other) noexcept = default;
 IdSet& IdSet::operator=(IdSet&& other) noexcept = default;
 IdSet::~IdSet() = default;
 
-bool IdSet::isInSparse(std::int64_t id) const noexcept { return m_sparse->ids.contains(id); }
+bool IdSet::containsSparse(std::int64_t id) const noexcept { return m_sparse->ids.contains(id); }
 
 void IdSet::intersect(const IdSet& other) {
     if (m_sparse || other.m_sparse) {
@@ -80,7 +79,7 @@ void IdSet::intersect(const IdSet& other) {
     const std::int64_t shift =
         static_cast<std::int64_t>(m_first - other.m_first) / static_cast<std::int64_t>(wordBits);
     for (std::size_t index = 0; index < m_words.size(); ++index) {
-        // A word before the other set's first wraps around to one beyond all of them.
+        // For a word before the other set's first, the index wraps around to one beyond all words.
         const std::uint64_t theirs = index + static_cast<std::uint64_t>(shift);
         m_words[index] &= theirs < other.m_words.size() ? other.m_words[theirs] : 0;
     }
@@ -99,8 +98,7 @@ Ids IdSet::ids() const {
     ids.resize(count);
     auto next = ids.begin();
     for (std::size_t index = 0; index < m_words.size(); ++index)
-        for (std::uint64_t word = m_words[index]; word != 0;
-             word &= word - 1) { // takes the lowest bit away
+        for (std::uint64_t word = m_words[index]; word != 0; word &= word - 1) { // clears a bit
             const auto bit = static_cast<std::uint64_t>(std::countr_zero(word));
             *next++ = static_cast<std::int64_t>(m_first + index * wordBits + bit);
         }
@@ -112,7 +110,7 @@ Ids unionOf(std::span<const Ids* const> lists) { return IdSet(lists).ids(); }
 Ids intersectionOf(std::span<const Ids* const> lists) {
     if (lists.empty())
         return {};
-    // Shortest first, so that no step costs more than its own list.
+    // Shortest first, so each step is linear in its own list.
     std::vector<const Ids*> sorted(lists.begin(), lists.end());
     std::ranges::sort(sorted, {}, &Ids::size);
     IdSet common(*sorted.front());

@@ -8,56 +8,57 @@
 
 namespace PerchAppLibrary {
 
-/// A set of identifiers, made for one question and then thrown away: which of many identifiers are
-/// in a list.
+/// A set of identifiers, for short-lived lookups: which of many identifiers are in a list.
 ///
-/// Identifiers that lie close together, as those of a catalogue do, are kept as a map of bits, any
-/// others in a hash table. Both take memory in proportion to the number of identifiers (or 8 KB),
-/// and constant time for each.
+/// Dense identifiers, such as those of a catalogue, are stored in a bitmap, others in a hash table.
+/// Both take constant time for each identifier, and memory in proportion to the number of
+/// identifiers (at least 8 KB). Any number of threads may read a set while none changes it.
 class IdSet {
 public:
     using Ids = std::vector<std::int64_t>;
 
-    /// The identifiers of the list. Duplicates count once.
+    /// Stores the identifiers of the list, duplicates once.
     explicit IdSet(const Ids& ids);
 
-    /// The identifiers of all the lists, none of which is null.
+    /// Stores the identifiers of all the lists, duplicates once. Requires that no list is null.
     explicit IdSet(std::span<const Ids* const> lists);
 
-    IdSet(IdSet&& other) noexcept;
     IdSet& operator=(IdSet&& other) noexcept;
     ~IdSet();
 
+    /// Returns whether the identifier is in the set. Constant time.
     bool contains(std::int64_t id) const noexcept {
         if (m_sparse)
-            return isInSparse(id);
-        // An identifier below the first wraps around to a distance beyond all bits.
+            return containsSparse(id);
+        // For an identifier below the first, the distance wraps around to one beyond all bits.
         const std::uint64_t distance = static_cast<std::uint64_t>(id) - m_first;
         return distance / wordBits < m_words.size() &&
                (m_words[distance / wordBits] >> (distance % wordBits) & 1U) != 0;
     }
 
-    /// Takes away what is not in the other set.
+    /// Removes the identifiers that are not in the other set.
     void intersect(const IdSet& other);
 
-    /// All of them, in ascending order.
+    /// Returns all identifiers, in ascending order.
     Ids ids() const;
 
 private:
     struct Sparse;
     static constexpr std::uint64_t wordBits = 64;
 
-    bool isInSparse(std::int64_t id) const noexcept;
+    bool containsSparse(std::int64_t id) const noexcept;
 
-    std::uint64_t m_first = 0; // the identifier of the first bit, a multiple of wordBits
+    std::uint64_t m_first = 0; // identifier of the first bit, a multiple of wordBits
     std::vector<std::uint64_t> m_words;
-    std::unique_ptr<Sparse> m_sparse; // of identifiers that lie far apart
+    std::unique_ptr<Sparse> m_sparse; // null unless the identifiers are sparse
 };
 
-/// The identifiers that are in one of the lists at least, or in each of them: in ascending order,
-/// without duplicates. No list is null; of no lists, none. Linear in all of them together while the
-/// identifiers lie close together.
+/// Returns the identifiers in any of the lists, in ascending order without duplicates. Requires
+/// that no list is null. Linear in all lists together if the identifiers are dense; sorts them if
+/// not.
 IdSet::Ids unionOf(std::span<const IdSet::Ids* const> lists);
+
+/// Like unionOf(), but returns the identifiers in all of the lists; none without lists.
 IdSet::Ids intersectionOf(std::span<const IdSet::Ids* const> lists);
 
 } // namespace PerchAppLibrary

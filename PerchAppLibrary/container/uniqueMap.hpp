@@ -9,8 +9,8 @@
 
 namespace PerchAppLibrary {
 
-/// A map of the pairs. Ends the process (fatalError) when a key comes twice: a table with two rows
-/// for one key is wrong, and neither row may quietly go.
+/// Returns a map of the pairs. Ends the process (fatalError) if a key comes twice, since a table
+/// with two rows for one key is a programming error.
 template <class T>
 std::map<std::string, T> uniqueMap(std::vector<std::pair<const std::string, T>> pairs) {
     std::map<std::string, T> map;

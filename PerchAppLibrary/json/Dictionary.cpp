@@ -50,7 +50,7 @@ void assign(Value& place, dom::object members) {
         assign(dictionary[key], member);
 }
 
-/// Goes down one call for each level, of which a document has JSON::maximumDepth at most.
+/// Calls itself once for each level. A document has at most JSON::maximumDepth levels.
 void assign(Value& place, dom::element element) {
     switch (element.type()) {
     case dom::element_type::INT64:
@@ -74,7 +74,7 @@ void assign(Value& place, dom::element element) {
     case dom::element_type::OBJECT:
         assign(place, element.get_object().value_unsafe());
         break;
-    default: // Later versions of the reader have more kinds, if asked for.
+    default: // Later versions of the parser have more kinds, which are off by default.
         place = nullptr;
         break;
     }
@@ -106,8 +106,7 @@ void assign(Value& place, float number) {
         place = nullptr;
         return;
     }
-    // By way of the shortest decimal that gives the float back: 12.7, where a plain cast
-    // gives 12.699999809265137.
+    // Converts by the shortest decimal, 12.7. A plain cast gives 12.699999809265137.
     char decimal[32];
     double value = 0;
     fast_float::from_chars(decimal, std::to_chars(decimal, std::end(decimal), number).ptr, value);

@@ -13,7 +13,7 @@
 
 namespace PerchAppLibrary {
 
-/// Returns what assign() makes of the source.
+/// Returns the value that assign() stores for the source.
 template <class T>
 Value toValue(T&& source)
     requires requires(Value& place) { assign(place, std::forward<T>(source)); }
@@ -23,11 +23,11 @@ Value toValue(T&& source)
     return value;
 }
 
-/// JSON text (RFC 8259) in UTF-8, without white space; keys keep their order.
+/// Returns JSON text (RFC 8259) in UTF-8, without white space. Keys keep their order. Linear.
 std::string toText(const Dictionary& dictionary);
 std::string toText(const Value& value);
 
-/// A JSON array of the dictionaries, in order.
+/// Returns the text of a JSON array of the dictionaries, in their order.
 std::string toText(const std::vector<Dictionary>& dictionaries);
 
 } // namespace PerchAppLibrary

@@ -11,16 +11,16 @@
 
 namespace PerchAppLibrary {
 
-/// Boost.JSON calls it memory_resource until version 1.92, where it is of Boost.Container.
+/// Named boost::json::memory_resource before version 1.92, which takes that of Boost.Container.
 using MemoryResource = std::remove_pointer_t<decltype(boost::json::storage_ptr().get())>;
 
-/// Hands out pieces of its blocks while it is open, then pieces of the heap.
+/// Allocates from its blocks until close(), then from the heap.
 class DictionaryArena::Resource final : public MemoryResource {
 public:
-    /// Says where it stands, since make_shared_resource does not.
-    Resource(std::size_t size, Resource*& place) {
+    /// Stores its address in `self`, since make_shared_resource() does not return it.
+    Resource(std::size_t size, Resource*& self) {
         addBlock(size);
-        place = this;
+        self = this;
     }
 
     void close() { isOpen = false; }
@@ -30,8 +30,8 @@ private:
         std::unique_ptr<std::byte[]> bytes;
         std::size_t size;
 
-        bool holds(const void* piece) const {
-            const std::less<> isBefore; // the order of pointers into several blocks
+        bool contains(const void* piece) const {
+            const std::less<> isBefore; // orders pointers into different blocks, which < does not
             return !isBefore(piece, bytes.get()) && isBefore(piece, bytes.get() + size);
         }
     };
@@ -51,7 +51,7 @@ private:
         return takeFromBlock(size, alignment);
     }
 
-    /// Null where too little is left.
+    /// Returns null if too little is left.
     void* takeFromBlock(std::size_t size, std::size_t alignment) {
         if (std::align(alignment, size, next, left) == nullptr)
             return nullptr;
@@ -60,16 +60,16 @@ private:
     }
 
     void do_deallocate(void* piece, std::size_t size, std::size_t alignment) override {
-        if (std::ranges::none_of(blocks, [&](const Block& block) { return block.holds(piece); }))
+        if (std::ranges::none_of(blocks, [&](const Block& block) { return block.contains(piece); }))
             heap->deallocate(piece, size, alignment);
     }
 
     bool do_is_equal(const MemoryResource& other) const noexcept override { return this == &other; }
 
     const Storage heap;
-    std::vector<Block> blocks; // each twice the one before, or larger
-    void* next = nullptr;      // the unused part of the last block
-    std::size_t left = 0;
+    std::vector<Block> blocks; // each has at least twice the size of the one before
+    void* next = nullptr;      // begin of the unused part of the last block
+    std::size_t left = 0;      // size of that part
     bool isOpen = true;
 };
 

@@ -6,27 +6,27 @@
 
 namespace PerchAppLibrary {
 
-/// Storage for one dictionary and all that it nests, which lie one behind the other while they are
-/// put together: for as long as this object lives. It is given back when the last of them goes,
-/// their copies included.
+/// An arena for one dictionary and all values in it. While this object lives, they are allocated
+/// one behind the other. The arena is freed with the last dictionary or value that uses it, copies
+/// included.
 ///
-/// Afterwards whatever is added to the dictionary or to a copy lies on its own in the heap. So a
-/// copy belongs to itself: other threads may change it, and what is erased from it is given back.
+/// After this object is destroyed, allocations come from the heap. So another thread may then
+/// change a copy of the dictionary, and values erased from it are freed.
 class DictionaryArena {
 public:
-    /// Bytes that are expected together; more are found as they are needed.
+    /// Takes the expected number of bytes. The arena grows if it needs more.
     explicit DictionaryArena(std::size_t size);
     DictionaryArena(const DictionaryArena&) = delete;
     DictionaryArena& operator=(const DictionaryArena&) = delete;
     ~DictionaryArena();
 
-    /// For those who put the dictionary together.
+    /// Returns the storage with which to construct the dictionary.
     const Storage& get() const { return storage; }
 
 private:
     class Resource;
 
-    Resource* resource = nullptr; // of the storage
+    Resource* resource = nullptr; // owned by `storage`
     Storage storage;
 };
 

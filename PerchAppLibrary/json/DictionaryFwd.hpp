@@ -19,33 +19,36 @@ class value;
 /// Value, include PerchAppLibrary/json/Dictionary.hpp, which completes them.
 namespace PerchAppLibrary {
 
-/// A dictionary from String to any value; keeps the order in which its keys were inserted.
+/// A map from texts to values. Keeps the order in which its keys were inserted.
 using Dictionary = boost::json::object;
 
-/// One value of a Dictionary; an absent optional is a null.
+/// One value of a Dictionary: a null, Boolean, number, text, array or Dictionary.
 using Value = boost::json::value;
 
 /// An array of values.
 using ValueArray = boost::json::array;
 
-/// Where the values of a Dictionary lie; by default, each on its own in the heap. A value that is
-/// moved to another storage is copied.
+/// The memory that a Dictionary and its values are allocated from; by default, the heap. Moving a
+/// value to another storage copies it.
 using Storage = boost::json::storage_ptr;
 class DictionaryArena; // completed by PerchAppLibrary/json/DictionaryArena.hpp
 
 class JSON;         // completed by PerchAppLibrary/json/JSON.hpp
 class PlatformFont; // completed by PerchAppLibrary/platform/PlatformFont.hpp
 
-/// Sets a value of a Dictionary, in its storage: integers and Booleans as such, a float as the
-/// number that reads back to the same float (null if it is not finite), text with every ill-formed
-/// sequence of bytes replaced by U+FFFD, an absent optional as null, a URL as its text, a font as
-/// {"name", "size"}, a JSON as it is.
+/// Sets a value of a Dictionary, in the value's storage. Linear in the size of the source.
+///
+/// - An integer or a Boolean becomes an equal value.
+/// - A float becomes its shortest decimal, so 0.1F becomes 0.1. NaN and the infinities become null.
+/// - In a text, each ill-formed sequence of bytes becomes U+FFFD.
+/// - An empty optional becomes null.
+/// - A URL becomes its text, a font {"name", "size"}, and a JSON an equal value.
 void assign(Value& place, std::int64_t number);
 void assign(Value& place, bool flag);
 void assign(Value& place, float number);
 void assign(Value& place, std::string_view text);
 void assign(Value& place, const std::string& text);
-void assign(Value& place, const char* text) = delete; // would be taken for a Boolean
+void assign(Value& place, const char* text) = delete; // would convert to bool
 void assign(Value& place, const std::optional<std::string>& text);
 void assign(Value& place, const std::vector<std::int64_t>& numbers);
 void assign(Value& place, const std::optional<std::vector<std::int64_t>>& numbers);

@@ -17,8 +17,8 @@ namespace {
 
 namespace dom = simdjson::dom;
 
-/// An array that is written once from front to back, so that page faults could take as long as the
-/// parsing.
+/// Returns an uninitialised array for the parser to write from front to back. Asks for large pages,
+/// since page faults would take as long as the parsing.
 template <class Element>
 std::unique_ptr<Element[]> makeBuffer(std::size_t size) {
     std::unique_ptr<Element[]> buffer(new Element[size]);
@@ -26,22 +26,23 @@ std::unique_ptr<Element[]> makeBuffer(std::size_t size) {
     return buffer;
 }
 
-/// Makes room for what the reader's second stage writes, knowing what the first has found. The
-/// reader would take eight bytes for each byte of text, several times what texts need.
+/// Allocates the buffers that the parser's second stage writes, by the results of the first. The
+/// parser itself would allocate eight bytes for each byte of text, several times the need.
 void allocate(dom::document& document, std::size_t length, std::size_t structuralCount) {
-    // A bracket, a scalar's begin, a colon or a comma gives one word at most, but a number's begin
-    // gives two. No word is given by the comma behind a number, or behind the arrays that end with
-    // it; only the last number may have none. The root has two words.
+    // Each structural character (a bracket, a colon, a comma or the begin of a scalar) adds at most
+    // one word to the tape, except the begin of a number, which adds two. The comma behind a
+    // number, or behind the arrays that end with it, adds none. Only the last number may lack a
+    // comma, so it needs one more word. The root adds two words.
     document.tape = makeBuffer<std::uint64_t>(structuralCount + 3);
-    // An empty text of two quotes and a comma becomes a length and a zero. Texts are copied in
-    // whole blocks.
+    // An empty string takes three bytes of text, `"",`, and five of the buffer, a length and a
+    // zero. The parser copies strings in whole blocks, so the buffer has padding.
     document.string_buf =
         makeBuffer<std::uint8_t>(length / 3 * 5 + 5 + 2 * simdjson::SIMDJSON_PADDING);
 }
 
-/// Whether allocate() was tested with this version of the reader. Other versions make their own
-/// room.
-constexpr bool isRoomTested =
+/// True if allocate() was tested with this version of the parser. Other versions allocate their own
+/// buffers.
+constexpr bool isAllocationTested =
 #ifdef PERCH_PLAIN_READER // for tests
     false;
 #else
@@ -49,7 +50,7 @@ constexpr bool isRoomTested =
     (simdjson::SIMDJSON_VERSION_MINOR == 0 || simdjson::SIMDJSON_VERSION_MINOR == 12);
 #endif
 
-/// Runs the reader's two stages through its internal interface, with allocate() between them.
+/// Runs the parser's two stages through its internal interface, with allocate() between them.
 simdjson::error_code parseInStages(dom::parser& parser, std::string_view text,
                                    dom::document& document) {
     simdjson::internal::dom_parser_implementation& stages = *parser.implementation;
@@ -63,19 +64,20 @@ simdjson::error_code parseInStages(dom::parser& parser, std::string_view text,
 
 simdjson::error_code parsePlainly(dom::parser& parser, std::string_view text,
                                   dom::document& document) {
-    if (text.starts_with("\xEF\xBB\xBF")) // The reader skips a byte order mark.
+    if (text.starts_with("\xEF\xBB\xBF")) // The parser would skip a byte order mark.
         return simdjson::TAPE_ERROR;
     return parser.parse_into_document(document, text.data(), text.size(), false).error();
 }
 
-/// Parses a text. Requires SIMDJSON_PADDING readable bytes behind it.
+/// Parses a text. Returns nullopt and sets `error` if the parser rejects it. Requires
+/// SIMDJSON_PADDING readable bytes behind the text.
 std::optional<JSON> read(std::string_view text, std::size_t depth, simdjson::error_code& error) {
     dom::parser parser;
     const auto document = std::make_shared<dom::document>();
     error = parser.allocate(std::max(text.size(), simdjson::SIMDJSON_PADDING), depth);
     if (!error)
-        error = isRoomTested ? parseInStages(parser, text, *document)
-                             : parsePlainly(parser, text, *document);
+        error = isAllocationTested ? parseInStages(parser, text, *document)
+                                   : parsePlainly(parser, text, *document);
     if (error)
         return std::nullopt;
     return JSONElement::inDocument(document, document->root());
@@ -103,12 +105,12 @@ JSON::Type typeOf(dom::element element) noexcept {
         return JSON::Type::dictionary;
     case dom::element_type::NULL_VALUE:
         return JSON::Type::null;
-    default: // Later versions of the reader have more kinds, if asked for.
+    default: // Later versions of the parser have more kinds, which are off by default.
         return JSON::Type::unknown;
     }
 }
 
-/// The reader's own count stops at this many.
+/// size() of a simdjson container stops at this number.
 constexpr std::size_t countLimit = 0xFFFFFF;
 
 template <class Container>
@@ -174,8 +176,8 @@ JSON JSON::parse(std::string&& text) {
     if (error == simdjson::MEMALLOC)
         throw std::bad_alloc();
     std::string spelled = fallback::readableSpelling(readable);
-    // The reader counts an innermost array or object only when it is empty; the depth has just been
-    // checked exactly.
+    // The parser counts an innermost array or object only if it is empty, so it has rejected an
+    // empty one at maximumDepth. readableSpelling() has checked the exact depth.
     if (std::optional<JSON> json = read(padded(spelled), maximumDepth + 1, error))
         return *std::move(json);
     throw ParseError(1, 1, simdjson::error_message(error));
@@ -275,7 +277,7 @@ JSON::Iterator& JSON::Iterator::operator++() noexcept {
     auto position = std::bit_cast<dom::array::iterator>(m_position);
     ++position;
     m_position = std::bit_cast<Place>(position);
-    // Behind the last element stands the array's end, which is never looked at as an element.
+    // At the end, this is the position of the array's end, which nothing dereferences.
     m_element.m_place = std::bit_cast<Place>(*position);
     return *this;
 }

@@ -20,7 +20,7 @@ std::string append(std::string_view path, std::string_view component) {
 }
 
 bool fileExists(const std::string& path) {
-    // A path that holds a NUL would be looked up as the part before it.
+    // The system would look up the part before a NUL.
     if (path.find('\0') != std::string::npos)
         return false;
     std::error_code error;

@@ -5,14 +5,14 @@
 
 namespace PerchAppLibrary::path {
 
-/// The component appended to the path with exactly one "/" between the two: slashes at the end of
-/// the path and at the beginning of the component count as that one. An empty path gives the
-/// component, an empty component the path. Nothing else is touched, so a URL keeps its scheme and
+/// Returns the path and the component with exactly one "/" between them, in place of all slashes at
+/// the end of the path and at the beginning of the component. Returns the component for an empty
+/// path, and the path for an empty component. Changes nothing else, so a URL keeps its scheme and
 /// host.
 std::string append(std::string_view path, std::string_view component);
 
-/// Whether a file (anything but a directory) exists at the path. False for an unreadable or
-/// impossible path.
+/// Returns whether a file (anything but a directory) exists at the path. Returns false for a path
+/// that cannot be read or holds a NUL.
 bool fileExists(const std::string& path);
 
 } // namespace PerchAppLibrary::path

@@ -6,28 +6,28 @@
 
 namespace PerchAppLibrary {
 
-/// A font of the platform at a size: what a client hands to its drawing code. A plain value.
+/// A font of the platform at a size, for the client's drawing code. A value that owns its texts.
 class PlatformFont {
 public:
-    /// The installed font whose full name, PostScript name or family is the given one (canonically
-    /// equivalent, case-sensitive), or none; of a family the regular one. A library built without a
-    /// font system knows no installed fonts: there every name gives a font that carries just the
-    /// name and the size.
+    /// Returns the installed font with this full name, PostScript name or family, or nullopt if
+    /// there is none. Names compare by canonical equivalence (UAX #15), case included. For a
+    /// family, returns its regular font. In a library built without a font system, returns a font
+    /// of this name and size for every name.
     static std::optional<PlatformFont> named(std::string_view name, double points);
 
-    /// The font of the system's user interface. It has a name in every environment.
+    /// Returns the font of the system's user interface. Its name is never empty.
     static PlatformFont system(double points);
 
-    /// Full name of an installed font, or family of the system's.
+    /// Returns the full name of an installed font, or the family of the system's font.
     const std::string& name() const noexcept { return m_name; }
 
-    /// Path of the font's file; empty where the platform gives none.
+    /// Returns the path of the font's file, or an empty text if the platform gives none.
     const std::string& file() const noexcept { return m_file; }
 
-    /// Size in points.
+    /// Returns the size in points.
     double points() const noexcept { return m_points; }
 
-    /// Whether system() made it.
+    /// Returns whether system() made the font.
     bool isSystem() const noexcept { return m_isSystem; }
 
 private:

@@ -1,4 +1,4 @@
-// Fonts as fontconfig knows them.
+// Fonts that fontconfig lists.
 #include <PerchAppLibrary/platform/PlatformFont.hpp>
 
 #include <PerchAppLibrary/text/ComparedText.hpp>
@@ -20,7 +20,7 @@ const FcChar8* fcText(const std::string& text) {
     return reinterpret_cast<const FcChar8*>(text.c_str());
 }
 
-/// The value of a property of the pattern at an index; null behind the last one.
+/// Returns the value of a property of the pattern at an index, or null behind the last value.
 const char* valueAt(const FcPattern* pattern, const char* property, int index) {
     FcChar8* value = nullptr;
     if (FcPatternGetString(pattern, property, index, &value) != FcResultMatch)
@@ -33,7 +33,7 @@ std::string firstValue(const FcPattern* pattern, const char* property) {
     return value == nullptr ? std::string() : std::string(value);
 }
 
-/// Fonts carry a name in several languages; any of them counts.
+/// Returns whether one of the font's names, which it has in several languages, is this one.
 bool hasName(const FcPattern* pattern, const char* property, std::string_view name) {
     const text::ComparedText sought(name, text::Case::sensitive);
     for (int index = 0; const char* value = valueAt(pattern, property, index); ++index)
@@ -51,8 +51,7 @@ FontSet fontsWith(const char* property, const std::string& name) {
     return {FcFontList(nullptr, pattern.get(), wanted.get()), &FcFontSetDestroy};
 }
 
-/// What the system would draw with for these families, the first of them first; regular where
-/// nothing else is asked.
+/// Returns the regular font that the system draws with for these families, the preferred one first.
 Pattern bestMatch(std::initializer_list<const char*> families) {
     const Pattern pattern(FcPatternCreate(), &FcPatternDestroy);
     for (const char* const family : families)
@@ -63,15 +62,15 @@ Pattern bestMatch(std::initializer_list<const char*> families) {
     return {FcFontMatch(nullptr, pattern.get(), &result), &FcPatternDestroy};
 }
 
-/// Calls `use(font)` with the installed font of this name in this spelling. False when there is
-/// none.
+/// Calls `use(font)` with the installed font of this name in this spelling. Returns false if there
+/// is none.
 template <class Use>
 bool findFont(const std::string& name, Use&& use) {
     for (const char* const property : {FC_FULLNAME, FC_POSTSCRIPT_NAME}) {
         const FontSet fonts = fontsWith(property, name);
         for (int index = 0; fonts && index < fonts->nfont; ++index)
-            if (hasName(fonts->fonts[index], property,
-                        name)) { // names that differ in case or blanks are listed too
+            // fontconfig also lists names that differ in case or blanks.
+            if (hasName(fonts->fonts[index], property, name)) {
                 use(fonts->fonts[index]);
                 return true;
             }
@@ -89,7 +88,7 @@ std::optional<PlatformFont> PlatformFont::named(std::string_view name, double po
     if (name.empty() || name.find('\0') != std::string_view::npos)
         return std::nullopt;
     std::optional<PlatformFont> found;
-    // Names are looked up by their bytes, so each equivalent spelling is.
+    // fontconfig compares bytes, so each equivalent spelling is looked up.
     for (const std::string& spelling :
          {text::wellFormed(name), text::composed(name), text::decomposed(name)}) {
         const auto take = [&](const FcPattern* font) {

@@ -1,4 +1,4 @@
-// Fonts for a build without a font system: handles that record the name and the size.
+// Fonts for a build without a font system. They hold the given name and size.
 #include <PerchAppLibrary/platform/PlatformFont.hpp>
 
 namespace PerchAppLibrary {

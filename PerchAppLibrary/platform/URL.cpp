@@ -15,8 +15,8 @@ std::string percentEncodedForFragment(std::string_view text) {
 
 std::optional<URL> parse(std::string_view text) {
     const auto parsed = boost::urls::parse_uri_reference(text);
-    // Behind an authority, only an empty path or one that begins with a slash may stand (RFC 3986,
-    // section 3); the parser takes "//host:port" for a host and the path "port".
+    // Behind an authority, a path must be empty or begin with a slash (RFC 3986, section 3). The
+    // parser accepts "//host:port" as a host and the path "port".
     if (!parsed || (parsed->has_authority() && !parsed->encoded_path().empty() &&
                     !parsed->encoded_path().starts_with('/')))
         return std::nullopt;

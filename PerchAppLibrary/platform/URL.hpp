@@ -10,12 +10,13 @@
 
 namespace PerchAppLibrary::url {
 
-/// The text with every byte of its UTF-8 form percent-encoded that may not stand in a URL fragment
-/// as it is (RFC 3986, section 3.5: pchar / "/" / "?"; a "%" is encoded too). Ill-formed bytes are
-/// encoded as U+FFFD.
+/// Returns the text with each byte percent-encoded that a URL fragment cannot contain (RFC 3986,
+/// section 3.5: all but pchar, "/" and "?"). Also encodes "%". Each ill-formed sequence of bytes is
+/// encoded as U+FFFD. Linear.
 std::string percentEncodedForFragment(std::string_view text);
 
-/// The URI reference (RFC 3986, section 4.1: absolute or relative) that the text spells, or none.
+/// Parses a URI reference, absolute or relative (RFC 3986, section 4.1). Returns nullopt for any
+/// other text. Linear.
 std::optional<URL> parse(std::string_view text);
 
 } // namespace PerchAppLibrary::url

@@ -6,8 +6,7 @@ class url;
 
 namespace PerchAppLibrary {
 
-/// A URI reference by RFC 3986. To use one, include PerchAppLibrary/platform/URL.hpp, which
-/// completes it.
+/// A URI reference (RFC 3986). To use one, include PerchAppLibrary/platform/URL.hpp.
 using URL = boost::urls::url;
 
 } // namespace PerchAppLibrary

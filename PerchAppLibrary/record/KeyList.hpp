@@ -9,7 +9,7 @@
 
 namespace PerchAppLibrary {
 
-/// An immutable list of property names. Copies share the names, so it is passed by value.
+/// An immutable list of property names. Copies share the names, so pass it by value.
 class KeyList {
 public:
     KeyList() = default;
@@ -18,6 +18,7 @@ public:
     explicit KeyList(std::vector<std::string> keys)
         : m_keys(std::make_shared<const std::vector<std::string>>(std::move(keys))) {}
 
+    /// Returns the names, which live as long as any copy of the list.
     std::span<const std::string> keys() const noexcept {
         return m_keys ? std::span<const std::string>(*m_keys) : std::span<const std::string>();
     }
@@ -26,12 +27,12 @@ private:
     std::shared_ptr<const std::vector<std::string>> m_keys;
 };
 
-/// The keys that a mapping leaves alone: the record fills them itself, or not at all.
+/// The keys of properties that a mapping does not set.
 struct Excluded : KeyList {
     using KeyList::KeyList;
 };
 
-/// The keys handed to the mapping of a specialised user record.
+/// The keys that the mapping of a specialised user record receives.
 struct Included : KeyList {
     using KeyList::KeyList;
 };

@@ -11,20 +11,21 @@
 #include <type_traits>
 #include <utility>
 
-/// What the macros of record/Record.hpp declare, and what is computed from it at compile time.
+/// The declarations that the macros of record/Record.hpp make, and computations on them at compile
+/// time.
 namespace PerchAppLibrary {
 
 class BaseEntity;
 
-/// The line of a declaration in its class. Overloads on it are collected in order of their lines.
+/// The line of a declaration in its class. Overloads that take it are collected by line number.
 template <int Line>
 struct At {};
 
 /// Called after a change of a property.
 using EffectOfChange = void (*)(BaseEntity& record);
 
-/// A property with a value: its name, its virtual accessors, its field if the value lies in one,
-/// and what a change calls, if anything. A constant has no setter.
+/// A stored property: its name, its virtual accessors, its field if the value is in one, and the
+/// effect of a change, or null. The setter of a constant is null.
 template <class Record, class T, Place itsPlace>
 struct StoredProperty {
     static constexpr Place place = itsPlace;
@@ -35,7 +36,7 @@ struct StoredProperty {
     EffectOfChange effect;
 };
 
-/// A property that is computed at each reading.
+/// A property that its getter computes.
 template <class Record, class T>
 struct ComputedProperty {
     static constexpr Place place = Place::none;
@@ -43,7 +44,7 @@ struct ComputedProperty {
     T (Record::*get)() const;
 };
 
-/// Stands where a field would, for a property whose value lies elsewhere. Empty.
+/// The empty member of a property whose value is not in a field.
 template <Place place, class Record, int Line>
 struct Slot {};
 
@@ -61,7 +62,7 @@ constexpr T Record::* fieldPointer(Slot<place, Record, Line> Record::* /*slot*/)
     return nullptr;
 }
 
-/// Lines from the first to the last of a class's properties.
+/// The lines from the first to the last of a class's properties, as offsets.
 template <class Record>
 using PropertyLines =
     std::make_integer_sequence<int, Record::lastPropertyLine - Record::firstPropertyLine>;
@@ -80,7 +81,8 @@ inline constexpr auto placesOf = []<int... Offsets>(std::integer_sequence<int, O
         placeAt<Record, Record::firstPropertyLine + 1 + Offsets>()...};
 }(PropertyLines<Record>());
 
-/// Number of properties at the place, in the bases of a class and in its lines before this one.
+/// Returns the number of properties at the place in the bases of a class, and in its lines before
+/// `line`.
 template <class Record, Place place>
 constexpr unsigned countBefore(int line) {
     unsigned count = 0;
@@ -92,8 +94,8 @@ constexpr unsigned countBefore(int line) {
     return count;
 }
 
-/// The number of a flag or of a sparse text: unique among a class and its bases, and the same in
-/// every shared library.
+/// The number of a flag or of a sparse text: unique in a class and its bases, and equal in all
+/// shared libraries.
 template <Place place, class Record, int Line>
 // NOLINTNEXTLINE(google-readability-casting): a call, which clang-tidy takes for a cast
 inline constexpr unsigned slotNumber = countBefore<Record, place>(Line);
@@ -106,17 +108,17 @@ inline constexpr std::uint32_t flagMask = [] {
     return std::uint32_t{1} << number;
 }();
 
-/// Whether a class has a PERCH_RECORD_END of its own.
+/// True if a class has a PERCH_RECORD_END of its own.
 template <class Record>
 inline constexpr bool isEnded = std::same_as<typename Record::Ended, Record>;
 
-/// Whether a getter was declared by this class, not by a base of it.
+/// Returns whether the class itself, not a base, declares a getter.
 template <class Self, class Record, class T>
 constexpr bool isOwnProperty(T (Record::* /*getter*/)() const) {
     return std::same_as<Self, Record>;
 }
 
-/// The argument of a create() that calls this setter.
+/// The type of a label whose value this setter takes.
 template <class Setter>
 struct LabelOf;
 template <class Record, class T>
@@ -124,17 +126,17 @@ struct LabelOf<void (Record::*)(T)> {
     using Type = Required<T>;
 };
 
-/// What the create(json) of a class calls once the record has its defaults.
+/// The function that the create(json) of a class calls on a record with its defaults.
 enum class JSONFilling : unsigned char {
     setValue,    ///< the virtual setValue(json)
     mapping,     ///< the virtual mapping, setValue(json, excluded), and then arrays of records
-    baseMapping, ///< like `mapping`, but the base's own, whatever a subclass overrides
+    baseMapping, ///< like `mapping`, but BaseEntity's, even if a subclass overrides it
     none,        ///< the class has no create(json)
 };
 
 namespace detail {
 
-/// Makes a record class concrete that only its create(json) may make.
+/// Makes a class of PERCH_RECORD_FROM_JSON concrete, for its create(json).
 template <class Record>
 struct MadeFromJSON final : Record {
 private:
@@ -157,13 +159,13 @@ struct ConcreteOf<Record> {
 template <class Record>
 using Concrete = typename detail::ConcreteOf<Record>::Type;
 
-/// Lines after PERCH_RECORD in which subclasses find the PERCH_LABELS of a class.
+/// The number of lines after PERCH_RECORD in which subclasses find the PERCH_LABELS of a class.
 inline constexpr int mostLinesToLabels = 512;
 
-/// Most sets of labels that a class inherits. Further ones are not inherited.
+/// The greatest number of sets of labels that a class inherits.
 inline constexpr std::size_t mostInheritedLabels = 16;
 
-/// Stands for a set of labels that a base does not have. Nothing converts to it.
+/// The placeholder for a set of labels that a base does not have. Nothing converts to it.
 template <std::size_t N>
 class NoLabels {
     explicit NoLabels() = default;
@@ -173,7 +175,7 @@ template <class Record, int Line>
 inline constexpr bool hasLabelsAt =
     requires { typename decltype(Record::labelsAt(At<Line>()))::type; };
 
-/// The lines of the sets of labels of a class; zeros follow.
+/// The lines of the sets of labels of a class, padded with zeros.
 template <class Record>
 inline constexpr auto labelLines = []<int... Offsets>(std::integer_sequence<int, Offsets...>) {
     constexpr std::array<bool, sizeof...(Offsets)> isFound{
@@ -195,7 +197,8 @@ constexpr std::size_t labelCount() {
     return count;
 }
 
-/// The Nth set of labels of a class, its own first, then those it inherits.
+/// Returns the type of the Nth set of labels of a class, its own first, then inherited ones, or of
+/// a NoLabels.
 template <class Record, std::size_t N>
 constexpr auto labelsOf() {
     if constexpr (N < labelCount<Record>())
@@ -206,7 +209,7 @@ constexpr auto labelsOf() {
         return std::type_identity<NoLabels<N>>();
 }
 
-/// The Nth set of labels that a class has from its base, or a NoLabels.
+/// The Nth set of labels that a class inherits from its base, or a NoLabels.
 template <class Base, std::size_t N>
 using InheritedLabels = typename decltype(labelsOf<Base, N>())::type;
 

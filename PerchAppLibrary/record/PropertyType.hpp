@@ -12,11 +12,11 @@ namespace PerchAppLibrary {
 
 class JSON;
 
-/// Type of a text that few records have. While it is empty, a record has no memory for it.
+/// The type of a text that few records have. It takes no memory in a record while it is empty.
 template <class T>
 struct Rare {};
 
-/// Type of a flag that every walk over a tree reads. It lies in the header of the record.
+/// The type of a flag that every walk over a tree reads. The record's header holds it.
 template <class T>
 struct Near {};
 
@@ -24,7 +24,7 @@ struct Near {};
 /// of its own, among the flags of the header, or in the list of sparse texts.
 enum class Place : std::uint8_t { none, field, flag, sparse };
 
-/// What the type on a property's line says.
+/// The type of the value and its place, for the type on a property's line.
 template <class T>
 struct Declared {
     using Value = T;
@@ -45,8 +45,9 @@ struct Declared<Near<T>> {
 template <class T>
 using ValueOf = typename Declared<T>::Value;
 
-/// What a getter of a property of type T returns: scalars by value, everything else by reference to
-/// the record's own value, which lives until the property is set or the record is destroyed.
+/// The type that a getter of a property of type T returns: a scalar by value, any other by
+/// reference to the record's value, which lives until the property is set or the record is
+/// destroyed.
 template <class T>
 using ReadType = std::conditional_t<std::is_scalar_v<T>, T, const T&>;
 
@@ -55,8 +56,8 @@ inline constexpr bool isArrayOfShared = false;
 template <class R>
 inline constexpr bool isArrayOfShared<std::vector<std::shared_ptr<R>>> = true;
 
-/// Whether a property's line can have this type. That the shared objects of an array are records is
-/// checked where their class is complete: see isArrayOfRecords.
+/// True if a property's line can have this type. isArrayOfRecords checks the class of shared
+/// objects, which may be incomplete here.
 template <class T>
 inline constexpr bool isPropertyType =
     std::same_as<T, std::int64_t> || std::same_as<T, bool> || std::same_as<T, float> ||
@@ -71,7 +72,7 @@ inline constexpr bool isPropertyType<Near<T>> = std::same_as<T, bool>;
 
 class BaseEntity;
 
-/// Whether T is an array of shared records. Requires that the class of the records is complete.
+/// True if T is an array of shared records. Requires that the class of the records is complete.
 template <class T>
 inline constexpr bool isArrayOfRecords = false;
 template <class R>

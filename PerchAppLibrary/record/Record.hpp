@@ -1,12 +1,12 @@
 #pragma once
 #ifndef PERCH_DEVELOPER
-// Errors in a record then point to its own lines, not into the macros.
+// Makes errors in a record point to its own lines, not into the macros.
 #pragma GCC system_header
 #endif
 
 #include <PerchAppLibrary/record/PropertyDeclaration.hpp>
 
-/// How a record declares its properties.
+/// The macros with which a record declares its properties.
 ///
 /// A record is a class derived from BaseEntity whose body has one line per property:
 ///
@@ -22,24 +22,24 @@
 ///     };
 ///
 /// and whose source file has one line, `PERCH_RECORD_SCHEMA(UrlItem)` (record/RecordSchema.hpp).
-/// The accessors, the default, the JSON key, the place in the order, filling, reading and writing
-/// by name and the export all follow from these lines. A client declares its own records, and
-/// properties of its own in a subclass, in the same way.
+/// These lines define the accessors, the defaults, the JSON keys, the order, and how filling,
+/// access by name and export work. A client declares its own records, and properties of its own in
+/// a subclass, in this way.
 ///
-/// Types of a property: std::int64_t, bool, float, std::string, std::optional<std::string>,
+/// The types of a property: std::int64_t, bool, float, std::string, std::optional<std::string>,
 /// std::vector<std::int64_t>, std::vector<std::string>, JSON (any value, kept as it is) and
 /// std::vector<std::shared_ptr<R>> for a record R. Rare<std::string> is a text that few records
 /// have; Near<bool> is a flag that walks over trees read. Their accessors take and return
 /// std::string and bool.
 
-/// Opens a record, with its `create` functions.
+/// Begins a record and declares its `create` functions.
 ///
-/// `create()` makes a record with defaults; `create(json)` also fills it; `parse(text)` is
-/// `create(JSON::parse(text))`; sets of labels (PERCH_LABELS) come from the class and its bases.
+/// `create()` makes a record with defaults. `create(json)` also fills it. `parse(text)` is
+/// `create(JSON::parse(text))`. Each PERCH_LABELS of the class and its bases adds a `create`.
 /// `create<R>(...)` makes an R, a subclass, whose overrides run while it is filled. A shared_ptr
-/// owns the record. A subclass without a PERCH_RECORD of its own inherits these functions as they
-/// are: its `R::create()` makes a `Class`. Takes exactly a JSON, since a text would become a JSON
-/// string: call `parse(text)`. BaseClass is the direct base, written without a leading `::`.
+/// owns the record. A subclass without a PERCH_RECORD of its own inherits these functions
+/// unchanged, so its `R::create()` makes a `Class`. `create(json)` takes only a JSON, since a text
+/// would become a JSON string. BaseClass is the direct base, without a leading `::`.
 #define PERCH_RECORD(Class, BaseClass)                                                            \
 public:                                                                                           \
     using Self = Class;                                                                           \
@@ -73,8 +73,8 @@ public:                                                                         
     PERCH_INHERIT_LABELS(BaseClass)                                                               \
     static_assert(true)
 
-/// Opens a record that is made from JSON alone, by `create(json)` or a subclass's: the class is
-/// abstract for everything else. Not for a final class.
+/// Begins a record that only its `create(json)`, or that of a subclass, can make. The class is
+/// abstract. Requires that it is not final.
 #define PERCH_RECORD_FROM_JSON(Class, BaseClass)     \
     PERCH_RECORD(Class, BaseClass);                  \
                                                      \
@@ -87,21 +87,20 @@ private:                                             \
 public:                                              \
     static_assert(true)
 
-/// Closes the list of properties. A property after it is not in the list.
+/// Ends the list of properties. A property after it does not compile.
 #define PERCH_RECORD_END \
 public:                  \
     using Ended = Self;  \
     static constexpr int lastPropertyLine = __LINE__
 
-/// A stored property with the virtual accessors `Name()` and `setName(value)`. What follows the
-/// name is the default; without it, the zero of the type.
+/// Declares a stored property with the virtual accessors `Name()` and `setName(value)`. The default
+/// follows the name; without it, the default is the zero of the type.
 #define PERCH_PROPERTY(Type, Name, ...)                                \
     static_assert(#Name[0] < 'a' || #Name[0] > 'z',                    \
                   "PERCH_PROPERTY_SET_BY names the setter of " #Name); \
     PERCH_PROPERTY_SET_BY(Type, Name, set##Name __VA_OPT__(, ) __VA_ARGS__)
 
-/// A stored property whose setter is named here: `setName` does not follow from a name that begins
-/// with a small letter.
+/// Like PERCH_PROPERTY, but names the setter, for a property whose name begins with a small letter.
 #define PERCH_PROPERTY_SET_BY(Type, Name, Setter, ...)                                             \
 private:                                                                                           \
     [[no_unique_address]] PerchAppLibrary::FieldOf<Type, Self, __LINE__> m_##Name{__VA_ARGS__};    \
@@ -131,8 +130,8 @@ public:                                                                         
     PERCH_CHECKED_IN_SCHEMA(PerchAppLibrary::ValueOf<Type>, Name, Setter)                          \
     static_assert(true)
 
-/// A stored property with one value for all records: it has no setter and no memory, and no
-/// document changes it.
+/// Declares a stored property with one value for all records. It has no setter and takes no memory,
+/// and filling does not change it.
 #define PERCH_CONSTANT(Type, Name, Constant)                                                   \
 public:                                                                                        \
     static_assert(PerchAppLibrary::isPropertyType<Type> &&                                     \
@@ -149,7 +148,7 @@ public:                                                                         
     }                                                                                          \
     static_assert(true)
 
-/// A computed property with the virtual getter `Name()`, which the class defines in its source.
+/// Declares a computed property with the virtual getter `Name()`, which the class defines.
 #define PERCH_COMPUTED(Type, Name)                                                     \
 public:                                                                                \
     virtual Type Name() const;                                                         \
@@ -160,10 +159,9 @@ public:                                                                         
     }                                                                                  \
     static_assert(true)
 
-/// Says that `Effect()`, a noexcept member function, is called after these properties of the class
-/// may have changed, whatever changed them: to drop a cached value. The last call comes after the
-/// last change; there may be one call for several changes, and calls without one. Stands below the
-/// properties, once in a class.
+/// Calls `Effect()`, a noexcept member function, after any change of these properties of the class,
+/// to drop a cached value. One call may follow several changes, or none, but the last call comes
+/// after the last change. Goes below the properties, once in a class.
 #define PERCH_ON_CHANGE(Effect, ...)                                                        \
 protected:                                                                                  \
     PERCH_FOR_EACH_NAME(PERCH_ASSERT_OWN, __VA_ARGS__)                                      \
@@ -186,9 +184,9 @@ protected:                                                                      
 public:                                                                                     \
     static_assert(true)
 
-/// One more `create`, with labels: PERCH_LABELS(PersonLabels, (name, Name), (age, Age)) gives
-/// `create({.name = "A", .age = 7})`, which calls setName() and setAge(). Every label must be
-/// given, by its name and in this order.
+/// Declares a `create` with labels: PERCH_LABELS(PersonLabels, (name, Name), (age, Age)) gives
+/// `create({.name = "A", .age = 7})`, which calls setName() and setAge(). A call
+/// must give every label, by its name and in this order.
 #define PERCH_LABELS(Labels, ...)                                                              \
 public:                                                                                        \
     struct Labels {                                                                            \
@@ -203,7 +201,7 @@ public:                                                                         
     PERCH_CREATE(Labels)                                                                       \
     static_assert(true)
 
-// The rest is used by the macros above.
+// The macros above use the following ones.
 
 #define PERCH_CREATE(Labels)                                                    \
     template <class R = Self>                                                   \
@@ -216,8 +214,8 @@ public:                                                                         
     typename PerchAppLibrary::LabelOf<decltype(&Self::set##Name)>::Type label;
 #define PERCH_SET_LABELLED(label, Name) record.set##Name(std::move(this->label.value));
 
-// Instantiated by the schema, where all classes are complete. Tells whether a subclass uses the
-// accessors that are declared at this line.
+// Declares functions that return whether a subclass keeps the accessors of this line. The schema
+// instantiates them, where all classes are complete.
 #define PERCH_CHECKED_IN_SCHEMA(Type, Name, Setter)                                   \
     template <class Record>                                                           \
     static constexpr bool keepsGetterAt(PerchAppLibrary::At<__LINE__>) {              \
@@ -236,7 +234,7 @@ public:                                                                         
         };                                                                            \
     }
 
-// In the body of a member function, where the class is complete.
+// For the body of a member function, where the class is complete.
 #define PERCH_ASSERT_IN_LIST(Name)                                                               \
     static_assert(!PerchAppLibrary::isEnded<Self> ||                                             \
                       (Self::firstPropertyLine < __LINE__ && __LINE__ < Self::lastPropertyLine), \
@@ -247,9 +245,9 @@ public:                                                                         
                   "PERCH_ON_CHANGE names a property of another class: " #Name);
 #define PERCH_OR_IS(Name) || name == #Name
 
-// A base may have up to sixteen sets of labels; BaseEntity has none, and gives short messages. The
-// first word of the base's name tells: PERCH_ROOT_BaseEntity is replaced by two arguments, which
-// shifts the third.
+// Inherits up to sixteen sets of labels, or none from BaseEntity, which keeps the compiler's
+// messages short. Branches on the first word of the base's name: PERCH_ROOT_BaseEntity expands to
+// two arguments, which shifts the third.
 #define PERCH_INHERIT_LABELS(BaseClass) \
     PERCH_THIRD(PERCH_ROOT_##BaseClass, PERCH_NO_LABELS, PERCH_SIXTEEN_LABELS, )()
 #define PERCH_ROOT_PerchAppLibrary 1, 2
@@ -259,18 +257,19 @@ public:                                                                         
 #define PERCH_NO_LABELS()
 // clang-format off
 #define PERCH_SIXTEEN_LABELS() \
-    PERCH_CREATE_INHERITED(0) PERCH_CREATE_INHERITED(1) PERCH_CREATE_INHERITED(2) PERCH_CREATE_INHERITED(3) \
-    PERCH_CREATE_INHERITED(4) PERCH_CREATE_INHERITED(5) PERCH_CREATE_INHERITED(6) PERCH_CREATE_INHERITED(7) \
-    PERCH_CREATE_INHERITED(8) PERCH_CREATE_INHERITED(9) PERCH_CREATE_INHERITED(10) PERCH_CREATE_INHERITED(11) \
-    PERCH_CREATE_INHERITED(12) PERCH_CREATE_INHERITED(13) PERCH_CREATE_INHERITED(14) PERCH_CREATE_INHERITED(15)
+    PERCH_CREATE_INHERITED(0) PERCH_CREATE_INHERITED(1) PERCH_CREATE_INHERITED(2) \
+    PERCH_CREATE_INHERITED(3) PERCH_CREATE_INHERITED(4) PERCH_CREATE_INHERITED(5) \
+    PERCH_CREATE_INHERITED(6) PERCH_CREATE_INHERITED(7) PERCH_CREATE_INHERITED(8) \
+    PERCH_CREATE_INHERITED(9) PERCH_CREATE_INHERITED(10) PERCH_CREATE_INHERITED(11) \
+    PERCH_CREATE_INHERITED(12) PERCH_CREATE_INHERITED(13) PERCH_CREATE_INHERITED(14) \
+    PERCH_CREATE_INHERITED(15)
 // clang-format on
 #define PERCH_CREATE_INHERITED(N) PERCH_CREATE(PERCH_INHERITED_LABELS(N))
 #define PERCH_INHERITED_LABELS(N) PerchAppLibrary::InheritedLabels<Base, N>
 
 // PERCH_FOR_EACH(MACRO, (a, b), (c, d)) gives MACRO(a, b) MACRO(c, d), PERCH_FOR_EACH_NAME(MACRO,
 // a, b) gives MACRO(a) MACRO(b). A macro does not expand within itself, so each step leaves the
-// next one spelled out behind it, for PERCH_EXPAND to find when it scans the result again: up to 64
-// times.
+// next one unexpanded. PERCH_EXPAND scans the result again and expands it, at least 64 times.
 #define PERCH_FOR_EACH(MACRO, ...) __VA_OPT__(PERCH_EXPAND(PERCH_FOR_FIRST(MACRO, __VA_ARGS__)))
 #define PERCH_FOR_FIRST(MACRO, first, ...) \
     MACRO first __VA_OPT__(PERCH_FOR_REST PERCH_PARENTHESES(MACRO, __VA_ARGS__))

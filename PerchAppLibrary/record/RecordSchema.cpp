@@ -1,7 +1,8 @@
 #include <PerchAppLibrary/record/RecordSchema.hpp>
 
 #include <PerchAppLibrary/record/RecordWriter.hpp>
-#include <PerchAppLibrary/record/detail/RecordFiller.hpp>
+#include <PerchAppLibrary/record/detail/FillPlan.hpp>
+#include <PerchAppLibrary/record/detail/PropertyKind.hpp>
 
 #include <algorithm>
 #include <iterator>
@@ -9,7 +10,7 @@
 namespace PerchAppLibrary {
 namespace {
 
-/// Returns the base's properties, without those that the class declares again, and then its own.
+/// Returns the base's properties, without those that the class redeclares, and then its own.
 std::vector<Property> inheritedAndOwn(const RecordSchema* base, std::vector<Property> own) {
     std::vector<Property> properties;
     if (base != nullptr)

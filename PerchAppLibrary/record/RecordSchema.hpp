@@ -15,12 +15,12 @@
 #include <variant>
 #include <vector>
 
-/// The properties of a class of records, by name and in order. Included by the sources of records,
-/// and by code that treats all records alike; users of a record do not need it.
+/// The properties of a class of records, by name and in order. For the sources of records, and for
+/// code that handles records of any class. Users of a record do not need it.
 namespace PerchAppLibrary {
 
-/// Access to a stored property of type T of any record of a class: by its virtual accessors, or at
-/// its place where no accessor is overridden.
+/// Access to a stored property of type T in the records of a class: by its virtual accessors or, if
+/// no accessor is overridden, at its place.
 template <class T>
 struct FieldAccess {
     using Value = T;
@@ -28,9 +28,9 @@ struct FieldAccess {
     ReadType<T> (BaseEntity::*get)() const;
     void (BaseEntity::*set)(T);
     Place place;
-    T BaseEntity::* field; // of Place::field
-    unsigned slot;         // number of a flag or of a sparse text
-    EffectOfChange effect;
+    T BaseEntity::* field; // null unless the place is Place::field
+    unsigned slot;         // number of a flag or of a sparse text, else 0
+    EffectOfChange effect; // null if a change has none
 };
 
 /// Access to a stored array of records of one class.
@@ -40,8 +40,8 @@ struct RecordsAccess {
     /// Returns the records, which live as long as the property holds them.
     std::vector<const BaseEntity*> (*get)(const BaseEntity& record);
 
-    /// Sets the array, through its virtual setter, to the records that the reader reads, or to none
-    /// if it is null. An array that is empty already is only set if the setter is overridden.
+    /// Sets the array, through its virtual setter, to the records that `reader` reads, or to none
+    /// if it is null. Skips an empty array that stays empty, unless an accessor is overridden.
     void (*fill)(BaseEntity& record, RecordReader* reader, bool isOverridden);
 };
 
@@ -58,8 +58,7 @@ struct Property {
                  FieldAccess<std::vector<std::int64_t>>, FieldAccess<std::vector<std::string>>,
                  FieldAccess<JSON>, RecordsAccess, ComputedAccess>
         access;
-    std::string textKey =
-        {}; // `,"name":`, with which a member of a JSON text begins; set by the schema
+    std::string textKey = {}; // begins a member of a JSON text, `,"name":`; set by the schema
 
     bool isStored() const noexcept { return !std::holds_alternative<ComputedAccess>(access); }
 
@@ -75,18 +74,20 @@ struct Property {
 class FillPlan;
 class RecordWriter;
 
-/// What a class of records overrides of its bases.
+/// The functions of its bases that a class of records overrides.
 struct Overrides {
-    bool getters;
-    bool setters;
-    bool mapping;
+    bool getters; // of at least one property
+    bool setters; // of at least one property
+    bool mapping; // setValue(json, excluded)
 };
 
-/// The properties of one class of records. Immutable; each class has one, made at its first use.
+/// The properties of one class of records. Each class has one, which is created on first use and
+/// lives until the process ends. Immutable, so any number of threads may read it.
 class RecordSchema {
 public:
-    /// The properties of the base, if there is one, and then the class's own. An own property
-    /// replaces one of the base with the same name.
+    /// Stores the properties of the base, if it is not null, and then the class's own. An own
+    /// property replaces one of the base with this name. Requires that the base's schema outlives
+    /// this one.
     RecordSchema(std::string_view className, const std::type_info& type, const RecordSchema* base,
                  std::vector<Property> own, Overrides overrides);
     RecordSchema(const RecordSchema&) = delete;
@@ -95,32 +96,35 @@ public:
 
     std::string_view className() const noexcept { return m_className; }
 
-    /// The class of the records for which no more is overridden than overrides() says.
+    /// Returns the class of records that override exactly overrides(). A subclass without a schema
+    /// of its own may override more.
     const std::type_info& type() const noexcept { return *m_type; }
+
+    /// Returns the overrides of records of exactly type().
     const Overrides& overrides() const noexcept { return m_overrides; }
 
-    /// All properties, the base's first, in declaration order.
+    /// Returns all properties in declaration order, the base's first.
     std::span<const Property> properties() const noexcept { return m_properties; }
 
-    /// The properties that the class itself declares.
+    /// Returns the properties that the class itself declares.
     std::span<const Property> ownProperties() const noexcept {
         return properties().last(m_ownCount);
     }
 
-    /// The names of the arrays of records, which setValue(json) excludes from the mapping.
+    /// Returns the names of the arrays of records, which setValue(json) excludes from the mapping.
     const Excluded& arrays() const noexcept { return m_arrays; }
 
-    /// What find() returns for an unknown name.
+    /// The result of find() for an unknown name.
     static constexpr std::size_t notFound = static_cast<std::size_t>(-1);
 
     /// Returns the index in properties() of the property with this name, or notFound. Constant
     /// time.
     std::size_t find(std::string_view name) const noexcept;
 
-    /// How records of the class are filled.
+    /// Returns the plan by which records of the class are filled.
     const FillPlan& fillPlan() const noexcept { return *m_fillPlan; }
 
-    /// Writes all stored properties of records of the class.
+    /// Returns the writer of all stored properties.
     const RecordWriter& writer() const noexcept { return *m_writer; }
 
 private:
@@ -160,7 +164,7 @@ private:
     template <class Ancestor, class Visitor>
     static constexpr void forEachLine(Visitor visit) {
         [&]<int... Offsets>(std::integer_sequence<int, Offsets...>) {
-            // Not a fold expression, which Clang nests only 256 deep.
+            // Not a fold expression, since Clang limits these to 256 operands.
             (void)std::initializer_list<int>{
                 (visit(At<Ancestor::firstPropertyLine + 1 + Offsets>()), 0)...};
         }(PropertyLines<Ancestor>());
@@ -183,7 +187,7 @@ private:
         if constexpr (requires { Record::onePropertyPerLine(At<Line>()).name; }) {
             constexpr auto declared = Record::onePropertyPerLine(At<Line>());
             if constexpr (requires { Record::template keepsSetterAt<Record>(At<Line>()); })
-                (void)Record::template keepsSetterAt<Record>(At<Line>()); // for its assertions
+                (void)Record::template keepsSetterAt<Record>(At<Line>()); // checks its assertions
             if constexpr (requires { accessOf<Line>(declared); })
                 properties.push_back({declared.name, accessOf<Line>(declared)});
         }
@@ -242,8 +246,8 @@ private:
 
 } // namespace PerchAppLibrary
 
-/// Defines what PERCH_RECORD(Class, ...) declares. Stands once, in the record's source file, in its
-/// namespace.
+/// Defines the functions that PERCH_RECORD(Class, ...) declares. Goes once into the record's source
+/// file, in its namespace.
 #define PERCH_RECORD_SCHEMA(Class)                                                              \
     const PerchAppLibrary::RecordSchema& Class::schema() const {                                \
         static_assert(PerchAppLibrary::isEnded<Class>,                                          \

@@ -12,33 +12,34 @@
 
 namespace PerchAppLibrary {
 
-/// Receives the records of one array, whose class it alone knows.
+/// Receives the records of one array. Hides their class from its users.
 class RecordSink {
 public:
     virtual void reserve(std::size_t count) = 0;
 
-    /// Appends a new record for the caller to fill. Returns null, and appends nothing, if the class
-    /// has a way of filling of its own.
+    /// Appends a new record for the caller to fill, and returns it. Returns null and appends
+    /// nothing if the class overrides how it is filled.
     virtual BaseEntity* add() = 0;
 
-    /// Appends the record that the class makes from the JSON.
+    /// Appends the record that the create(json) of the class returns.
     virtual void addFrom(const JSON& json) = 0;
 
 protected:
     ~RecordSink() = default;
 };
 
-/// Reads the elements of one array into a sink.
+/// Reads records from the elements of one array.
 class RecordReader {
 public:
+    /// Appends a record for each element to the sink.
     virtual void readInto(RecordSink& sink) = 0;
 
 protected:
     ~RecordReader() = default;
 };
 
-/// Whether R inherits BaseEntity's mapping, and its setValue(json): pointers to members of
-/// BaseEntity do not fit overrides.
+/// Satisfied if R inherits BaseEntity's mapping, or its setValue(json). A pointer to an override
+/// does not convert to a pointer to a member of BaseEntity.
 template <class R>
 concept UsesBaseMapping =
     requires(void (*take)(void (BaseEntity::*)(const JSON&, Excluded))) { take(&R::setValue); };
@@ -46,20 +47,20 @@ template <class R>
 concept UsesBaseSetValue =
     requires(void (*take)(void (BaseEntity::*)(const JSON&))) { take(&R::setValue); };
 
-/// Whether R::create(json) is the one that PERCH_RECORD declares, not one of R's own.
+/// Satisfied if PERCH_RECORD declares R::create(json), not R itself.
 template <class R>
 concept UsesRecordCreate = requires(void (*take)(std::shared_ptr<R> (*)(const JSON&))) {
     take(&R::template create<R, JSON>);
 };
 
-/// Whether R::create(json) does no more than BaseEntity::setValue(json) of a record of exactly R.
+/// True if BaseEntity::setValue(json) does all that filling a record of exactly R takes.
 template <class R>
 inline constexpr bool isFilledByBase =
     (UsesRecordCreate<R> || R::jsonFilling == JSONFilling::none) &&
     (R::jsonFilling == JSONFilling::baseMapping ||
      (UsesBaseMapping<R> && (UsesBaseSetValue<R> || R::jsonFilling == JSONFilling::mapping)));
 
-/// The records of one array of the class Item.
+/// A sink for records of class Item.
 template <class Item>
 class RecordsSink final : public RecordSink {
 public:
@@ -84,8 +85,8 @@ public:
     std::vector<std::shared_ptr<Item>> records;
 };
 
-/// Reads one record for each element of the JSON array, or for each that is an object, into the
-/// sink. Reads nothing from any other value.
+/// Reads one record for each element of the JSON array, or with `onlyObjects` for each that is an
+/// object, into the sink. Reads nothing from any other value. Linear.
 void readRecords(const JSON& json, bool onlyObjects, RecordSink& sink);
 
 } // namespace PerchAppLibrary

@@ -13,7 +13,7 @@ namespace {
 
 using RecordPointers = std::vector<const BaseEntity*>;
 
-/// Takes members into a Dictionary.
+/// Adds members to a Dictionary. Requires that it has none of their names.
 struct DictionarySink {
     Dictionary& dictionary;
 
@@ -32,15 +32,15 @@ struct DictionarySink {
     }
 };
 
-/// Takes members into JSON text.
+/// Appends members to JSON text.
 struct TextSink {
     std::string& text;
-    std::size_t separator = 1; // the comma that the first member goes without
+    std::size_t skipped = 1; // characters of the next textKey to skip: the first member's comma
 
     template <class T>
     void add(const Property& property, const T& value) {
-        text.append(property.textKey, separator);
-        separator = 0;
+        text.append(property.textKey, skipped);
+        skipped = 0;
         write(value);
     }
 
@@ -86,14 +86,10 @@ RecordWriter::RecordWriter(const RecordSchema& schema, const Excluded& excluded)
             m_members.push_back(&property);
 }
 
-void RecordWriter::write(const BaseEntity& record, Dictionary& dictionary) const {
-    writeTo(record, DictionarySink{dictionary});
-}
-
 Dictionary RecordWriter::dictionary(const BaseEntity& record, const Storage& storage) const {
     Dictionary dictionary(storage);
     dictionary.reserve(m_members.size() + 1);
-    write(record, dictionary);
+    writeTo(record, DictionarySink{dictionary});
     return dictionary;
 }
 

@@ -12,18 +12,15 @@ struct Excluded;
 class RecordSchema;
 struct Property;
 
-/// Writes the stored properties of the records of one class, in their order.
+/// Writes the stored properties of the records of one class, in declaration order. Immutable.
 class RecordWriter {
 public:
     /// Requires that the schema outlives the writer. Ends the process (fatalError) if an excluded
-    /// name is not that of a stored property.
+    /// name is not a stored property's, or comes twice.
     RecordWriter(const RecordSchema& schema, const Excluded& excluded);
 
-    /// Adds the properties to a dictionary that has none of their names.
-    void write(const BaseEntity& record, Dictionary& dictionary) const;
-
-    /// Appends the members of a JSON object, without braces: `"Id":7,"Name":"x"`. Gives the text of
-    /// the dictionary, in a fraction of the time.
+    /// Appends the members of a JSON object, without braces: `"Id":7,"Name":"x"`. Equals the text
+    /// of dictionary(), but is faster.
     void write(const BaseEntity& record, std::string& text) const;
 
     /// Returns a dictionary of the properties, with room for one more.
@@ -34,7 +31,7 @@ private:
     void writeTo(const BaseEntity& record, Sink sink) const;
 
     const RecordSchema& m_schema;
-    std::vector<const Property*> m_members;
+    std::vector<const Property*> m_members; // the properties to write, in their order
 };
 
 } // namespace PerchAppLibrary

@@ -6,8 +6,8 @@
 
 namespace PerchAppLibrary {
 
-/// The texts of a record that few records have, each under the number of its property. Takes one
-/// pointer, and memory for each text that was once not empty.
+/// The texts of a record that are empty in most records, each under the number of its property.
+/// Takes one pointer, and one node for each text that has ever been set to other than empty.
 class SparseTexts {
 public:
     SparseTexts() = default;
@@ -15,13 +15,13 @@ public:
     SparseTexts& operator=(const SparseTexts&) = delete;
     ~SparseTexts();
 
-    /// Returns the text with this number, empty if there is none. It lives until it is set, or the
-    /// record is destroyed.
+    /// Returns the text with this number, or an empty one. It lives until it is set or the record
+    /// is destroyed. Linear in the number of nodes.
     const std::string& operator[](unsigned number) const noexcept {
         return m_first ? find(number) : empty();
     }
 
-    /// Sets the text with this number. Setting an empty text where there is none takes no memory.
+    /// Sets the text with this number. Adds no node for an empty text.
     void set(unsigned number, std::string&& text);
 
 private:

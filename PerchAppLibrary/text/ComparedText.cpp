@@ -21,8 +21,8 @@ std::uint8_t byteAt(std::string_view text, std::size_t offset) noexcept {
 
 bool isTrail(std::uint8_t byte) noexcept { return (byte & 0xC0U) == 0x80; }
 
-/// Returns whether an ideograph from U+3400 to U+9FFF is at the offset: E3 90..BF xx or
-/// E4..E9 xx xx.
+/// Returns whether the offset is that of an ideograph from U+3400 to U+9FFF. In UTF-8, these are
+/// E3 90..BF xx and E4..E9 xx xx.
 bool isIdeographAt(std::string_view text, std::size_t offset) noexcept {
     if (text.size() - offset < 3)
         return false;
@@ -46,7 +46,8 @@ bool isPlainText(std::string_view text) noexcept {
     return true;
 }
 
-/// Copies the text, leaving room for a word behind it; upper-cases ASCII letters if asked to.
+/// Copies the text into the buffer, with a word of padding behind it. Upper-cases its ASCII letters
+/// if `upperCasesASCII`.
 void store(std::vector<char>& buffer, std::string_view text, bool upperCasesASCII) {
     if (buffer.size() < text.size() + wordSize)
         buffer.resize(2 * text.size() + wordSize);
@@ -55,9 +56,9 @@ void store(std::vector<char>& buffer, std::string_view text, bool upperCasesASCI
     });
 }
 
-/// Returns whether the code point at the offset composes with what stands right before it. A Hangul
-/// vowel or final does, and a few vowel signs that are no combining marks. A composite has at most
-/// four code points, so no more are looked at.
+/// Returns whether the code point at the offset composes with those before it. A Hangul vowel or
+/// final does, and so do a few vowel signs that are not combining marks. Reads at most four code
+/// points before the offset, since a composite has at most four.
 bool composesBackwards(std::string_view decomposedText, std::size_t offset) {
     std::size_t end = offset;
     const UChar32 codePoint = nextCodePoint(decomposedText, end);
@@ -78,7 +79,6 @@ ComparedText::ComparedText(std::string_view text, Case letterCase) : m_case(lett
     assign(text);
 }
 ComparedText::ComparedText(ComparedText&& other) noexcept = default;
-ComparedText& ComparedText::operator=(ComparedText&& other) noexcept = default;
 ComparedText::~ComparedText() = default;
 
 void ComparedText::assign(std::string_view text) {
@@ -86,23 +86,23 @@ void ComparedText::assign(std::string_view text) {
     m_size = text.size();
     m_isPlain = isPlainText(text);
     if (!m_isPlain)
-        assignOther(text);
+        assignNonPlain(text);
 }
 
-void ComparedText::take(std::string_view form) {
+void ComparedText::storeForm(std::string_view form) {
     store(m_buffer, form, false);
     m_size = form.size();
 }
 
-void ComparedText::assignOther(std::string_view text) {
-    if (m_hadOther && !m_forms)
-        m_forms = std::make_unique<FoldCache>(m_case);
-    m_hadOther = true;
-    if (const auto form = m_forms ? m_forms->formOf(text) : std::nullopt)
-        take(*form);
+void ComparedText::assignNonPlain(std::string_view text) {
+    if (m_hadNonPlain && !m_foldCache)
+        m_foldCache = std::make_unique<FoldCache>(m_case);
+    m_hadNonPlain = true;
+    if (const auto form = m_foldCache ? m_foldCache->formOf(text) : std::nullopt)
+        storeForm(*form);
     else
-        take(m_case == Case::insensitive ? folded(text) : decomposed(text));
-    m_isPlain = isPlainText(bytes()); // as of a ligature: "FI"
+        storeForm(m_case == Case::insensitive ? folded(text) : decomposed(text));
+    m_isPlain = isPlainText(bytes()); // The form may be plain: that of the ligature "ﬁ" is "FI".
 }
 
 bool ComparedText::isBoundary(std::size_t offset) const {

@@ -8,27 +8,25 @@
 
 namespace PerchAppLibrary::text {
 
-/// Whether case counts in a comparison: `ignored` compares folded texts, `kept` decomposed ones.
+/// Whether a comparison ignores case (compares folded texts) or not (compares decomposed texts).
 enum class Case : std::uint8_t { insensitive, sensitive };
 
 class FoldCache;
 
-/// A text in the form in which texts are compared: the bytes of text::folded() or
-/// text::decomposed().
+/// A text in its compared form: the bytes of text::folded() or text::decomposed().
 ///
-/// One object takes one text after the other, in the same memory, so a query over many texts does
-/// not allocate for each. The view that bytes() returns lives until the next assign().
+/// Reuse one object for many texts, so a query does not allocate for each. The object owns the
+/// compared form. The view that bytes() returns lives until the next assign().
 ///
-/// Most texts are plain: ASCII and Chinese ideographs (U+3400 to U+9FFF). These have no case but
-/// that of ASCII and no decomposition, and combine with nothing, so they need no Unicode service.
-/// Most other texts are built from the compared forms of their characters, which are cached.
+/// Most texts are plain: ASCII and Chinese ideographs (U+3400 to U+9FFF). Ideographs have no case
+/// and no decomposition, and combine with nothing, so plain texts do not need ICU. Most other texts
+/// are built from the compared forms of their characters, which are cached.
 class ComparedText {
 public:
-    /// An empty text.
+    /// Stores an empty text.
     explicit ComparedText(Case letterCase = Case::insensitive);
     explicit ComparedText(std::string_view text, Case letterCase = Case::insensitive);
-    ComparedText(ComparedText&& other) noexcept;
-    ComparedText& operator=(ComparedText&& other) noexcept;
+    ComparedText(ComparedText&& other) noexcept; // for vectors of Needle
     ~ComparedText();
 
     /// Stores the compared form of the text (any bytes). Linear.
@@ -45,22 +43,22 @@ public:
     /// the offset of a character or of the end.
     bool isBoundary(std::size_t offset) const;
 
-    /// Canonical equivalence (UAX #15) of two texts of the same Case: case-sensitive for
-    /// Case::sensitive.
+    /// Returns whether two texts are canonically equivalent (UAX #15), ignoring case unless they
+    /// are of Case::sensitive. Requires the same Case of both.
     friend bool operator==(const ComparedText& left, const ComparedText& right) noexcept {
         return left.bytes() == right.bytes();
     }
 
 private:
-    void assignOther(std::string_view text);
-    void take(std::string_view form);
+    void assignNonPlain(std::string_view text);
+    void storeForm(std::string_view form);
 
-    std::vector<char> m_buffer; // the text, then room
+    std::vector<char> m_buffer; // the compared form, then at least a word of padding
     std::size_t m_size = 0;
     Case m_case;
     bool m_isPlain = true;
-    bool m_hadOther = false;            // assigned a text that was not plain
-    std::unique_ptr<FoldCache> m_forms; // made for the second such text
+    bool m_hadNonPlain = false;             // whether a text so far was not plain
+    std::unique_ptr<FoldCache> m_foldCache; // created for the second such text
 };
 
 } // namespace PerchAppLibrary::text

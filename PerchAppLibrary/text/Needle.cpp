@@ -10,12 +10,12 @@
 namespace PerchAppLibrary::text {
 namespace {
 
-/// Up to this size, comparing the whole needle at each candidate is faster than the search that is
-/// linear in both.
+/// The greatest size at which comparing the whole needle at each candidate is faster than the
+/// linear search.
 constexpr std::size_t longestShortNeedle = ByteMatches::most / 2;
 
 /// Returns, for each prefix of the needle, the length of its longest proper prefix that is also its
-/// suffix, from which a search goes on without reading the text twice (Knuth, Morris and Pratt).
+/// suffix. With these, a search reads each byte of the text once (Knuth, Morris and Pratt).
 std::vector<std::size_t> bordersOf(std::string_view needle) {
     std::vector<std::size_t> borders(needle.size());
     for (std::size_t end = 1, border = 0; end < needle.size(); ++end) {
@@ -27,8 +27,8 @@ std::vector<std::size_t> bordersOf(std::string_view needle) {
     return borders;
 }
 
-/// Returns the end of the piece that begins there: the next offset where no character combines with
-/// what stands before it. Folding the pieces folds the text.
+/// Returns the end of the piece that begins at `begin`: the next offset at which the character does
+/// not combine with those before it. The folded text is the folded pieces, one after the other.
 std::size_t endOfPiece(std::string_view text, std::size_t begin) {
     std::size_t end = begin;
     nextCodePoint(text, end);
@@ -40,7 +40,7 @@ std::size_t endOfPiece(std::string_view text, std::size_t begin) {
 
 } // namespace
 
-/// The first and the last byte of a needle, for folded texts and for ASCII as it is.
+/// The first and the last byte of a needle, to find in folded texts and in unfolded ASCII.
 struct Needle::Ends {
     struct Pair {
         SoughtByte first;
@@ -57,19 +57,20 @@ struct Needle::Ends {
 
 namespace {
 
-/// Returns the first place where both ends of the needle match and `isTaken(place)` is true.
+/// Returns the first offset where both ends of the needle match and `isMatch(offset)` is true, or
+/// npos if there is none.
 template <class EndsPair, class Test>
 std::size_t findShort(std::string_view text, std::size_t length, const EndsPair& ends,
-                      Test isTaken) {
+                      Test isMatch) {
     for (std::size_t begin = 0; begin + length <= text.size();
          begin += ByteMatches::most - length + 1) {
         const ByteMatches matches =
             matchesOf(text.substr(begin, ByteMatches::most), ends.first, ends.last);
-        std::uint64_t places = matches.first & (matches.last >> (length - 1));
-        for (; places != 0; places &= places - 1) { // clears the lowest bit
-            const std::size_t place = begin + static_cast<std::size_t>(std::countr_zero(places));
-            if (isTaken(place))
-                return place;
+        std::uint64_t candidates = matches.first & (matches.last >> (length - 1));
+        for (; candidates != 0; candidates &= candidates - 1) { // clears the lowest bit
+            const auto bit = static_cast<std::size_t>(std::countr_zero(candidates));
+            if (isMatch(begin + bit))
+                return begin + bit;
         }
     }
     return std::string_view::npos;
@@ -90,13 +91,12 @@ Needle::Needle(std::string_view text)
 }
 
 Needle::Needle(Needle&& other) noexcept = default;
-Needle& Needle::operator=(Needle&& other) noexcept = default;
 Needle::~Needle() = default;
 
 std::size_t Needle::findInASCII(std::string_view text) const {
     const std::string_view needle = m_text.bytes();
-    return findShort(text, needle.size(), m_ends->ofASCII, [text, needle](std::size_t place) {
-        return std::ranges::equal(text.substr(place, needle.size()), needle, {},
+    return findShort(text, needle.size(), m_ends->ofASCII, [text, needle](std::size_t offset) {
+        return std::ranges::equal(text.substr(offset, needle.size()), needle, {},
                                   [](char byte) { return upperCasedASCII(byte); });
     });
 }
@@ -107,8 +107,8 @@ std::size_t Needle::findInFolded(const ComparedText& text) const {
         return notFound;
     if (!m_ends)
         return m_borders.empty() ? notFound : findLong(text); // the empty needle has neither
-    return findShort(text.bytes(), needle.size(), m_ends->ofFolded, [&](std::size_t place) {
-        return text.bytes().substr(place, needle.size()) == needle && isWhole(text, place);
+    return findShort(text.bytes(), needle.size(), m_ends->ofFolded, [&](std::size_t offset) {
+        return text.bytes().substr(offset, needle.size()) == needle && isWhole(text, offset);
     });
 }
 

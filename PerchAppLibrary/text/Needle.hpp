@@ -12,17 +12,18 @@
 
 namespace PerchAppLibrary::text {
 
-/// A text to find in many others, prepared once. Case is ignored.
+/// A text to find in many others, prepared once. Case is ignored. Immutable, so any number of
+/// threads may use it. Owns its text.
 ///
 /// It occurs in a text where their folded forms agree and neither end of the match cuts off a
 /// combining character: "e" is not in "é", in either spelling, and a Hangul syllable without a
 /// final consonant is not in one with. So canonically equivalent spellings of either give the same
-/// result. Expansions are searched: "s" is in "ß". An empty needle is in nothing.
+/// result. Expansions are searched: "s" is in "ß". An empty needle does not occur in any text.
 class Needle {
 public:
+    /// Takes any bytes; each ill-formed sequence counts as U+FFFD. Linear.
     explicit Needle(std::string_view text);
-    Needle(Needle&& other) noexcept;
-    Needle& operator=(Needle&& other) noexcept;
+    Needle(Needle&& other) noexcept; // for vectors of Needle
     ~Needle();
 
     bool isEmpty() const noexcept { return m_text.bytes().empty(); }
@@ -43,7 +44,8 @@ public:
         return m_isExact && texts.isPlain() ? std::optional(true) : std::nullopt;
     }
 
-    /// Returns the offset of the first occurrence in the folded text.
+    /// Returns the offset of the first occurrence in the folded text, or nullopt if there is none.
+    /// Linear in their total length.
     std::optional<std::size_t> find(SearchedText& text) const {
         const std::size_t offset = offsetIn(text);
         return offset == notFound ? std::nullopt : std::optional(offset);
@@ -56,7 +58,7 @@ public:
     };
 
     /// Returns the characters of the original text (any bytes), marks included, that contain the
-    /// first occurrence: for "s" in "Straße", the "S".
+    /// first occurrence: for "s" in "Straße", the "S". Returns nullopt if there is none. Linear.
     std::optional<Part> partOf(std::string_view text) const;
 
 private:
@@ -79,9 +81,9 @@ private:
     ComparedText m_text;
     TextSignature m_signature;
     bool m_isASCII;
-    bool m_isExact;                     // a signature of plain texts decides it
-    std::unique_ptr<const Ends> m_ends; // for a short needle
-    std::vector<std::size_t> m_borders; // for a long needle
+    bool m_isExact;                     // whether a signature of plain texts decides it
+    std::unique_ptr<const Ends> m_ends; // null unless the needle is short
+    std::vector<std::size_t> m_borders; // empty unless the needle is long
 };
 
 } // namespace PerchAppLibrary::text

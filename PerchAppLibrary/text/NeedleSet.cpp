@@ -8,8 +8,8 @@
 namespace PerchAppLibrary::text {
 namespace {
 
-/// Comparing so many signatures is faster than reading a text.
-constexpr std::size_t mostOthers = 16;
+/// The greatest number of signatures that is faster to compare than a text is to read.
+constexpr std::size_t maxOthers = 16;
 
 } // namespace
 
@@ -38,7 +38,7 @@ void NeedleSet::addSignature(const ComparedText& needle) {
         m_exact.add(needle);
         return;
     }
-    if (m_others.size() > mostOthers)
+    if (m_others.size() > maxOthers)
         return;
     m_others.emplace_back().add(needle);
 }
@@ -47,7 +47,7 @@ std::optional<bool> NeedleSet::verdict(const TextSignature& texts) const {
     const bool sharesExact = texts.sharesCharacter(m_exact);
     if (sharesExact && texts.isPlain())
         return true;
-    if (sharesExact || m_others.size() > mostOthers ||
+    if (sharesExact || m_others.size() > maxOthers ||
         std::ranges::any_of(m_others,
                             [&texts](const TextSignature& other) { return texts.covers(other); }))
         return std::nullopt;
@@ -55,7 +55,7 @@ std::optional<bool> NeedleSet::verdict(const TextSignature& texts) const {
 }
 
 bool NeedleSet::anyIn(SearchedText& text) const {
-    // Folding keeps the offsets of ASCII.
+    // Folding does not change offsets in ASCII.
     const std::string_view bytes = text.isASCII() ? text.source() : text.folded().bytes();
     for (std::size_t offset = 0; offset < bytes.size(); ++offset) {
         const FirstByte first = m_firstBytes[static_cast<std::uint8_t>(bytes[offset])];

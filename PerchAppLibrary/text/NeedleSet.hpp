@@ -13,15 +13,16 @@
 
 namespace PerchAppLibrary::text {
 
-/// Several needles that are found together, in one scan of a text. Each occurs where a Needle
-/// would. Made for many short needles, such as the characters of a key.
+/// A set of needles to find in one scan of a text. Each occurs where a Needle does. For many short
+/// needles, such as the characters of a key. Owns its needles. Any number of threads may use it
+/// while none calls add().
 class NeedleSet {
 public:
-    /// Adds a needle. An empty or a repeated one changes nothing.
+    /// Adds a needle. An empty or a repeated one changes nothing. Linear.
     void add(std::string_view text);
 
-    /// Returns whether one of the needles occurs in the text. Takes the length of the text times
-    /// the number of code points in the longest needle, for any number of needles.
+    /// Returns whether one of the needles occurs in the text. Linear in the length of the text
+    /// times the number of code points in the longest needle, for any number of needles.
     bool anyIn(SearchedText& text) const;
 
     /// Returns whether one of the needles occurs in one of the texts of a signature, or nullopt if
@@ -29,16 +30,17 @@ public:
     std::optional<bool> verdict(const TextSignature& texts) const;
 
 private:
-    /// What the needles that begin with a certain byte are: none, that byte itself, or longer.
+    /// For one byte: no needle begins with it, it is a needle itself, or only longer needles begin
+    /// with it.
     enum class FirstByte : std::uint8_t { beginsNone, isOne, beginsSome };
 
     void addSignature(const ComparedText& needle);
     bool anyAt(const ComparedText& text, std::size_t offset) const;
 
-    std::array<FirstByte, 256> m_firstBytes{}; // of the folded needles, in both cases
-    TextSet m_needles;                         // folded
-    std::size_t m_longest = 0;                 // in code points
-    TextSignature m_exact;                     // of the needles that isExact() accepts
+    std::array<FirstByte, 256> m_firstBytes{}; // indexed by bytes, small ASCII letters included
+    TextSet m_needles;                         // folded needles
+    std::size_t m_longest = 0;                 // code points in the longest needle
+    TextSignature m_exact;                     // of all needles that isExact() accepts
     std::vector<TextSignature> m_others;       // of each other needle, up to a limit
 };
 

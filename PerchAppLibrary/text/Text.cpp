@@ -19,29 +19,29 @@
 namespace PerchAppLibrary::text {
 namespace {
 
-/// Marks that follow one another without end: ICU orders them by insertion, which takes the square
-/// of their number.
+/// Returns whether the text has a long run of combining marks. ICU sorts a run by insertion, which
+/// takes quadratic time.
 bool hasLongRunOfMarks(std::string_view text) {
-    constexpr std::size_t longRun = 64; // text that means something has a few
+    constexpr std::size_t longRun = 64; // far longer than runs in natural text
     std::size_t run = 0;
     for (std::size_t offset = 0; offset < text.size() && run < longRun;)
         run = nfd().hasBoundaryBefore(nextCodePoint(text, offset)) ? 0 : run + 1;
     return run == longRun;
 }
 
-/// Normalization Form D step by step (UAX #15): decomposition, then the canonical order of each run
-/// of marks.
+/// Returns Normalization Form D (UAX #15). Decomposes the text, then sorts each run of marks into
+/// canonical order.
 std::string decomposedByRuns(std::string_view text) {
     struct Mark {
         std::uint8_t combiningClass;
-        std::size_t place; // in its run: marks of one class keep their order
+        std::size_t index; // in its run, since marks of one class keep their order
         UChar32 codePoint;
     };
     std::vector<Mark> run;
     std::string result;
     const auto finishRun = [&] {
         std::ranges::sort(
-            run, {}, [](const Mark& mark) { return std::pair(mark.combiningClass, mark.place); });
+            run, {}, [](const Mark& mark) { return std::pair(mark.combiningClass, mark.index); });
         for (const Mark& mark : run)
             append(result, mark.codePoint);
         run.clear();
@@ -72,8 +72,7 @@ std::string decomposedByRuns(std::string_view text) {
 } // namespace
 
 bool isWellFormed(std::string_view text) noexcept {
-    constexpr std::size_t shortSize =
-        64; // for which the call of the library costs more than the look
+    constexpr std::size_t shortSize = 64; // up to this size, the test for ASCII is faster
     return (text.size() <= shortSize && isASCII(text)) || simdjson::validate_utf8(text);
 }
 
@@ -106,7 +105,7 @@ std::string decomposed(std::string_view text) {
 }
 
 std::string composed(std::string_view text) {
-    // From the decomposed form, whose marks are in order already.
+    // Composes the decomposed form, since the marks in it are already in order.
     return isASCII(text) ? std::string(text) : normalized(nfc(), decomposed(text));
 }
 

@@ -4,57 +4,59 @@
 #include <string>
 #include <string_view>
 
-/// Unicode text, stored as UTF-8.
+/// Functions on Unicode text in UTF-8.
 ///
-/// Every function takes any bytes: each maximal ill-formed sequence (Unicode Standard, section 3.9)
-/// counts as one U+FFFD. Nothing depends on the locale of the process. Each function is linear in
-/// the length of its arguments.
+/// Each function takes any bytes: each maximal ill-formed sequence (Unicode Standard, section 3.9)
+/// counts as one U+FFFD. No function depends on the locale of the process. Any number of threads
+/// may call them. Each function is linear in the length of its arguments, unless stated otherwise.
 namespace PerchAppLibrary::text {
 
+/// Returns whether the text is well-formed UTF-8.
 bool isWellFormed(std::string_view text) noexcept;
 
-/// The text with each ill-formed sequence replaced by U+FFFD.
+/// Returns the text with each ill-formed sequence replaced by U+FFFD.
 std::string wellFormed(std::string_view text);
 
-/// The full upper-case mapping of the root locale (Unicode Standard, section 3.13): "ß" becomes
-/// "SS".
+/// Returns the full upper-case mapping of the root locale (Unicode Standard, section 3.13): "SS"
+/// for "ß".
 std::string uppercased(std::string_view text);
 
-/// Normalization Form D (UAX #15): two texts are canonically equivalent when these are the same
-/// bytes.
+/// Returns Normalization Form D (UAX #15). Two texts are canonically equivalent if their forms are
+/// equal. Takes O(n log n) for a long run of combining marks.
 std::string decomposed(std::string_view text);
 
-/// Normalization Form C (UAX #15).
+/// Returns Normalization Form C (UAX #15).
 std::string composed(std::string_view text);
 
-/// The form in which texts are compared without regard to case: decomposed, upper-cased, decomposed
-/// again. The first step keeps the result the same for every canonically equivalent spelling, iota
-/// subscripts among them.
+/// Returns the form in which texts are compared when case is ignored: decomposed, upper-cased, then
+/// decomposed again. The first step makes the result equal for all canonically equivalent
+/// spellings, those with iota subscripts included.
 std::string folded(std::string_view text);
 
-/// Number of UTF-16 code units.
+/// Returns the number of UTF-16 code units.
 std::size_t utf16Length(std::string_view text) noexcept;
 
-/// The text between two offsets counted in UTF-16 code units. Half of a surrogate pair that is cut
-/// apart becomes U+FFFD; all other bytes are kept as they are. Offsets beyond the end stand for the
-/// end.
+/// Returns the text between two offsets in UTF-16 code units. Half of a surrogate pair becomes
+/// U+FFFD; all other bytes are unchanged. An offset beyond the end counts as the end.
 std::string utf16Substring(std::string_view text, std::size_t begin, std::size_t end);
 
-/// Number of code points.
+/// Returns the number of code points.
 std::size_t codePointCount(std::string_view text) noexcept;
 
-/// The bytes of the first code point (or ill-formed sequence); empty for an empty text.
+/// Returns the bytes of the first code point or ill-formed sequence, or nothing for an empty text.
+/// Constant time.
 std::string_view firstCodePoint(std::string_view text) noexcept;
 
-/// Whether these are the bytes of one control character (general category Cc), which could command
-/// a terminal.
+/// Returns whether the text begins with a control character (general category Cc), which could
+/// command a terminal. Constant time.
 bool isControl(std::string_view character) noexcept;
 
-/// Number of user-perceived characters: extended grapheme clusters (UAX #29).
+/// Returns the number of user-perceived characters: extended grapheme clusters (UAX #29).
 std::size_t graphemeCount(std::string_view text);
 
-/// Number of columns that the text takes on a terminal: two for a wide or full-width character (UAX
-/// #11) and for an emoji, none for a mark that combines or a control character, one for the rest.
+/// Returns the number of columns of the text on a terminal: two for a wide or full-width character
+/// (UAX #11), emoji included; none for a combining mark, a format or control character, or a Hangul
+/// vowel or final; one for any other.
 std::size_t columnCount(std::string_view text) noexcept;
 
 } // namespace PerchAppLibrary::text

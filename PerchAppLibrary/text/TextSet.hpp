@@ -8,6 +8,7 @@
 
 namespace PerchAppLibrary::text {
 
+/// Hashes the bytes of a text.
 struct BytesHash {
     using is_transparent = void;
     std::size_t operator()(std::string_view bytes) const noexcept {
@@ -15,7 +16,7 @@ struct BytesHash {
     }
 };
 
-/// A set of texts, compared by their bytes. Looks up a std::string_view without making a string.
+/// A set of texts, compared by their bytes. Looks up a std::string_view without creating a string.
 using TextSet = std::unordered_set<std::string, BytesHash, std::equal_to<>>;
 
 } // namespace PerchAppLibrary::text

@@ -14,10 +14,10 @@ namespace PerchAppLibrary::text {
 /// filter of their pairs of neighbouring bytes. It rules out most texts that lack a needle.
 class TextSignature {
 public:
-    /// The signature of no text.
+    /// Creates the signature of no text.
     TextSignature() = default;
 
-    /// The signature of one text. Like add().
+    /// Creates the signature of one text, like add().
     explicit TextSignature(const ComparedText& folded) noexcept { add(folded); }
 
     /// Adds a text. Requires Case::insensitive. Linear.
@@ -30,7 +30,7 @@ public:
                (part.m_pairs[0] & ~m_pairs[0]) == 0 && (part.m_pairs[1] & ~m_pairs[1]) == 0;
     }
 
-    /// Returns whether both contain the same ASCII character, of those that isExact() accepts.
+    /// Returns whether both contain an equal ASCII character among those that isExact() accepts.
     bool sharesCharacter(const TextSignature& other) const noexcept {
         return (m_characters & other.m_characters & characterBits) != 0;
     }
@@ -38,41 +38,40 @@ public:
     /// Returns whether all texts are plain, so that each character in them is found as a needle.
     bool isPlain() const noexcept { return (m_characters & plainBit) != 0; }
 
-    /// Returns whether the signature of plain texts says for certain if they contain this folded
-    /// character.
+    /// Returns whether a signature of plain texts decides if they contain this folded character.
     static bool isExact(std::string_view character) noexcept {
         return character.size() == 1 && character.front() >= firstCharacter &&
-               character.front() < behindCharacters;
+               character.front() < endCharacter;
     }
 
 private:
     friend class CachedSignature;
 
-    /// Space to ']': nearly all that occurs, since folded ASCII has no small letters.
+    /// The characters from space to ']'. Few others occur, since folded ASCII has no small letters.
     static constexpr char firstCharacter = ' ';
-    static constexpr char behindCharacters = '^';
+    static constexpr char endCharacter = '^';
     static constexpr std::uint64_t plainBit = std::uint64_t{1} << 62U;
-    static constexpr std::uint64_t characterBits = plainBit - 1; // from the lowest bit, one each
+    static constexpr std::uint64_t characterBits = plainBit - 1;
 
-    std::uint64_t m_characters = plainBit;
-    std::array<std::uint64_t, 2> m_pairs{};
+    std::uint64_t m_characters = plainBit;  // a bit for each character, and plainBit
+    std::array<std::uint64_t, 2> m_pairs{}; // the Bloom filter, 128 bits
 };
 
 /// A signature that is computed on first use and after forget().
 ///
-/// Several threads may call get() at once, as for any read of a record. forget() is a change: it
-/// requires that no other thread uses the object, as changing a record does.
+/// Several threads may call get() at once, as for any read of a record. Like a change of a record,
+/// forget() requires that no other thread uses the object.
 class CachedSignature {
 public:
-    /// Returns the signature, calling `make()` to compute it if it is not known. Threads that call
-    /// it first at once each compute it and store equal words.
+    /// Returns the signature, and calls `make()` to compute it if it is not known. If several
+    /// threads do so at once, each computes it and stores equal words.
     template <class Make>
     TextSignature get(Make&& make) const {
         TextSignature signature;
         signature.m_characters = m_words[0].load(std::memory_order_acquire);
         if ((signature.m_characters & knownBit) == 0) {
             signature = make();
-            keep(signature);
+            store(signature);
             return signature;
         }
         for (std::size_t word = 0; word < 2; ++word)
@@ -80,15 +79,16 @@ public:
         return signature;
     }
 
+    /// Makes the next get() compute the signature again.
     void forget() noexcept { m_words[0].store(0, std::memory_order_relaxed); }
 
 private:
     static constexpr std::uint64_t knownBit = std::uint64_t{1} << 63U;
 
-    void keep(const TextSignature& signature) const noexcept;
+    void store(const TextSignature& signature) const noexcept;
 
-    /// The words of the signature. The first is released last and acquired first, so a
-    /// thread that sees knownBit sees the others.
+    /// The words of the signature. The first is stored last (release) and loaded first (acquire),
+    /// so a thread that reads knownBit reads the other words as well.
     mutable std::array<std::atomic<std::uint64_t>, 3> m_words{};
 };
 

@@ -18,8 +18,8 @@ namespace dom = simdjson::dom;
 using Kind = dom::element_type;
 
 bool toInteger(double number, std::int64_t& value) {
-    constexpr double limit =
-        9007199254740992.0; // 2^53: from here on, one double stands for several integers
+    // 2^53. From here on, several integers round to one double.
+    constexpr double limit = 9007199254740992.0;
     if (number <= -limit || number >= limit || std::trunc(number) != number)
         return false;
     value = static_cast<std::int64_t>(number);
@@ -51,15 +51,15 @@ bool toReal(double number, double& value) {
     return true;
 }
 
-/// Whether text begins as a number in JSON does, which leaves out "inf", "nan" and hexadecimal
-/// digits.
+/// Returns whether the text begins like a number in JSON. Rejects "inf", "nan" and hexadecimal
+/// digits without a leading decimal one.
 bool beginsAsNumber(std::string_view text) {
     if (text.starts_with('-'))
         text.remove_prefix(1);
     return !text.empty() && text.front() >= '0' && text.front() <= '9';
 }
 
-/// Whether a decimal number has a digit other than 0 before its exponent.
+/// Returns whether a decimal number has a digit other than 0 before its exponent.
 bool hasNonzeroDigit(std::string_view decimal) {
     return decimal.substr(0, decimal.find_first_of("eE")).find_first_of("123456789") !=
            std::string_view::npos;
@@ -74,7 +74,8 @@ bool toReal(std::string_view text, Real& value) {
     const fast_float::from_chars_result result = fast_float::from_chars(text.data(), end, number);
     if (result.ec != std::errc() || result.ptr != end)
         return false;
-    // Before version 6, fast_float gives infinity or zero for a number out of range, and no error.
+    // Before version 6, fast_float returns infinity or zero for a number out of range, not an
+    // error.
     return (number != 0 || !hasNonzeroDigit(text)) && toReal(number, value);
 }
 
@@ -96,8 +97,8 @@ std::string shortestDecimalOf(Real number) {
 }
 
 bool toText(double number, std::string& value) {
-    constexpr double limit =
-        9223372036854775808.0; // 2^63: an integer beyond has been rounded when it was read
+    // 2^63. The parser rounds greater integers.
+    constexpr double limit = 9223372036854775808.0;
     if (number <= -limit || number >= limit)
         return false;
     value = shortestDecimal(number);

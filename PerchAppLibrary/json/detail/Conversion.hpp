@@ -10,8 +10,8 @@
 #include <string_view>
 #include <vector>
 
-/// The conversions of JSON::as() and of filling, on elements of the reader. Each writes its result
-/// to `value` and returns true, or leaves `value` as it is and returns false.
+/// The conversions of JSON::as() and of filling, for elements of the parser. Each function stores
+/// its result in `value` and returns true, or leaves `value` unchanged and returns false.
 namespace PerchAppLibrary {
 
 /// Returns the shortest decimal that reads back as the number, with ".0" if it is integral.
@@ -19,6 +19,7 @@ namespace PerchAppLibrary {
 std::string shortestDecimal(float number);
 std::string shortestDecimal(double number);
 
+/// Convert an element of another kind than the type of `value`.
 bool convertOtherKind(simdjson::dom::element element, std::int64_t& value);
 bool convertOtherKind(simdjson::dom::element element, bool& value);
 bool convertOtherKind(simdjson::dom::element element, std::string& value);

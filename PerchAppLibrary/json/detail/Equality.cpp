@@ -18,7 +18,7 @@ using Kind = dom::element_type;
 
 template <std::integral Integer>
 bool isInteger(double real, Integer integer) {
-    // Powers of two, or zero, so that a double holds both bounds exactly.
+    // Both bounds are zero or a power of two, so a double represents them exactly.
     constexpr auto least = static_cast<double>(std::numeric_limits<Integer>::min());
     constexpr double end =
         2.0 * static_cast<double>(Integer{1} << (std::numeric_limits<Integer>::digits - 1));
@@ -68,18 +68,18 @@ struct Member {
     dom::element value;
 };
 
-/// The members of an object by their keys, each key once with its last value.
+/// Returns the members of an object, sorted by key. Each key comes once, with its last value.
 std::vector<Member> membersByKey(dom::object object) {
     std::vector<Member> members;
     members.reserve(object.size());
     for (const auto& [key, value] : object)
         members.push_back({key, members.size(), value});
-    // The last of the members with one key comes first, and unique() keeps the first.
+    // Among members with one key, the last comes first, and unique() keeps the first.
     std::ranges::sort(members, [](const Member& a, const Member& b) {
         return std::tie(a.key, b.position) < std::tie(b.key, a.position);
     });
     const auto haveOneKey = [](const Member& a, const Member& b) { return a.key == b.key; };
-    // NOLINTNEXTLINE(modernize-use-ranges): its result is a subrange, which Clang 15 cannot read
+    // NOLINTNEXTLINE(modernize-use-ranges): it returns a subrange, which Clang 15 cannot compile
     members.erase(std::unique(members.begin(), members.end(), haveOneKey), members.end());
     return members;
 }
@@ -113,7 +113,7 @@ bool areEqual(dom::element left, dom::element right) {
     case Kind::OBJECT:
         return right.is_object() &&
                areEqual(left.get_object().value_unsafe(), right.get_object().value_unsafe());
-    default: // Later versions of the reader have more kinds, if asked for.
+    default: // Later versions of the parser have more kinds, which are off by default.
         return right.is_null();
     }
 }

@@ -4,7 +4,7 @@
 
 namespace PerchAppLibrary {
 
-/// Whether two elements hold equal values: see operator== of JSON.
+/// Returns whether two elements are equal, as operator== of JSON defines it.
 bool areEqual(simdjson::dom::element left, simdjson::dom::element right);
 
 } // namespace PerchAppLibrary

@@ -10,25 +10,26 @@
 
 namespace PerchAppLibrary {
 
-/// The reader's view of a JSON; for the sources of this library alone, so that its headers need no
-/// reader.
+/// Converts between a JSON and an element of the parser. Only sources of this library use it, so
+/// public headers do not include the parser.
 class JSONElement {
 public:
-    /// None for JSON::null, which belongs to no document.
+    /// Returns the element of a JSON, or nullopt for JSON::null, which has no document.
     static std::optional<simdjson::dom::element> of(const JSON& json) noexcept {
         if (!json.m_document)
             return std::nullopt;
         return std::bit_cast<simdjson::dom::element>(json.m_place);
     }
 
-    /// Another element of the document that the JSON belongs to.
+    /// Returns another element of the document of `json`.
     static JSON inDocumentOf(const JSON& json, simdjson::dom::element element) noexcept {
         return {json.m_document, std::bit_cast<JSON::Place>(element)};
     }
 
-    /// The element in a document of its own, so that it does not keep the whole of a large one.
+    /// Copies the element into a document of its own, so it does not keep a large document alive.
     static JSON detached(simdjson::dom::element element);
 
+    /// Returns an element of this document.
     static JSON inDocument(std::shared_ptr<const void> document,
                            simdjson::dom::element element) noexcept {
         return {std::move(document), std::bit_cast<JSON::Place>(element)};

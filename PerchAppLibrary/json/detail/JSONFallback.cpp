@@ -37,7 +37,7 @@ std::string unexpected(std::string_view text, std::size_t offset) {
     return "unexpected \"" + std::string(character) + "\"";
 }
 
-/// Throws when the text is not a document; says where and why.
+/// Throws JSON::ParseError, with the position and the reason, if the text is not a document.
 void check(std::string_view text) {
     if (text.starts_with(byteOrderMark))
         fail(text, 0, "a byte order mark stands before the document");
@@ -63,7 +63,7 @@ void check(std::string_view text) {
     fail(text, read, error.message());
 }
 
-/// The code unit of an escape "\uXXXX" at this offset, if one stands there.
+/// Returns the code unit of the escape "\uXXXX" at this offset, or nullopt if there is none.
 std::optional<std::uint16_t> escapedUnit(std::string_view text, std::size_t offset) {
     constexpr std::size_t length = 6;
     if (text.size() < offset + length || text[offset] != '\\' || text[offset + 1] != 'u')
@@ -82,7 +82,7 @@ bool isTrailing(std::optional<std::uint16_t> unit) {
     return unit && *unit >= 0xDC00 && *unit <= 0xDFFF;
 }
 
-/// Escaped surrogates without their other half become "\uFFFD", which is as long.
+/// Replaces each escaped surrogate without its other half by "\uFFFD". Keeps all offsets.
 std::string withoutLoneSurrogates(std::string_view text) {
     std::string spelled(text);
     for (std::size_t at = text.find('\\'); at < text.size(); at = text.find('\\', at)) {
@@ -93,27 +93,28 @@ std::string withoutLoneSurrogates(std::string_view text) {
             spelled.replace(at + 2, 4, "FFFD");
             at += 6;
         } else {
-            at += 2; // whatever is escaped, a backslash among it, is passed over with its backslash
+            at += 2; // skips the escaped character, which may be a backslash
         }
     }
     return spelled;
 }
 
-/// The nearest number that the reader holds; the same spelling where it holds the number itself.
-/// Requires a number.
+/// Returns a spelling of the number that the parser accepts: the given one if possible, else one of
+/// the nearest double. Requires a number.
 std::string readableNumber(simdjson::dom::parser& reader, std::string_view number) {
     std::string spelled(number);
     if (reader.parse(spelled).error() == simdjson::SUCCESS)
         return spelled;
     if (number.find_first_of(".eE") == std::string_view::npos) {
-        spelled += "e0"; // an integer beyond 64 bits is read as a double
+        spelled += "e0"; // makes the parser read an integer beyond 64 bits as a double
         if (reader.parse(spelled).error() == simdjson::SUCCESS)
             return spelled;
     }
     return number.starts_with('-') ? "-1.7976931348623157e308" : "1.7976931348623157e308";
 }
 
-/// Behind the string that begins at this offset; the end of the text where the string has none.
+/// Returns the offset behind the string that begins at this offset, or the end of the text if the
+/// string is not closed.
 std::size_t endOfString(std::string_view text, std::size_t at) {
     for (++at; at < text.size() && text[at] != '"'; ++at)
         if (text[at] == '\\')
@@ -121,8 +122,7 @@ std::size_t endOfString(std::string_view text, std::size_t at) {
     return std::min(at + 1, text.size());
 }
 
-/// The text with each number (what stands for one outside strings) in the spelling that `respell`
-/// gives it.
+/// Returns the text with `respell(number)` in place of each number outside strings.
 template <class Respell>
 std::string withNumbers(std::string_view text, Respell&& respell) {
     std::string spelled;
@@ -145,8 +145,8 @@ std::string withNumbers(std::string_view text, Respell&& respell) {
     return spelled;
 }
 
-/// An exponent of more than nine digits, which the checking parser would refuse, becomes one of the
-/// same length that is beyond every double as well.
+/// Replaces an exponent of more than nine digits, which Boost.JSON rejects, by one of the same
+/// length that is still beyond the range of doubles.
 std::string withModestExponent(std::string_view number) {
     std::string spelled(number);
     const std::size_t exponent = spelled.find_first_of("eE");
@@ -163,7 +163,7 @@ std::string withModestExponent(std::string_view number) {
 } // namespace
 
 std::string readableSpelling(std::string_view text) {
-    // As long as the text, so that offsets stay.
+    // Has the length of the text, so the offsets of errors are right.
     const std::string spelled = withNumbers(withoutLoneSurrogates(text), withModestExponent);
     check(spelled);
     simdjson::dom::parser reader;

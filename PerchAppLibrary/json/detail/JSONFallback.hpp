@@ -3,13 +3,12 @@
 #include <string>
 #include <string_view>
 
-/// What becomes of a text that the fast reader refuses: either it is not a document, and the place
-/// and the reason are found; or it is one whose numbers or escapes the reader cannot hold, and it
-/// is spelled so that it can. For the sources of this library alone.
+/// Handles a text that the fast parser rejects. Either it is not a document, and an exception says
+/// where and why. Or the parser cannot represent its numbers or escapes, and these are replaced.
 namespace PerchAppLibrary::fallback {
 
-/// The document in a spelling that the reader holds, with the same structure: see JSON::parse().
-/// Throws JSON::ParseError when the text is not a document.
+/// Returns an equal document in which the fast parser can represent all numbers and escapes. See
+/// JSON::parse() for their values. Throws JSON::ParseError if the text is not a document. Linear.
 std::string readableSpelling(std::string_view text);
 
 } // namespace PerchAppLibrary::fallback

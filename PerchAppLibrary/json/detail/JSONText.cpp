@@ -13,19 +13,19 @@ using text::repeated;
 using text::Word;
 using text::wordSize;
 
-/// Not zero when a byte of the word is below the limit, of 0x80 at most. Bytes that are not ASCII
-/// are never.
+/// Returns a word that is not zero if an ASCII byte of `word` is below the limit. Requires a limit
+/// of at most 0x80.
 constexpr Word anyBelow(Word word, char limit) noexcept {
     return (word - repeated(limit)) & ~word & highBits;
 }
 
-/// Not zero when a byte of the word must be escaped.
+/// Returns a word that is not zero if a byte of `word` must be escaped.
 constexpr Word anyEscaped(Word word) noexcept {
     return anyBelow(word, ' ') | anyBelow(word ^ repeated('"'), 1) |
            anyBelow(word ^ repeated('\\'), 1);
 }
 
-/// Whether the content stands between quotation marks as it is.
+/// Returns whether the content needs neither an escape nor a replacement.
 bool isPlain(std::string_view content) noexcept {
     Word escaped = 0;
     Word any = 0;

@@ -5,9 +5,9 @@
 
 namespace PerchAppLibrary {
 
-/// Appends the content as a JSON string (RFC 8259, section 7): in quotation marks, with these,
-/// backslashes and control characters escaped, and every ill-formed sequence of bytes replaced by
-/// U+FFFD. The same text as that of a Value.
+/// Appends the content as a JSON string (RFC 8259, section 7), in quotation marks. Escapes
+/// quotation marks, backslashes and control characters. Each ill-formed sequence of bytes becomes
+/// U+FFFD. Appends what toText() returns for a Value of this content. Linear.
 void appendJSONString(std::string& text, std::string_view content);
 
 } // namespace PerchAppLibrary

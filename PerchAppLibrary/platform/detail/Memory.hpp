@@ -4,9 +4,9 @@
 
 namespace PerchAppLibrary::memory {
 
-/// Asks the system to back this part of a large allocation with large pages, so that touching it
-/// for the first time costs one page fault for each of those rather than for every 4 KiB. A hint:
-/// where the system has no such pages, or the allocation is too small for one, nothing happens.
+/// Asks the system to use large pages for this memory, so the first access costs one page fault for
+/// each large page, not for every 4 KiB. Takes `size` bytes from `begin`. Does nothing if the
+/// system has no large pages or the memory is too small for one.
 void preferLargePages(void* begin, std::size_t size) noexcept;
 
 } // namespace PerchAppLibrary::memory

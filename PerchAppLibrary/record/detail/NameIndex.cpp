@@ -4,15 +4,15 @@ namespace PerchAppLibrary {
 
 NameIndex::NameIndex(std::span<const std::string_view> names)
     : m_count(static_cast<std::uint32_t>(names.size())) {
-    constexpr std::size_t roomForEach = 4; // few names then find their place taken
-    const std::size_t size = std::bit_ceil(std::max<std::size_t>(names.size() * roomForEach, 2));
-    Entry free;
-    free.index = m_count;
-    m_entries.resize(size, free);
+    constexpr std::size_t slotsPerName = 4; // keeps collisions rare
+    const std::size_t size = std::bit_ceil(std::max<std::size_t>(names.size() * slotsPerName, 2));
+    Entry empty;
+    empty.index = m_count;
+    m_entries.resize(size, empty);
     m_shift = 64U - static_cast<unsigned>(std::countr_zero(size));
     for (std::size_t index = 0; index < names.size(); ++index) {
         const std::string_view name = names[index];
-        Entry& entry = m_entries[placeOf(name, headOf(name))];
+        Entry& entry = m_entries[slotOf(name, headOf(name))];
         entry.head = headOf(name);
         entry.mask = maskOf(name.size());
         entry.name = name;
@@ -22,16 +22,16 @@ NameIndex::NameIndex(std::span<const std::string_view> names)
     }
 }
 
-std::uint32_t NameIndex::placeOf(std::string_view name, Head head) const noexcept {
-    std::size_t place = firstPlace(head);
-    while (m_entries[place].index != m_count && !m_entries[place].isOf(name, head))
-        place = next(place);
-    return static_cast<std::uint32_t>(place);
+std::uint32_t NameIndex::slotOf(std::string_view name, Head head) const noexcept {
+    std::size_t slot = firstSlot(head);
+    while (m_entries[slot].index != m_count && !m_entries[slot].matches(name, head))
+        slot = next(slot);
+    return static_cast<std::uint32_t>(slot);
 }
 
-std::uint32_t NameIndex::findElsewhere(std::string_view readable,
-                                       std::uint32_t& guess) const noexcept {
-    guess = placeOf(readable, headOfReadable(readable));
+std::uint32_t NameIndex::findAndGuess(std::string_view readable,
+                                      std::uint32_t& guess) const noexcept {
+    guess = slotOf(readable, headOfReadable(readable));
     return m_entries[guess].index;
 }
 

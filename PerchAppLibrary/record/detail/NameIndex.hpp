@@ -14,38 +14,37 @@
 
 namespace PerchAppLibrary {
 
-/// Finds the place of a name among names that differ in their first sixteen bytes, as those of
-/// properties nearly always do. Immutable.
+/// A hash table from names to their positions in a list. Immutable.
 ///
-/// Every key of every record is looked up. So a look takes the key as two words, whatever its
-/// length, and goes to one place, where the name nearly always stands: there is little to branch
-/// on.
+/// Every key of every record is looked up here, so a lookup has few branches: it hashes the first
+/// 16 bytes, as two words, and nearly always ends at the first slot. Names that share their first
+/// 16 bytes take longer.
 class NameIndex {
 public:
-    /// Of different names, which live as long as the index.
+    /// Requires distinct names that outlive the index.
     explicit NameIndex(std::span<const std::string_view> names);
 
-    /// The place of the name among the names; their number for a name that is not among them.
+    /// Returns the position of the name in the list, or the length of the list if it is not there.
     std::uint32_t find(std::string_view name) const noexcept { return find(name, headOf(name)); }
 
-    /// How many bytes the following two look at.
+    /// The number of bytes that findReadable() reads.
     static constexpr std::size_t headSize = 2 * text::wordSize;
 
-    /// The same, faster, for a name from the begin of which headSize bytes can be read, whatever
-    /// they are.
+    /// Like find(), but faster. Requires headSize readable bytes; those after the name are ignored.
     std::uint32_t findReadable(std::string_view name) const noexcept {
         return find(name, headOfReadable(name));
     }
 
-    /// The same, faster still where the guess is right: the place to look at first, zero or one
-    /// that an earlier look left, and afterwards the place where this look ended.
+    /// Like findReadable(name), but tries slot `guess` first and stores the slot found in it.
+    /// Requires a guess of zero, or one stored by this index. Never guesses a name of more than
+    /// headSize bytes.
     std::uint32_t findReadable(std::string_view name, std::uint32_t& guess) const noexcept {
         const Entry& guessed = m_entries[guess];
-        return guessed.isShortName(name) ? guessed.index : findElsewhere(name, guess);
+        return guessed.isShortName(name) ? guessed.index : findAndGuess(name, guess);
     }
 
 private:
-    /// The first sixteen bytes of a name; behind a shorter one, zeros.
+    /// The first 16 bytes of a name, padded with zeros.
     struct Head {
         text::Word first = 0;
         text::Word second = 0;
@@ -53,15 +52,15 @@ private:
         bool operator==(const Head&) const = default;
     };
 
-    /// On one line of the cache.
+    /// Fills one cache line.
     struct alignas(64) Entry {
         Head head;
-        Head mask; // ones for the bytes of the head that belong to the name
+        Head mask; // 0xFF for each byte of the head that belongs to the name
         std::string_view name;
-        std::uint32_t shortSize = noSize; // of the name, if it is not longer than its head
-        std::uint32_t index = 0;          // the number of names where no name stands
+        std::uint32_t shortSize = noSize; // size of a name that fits in its head, else noSize
+        std::uint32_t index = 0;          // number of names if the slot is empty
 
-        bool isOf(std::string_view other, Head headOfOther) const noexcept {
+        bool matches(std::string_view other, Head headOfOther) const noexcept {
             return head == headOfOther && name.size() == other.size() &&
                    (name.size() <= headSize || name == other);
         }
@@ -74,13 +73,13 @@ private:
                    ((first ^ head.first) | (second ^ head.second)) == 0;
         }
 
-        static constexpr std::uint32_t noSize =
-            std::numeric_limits<std::uint32_t>::max(); // of no text in a document
+        // No text in a document is that long.
+        static constexpr std::uint32_t noSize = std::numeric_limits<std::uint32_t>::max();
     };
 
     static Head headOf(std::string_view name) noexcept;
 
-    /// Ones, then zeros: from `headSize - n` on, it keeps the first n bytes of a head.
+    /// Ones, then zeros. Read from offset `headSize - n`, it masks the first n bytes of a head.
     static constexpr auto headMask = [] {
         std::array<char, 2 * headSize> bytes{};
         std::fill_n(bytes.begin(), headSize, static_cast<char>(0xFF));
@@ -99,27 +98,26 @@ private:
     }
 
     std::uint32_t find(std::string_view name, Head head) const noexcept {
-        const Entry& first = m_entries[firstPlace(head)];
-        return first.isOf(name, head) ? first.index : m_entries[placeOf(name, head)].index;
+        const Entry& first = m_entries[firstSlot(head)];
+        return first.matches(name, head) ? first.index : m_entries[slotOf(name, head)].index;
     }
 
-    std::uint32_t findElsewhere(std::string_view readable, std::uint32_t& guess) const noexcept;
+    std::uint32_t findAndGuess(std::string_view readable, std::uint32_t& guess) const noexcept;
 
-    /// Where the name stands, or a free place.
-    std::uint32_t placeOf(std::string_view name, Head head) const noexcept;
+    /// Returns the slot of the name, or an empty slot.
+    std::uint32_t slotOf(std::string_view name, Head head) const noexcept;
 
-    std::size_t firstPlace(Head head) const noexcept {
-        constexpr text::Word goldenRatio =
-            0x9E3779B97F4A7C15U; // 2^64 divided by it: spreads close numbers
+    std::size_t firstSlot(Head head) const noexcept {
+        constexpr text::Word goldenRatio = 0x9E3779B97F4A7C15U; // 2^64 / phi: spreads close values
         return static_cast<std::size_t>((head.first ^ std::rotl(head.second, 31)) * goldenRatio >>
                                         m_shift);
     }
 
-    std::size_t next(std::size_t place) const noexcept { return (place + 1) % m_entries.size(); }
+    std::size_t next(std::size_t slot) const noexcept { return (slot + 1) % m_entries.size(); }
 
     std::uint32_t m_count;
-    std::vector<Entry> m_entries; // more than the names, so that a look ends
-    unsigned m_shift;             // leaves as many high bits as number the entries
+    std::vector<Entry> m_entries; // always has an empty slot, where a failing lookup ends
+    unsigned m_shift;             // reduces a hash to its high bits, the number of a slot
 };
 
 } // namespace PerchAppLibrary

@@ -11,7 +11,7 @@
 namespace PerchAppLibrary {
 
 /// Reads and writes the values of records at their places, without accessors. Requires that no
-/// subclass overrides these.
+/// subclass overrides the accessors.
 struct PlaceAccess {
     static bool flag(const BaseEntity& record, unsigned slot) noexcept {
         return (record.m_flags >> slot & 1U) != 0;
@@ -27,7 +27,7 @@ struct PlaceAccess {
         record.m_sparseTexts.set(slot, std::move(text));
     }
 
-    /// Reads the value of a property, by its accessor if it has no place.
+    /// Returns the value of a property, by its getter if it has no place.
     template <class T>
     static ReadType<T> read(const BaseEntity& record, const FieldAccess<T>& access) {
         if (access.place == Place::field)
@@ -42,7 +42,10 @@ struct PlaceAccess {
     }
 };
 
-/// A value that lies in a field, while it is filled.
+/// The place of a value in a field, for filling.
+///
+/// Each kind of place has isZero(), which returns whether the value is the zero of its type, set(),
+/// and take(), which stores a value that needs no conversion in a zero place, or returns false.
 template <class T>
 struct FieldPlace {
     using Value = T;
@@ -54,7 +57,6 @@ struct FieldPlace {
     bool isZero() const noexcept { return PropertyKind<T>::isZero(field); }
     void set(T&& value) { field = std::move(value); }
 
-    /// Takes a value that needs no conversion into a zero field. Returns false for any other.
     template <class Source, class Element>
     bool take(const Source& source, Element element) {
         if constexpr (std::integral<T>) {
@@ -71,7 +73,7 @@ struct FieldPlace {
     }
 };
 
-/// A flag in the header of a record, while it is filled.
+/// The place of a flag in the header of a record, for filling.
 struct FlagPlace {
     using Value = bool;
 
@@ -94,7 +96,7 @@ struct FlagPlace {
     }
 };
 
-/// A sparse text, while it is filled.
+/// The place of a sparse text, for filling.
 struct SparsePlace {
     using Value = std::string;
 

@@ -13,17 +13,21 @@
 #include <string_view>
 #include <vector>
 
-/// What differs by the kind of a property's value: its name, its zero, and how it is written into a
-/// Dictionary and into text. How JSON converts to it is the table of JSON::as.
+/// The kinds of property values. Each has its name, tests for its zero, and writes a value into a
+/// Dictionary and into text. The table of JSON::as says how JSON converts to it.
 namespace PerchAppLibrary {
 
-/// One kind, for values of type T. The functions here serve the kinds that have none of their own.
+/// The default functions of a kind, for values of type T.
 template <class T>
 struct PropertyKindOf {
     static bool isZero(const T& value) noexcept { return value.empty(); }
-    static void write(Dictionary& dictionary, std::string_view name, const T& value) {
-        assign(dictionary[name], value);
+
+    /// Adds a value to the dictionary. Requires that the dictionary does not have the key.
+    static void write(Dictionary& dictionary, std::string_view key, const T& value) {
+        assign(dictionary[key], value);
     }
+
+    /// Appends the value as JSON text.
     static void write(std::string& text, const T& value) { text += toText(toValue(value)); }
 };
 
@@ -38,7 +42,7 @@ struct PropertyKind<std::int64_t> {
         dictionary.emplace(key, value);
     }
     static void write(std::string& text, std::int64_t value) {
-        char digits[20]; // "-9223372036854775808"
+        char digits[20]; // for "-9223372036854775808"
         text.append(digits, std::to_chars(digits, std::end(digits), value).ptr);
     }
 };
@@ -57,7 +61,7 @@ template <>
 struct PropertyKind<float> : PropertyKindOf<float> {
     static constexpr std::string_view name = "Float";
     static bool isZero(float value) noexcept {
-        return std::bit_cast<std::uint32_t>(value) == 0; // -0 is another value
+        return std::bit_cast<std::uint32_t>(value) == 0; // -0 is not zero
     }
 };
 

@@ -1,19 +1,17 @@
 #pragma once
 
 #include <PerchAppLibrary/record/RecordSchema.hpp>
+#include <PerchAppLibrary/record/detail/FillPlan.hpp>
 #include <PerchAppLibrary/record/detail/KeyOrder.hpp>
-#include <PerchAppLibrary/record/detail/NameIndex.hpp>
 #include <PerchAppLibrary/record/detail/PlaceAccess.hpp>
 
 #include <boost/container/small_vector.hpp>
 
 #include <algorithm>
 #include <array>
-#include <concepts>
 #include <cstddef>
 #include <cstdint>
 #include <optional>
-#include <span>
 #include <string>
 #include <string_view>
 #include <variant>
@@ -21,61 +19,22 @@
 
 namespace PerchAppLibrary {
 
-/// What is done with the value under a property's key.
-struct FillAction {
-    /// The value is ignored, deferred until its turn in the order of the properties, or put in its
-    /// place at once. Fields have a kind for each type of Property::access, in their order.
-    enum Kind : std::uint8_t { ignore, defer, fillFlag, fillSparseText, fillFirstField };
-
-    std::uint8_t kind;
-    const void* access; // FieldAccess<T> of a value that is put in its place, or null
-};
-
-/// How the properties of a class are filled. Immutable.
-class FillPlan {
-public:
-    /// Requires that the properties outlive the plan.
-    FillPlan(std::span<const Property> properties, bool overridesSetters);
-
-    /// A function to call after the values of some properties have changed.
-    struct Effect {
-        EffectOfChange call;
-        std::vector<std::size_t> properties;
-    };
-
-    const NameIndex& names() const noexcept { return m_names; }
-
-    /// The actions for each property and, last, for an unknown key: of a record that only the
-    /// filling sees while it runs, and of one whose setters are overridden.
-    std::span<const FillAction> directActions() const noexcept { return m_directActions; }
-    std::span<const FillAction> setterActions() const noexcept { return m_setterActions; }
-
-    std::span<const Effect> effects() const noexcept { return m_effects; }
-
-    /// Indexes of the arrays of records.
-    std::span<const std::size_t> arrays() const noexcept { return m_arrays; }
-
-private:
-    NameIndex m_names;
-    std::vector<FillAction> m_setterActions;
-    std::vector<FillAction> m_directActions;
-    std::vector<Effect> m_effects;
-    std::vector<std::size_t> m_arrays;
-};
-
 /// Fills a record, and the arrays of records below it, in one pass over the members of each object.
 ///
-/// A value goes to its place at once where only the filling sees the record meanwhile. The other
-/// properties wait and are set in their order, each to the last value under its key. Arrays of
-/// records come after all others.
+/// Stores a value in its place at once if no other code can read the record meanwhile. Defers the
+/// other values and sets their properties in declaration order, each to the last value under its
+/// key. Sets arrays of records after all others.
 ///
-/// Source finds members and elements, and reads their values. It has a type Element and:
-///     bool forEachMember(Element, visit) const: visit(key, element) for each member, false if the
-///         element is no object; NameIndex::headSize bytes can be read from the begin of a key
-///     bool get(Element, T&) const, for integers, Booleans and texts: no conversion
-///     bool convert(Element, T&) const: by the table of JSON::as; false leaves the value as it is
-///     std::optional<std::size_t> elementCount(Element) const: nullopt if it is no array
-///     void forEachElement(Element, visit) const, isObject(Element), toJSON(Element)
+/// A Source reads a document. It has a type Element and these functions:
+///
+///     bool forEachMember(Element, visit) const; // visit(key, element); false if not an object
+///     bool get(Element, T&) const;              // an integer, Boolean or text; no conversion
+///     bool convert(Element, T&) const;          // like JSON::as; false leaves the T unchanged
+///     std::optional<std::size_t> elementCount(Element) const; // nullopt if not an array
+///     void forEachElement(Element, visit) const;
+///     bool isObject(Element) const;
+///     JSON toJSON(Element) const;
+/// NameIndex::headSize bytes must be readable from the begin of a key.
 template <class Source>
 class RecordFiller {
 public:
@@ -83,21 +42,21 @@ public:
 
     explicit RecordFiller(const Source& source) : m_source(source) {}
 
-    /// Runs the mapping alone: BaseEntity::setValue(json, excluded).
+    /// Runs the mapping, as BaseEntity::setValue(json, excluded) does.
     void map(BaseEntity& record, Element element, const Excluded& excluded) {
         Pass pass(*this, record);
         pass.exclude(excluded);
         pass.run(element);
     }
 
-    /// Runs the mapping and fills the arrays of records: BaseEntity::fillByBase(). Without an
-    /// element, as for one that is no object.
+    /// Runs the mapping and fills the arrays of records, as BaseEntity::fillByBase() does. Treats a
+    /// missing element like one that is not an object.
     void fill(BaseEntity& record, std::optional<Element> element, const Excluded& excluded) {
         fillArrays(record, runPass(record, element, excluded), 0);
     }
 
-    /// Sets an array of records, through its virtual setter, to one record for each element; to
-    /// none if there is no element, or one that is no array.
+    /// Sets an array of records, through its virtual setter, to one record for each element, or to
+    /// none if `element` is missing or not an array.
     void fillArray(const RecordsAccess& access, BaseEntity& record, std::optional<Element> element,
                    std::size_t depth = 0, bool isOverridden = true) {
         if (element && m_source.elementCount(*element)) {
@@ -115,6 +74,7 @@ public:
     }
 
 private:
+    /// The last value under the key of a property that is not yet set.
     struct Deferred {
         std::size_t index;
         Element element;
@@ -126,11 +86,11 @@ private:
         bool isOverridden;
     };
 
-    /// The arrays of records of one record. Few classes have more than one.
+    /// The arrays of one record that are left to fill. Few classes have more than one.
     using Arrays = boost::container::small_vector<ArrayToFill, 1>;
 
-    /// Runs the mapping and returns the arrays that are left to fill. Apart from fillArrays(), so
-    /// that nested records do not keep the large frame of a pass on the stack.
+    /// Runs the mapping and returns the arrays that are left to fill. Not inlined, so the large
+    /// frame of a pass is not on the stack while nested records are filled.
     [[gnu::noinline]] Arrays runPass(BaseEntity& record, std::optional<Element> element,
                                      const Excluded& excluded) {
         Pass pass(*this, record);
@@ -140,8 +100,8 @@ private:
         return pass.arrays();
     }
 
-    /// Like runPass(), for one of many objects. The objects of groups and of their members take
-    /// turns from depth to depth.
+    /// Like runPass(), but for one of many objects. Keeps one order of keys for even depths and one
+    /// for odd, since groups and their members alternate.
     [[gnu::noinline]] Arrays runPass(BaseEntity& record, Element element, std::size_t depth) {
         Pass pass(*this, record);
         pass.run(element, &m_orders[depth % m_orders.size()]);
@@ -185,7 +145,7 @@ private:
 
     enum class FillState : std::uint8_t { untouched, excluded, deferred, filled };
 
-    /// The filling of one record.
+    /// Fills one record, in one pass over the members of an object.
     class Pass {
     public:
         Pass(RecordFiller& filler, BaseEntity& record)
@@ -195,10 +155,10 @@ private:
               m_plan(m_schema.fillPlan()),
               m_isExact(isExactly(record, m_schema.type())),
               m_actions(m_isExact ? m_plan.directActions().data() : m_plan.setterActions().data()),
-              m_states(m_usualStates.data()) {
-            if (const std::size_t count = m_schema.properties().size(); count > usualCount) {
-                m_manyStates.resize(count);
-                m_states = m_manyStates.data();
+              m_states(m_inlineStates.data()) {
+            if (const std::size_t count = m_schema.properties().size(); count > inlineCount) {
+                m_heapStates.resize(count);
+                m_states = m_heapStates.data();
             }
         }
 
@@ -209,20 +169,20 @@ private:
             for (const std::string& key : excluded.keys())
                 if (const std::size_t index = m_schema.find(key); index != RecordSchema::notFound) {
                     m_states[index] = FillState::excluded;
-                    if (m_actions[index].access != nullptr) // which does not ask for the state
+                    if (m_actions[index].access != nullptr) // a direct action ignores the state
                         m_actions = m_plan.setterActions().data();
                 }
         }
 
-        /// Runs the mapping. With an order, for one of many objects.
+        /// Runs the mapping. For one of many objects, takes the order of their keys.
         void run(Element element, KeyOrder* order = nullptr) {
             fillPlaces(element, order);
             if (!m_deferred.empty())
                 setDeferred();
         }
 
-        /// Returns the arrays of records that are left to fill. Empties those without an element,
-        /// unless a subclass can see when that happens.
+        /// Returns the arrays of records that are left to fill. Empties those without an element at
+        /// once, unless an override could observe the order.
         Arrays arrays() const {
             const bool isOverridden =
                 !m_isExact || m_schema.overrides().setters || m_schema.overrides().getters;
@@ -246,8 +206,7 @@ private:
     private:
         friend class RecordFiller;
 
-        /// Calls the effects of what has been filled, also when an exception interrupts the
-        /// filling.
+        /// Calls the effects of the properties that were filled, even after an exception.
         struct Effects {
             Pass& pass;
             ~Effects() { pass.callEffects(); }
@@ -256,25 +215,25 @@ private:
         void fillPlaces(Element element, KeyOrder* order) {
             const Effects effects{*this};
             if (order == nullptr)
-                takeMembers(element, [&names = m_plan.names()](std::string_view key) {
+                visitMembers(element, [&names = m_plan.names()](std::string_view key) {
                     return names.findReadable(key);
                 });
             else
-                takeMembersInOrder(element, *order);
+                visitMembersInOrder(element, *order);
         }
 
         template <class Find>
-        void takeMembers(Element element, Find find) {
+        void visitMembers(Element element, Find find) {
             m_filler.m_source.forEachMember(element, [&](std::string_view key, Element member) {
                 const std::uint32_t index = find(key);
                 handlers[m_actions[index].kind](*this, m_actions[index], index, member);
             });
         }
 
-        void takeMembersInOrder(Element element, KeyOrder& order) {
+        void visitMembersInOrder(Element element, KeyOrder& order) {
             order.startRecord(m_plan.names());
             std::uint32_t* guess = &order.first();
-            takeMembers(element, [&](std::string_view key) {
+            visitMembers(element, [&](std::string_view key) {
                 const std::uint32_t index = m_plan.names().findReadable(key, *guess);
                 guess = &order.after(*guess);
                 return index;
@@ -306,8 +265,8 @@ private:
         void set(const RecordsAccess&, Element) {}
         void set(const ComputedAccess&, Element) {}
 
-        /// Records of up to this many properties are filled without an allocation.
-        static constexpr std::size_t usualCount = 64;
+        /// Filling a record of up to this many properties does not allocate for the pass.
+        static constexpr std::size_t inlineCount = 64;
 
         RecordFiller& m_filler;
         BaseEntity& m_record;
@@ -315,10 +274,10 @@ private:
         const FillPlan& m_plan;
         bool m_isExact;
         const FillAction* m_actions;
-        std::array<FillState, usualCount> m_usualStates{};
-        std::vector<FillState> m_manyStates;
-        FillState* m_states;                                             // of all properties
-        boost::container::small_vector<Deferred, usualCount> m_deferred; // one for a property
+        std::array<FillState, inlineCount> m_inlineStates{};
+        std::vector<FillState> m_heapStates;
+        FillState* m_states; // one for each property, in one of the two above
+        boost::container::small_vector<Deferred, inlineCount> m_deferred; // at most one a property
     };
 
     using Handler = void (*)(Pass& pass, const FillAction& action, std::size_t index,
@@ -347,20 +306,21 @@ private:
             if (place.take(pass.m_filler.m_source, element)) [[likely]]
                 return;
         }
-        fillOtherPlace(pass, action, index, element, place);
+        fillPlaceSlowly(pass, action, index, element, place);
     }
 
-    /// For a value that is not zero, or an element that needs conversion. Apart from fillPlace(),
-    /// which runs for each member, so that it needs few registers.
+    /// Like fillPlace(), for a value that is not zero or an element that needs conversion. Not
+    /// inlined, so fillPlace(), which runs for nearly every member, needs few registers.
     template <class Place>
-    [[gnu::noinline]] static void fillOtherPlace(Pass& pass, const FillAction& action,
-                                                 std::size_t index, Element element, Place& place) {
-        // An earlier value may have to stay: a later member with this key may not convert.
+    [[gnu::noinline]] static void fillPlaceSlowly(Pass& pass, const FillAction& action,
+                                                  std::size_t index, Element element,
+                                                  Place& place) {
+        // An earlier value may have to stay, since a later member with this key may not convert.
         if (pass.m_states[index] != FillState::filled) {
             defer(pass, action, index, element);
             return;
         }
-        // Without a conversion, the value is zero, as it was before the first member with this key.
+        // If it does not convert, the value is zero, as before the first member with this key.
         typename Place::Value value{};
         if (!pass.m_filler.m_source.convert(element, value))
             value = {};
@@ -376,7 +336,7 @@ private:
             return &ignore;
     }
 
-    /// By FillAction::Kind.
+    /// The handlers, indexed by FillAction::Kind.
     static constexpr auto handlers = []<std::size_t... Index>(std::index_sequence<Index...>) {
         return std::array<Handler, FillAction::fillFirstField + sizeof...(Index)>{
             &ignore, &defer, &fillPlace<FieldAccess<bool>, FlagPlace>,
@@ -386,10 +346,5 @@ private:
     const Source& m_source;
     std::array<KeyOrder, 2> m_orders;
 };
-
-/// What RecordFiller does, from a parsed document: RecordFiller::map(), fill() and fillArray().
-void mapRecord(BaseEntity& record, const JSON& json, const Excluded& excluded);
-void fillRecord(BaseEntity& record, const JSON& json, const Excluded& excluded);
-void fillArray(const RecordsAccess& access, BaseEntity& record, const JSON& json);
 
 } // namespace PerchAppLibrary

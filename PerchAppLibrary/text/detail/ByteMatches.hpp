@@ -14,11 +14,11 @@
 #include <arm_neon.h>
 #endif
 
-/// Finds a byte in a text, sixteen bytes at a time on 64-bit x86 and ARM. Private to the text
-/// module.
+/// Finds bytes in a text, 16 bytes at a time on 64-bit x86 and ARM.
 namespace PerchAppLibrary::text {
 
-/// A byte that is looked for; a letter of ASCII in both cases. Prepared once for many texts.
+/// A byte to find, prepared once for many texts. With `ignoresCase`, an ASCII letter is found in
+/// both cases.
 struct SoughtByte {
     /// Capital and small letters of ASCII differ in this bit: 'A' is 01000001, 'a' is 01100001.
     static constexpr char caseBit = 0x20;
@@ -31,12 +31,12 @@ struct SoughtByte {
         value.fill(ignoresCase && isLetter ? small : byte);
     }
 
-    std::array<char, 16> ignored{}; // bits, the same for each byte of a block
-    std::array<char, 16> value{};
+    std::array<char, 16> ignored{}; // the ignored bits, for each byte of a block
+    std::array<char, 16> value{};   // the byte with these bits set
 };
 
-/// For each of the bytes of a text, the first in the lowest bit, whether it is the first and
-/// whether it is the last one of a needle.
+/// The bytes of a text that match the first byte of a needle, and those that match its last. Bit n
+/// is for byte n of the text.
 struct ByteMatches {
     static constexpr std::size_t most = 64;
 
@@ -44,7 +44,7 @@ struct ByteMatches {
     std::uint64_t last = 0;
 };
 
-/// Like matchesOf(), on every processor, byte by byte.
+/// Like matchesOf(), but byte by byte, for any processor.
 inline ByteMatches matchesByByte(std::string_view text, const SoughtByte& first,
                                  const SoughtByte& last) noexcept {
     ByteMatches matches;
@@ -90,10 +90,10 @@ inline Block blockOf(Word low, Word high) noexcept {
 inline std::uint64_t matchesIn(Block block, const SoughtByte& sought) noexcept {
     const Block comparable = vorrq_u8(block, loadBlock(sought.ignored.data()));
     const Block same = vceqq_u8(comparable, loadBlock(sought.value.data()));
-    // A matching byte becomes the bit of its place. NEON has no instruction that gathers these
-    // bits; their sums are the same.
-    constexpr Word bitOfPlace = 0x8040201008040201U;
-    const Block bits = vandq_u8(same, blockOf(bitOfPlace, bitOfPlace));
+    // Each matching byte becomes the bit for its position. NEON has no instruction that gathers
+    // bits, so they are added.
+    constexpr Word positionBits = 0x8040201008040201U;
+    const Block bits = vandq_u8(same, blockOf(positionBits, positionBits));
     return std::uint64_t{vaddv_u8(vget_low_u8(bits))} | std::uint64_t{vaddv_u8(vget_high_u8(bits))}
                                                             << 8U;
 }
@@ -102,7 +102,7 @@ inline std::uint64_t matchesIn(Block block, const SoughtByte& sought) noexcept {
 
 #ifdef PERCH_HAS_BLOCKS
 
-/// Loads a text of fewer than sixteen bytes, followed by zeros.
+/// Loads a text and pads it with zeros. Requires fewer than 16 bytes.
 inline Block loadPart(std::string_view text) noexcept {
     const std::size_t size = text.size();
     if (size < wordSize) {
@@ -110,25 +110,25 @@ inline Block loadPart(std::string_view text) noexcept {
         std::memcpy(&word, text.data(), size);
         return blockOf(word, 0);
     }
-    // The last eight, without those that are among the first.
+    // The last eight bytes, without those that are also among the first eight.
     const Word rest =
         loadWord(text.data() + size - wordSize) >> (8 * (2 * wordSize - 1 - size)) >> 8U;
     return blockOf(loadWord(text.data()), rest);
 }
 
-/// Requires a text of 1 to 64 bytes.
+/// Returns the matches of both bytes in a text. Requires 1 to 64 bytes.
 inline ByteMatches matchesOf(std::string_view text, const SoughtByte& first,
                              const SoughtByte& last) noexcept {
     constexpr std::size_t blockSize = sizeof(Block);
     if (text.size() < blockSize) {
         const Block block = loadPart(text);
-        const std::uint64_t inside =
-            (std::uint64_t{1} << text.size()) - 1; // a needle may hold zeros, too
+        // Excludes the padding, since a needle may hold zeros.
+        const std::uint64_t inside = (std::uint64_t{1} << text.size()) - 1;
         return {matchesIn(block, first) & inside, matchesIn(block, last) & inside};
     }
     ByteMatches matches;
     for (std::size_t at = 0; at < text.size(); at += blockSize) {
-        at = std::min(at, text.size() - blockSize); // the last block may overlap the one before it
+        at = std::min(at, text.size() - blockSize); // The last block may overlap its predecessor.
         const Block block = loadBlock(text.data() + at);
         matches.first |= matchesIn(block, first) << at;
         matches.last |= matchesIn(block, last) << at;
@@ -138,7 +138,7 @@ inline ByteMatches matchesOf(std::string_view text, const SoughtByte& first,
 
 #else
 
-/// Requires a text of 1 to 64 bytes.
+/// Returns the matches of both bytes in a text. Requires 1 to 64 bytes.
 inline ByteMatches matchesOf(std::string_view text, const SoughtByte& first,
                              const SoughtByte& last) noexcept {
     return matchesByByte(text, first, last);

@@ -35,7 +35,7 @@ bool FoldCache::appendHangul(std::int32_t codePoint) {
     constexpr std::int32_t firstVowel = 0x1161;
     constexpr std::int32_t beforeTrails = 0x11A7;
     constexpr std::int32_t vowels = 21;
-    constexpr std::int32_t trails = 28; // none among them
+    constexpr std::int32_t trails = 28; // including none
     constexpr std::int32_t syllables = 19 * vowels * trails;
     const std::int32_t index = codePoint - firstSyllable;
     if (index < 0 || index >= syllables)
@@ -48,8 +48,8 @@ bool FoldCache::appendHangul(std::int32_t codePoint) {
 }
 
 const FoldCache::Entry& FoldCache::entryOf(std::int32_t codePoint) {
-    const auto place = static_cast<std::uint32_t>(codePoint ^ (codePoint >> 8)) % m_entries.size();
-    Entry& entry = m_entries[place];
+    const auto slot = static_cast<std::uint32_t>(codePoint ^ (codePoint >> 8)) % m_entries.size();
+    Entry& entry = m_entries[slot];
     if (entry.codePoint != codePoint)
         fill(entry, codePoint);
     return entry;

@@ -10,17 +10,18 @@
 
 namespace PerchAppLibrary::text {
 
-/// A cache of the compared forms of single characters, which ICU computes. Private to ComparedText.
+/// A cache of the compared forms of single characters, which ICU computes.
 ///
-/// The compared form of a text is that of its characters, one after the other, unless marks have to
-/// be put into canonical order (Unicode Standard, section 3.11). Upper-casing has no context here
-/// (section 3.13).
+/// The compared form of a text is that of its characters, one after the other, unless its marks are
+/// not in canonical order (Unicode Standard, section 3.11). In the root locale, upper-casing a
+/// character does not depend on its context (section 3.13).
 class FoldCache {
 public:
     explicit FoldCache(Case letterCase) : m_case(letterCase) {}
 
-    /// Returns the compared form of the text (any bytes), which lives until the next call, or
+    /// Returns the compared form of the text (any bytes), which lives until the next call. Returns
     /// nullopt if marks are not in canonical order or the form of a character exceeds nine bytes.
+    /// Linear.
     std::optional<std::string_view> formOf(std::string_view text);
 
 private:
@@ -29,9 +30,9 @@ private:
     struct Entry {
         std::int32_t codePoint = -1;
         std::uint8_t firstClass = 0; // combining class of the first character of its decomposition
-        std::uint8_t lastClass = 0;  // and of the last
-        std::uint8_t length = 0;     // of the compared form, or tooLong
-        char bytes[9] = {};          // three characters of three bytes each
+        std::uint8_t lastClass = 0;  // combining class of the last character of it
+        std::uint8_t length = 0;     // length of the compared form, or tooLong
+        char bytes[9] = {};          // the compared form: up to three characters of three bytes
     };
 
     /// Appends the letters of a Hangul syllable (Unicode Standard, section 3.12), which have no
@@ -43,7 +44,7 @@ private:
 
     Case m_case;
     std::string m_form;
-    std::array<Entry, 256> m_entries; // direct-mapped: a character has one slot
+    std::array<Entry, 256> m_entries; // direct-mapped: each character has one slot
 };
 
 } // namespace PerchAppLibrary::text

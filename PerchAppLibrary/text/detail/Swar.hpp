@@ -5,7 +5,7 @@
 #include <cstring>
 #include <string_view>
 
-/// Work on eight bytes of text at once, in a machine word of either byte order (SIMD within a
+/// Processes eight bytes of text at once, in a machine word of either byte order (SIMD within a
 /// register).
 namespace PerchAppLibrary::text {
 
@@ -13,7 +13,7 @@ using Word = std::uint64_t;
 
 constexpr std::size_t wordSize = sizeof(Word);
 constexpr Word everyByte = 0x0101010101010101U;
-constexpr Word highBits = 0x8080808080808080U; // 10000000 in every byte; set in none that is ASCII
+constexpr Word highBits = 0x8080808080808080U; // 10000000 in each byte; clear in ASCII
 
 inline Word loadWord(const char* bytes) noexcept {
     Word word;
@@ -23,8 +23,8 @@ inline Word loadWord(const char* bytes) noexcept {
 
 inline void storeWord(char* bytes, Word word) noexcept { std::memcpy(bytes, &word, wordSize); }
 
-/// Calls `visit(offset, word)` for words that cover the text. The last may overlap the one before
-/// it; a text shorter than a word is padded with zeros.
+/// Calls `visit(offset, word)` for words that cover the text. The last word may overlap the one
+/// before it. A text shorter than a word is padded with zeros.
 template <class Visitor>
 void forEachWord(std::string_view text, Visitor&& visit) {
     std::size_t at = 0;
@@ -41,7 +41,7 @@ void forEachWord(std::string_view text, Visitor&& visit) {
     visit(0, word);
 }
 
-/// Returns the bytes of the text or-ed together, in no certain order.
+/// Returns words of the text or-ed together, so a byte's position in the result means nothing.
 inline Word anyBytes(std::string_view text) noexcept {
     Word any = 0;
     forEachWord(text, [&any](std::size_t, Word word) { any |= word; });
@@ -50,7 +50,7 @@ inline Word anyBytes(std::string_view text) noexcept {
 
 inline bool isASCII(std::string_view text) noexcept { return (anyBytes(text) & highBits) == 0; }
 
-/// Returns the byte, eight times.
+/// Returns a word of eight such bytes.
 constexpr Word repeated(char byte) noexcept { return everyByte * static_cast<std::uint8_t>(byte); }
 
 /// Returns the bytes with ASCII letters upper-cased.

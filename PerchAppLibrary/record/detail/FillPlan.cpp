@@ -1,0 +1,74 @@
+#include <PerchAppLibrary/record/detail/FillPlan.hpp>
+
+#include <algorithm>
+#include <string_view>
+#include <variant>
+
+namespace PerchAppLibrary {
+namespace {
+
+std::vector<std::string_view> namesOf(std::span<const Property> properties) {
+    std::vector<std::string_view> names;
+    names.reserve(properties.size());
+    for (const Property& property : properties)
+        names.push_back(property.name);
+    return names;
+}
+
+/// Returns the action that stores a value in its place.
+FillAction directActionOf(const Property& property) {
+    return std::visit(
+        [&]<class Access>(const Access& access) -> FillAction {
+            if constexpr (requires { access.place; })
+                switch (access.place) {
+                case Place::field:
+                    return {static_cast<std::uint8_t>(FillAction::fillFirstField +
+                                                      property.access.index()),
+                            &access};
+                case Place::flag:
+                    return {FillAction::fillFlag, &access};
+                case Place::sparse:
+                    return {FillAction::fillSparseText, &access};
+                case Place::none:
+                    break;
+                }
+            return {FillAction::defer, nullptr};
+        },
+        property.access);
+}
+
+EffectOfChange effectOf(const Property& property) {
+    return std::visit(
+        []<class Access>(const Access& access) -> EffectOfChange {
+            if constexpr (requires { access.effect; })
+                return access.effect;
+            else
+                return nullptr; // an array's setter calls its effect
+        },
+        property.access);
+}
+
+} // namespace
+
+FillPlan::FillPlan(std::span<const Property> properties, bool overridesSetters)
+    : m_names(namesOf(properties)),
+      m_setterActions(properties.size(), FillAction{FillAction::defer, nullptr}) {
+    m_setterActions.push_back({FillAction::ignore, nullptr});
+    m_directActions = m_setterActions;
+    for (std::size_t index = 0; index < properties.size(); ++index) {
+        const Property& property = properties[index];
+        if (std::holds_alternative<RecordsAccess>(property.access))
+            m_arrays.push_back(index);
+        if (overridesSetters) // A setter may read other properties, so all are set in order.
+            continue;
+        m_directActions[index] = directActionOf(property);
+        if (const EffectOfChange call = effectOf(property); call != nullptr) {
+            auto known = std::ranges::find(m_effects, call, &Effect::call);
+            if (known == m_effects.end())
+                known = m_effects.insert(known, Effect{call, {}});
+            known->properties.push_back(index);
+        }
+    }
+}
+
+} // namespace PerchAppLibrary

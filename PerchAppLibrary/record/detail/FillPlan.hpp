@@ -1,0 +1,59 @@
+#pragma once
+
+#include <PerchAppLibrary/record/RecordSchema.hpp>
+#include <PerchAppLibrary/record/detail/NameIndex.hpp>
+
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <vector>
+
+namespace PerchAppLibrary {
+
+/// The action for a value under a property's key.
+struct FillAction {
+    /// Ignores the value, defers it until the property's turn, or stores it in its place at once.
+    /// Each type of Property::access has a kind for its fields, from fillFirstField, in their
+    /// order.
+    enum Kind : std::uint8_t { ignore, defer, fillFlag, fillSparseText, fillFirstField };
+
+    std::uint8_t kind;
+    const void* access; // the FieldAccess<T> of an action that stores a value, else null
+};
+
+/// The plan by which the records of a class are filled. Immutable.
+class FillPlan {
+public:
+    /// Requires that the properties outlive the plan.
+    FillPlan(std::span<const Property> properties, bool overridesSetters);
+
+    /// A function to call after a change of any of these properties.
+    struct Effect {
+        EffectOfChange call;
+        std::vector<std::size_t> properties; // indexes
+    };
+
+    const NameIndex& names() const noexcept { return m_names; }
+
+    /// Returns the action for each property and, last, for an unknown key. For a record of exactly
+    /// the class, which no code but the filler reads meanwhile.
+    std::span<const FillAction> directActions() const noexcept { return m_directActions; }
+
+    /// Like directActions(), but defers all values. For a record of a subclass, or with excluded
+    /// properties.
+    std::span<const FillAction> setterActions() const noexcept { return m_setterActions; }
+
+    std::span<const Effect> effects() const noexcept { return m_effects; }
+
+    /// Returns the indexes of the arrays of records.
+    std::span<const std::size_t> arrays() const noexcept { return m_arrays; }
+
+private:
+    NameIndex m_names;
+    std::vector<FillAction> m_setterActions;
+    std::vector<FillAction> m_directActions;
+    std::vector<Effect> m_effects;
+    std::vector<std::size_t> m_arrays;
+};
+
+} // namespace PerchAppLibrary

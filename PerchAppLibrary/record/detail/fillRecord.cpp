@@ -1,0 +1,92 @@
+#include <PerchAppLibrary/record/detail/fillRecord.hpp>
+
+#include <PerchAppLibrary/json/detail/Conversion.hpp>
+#include <PerchAppLibrary/json/detail/JSONElement.hpp>
+#include <PerchAppLibrary/record/detail/RecordFiller.hpp>
+
+namespace PerchAppLibrary {
+namespace {
+
+/// A parsed document as the Source of a RecordFiller.
+class DocumentSource {
+public:
+    using Element = simdjson::dom::element;
+
+    explicit DocumentSource(JSON json) noexcept : m_json(std::move(json)) {}
+
+    /// Returns the JSON itself, or nullopt for JSON::null, which belongs to no document.
+    std::optional<Element> root() const noexcept { return JSONElement::of(m_json); }
+
+    template <class Visitor>
+    bool forEachMember(Element element, Visitor visit) const {
+        // In the document, other texts and the parser's padding follow the text of a key.
+        static_assert(NameIndex::headSize <= simdjson::SIMDJSON_PADDING);
+        simdjson::dom::object members;
+        if (element.get(members) != simdjson::SUCCESS)
+            return false;
+        const auto end = members.end();
+        for (auto member = members.begin(); member != end; ++member)
+            visit(member.key(), member.value());
+        return true;
+    }
+
+    template <class Visitor>
+    void forEachElement(Element element, Visitor visit) const {
+        simdjson::dom::array elements;
+        if (element.get(elements) == simdjson::SUCCESS)
+            for (const Element each : elements)
+                visit(each);
+    }
+
+    /// Returns the number of elements, which the parser counts up to 0xFFFFFF.
+    static std::optional<std::size_t> elementCount(Element element) noexcept {
+        simdjson::dom::array elements;
+        return element.get(elements) == simdjson::SUCCESS ? std::optional(elements.size())
+                                                          : std::nullopt;
+    }
+
+    static bool isObject(Element element) noexcept { return element.is_object(); }
+
+    template <class T>
+    bool get(Element element, T& value) const noexcept {
+        return element.get(value) == simdjson::SUCCESS;
+    }
+
+    template <class T>
+    bool convert(Element element, T& value) const {
+        return convertElement(element, value);
+    }
+
+    JSON toJSON(Element element) const noexcept {
+        return JSONElement::inDocumentOf(m_json, element);
+    }
+
+private:
+    JSON m_json; // a copy, since filling may set a property that holds the given one
+};
+
+} // namespace
+
+void readRecords(const JSON& json, bool onlyObjects, RecordSink& sink) {
+    const DocumentSource source(json);
+    if (const auto root = source.root())
+        RecordFiller(source).readInto(sink, *root, onlyObjects);
+}
+
+void mapRecord(BaseEntity& record, const JSON& json, const Excluded& excluded) {
+    const DocumentSource source(json);
+    if (const auto root = source.root())
+        RecordFiller(source).map(record, *root, excluded);
+}
+
+void fillRecord(BaseEntity& record, const JSON& json, const Excluded& excluded) {
+    const DocumentSource source(json);
+    RecordFiller(source).fill(record, source.root(), excluded);
+}
+
+void fillArray(const RecordsAccess& access, BaseEntity& record, const JSON& json) {
+    const DocumentSource source(json);
+    RecordFiller(source).fillArray(access, record, source.root());
+}
+
+} // namespace PerchAppLibrary
