@@ -20,6 +20,16 @@ public:
         return m_work + '/' + std::to_string(m_leaves) + '/' + side;
     }
 
+    /// Returns a function that tests whether the digest of the side equals that of the others. It
+    /// calls `digest()` once.
+    auto consistencyCheck(std::string side, std::function<std::size_t()> digest) const {
+        return [side = std::move(side), digest = std::move(digest), digests = m_digests] {
+            if (!digests->contains(side))
+                digests->emplace(side, digest());
+            return digests->at(side) == digests->begin()->second;
+        };
+    }
+
     /// Adds a side. `run()` does the work and is timed, without the destruction of its result.
     /// `digest(result)` is a hash of the result. A side whose digest differs from the others is
     /// reported as an error and not timed.
@@ -39,16 +49,6 @@ public:
         };
         benchmark::RegisterBenchmark(benchmarkName(side).c_str(), time)
             ->Unit(benchmark::kMillisecond);
-    }
-
-    /// Returns a function that tests whether the digest of the side equals that of the others. It
-    /// calls `digest()` once.
-    auto consistencyCheck(std::string side, std::function<std::size_t()> digest) const {
-        return [side = std::move(side), digest = std::move(digest), digests = m_digests] {
-            if (!digests->contains(side))
-                digests->emplace(side, digest());
-            return digests->at(side) == digests->begin()->second;
-        };
     }
 
 private:

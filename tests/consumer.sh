@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# The library as a user gets it: installed, found, built against, run. consumer.sh BUILD SOURCE COMPILER
+# consumer.sh BUILD SOURCE COMPILER: installs the library, and builds and runs a program with it.
 set -eu
 prefix=$(mktemp -d)
 trap 'rm -rf "$prefix"' EXIT
@@ -8,8 +8,9 @@ if find "$prefix/usr" -name detail | grep .; then
     echo "Private headers are installed"
     exit 1
 fi
-cmake -G Ninja -S "$2/tests/consumer" -B "$prefix/build" -DCMAKE_PREFIX_PATH="$prefix/usr" -DCMAKE_CXX_COMPILER="$3" \
-    -DEXAMPLE="$2/examples/own-record.cpp" >"$prefix/log" || { cat "$prefix/log"; exit 1; }
+cmake -G Ninja -S "$2/tests/consumer" -B "$prefix/build" -DCMAKE_PREFIX_PATH="$prefix/usr" \
+    -DCMAKE_CXX_COMPILER="$3" -DEXAMPLE="$2/examples/own-record.cpp" >"$prefix/log" ||
+    { cat "$prefix/log"; exit 1; }
 cmake --build "$prefix/build" >"$prefix/log" || { cat "$prefix/log"; exit 1; }
 "$prefix/build/consumer" | grep '^1 favourite$'
 [ ! -e "$prefix/usr/bin/velmo" ] || "$prefix/usr/bin/velmo" --version

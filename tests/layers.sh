@@ -11,18 +11,19 @@ rooms() {
 
 # The includes as lines: file, what it includes. Names with neither "." nor "/" are the standard's.
 includes() {
-    grep -roE --include='*.hpp' --include='*.cpp' '^ *# *include *["<][^">]*[./][^">]*' PerchAppLibrary VelmoCloudEntity |
-        sed -E 's/: *# *include *["<]/\t/' | sort
+    grep -roE --include='*.hpp' --include='*.cpp' '^ *# *include *["<][^">]*[./][^">]*' \
+        PerchAppLibrary VelmoCloudEntity | sed -E 's/: *# *include *["<]/\t/' | sort
 }
 
 awk -F'\t' '
     function room(path) { sub(/(\/detail)?\/[^\/]*$/, "", path); return path }
     function complain(why) { print $1 ": includes <" $2 ">, but " why; failed = 1 }
-    # Returns whether a word of the list is the path, its room, or a begin of it that ends in "/" or a name.
+    # Returns whether a word of the list is the path, its room, or ends in "/" and begins the path.
     function allows(list, path, words, n, i) {
         n = split(list, words, " ")
         for (i = 1; i <= n; ++i)
-            if (path == words[i] || room(path) == words[i] || (words[i] ~ /\/$/ && index(path, words[i]) == 1))
+            if (path == words[i] || room(path) == words[i] ||
+                (words[i] ~ /\/$/ && index(path, words[i]) == 1))
                 return 1
         return 0
     }
@@ -34,17 +35,20 @@ awk -F'\t' '
         if ($2 !~ /^(PerchAppLibrary|VelmoCloudEntity)\//) {
             if (!allows(others[from], $2)) complain("its room may not")
             name = $1; sub(/.*\//, "", name)
-            if (!private && index(" " public[from] " ", " " name " ") == 0) complain("it is a public header")
+            if (!private && index(" " public[from] " ", " " name " ") == 0)
+                complain("it is a public header")
         } else {
             if (room($2) != from && !allows(may[from], $2)) complain("its room may not")
-            if ($2 ~ /\/detail\// && (!private || index($2, library[1] "/") != 1)) complain("that is private")
+            if ($2 ~ /\/detail\// && (!private || index($2, library[1] "/") != 1))
+                complain("that is private")
         }
     }
     END { if (seen == 0) print "no includes found"; exit failed || seen == 0 }
 ' <(rooms) <(includes) || exit 1
 
 if grep -rnE --include='*.hpp' --include='*.cpp' --exclude=fatalError.cpp \
-    '\b(printf|fputs|std::c(out|err)|abort|exit|terminate)\b *[(<]' PerchAppLibrary VelmoCloudEntity; then
+    '\b(printf|fputs|std::c(out|err)|abort|exit|terminate)\b *[(<]' \
+    PerchAppLibrary VelmoCloudEntity; then
     echo "Nothing is printed and no process ended but in fatalError.cpp"
     exit 1
 fi

@@ -1,17 +1,18 @@
 #!/usr/bin/env bash
-# count.sh WORKLOADS [--renew]: counts the instructions of each workload, which a busy machine does not change, and fails where
-# one takes over 5 % more than the counts that are kept beside this script. --renew keeps the new ones.
+# count.sh PROGRAM [--renew]: counts the instructions of each workload of the program. A busy machine
+# does not change them. Fails if a workload takes over 5 % more than counts.txt says. --renew writes
+# the counts to counts.txt.
 set -euo pipefail
-workloads=$1
+program=$1
 kept=$(dirname "$0")/counts.txt
 counted=$(mktemp)
 trap 'rm -f "$counted"' EXIT
 
-# One implementation of simdjson, whatever the processor has.
+# One implementation of simdjson, independent of the processor.
 export SIMDJSON_FORCE_IMPLEMENTATION=westmere
-for name in $("$workloads"); do
-    output=$(valgrind --tool=callgrind --callgrind-out-file=/dev/null --toggle-collect=measured "$workloads" "$name" 2>&1) ||
-        { printf '%s\n' "$output"; exit 1; }
+for name in $("$program"); do
+    output=$(valgrind --tool=callgrind --callgrind-out-file=/dev/null --toggle-collect=measured \
+        "$program" "$name" 2>&1) || { printf '%s\n' "$output"; exit 1; }
     printf '%s %s\n' "$name" "$(sed -n 's/.*Collected : //p' <<<"$output")" >>"$counted"
 done
 if [ "${2:-}" = --renew ]; then
@@ -22,10 +23,11 @@ fi
 status=0
 while read -r name count; do
     before=$(sed -n "s/^$name //p" "$kept")
-    change=$(awk -v now="$count" -v before="${before:-0}" 'BEGIN { printf "%.1f", before ? 100 * (now / before - 1) : 100 }')
+    change=$(awk -v now="$count" -v before="${before:-0}" \
+        'BEGIN { printf "%.1f", before ? 100 * (now / before - 1) : 100 }')
     printf '%-12s %12s instructions, %+.1f %%\n' "$name" "$count" "$change"
     if awk -v change="$change" 'BEGIN { exit change <= 5 }'; then
-        printf '%s has become slower (%s before)\n' "$name" "${before:-none}"
+        printf '%s takes more instructions than before (%s)\n' "$name" "${before:-none}"
         status=1
     fi
 done <"$counted"

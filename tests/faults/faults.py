@@ -1,0 +1,337 @@
+#!/usr/bin/env python3
+"""Puts faults into a copy of the sources and shows which tests notice each.
+
+    faults.py prepare COUNT   copies the project, puts about COUNT faults in, and builds the copy
+    faults.py run [N...]      runs every test against each fault (or these), and keeps the results
+    faults.py report          prints the table: fault, who noticed it
+
+All faults are compiled in at once. The environment variable PERCH_FAULT chooses the one that is
+active, so one build serves all. A fault that does not compile is dropped.
+"""
+import concurrent.futures
+import json
+import os
+import random
+import re
+import subprocess
+import sys
+from pathlib import Path
+
+ROOT = Path(__file__).resolve().parents[2]
+WORK = ROOT / "build" / "faults"
+COPY = WORK / "source"
+BUILD = WORK / "build"
+FAULTS = WORK / "faults.json"
+REFUSED = WORK / "refused.json" # do not compile
+RESULTS = WORK / "results.json"
+
+HEADER = """#pragma once
+#include <concepts>
+namespace faults {
+extern int active;
+constexpr bool at(int number) noexcept {
+    return !__builtin_is_constant_evaluated() && active == number;
+}
+template <std::same_as<bool> Flag> // nothing else, which would convert
+constexpr bool flipped(int number, Flag flag) noexcept {
+    return flag != at(number);
+}
+} // namespace faults
+"""
+DEFINITION = """#include "faults.hpp"
+#include <cstdlib>
+namespace faults {
+int active = 0;
+// Before all initialisers.
+[[gnu::constructor(101)]] static void choose() {
+    if (const char* const text = std::getenv("PERCH_FAULT"))
+        active = std::atoi(text);
+}
+} // namespace faults
+"""
+
+# Words on a line that is only known to the compiler, or that never runs.
+STATIC = re.compile(r"= (delete|default);|\b(static_assert|constexpr|consteval|template|requires|case|enum|using|noexcept\()"
+                    r"|^\s*(#|//|\*)|\\$")
+OPEN, CLOSE = "([{", ")]}"
+
+
+def masked(line):
+    """Returns the line with texts, characters and comments blanked, at the same offsets."""
+    line = re.sub(r'"(?:\\.|[^"\\])*"', lambda m: '"' + "_" * (len(m[0]) - 2) + '"', line)
+    line = re.sub(r"'(?:\\.|[^'\\])*'", lambda m: "'" + "_" * (len(m[0]) - 2) + "'", line)
+    return re.sub(r"//.*", lambda m: " " * len(m[0]), line)
+
+
+def closing(line, opening):
+    """Returns the offset of the bracket that closes the one at `opening`, or None."""
+    depth = 0
+    for offset in range(opening, len(line)):
+        depth += (line[offset] in OPEN) - (line[offset] in CLOSE)
+        if depth == 0:
+            return offset
+    return None
+
+
+def operand(line, begin, step):
+    """Returns the offset where the operand that begins at `begin` ends, going by `step`."""
+    depth, offset = 0, begin
+    first, last = (OPEN, CLOSE) if step > 0 else (CLOSE, OPEN)
+    while 0 <= offset < len(line):
+        letter = line[offset]
+        if depth == 0 and (letter in last or letter in ",;?" or (letter == ":" and ":" not in
+                           (line[offset - 1], line[offset + 1:offset + 2]))):
+            return offset
+        pair = line[offset:offset + 2] if step > 0 else line[offset - 1:offset + 1]
+        if depth == 0 and pair in ("&&", "||"):
+            return offset
+        if depth == 0 and step < 0 and re.search(r"(\breturn| [-+|&]?=) $", line[:offset + 1]):
+            return offset
+        depth += (letter in first) - (letter in last)
+        offset += step
+    return None
+
+
+def conditions(line):
+    for match in re.finditer(r"\b(?:if|while) \(", line):
+        begin = match.end() - 1
+        end = closing(line, begin)
+        inside = line[begin + 1:end] if end else ""
+        if end and ";" not in inside and not re.search(r"[^=!<>]=[^=]", inside):
+            yield begin + 1, end, "static_cast<bool>({text}) != FAULT", "condition negated"
+
+
+def returns(line):
+    match = re.search(r"\breturn ([^;]+);", line)
+    if match and match[1] not in ("*this", "this"):
+        if re.search(r"==|!=|<=|>=| < | > |&&|\|\||^!|^(true|false)$|\bis[A-Z]|contains\(|empty\(", match[1]):
+            yield match.start(1), match.end(1), "::faults::flipped(NUMBER, {text})", "result negated"
+        elif "{" not in match[1]:
+            yield match.start(), match.end(), "{ if (FAULT) return {}; {text} }", "returns nothing"
+
+
+def comparisons(line):
+    for match in re.finditer(r" (<|<=|>|>=|==|!=) ", line):
+        left, right = operand(line, match.start(), -1), operand(line, match.end(), 1)
+        if left is None or right is None:
+            continue
+        begin = left + 1 + (len(line[left + 1:]) - len(line[left + 1:].lstrip()))
+        other = {"<": "<=", "<=": "<", ">": ">=", ">=": ">", "==": "!=", "!=": "=="}[match[1]]
+        yield begin, right, "", f"{match[1]} becomes {other}"
+
+
+def connectives(line):
+    for match in re.finditer(r" (&&|\|\|) ", line):
+        right = operand(line, match.end(), 1)
+        if right is None:
+            continue
+        template = "(FAULT || ({text}))" if match[1] == "&&" else "(!FAULT && ({text}))"
+        yield match.end(), right, template, f"right side of {match[1]} dropped"
+
+
+def numbers(line):
+    for match in re.finditer(r"(?<=[-+*%(=,] )\d+U?\b(?!\.)|(?<=[\[(])\d+U?\b(?=[\])])", line):
+        yield match.start(), match.end(), "({text} + (FAULT ? 1 : 0))", "number is one more"
+
+
+def statements(line):
+    match = re.match(r"\s*((?:\+\+|--)?[A-Za-z_][\w.:]*(?:->[\w.]+|\[[^\]]*\]|\([^;]*?\))*"
+                     r"(?:\s(?:[-+|&^]|<<|>>)?= [^;]+)?);", line)
+    if match and not re.match(r"(return|throw|break|continue|delete|friend|public|private|goto)\b", match[1]) \
+            and re.search(r"[(=]|\+\+|--", match[1]):
+        yield match.start(1), match.end(1), "FAULT ? void() : void({text})", "statement dropped"
+
+
+def defaults(line):
+    match = re.match(r"\s*PERCH_(?:PROPERTY|PROPERTY_SET_BY|CONSTANT)\(([\w:<>]+), (\w+(?:, set\w+)?)(?:, (\S+))?\);", line)
+    if not match or match[1] not in ("std::int64_t", "float", "bool", "std::string"):
+        return
+    flipped = {"bool": "({text}) != FAULT", "std::string": "FAULT ? \"other\" : {text}"}.get(match[1], "({text}) + FAULT")
+    if match[3]:
+        yield match.start(3), match.end(3), flipped, "another default"
+    else:
+        zero = {"bool": "false", "std::string": "\"\""}.get(match[1], "0")
+        yield match.end(2), match.end(2), ", " + flipped.replace("{text}", zero), "another default"
+
+
+KINDS = [conditions, returns, comparisons, connectives, numbers, statements]
+
+
+def sources():
+    listed = subprocess.run(["git", "ls-files", "PerchAppLibrary", "VelmoCloudEntity", "tools"],
+                            cwd=ROOT, check=True, capture_output=True, text=True).stdout.split()
+    return [name for name in listed if name.endswith((".hpp", ".cpp"))]
+
+
+def candidates(name):
+    """Returns all faults that may be put into the file."""
+    found, macro = [], False
+    for number, line in enumerate((ROOT / name).read_text().split("\n")):
+        plain = masked(line)
+        isMacro, macro = macro or plain.lstrip().startswith("#define"), plain.endswith("\\")
+        kinds = [defaults] if "PERCH_" in plain else [] if isMacro or STATIC.search(plain) else KINDS
+        for kind in kinds:
+            for begin, end, template, what in kind(plain):
+                found.append({"file": name, "line": number, "begin": begin, "end": end, "template": template,
+                              "what": what, "kind": kind.__name__, "text": line.strip()})
+    return found
+
+
+def chosen(count):
+    """Returns about `count` faults: some of each file, more where there is more logic."""
+    choose = random.Random(18)
+    byFile = {name: candidates(name) for name in sources()}
+    total = sum(len(found) for found in byFile.values())
+    result = []
+    for found in byFile.values():
+        share = min(len(found), max(1, round(count * len(found) / total)))
+        lines = set()
+        choose.shuffle(found)
+        for fault in found:
+            if share > 0 and fault["line"] not in lines:
+                lines.add(fault["line"])
+                result.append(fault)
+                share -= 1
+    for number, fault in enumerate(result, 1):
+        fault["number"] = number
+    return result
+
+
+def write(faults):
+    """Copies the project with these faults."""
+    subprocess.run(["mkdir", "-p", COPY], check=True)
+    listed = subprocess.run(["git", "ls-files"], cwd=ROOT, check=True, capture_output=True, text=True).stdout.split("\n")
+    texts = {name: (ROOT / name).read_bytes() for name in listed if name and (ROOT / name).is_file()}
+    texts["faults.hpp"] = HEADER.encode()
+    texts["PerchAppLibrary/faults.cpp"] = DEFINITION.encode()
+    sourceList = "PerchAppLibrary/CMakeLists.txt"
+    texts[sourceList] = texts[sourceList].replace(b"add_library(PerchAppLibrary\n", b"add_library(PerchAppLibrary\n  faults.cpp\n", 1)
+    for fault in faults:
+        lines = texts[fault["file"]].decode().split("\n")
+        line, begin, end = lines[fault["line"]], fault["begin"], fault["end"]
+        lines[fault["line"]] = line[:begin] + inserted(fault, line[begin:end]) + line[end:]
+        texts[fault["file"]] = "\n".join(lines).encode()
+    for name, text in texts.items(): # an unchanged file keeps its time, and is not compiled again
+        path = COPY / name
+        path.parent.mkdir(parents=True, exist_ok=True)
+        if not path.exists() or path.read_bytes() != text:
+            path.write_bytes(text)
+
+
+def inserted(fault, text):
+    """Returns what stands in place of the text."""
+    if " becomes " in fault["what"]:
+        old, new = fault["what"].split(" becomes ")
+        place = masked(text).index(f" {old} ")
+        result = f"(FAULT ? ({text[:place]} {new} {text[place + len(old) + 2:]}) : ({text}))"
+    else:
+        result = fault["template"].replace("{text}", text)
+    return result.replace("FAULT", "::faults::at(NUMBER)").replace("NUMBER", str(fault["number"]))
+
+
+def prepare(count):
+    WORK.mkdir(parents=True, exist_ok=True)
+    known = json.loads(REFUSED.read_text()) if REFUSED.exists() else []
+    faults = [fault for fault in chosen(count) if [fault["file"], fault["text"], fault["what"]] not in known]
+    while True:
+        write(faults)
+        subprocess.run(["cmake", "-G", "Ninja", "-S", COPY, "-B", BUILD, "-DCMAKE_BUILD_TYPE=",
+                        f"-DCMAKE_CXX_FLAGS=-O1 -w -include {COPY}/faults.hpp"], check=True, stdout=subprocess.DEVNULL)
+        built = subprocess.run(["cmake", "--build", BUILD, "--", "-k", "0"], capture_output=True, text=True)
+        if built.returncode == 0:
+            break
+        bad = {(Path(path).resolve().relative_to(COPY.resolve()).as_posix(), int(line) - 1)
+               for path, line in re.findall(rf"({re.escape(str(COPY))}/[^:\s]+):(\d+):\d+: (?:fatal )?error", built.stdout)}
+        bad |= {(path, line) for path, line in
+                ((Path(p).resolve().relative_to(COPY.resolve()).as_posix(), int(l) - 1) for p, l in
+                 re.findall(rf"({re.escape(str(COPY))}/[^:\s]+):(\d+):\d+:   required from", built.stdout))}
+        kept = [fault for fault in faults if (fault["file"], fault["line"]) not in bad]
+        print(f"{len(faults) - len(kept)} faults do not compile", flush=True)
+        if len(kept) == len(faults):
+            sys.exit(built.stdout[-4000:])
+        known += [[fault["file"], fault["text"], fault["what"]] for fault in faults if fault not in kept]
+        REFUSED.write_text(json.dumps(known))
+        faults = kept
+    FAULTS.write_text(json.dumps(faults, indent=1))
+    print(f"{len(faults)} faults in {len({fault['file'] for fault in faults})} files")
+
+
+def googletest(program, environment, prefix):
+    """Runs the tests of a program; one that ends the process or hangs is run round."""
+    noticed, done, failed = [], [], None
+    for _ in range(40):
+        arguments = [program, "--gtest_brief=0"] + (["--gtest_filter=-" + ":".join(done)] if done else [])
+        try:
+            log = subprocess.run(arguments, env=environment, capture_output=True, timeout=90, cwd=COPY)
+            output, ended = log.stdout, log.returncode in (0, 1)
+        except subprocess.TimeoutExpired as late:
+            output, ended = late.stdout or b"", False
+        output = output.decode(errors="replace")
+        ran = re.findall(r"^\[ RUN      \] (\S+)", output, re.M)
+        noticed += re.findall(r"^\[  FAILED  \] (\S+?)(?:, where .*)? \(\d+ ms\)", output, re.M)
+        if ended or not ran:
+            return [prefix + name for name in noticed] + ([] if ended else [prefix + "start"])
+        noticed.append(ran[-1])
+        done += ran
+    return [prefix + name for name in noticed]
+
+
+def tried(number):
+    """Returns the names of the tests that notice the fault."""
+    environment = dict(os.environ, PERCH_FAULT=str(number))
+    noticed = []
+    for program in ("velmo-tests", "velmo-memory-tests", "velmo-plain-reader-tests"):
+        prefix = "PlainReader." if "plain" in program else ""
+        noticed += googletest(BUILD / "tests" / program, environment, prefix)
+    others = {"velmo.sh": ["bash", COPY / "tests/velmo.sh", BUILD / "tools/velmo/velmo", COPY / "samples"],
+              "own-record": [BUILD / "examples/own-record"], "first-program": [BUILD / "examples/first-program"]}
+    for name, command in others.items():
+        try:
+            if subprocess.run(command, env=environment, cwd=COPY, stdout=subprocess.DEVNULL,
+                              stderr=subprocess.DEVNULL, timeout=120).returncode != 0:
+                noticed.append(name)
+        except subprocess.TimeoutExpired:
+            noticed.append(name)
+    return sorted(set(noticed))
+
+
+def run(numbers):
+    faults = json.loads(FAULTS.read_text())
+    results = json.loads(RESULTS.read_text()) if numbers and RESULTS.exists() else {}
+    if always := tried(0):
+        sys.exit(f"without a fault, these fail: {always}")
+    wanted = [fault["number"] for fault in faults if not numbers or fault["number"] in numbers]
+    with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool:
+        for number, noticed in zip(wanted, pool.map(tried, wanted)):
+            results[str(number)] = noticed
+            RESULTS.write_text(json.dumps(results))
+    report()
+
+
+def report():
+    results = json.loads(RESULTS.read_text())
+    faults = [fault for fault in json.loads(FAULTS.read_text()) if str(fault["number"]) in results]
+    sole = {}
+    for fault in faults:
+        noticed = results[str(fault["number"])]
+        if len(noticed) == 1:
+            sole.setdefault(noticed[0], []).append(fault["number"])
+        who = ", ".join(noticed[:2]) + (f" and {len(noticed) - 2} more" if len(noticed) > 2 else "") or "NOBODY"
+        print(f"{fault['number']:4} {fault['file']}:{fault['line'] + 1}: {fault['what']}: {who}")
+    missed = [fault for fault in faults if not results[str(fault["number"])]]
+    print(f"\n{len(faults)} faults, {len(faults) - len(missed)} noticed; not noticed:")
+    for fault in missed:
+        print(f"  {fault['number']} {fault['file']}:{fault['line'] + 1}: {fault['what']}: {fault['text']}")
+    print("\nTests that were the only one to notice a fault: " + ", ".join(sorted(sole)))
+
+
+if __name__ == "__main__":
+    command, *arguments = sys.argv[1:] or ["help"]
+    if command == "prepare":
+        prepare(int(arguments[0]))
+    elif command == "run":
+        run({int(argument) for argument in arguments})
+    elif command == "report":
+        report()
+    else:
+        sys.exit(__doc__)
