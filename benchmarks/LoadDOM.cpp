@@ -23,7 +23,7 @@ void read(dom::element value, PlainFonts& fonts) {
         auto font = std::make_shared<PlainFont>();
         const dom::object members = element.get_object().value();
         for (const auto& [key, member] : members)
-            readMember(*font, key, [member = member](auto& field) { read(member, field); });
+            readMember(*font, key, [source = member](auto& field) { read(source, field); });
         fonts.push_back(std::move(font));
     }
 }

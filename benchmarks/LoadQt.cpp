@@ -10,14 +10,14 @@ void read(const QJsonValue& value, std::int64_t& field) { field = value.toIntege
 void read(const QJsonValue& value, bool& field) { field = value.toBool(); }
 void read(const QJsonValue& value, std::string& field) { field = value.toString().toStdString(); }
 void read(const QJsonValue& value, std::vector<std::int64_t>& field) {
-    for (const QJsonValue& element : value.toArray())
+    for (const auto& element : value.toArray())
         field.push_back(element.toInteger());
 }
 
 PlainFonts fontsFrom(const QJsonArray& array) {
     PlainFonts fonts;
     fonts.reserve(static_cast<std::size_t>(array.size()));
-    for (const QJsonValue& element : array) {
+    for (const auto& element : array) {
         const QJsonObject object = element.toObject();
         auto font = std::make_shared<PlainFont>();
         forEachField(*font, [&](const char* key, auto& field) {

@@ -77,16 +77,16 @@ void registerLookup(const std::shared_ptr<const FontTree>& tree) {
     const auto references = std::make_shared<Fonts>();
     for (const std::int64_t id : *wanted)
         references->push_back(FontItem::create({.id = id, .productName = "", .isPrivate = false}));
-    for (const auto& [name, mark] : {std::pair("setActivatedFont", &FontList::setActivatedFont),
-                                     std::pair("setFavoritedFont", &FontList::setFavoritedFont)}) {
+    for (const auto& [name, marks] : {std::pair("setActivatedFont", &FontList::setActivatedFont),
+                                      std::pair("setFavoritedFont", &FontList::setFavoritedFont)}) {
         Comparison marking(name, tree->leaves);
         marking.add(
             "VelmoCloudEntity",
-            [tree, references, mark = mark] {
+            [tree, references, mark = marks] {
                 mark(tree->fonts, *references);
                 return references->size(); // The digest counts the marked fonts.
             },
-            [tree, mark = mark](std::size_t) {
+            [tree, mark = marks](std::size_t) {
                 return mark == &FontList::setActivatedFont
                            ? FontList::getActivatedFont(tree->fonts).size()
                            : FontList::getFavoritedFont(tree->fonts).size();

@@ -51,7 +51,7 @@ using Readers = boost::unordered_flat_map<std::string_view, void (*)(Record&, on
 void read(ondemand::value value, std::int64_t& field) { field = value.get_int64(); }
 void read(ondemand::value value, bool& field) { field = value.get_bool(); }
 void read(ondemand::value value, float& field) {
-    field = static_cast<float>(double(value.get_double()));
+    field = static_cast<float>(value.get_double().value());
 }
 void read(ondemand::value value, std::string& field) {
     field = std::string_view(value.get_string());

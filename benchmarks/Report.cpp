@@ -74,9 +74,8 @@ std::string jsonOf(const std::vector<Median>& medians) {
 
 std::string throughputChartOf(const std::vector<Median>& medians, const std::string& work) {
     std::vector<Median> sides = ofWork(medians, work);
-    std::vector<std::int64_t> sizes;
-    for (const Median& side : sides)
-        sizes.push_back(side.fonts);
+    std::vector<std::int64_t> sizes(sides.size());
+    std::ranges::transform(sides, sizes.begin(), &Median::fonts);
     std::ranges::sort(sizes);
     if (sizes.empty())
         return {};
@@ -115,7 +114,8 @@ std::string growthChartOf(const std::vector<Median>& medians, const std::string&
         return from == to ? 0.5 : std::log(value / from) / std::log(to / from);
     };
     const auto x = [&, from = fewest.fonts, to = most.fonts](const Median& point) {
-        return 80 + 380 * place(double(point.fonts), double(from), double(to));
+        return 80 + 380 * place(static_cast<double>(point.fonts), static_cast<double>(from),
+                                static_cast<double>(to));
     };
     const auto y = [&, from = nanosecondsPerFont(fastest),
                     to = nanosecondsPerFont(slowest)](const Median& point) {

@@ -85,9 +85,8 @@ Ids filterByRoaring(const Panel& panel) {
         std::vector<Roaring> tags;
         for (const auto& tag : group->Children())
             tags.push_back(bitmapOf(tag->FontIdList()));
-        std::vector<const Roaring*> pointers;
-        for (const Roaring& tag : tags)
-            pointers.push_back(&tag);
+        std::vector<const Roaring*> pointers(tags.size());
+        std::ranges::transform(tags, pointers.begin(), [](const Roaring& tag) { return &tag; });
         passing &= Roaring::fastunion(pointers.size(), pointers.data());
     }
     std::vector<std::uint32_t> narrow(passing.cardinality());

@@ -90,8 +90,8 @@ void registerAll() {
 /// pages from the system. On a virtual machine their cost varies tenfold with what ran before,
 /// which hides the differences between the sides.
 void keepFreedMemory() {
-    mallopt(M_MMAP_MAX, 0);
-    mallopt(M_TRIM_THRESHOLD, -1);
+    mallopt(M_MMAP_MAX, 0);        // NOLINT(concurrency-mt-unsafe): no thread runs yet
+    mallopt(M_TRIM_THRESHOLD, -1); // NOLINT(concurrency-mt-unsafe)
 }
 
 /// Removes `--results=FOLDER` from the arguments. Returns the folder, or nullopt if there is none.
