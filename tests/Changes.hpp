@@ -3,7 +3,10 @@
 #include <PerchAppLibrary/BaseEntity.hpp>
 #include <PerchAppLibrary/json/Dictionary.hpp>
 
-/// The stored properties in which a record differs from another of its class, mostly a fresh one.
+#include <memory>
+#include <string>
+
+/// Returns the stored properties in which a record differs from another of its class.
 inline PerchAppLibrary::Dictionary changes(const PerchAppLibrary::BaseEntity& record,
                                            const PerchAppLibrary::BaseEntity& fresh) {
     const PerchAppLibrary::Dictionary before = fresh.properties();
@@ -12,4 +15,10 @@ inline PerchAppLibrary::Dictionary changes(const PerchAppLibrary::BaseEntity& re
         if (value != before.at(name))
             changed[name] = value;
     return changed;
+}
+
+/// Returns, as text, the stored properties that do not have their defaults.
+template <class Record>
+std::string changed(const std::shared_ptr<Record>& record) {
+    return PerchAppLibrary::toText(changes(*record, *Record::create()));
 }

@@ -81,6 +81,12 @@ void calls(const JSON& json, FontItem& font) {
 #ifdef REFUSED_labelMissing // no matching
     FontItem::create({.id = 7, .productName = "A"});
 #endif
+#ifdef REFUSED_labelOfAnotherType // no matching
+    FontItem::create({.id = 7, .productName = "A", .isPrivate = "no"});
+#endif
+#ifdef REFUSED_labelThatLoses // no matching
+    FontItem::create({.id = 7.5, .productName = "A", .isPrivate = true});
+#endif
 #ifdef REFUSED_labelMisspelt // no matching
     FontItem::create({.id = 7, .productName = "A", .isPrivat = true});
 #endif
