@@ -1,29 +1,14 @@
-#include <VelmoCloudEntity/font/FontItem.hpp>
-#include <VelmoCloudEntity/font/FontList.hpp>
-
-#include "Changes.hpp"
+#include "RecordTesting.hpp"
 
 #include <PerchAppLibrary/platform/PlatformFont.hpp>
-#include <PerchAppLibrary/record/RecordSchema.hpp>
 
-#include <gtest/gtest.h>
-
-#include <algorithm>
 #include <filesystem>
 #include <fstream>
-#include <limits>
 #include <malloc.h>
-#include <optional>
 #include <random>
-#include <string>
-#include <tuple>
-#include <vector>
 
 using namespace VelmoCloudEntity;
-using PerchAppLibrary::Dictionary;
-using PerchAppLibrary::JSON;
-using PerchAppLibrary::PlatformFont;
-using PerchAppLibrary::toText;
+using namespace PerchAppLibrary;
 
 namespace {
 
@@ -107,139 +92,93 @@ TEST(FontItem, ExportsTheSameTextWithDictionariesAndWithout) {
         EXPECT_EQ(FontItem::getFontArrayText(list), toText(FontItem::getFontArray(list)));
 }
 
-/// A font's object of some members in any order, of groups with members of their own.
-std::string randomFont(std::mt19937& random, int levels) {
-    std::vector<std::string> members;
-    for (const char* const key :
-         {"Id", "ProductName", "IsGroup", "GroupCollectionId", "Unknown", "TopCount", "OemTag"})
-        if (random() % 3 != 0)
-            members.push_back("\"" + std::string(key) + "\":" + std::to_string(random() % 2));
-    if (levels > 0)
-        members.push_back(R"("Children":[)" + randomFont(random, levels - 1) + "," +
-                          randomFont(random, 0) + "," + randomFont(random, levels - 1) + "]");
-    if (random() % 2 == 0)
-        std::ranges::shuffle(members, random);
-    std::string object;
-    for (const std::string& member : members)
-        object += (object.empty() ? "" : ",") + member;
-    return "{" + object + "}";
-}
-
 TEST(FontItem, IsTheSameInAnArrayWhateverTheOrderOfMembersBefore) {
-    std::mt19937 random(5); // NOLINT(cert-msc32-c,cert-msc51-cpp): the same run each time
-    std::string text;
-    for (int count = 0; count < 200; ++count)
-        text += (text.empty() ? "[" : ",") + randomFont(random, count % 4);
-    const JSON json = JSON::parse(text + "]");
+    const JSON json = JSON::parse(R"([{"Id":1,"ProductName":"A","IsGroup":true,"Children":[
+        {"ProductName":"B","Id":2,"OemTag":"o"},{"Id":3,"Unknown":0,"TopCount":4}]},{},
+        {"TopCount":5,"Children":[{"OemTag":"p","Children":[{"Id":6}],"Id":7}],"Id":8,"Id":9}])");
     const FontList list(json);
-    auto font = list.List().begin();
-    for (const JSON& element : json)
-        EXPECT_EQ(toText((*font++)->Dict()), toText(FontItem::create(element)->Dict()));
-    EXPECT_EQ(font, list.List().end());
-}
-
-/// A class of more properties than usual.
-class WideFont : public FontItem {
-    PERCH_RECORD(WideFont, FontItem);
-
-    PERCH_PROPERTY(std::int64_t, A);
-    PERCH_PROPERTY(std::int64_t, B);
-    PERCH_PROPERTY(std::int64_t, C);
-    PERCH_PROPERTY(std::int64_t, D);
-    PERCH_PROPERTY(std::int64_t, E);
-    PERCH_PROPERTY(std::int64_t, F);
-    PERCH_PROPERTY(std::int64_t, G);
-    PERCH_PROPERTY(std::int64_t, H);
-    PERCH_PROPERTY(std::int64_t, I);
-    PERCH_PROPERTY(std::int64_t, J);
-    PERCH_PROPERTY(std::int64_t, K);
-    PERCH_PROPERTY(std::int64_t, L);
-    PERCH_PROPERTY(std::int64_t, M);
-    PERCH_PROPERTY(std::int64_t, N);
-    PERCH_PROPERTY(std::int64_t, O);
-
-    PERCH_RECORD_END;
-};
-PERCH_RECORD_SCHEMA(WideFont);
-
-TEST(FontItem, FillsAClassOfManyProperties) {
-    ASSERT_GT(WideFont::create()->schema().properties().size(), 64U);
-    const auto font =
-        WideFont::parse(R"({"O":1,"A":2,"Id":3,"N":4,"O":5,"B":6,"B":"x","Children":[{"Id":7}]})");
-    EXPECT_EQ(font->Children().at(0)->Id(), 7);
-    font->setChildren({});
-    EXPECT_EQ(changed(font), R"({"Id":3,"A":2,"N":4,"O":5})");
-    // The keys of the second object are guessed from the first.
-    const std::string text = toText(font->Dict());
-    for (const auto& again : makeRecords<WideFont>(JSON::parse("[" + text + "," + text + "]")))
-        EXPECT_EQ(toText(again->Dict()), text);
-}
-
-TEST(FontItem, RefillKeepsWhatTheDocumentDoesNotNameAndMakesTheChildrenAnew) {
-    const auto font = FontItem::parse(
-        R"({"Id":1,"Tags":[4],"displayName":"D","Children":[{"ProductName":"A"},{}]})");
-    font->setValue(JSON::parse(R"({"Id":2,"Children":[1,[{"Id":3}]]})"));
-    EXPECT_EQ(font->Children().size(), 2U);
-    for (const auto& child : font->Children())
-        EXPECT_EQ(changed(child), "{}");
-    for (const char* const none : {"{}", R"({"Children":null})", R"({"Children":{"Id":1}})"}) {
-        font->setValue(JSON::parse(none));
-        EXPECT_EQ(changed(font), R"({"Id":2,"displayName":"D","Tags":[4]})") << none;
-    }
+    ASSERT_EQ(list.size(), 3U);
+    for (std::size_t index = 0; index < 3; ++index)
+        EXPECT_EQ(toText(list[index]->Dict()), toText(FontItem::create(json[index])->Dict()));
 }
 
 TEST(FontItem, AGroupIsActivatedWhenTheStoredFlagsOfItsMembersAre) {
-    const std::pair<const char*, bool> cases[] = {
-        {R"({"IsGroup":true,"Children":[]})", true},
-        {R"({"IsGroup":true,"Children":[{"isActivated":true},{"isActivated":true}]})", true},
-        {R"({"IsGroup":true,"Children":[{"isActivated":true},{"isActivated":true},{}]})", false},
-        // A member that is a group is judged by its own flag, not by its members.
-        {R"({"IsGroup":true,"Children":[{"IsGroup":true,"Children":[{"isActivated":true}]}]})",
-         false},
-        {R"({"IsGroup":true,"Children":[{"IsGroup":true,"isActivated":true,"Children":[{}]}]})",
-         true},
-    };
-    for (const auto& [font, expected] : cases)
-        EXPECT_EQ(FontItem::parse(font)->IsActivated(), expected) << font;
+    const std::pair<std::string, bool> cases[] = {
+        {"[]", true},
+        {R"([{"isActivated":true},{"isActivated":true}])", true},
+        {R"([{"isActivated":true},{"isActivated":true},{}])", false},
+        {R"([{"IsGroup":true,"Children":[{"isActivated":true}]}])", false},
+        {R"([{"IsGroup":true,"isActivated":true,"Children":[{}]}])", true}};
+    for (const auto& [members, expected] : cases) {
+        const auto group = FontItem::parse(R"({"IsGroup":true,"Children":)" + members + "}");
+        EXPECT_EQ(group->IsActivated(), expected) << members;
+    }
 }
 
 TEST(FontItem, ActivationReachesTheLeavesOfAGroupAndNoGroupItself) {
     const auto group = FontItem::parse(R"({"IsGroup":true,"Children":[
         {},{"IsGroup":true,"Children":[{}]},{"Children":[{}]},{"IsGroup":true}]})");
     const Records<FontItem>& members = group->Children();
-    const auto below = members[1]->Children()[0], hidden = members[2]->Children()[0];
-    for (const bool flag : {true, false}) {
-        group->setActivated(flag);
-        for (const auto& leaf : {members[0], below, members[2]})
-            EXPECT_EQ(leaf->IsActivated(), flag);
-        for (const auto& untouched : {group, members[1], members[3], hidden})
-            EXPECT_FALSE(untouched->isActivated());
-    }
+    const auto flags = [&] {
+        std::string text;
+        for (const auto& font : {members[0], members[1]->Children()[0], members[2], group,
+                                 members[1], members[3], members[2]->Children()[0]})
+            text += font->isActivated() ? '1' : '0';
+        return text;
+    };
+    group->setActivated(true);
+    EXPECT_EQ(flags(), "1110000");
     group->setIsActivated(true);
     group->setActivated(false);
-    EXPECT_TRUE(group->isActivated() && !group->IsActivated())
-        << "the group's own flag does not reach the members";
+    EXPECT_EQ(flags(), "0001000");
+    EXPECT_FALSE(group->IsActivated()) << "the group's own flag does not reach the members";
 }
 
 TEST(FontItem, NamesAndTitles) {
-    const std::tuple<const char*, const char*, const char*, const char*> cases[] = {
-        {R"({"ProductName":"Kai","Format":"TTF","Version":"1.00"})", "Kai", "Kai",
-         "Kai(TTF, 1.00)"},
-        {R"({"ProductName":"楷","ProductSetName":"S","GroupTag":"G","Children":[{}]})", "楷", "楷",
-         "楷(, )"},
-        {R"({"displayName":"D"})", "D", "D", "(, )"},
-        {R"({"ProductName":"A","displayName":"D","previewText":"P"})", "D", "P", "A(, )"},
-        {R"({"IsGroup":true,"ProductSetName":"S","GroupTag":"新","ProductName":"N","displayName":"D"})",
-         "S (0)", "S", "新S"},
-        {R"({"IsGroup":true,"Children":[{},{"IsGroup":true,"Children":[{},{}]}]})", " (2)", "", ""},
-        {R"({"IsGroup":true,"ProductSetName":"S","previewText":"P"})", "S (0)", "P", "S"},
-    };
-    for (const auto& [text, displayName, previewText, treeNodeTitle] : cases) {
+    const std::pair<const char*, const char*> cases[] = {
+        // JSON, then DisplayName, PreviewText and TreeNodeTitle
+        {R"({"ProductName":"Kai","Format":"TTF","Version":"1"})", "Kai|Kai|Kai(TTF, 1)"},
+        {R"({"ProductName":"楷","ProductSetName":"S","GroupTag":"G","Children":[{}]})",
+         "楷|楷|楷(, )"},
+        {R"({"displayName":"D"})", "D|D|(, )"},
+        {R"({"ProductName":"A","displayName":"D","previewText":"P"})", "D|P|A(, )"},
+        {R"({"IsGroup":true,"ProductSetName":"S","GroupTag":"新","ProductName":"N",
+             "displayName":"D"})",
+         "S (0)|S|新S"},
+        {R"({"IsGroup":true,"Children":[{},{"IsGroup":true,"Children":[{},{}]}]})", " (2)||"},
+        {R"({"IsGroup":true,"ProductSetName":"S","previewText":"P"})", "S (0)|P|S"}};
+    for (const auto& [text, expected] : cases) {
         const auto font = FontItem::parse(text);
-        EXPECT_EQ(font->DisplayName(), displayName) << text;
-        EXPECT_EQ(font->PreviewText(), previewText) << text;
-        EXPECT_EQ(font->TreeNodeTitle(), treeNodeTitle) << text;
+        EXPECT_EQ(font->DisplayName() + "|" + font->PreviewText() + "|" + font->TreeNodeTitle(),
+                  expected)
+            << text;
     }
+}
+
+TEST(FontItem, TakesLocationsByLabel) {
+    const auto font = FontItem::parse(
+        R"({"ProductFileName":"A.ttf","ProductSetName":"S","Version":"1","PreviewFileUrl":"p"})");
+    for (const bool isPrivate : {false, true}) {
+        font->setIsPrivate(isPrivate);
+        EXPECT_EQ(font->getRemoteFileUrl({.productFileUrlHeader = "h/",
+                                          .privateProductFileUrlHeader = "x/",
+                                          .userGuid = "u"}),
+                  font->getRemoteFileUrl("h/", "x/", "u"));
+        for (const bool isFixed : {false, true})
+            EXPECT_EQ(font->getRemotePreviewFile({.isFixed = isFixed,
+                                                  .previewTag = "S",
+                                                  .colorTag = "B",
+                                                  .fontSize = 32,
+                                                  .fixPreviewFileUrlHeader = "f/",
+                                                  .previewFileUrlHeader = "o/",
+                                                  .privatePreviewFileUrlHeader = "i/",
+                                                  .userGuid = "u"}),
+                      font->getRemotePreviewFile(isFixed, "S", "B", 32, "f/", "o/", "i/", "u"));
+    }
+    const FontItem::PreviewLabels labels{
+        .isFixed = true, .previewTag = "S", .colorTag = "B", .fontSize = 32};
+    EXPECT_EQ(font->getLocalPreviewFile(labels), font->getLocalPreviewFile(true, "S", "B", 32));
+    EXPECT_EQ(font->getRemotePreviewFile(labels), "p/A_S_B_32.png");
 }
 
 TEST(FontItem, IsLocaledWhenItsFileIsThere) {
@@ -278,7 +217,7 @@ TEST(FontItem, TakesQueriesAndDestructionOfAnyDepthInLinearTime) {
     FontList::setActivatedFont(list, {leaf});
     for (auto query :
          {FontList::getFavoritedFont, FontList::getActivatedFont, FontList::getAuthorizedFont})
-        EXPECT_TRUE(query(list) == Records<FontItem>{leaf});
+        EXPECT_EQ(query(list), Records<FontItem>{leaf});
     EXPECT_EQ(FontList::getFontCount(list) + FontList::getActivatedFontCount(list), 2);
 
     // Each way of letting go of a chain is safe; a part that somebody holds outlives the rest.

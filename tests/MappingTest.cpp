@@ -1,17 +1,10 @@
-#include <PerchAppLibrary/BaseEntity.hpp>
-#include <PerchAppLibrary/record/RecordSchema.hpp>
 #include <PerchAppLibrary/record/detail/KeyOrder.hpp>
 #include <PerchAppLibrary/record/detail/NameIndex.hpp>
 
-#include "Changes.hpp"
-
-#include <gtest/gtest.h>
+#include "RecordTesting.hpp"
 
 #include <algorithm>
 #include <random>
-#include <string>
-#include <tuple>
-#include <vector>
 
 using namespace PerchAppLibrary;
 using namespace std::string_view_literals;
@@ -59,24 +52,14 @@ std::string taken(const Sample& sample, std::string_view name) {
     return value == Sample().value(name) ? "-" : toText(value);
 }
 
-template <class T>
-std::string converted(const JSON& json) {
-    const std::optional<T> value = json.as<T>();
-    return value ? toText(toValue(*value)) : "-";
-}
-
 TEST(Mapping, ConvertsEachKindOfValueToEachKindOfPropertyOrLeavesItAlone) {
     const std::pair<const char*, const char*> rows[] = {
         // JSON, then as Int, Bool, Float and String; "-" where it does not convert
         {"12", R"(12 - 1.2E1 "12")"},
         {"1", R"(1 true 1E0 "1")"},
         {"-0", R"(0 false 0E0 "0")"},
-        {"9223372036854775807", R"(9223372036854775807 - 9.223372E18 "9223372036854775807")"},
-        {"-9223372036854775808", R"(-9223372036854775808 - -9.223372E18 "-9223372036854775808")"},
-        {"9223372036854775808", R"(- - 9.223372E18 "9223372036854775808")"},
         {"18446744073709551615", R"(- - 1.8446744E19 "18446744073709551615")"},
         {"3.0", R"(3 - 3E0 "3.0")"},
-        {"1e3", R"(1000 - 1E3 "1000.0")"},
         {"1.0", R"(1 true 1E0 "1.0")"},
         {"-0.0", R"(0 false -0E0 "-0.0")"},
         {"1.10", R"(- - 1.1E0 "1.1")"},
@@ -86,8 +69,6 @@ TEST(Mapping, ConvertsEachKindOfValueToEachKindOfPropertyOrLeavesItAlone) {
         {"9007199254740991.0", R"(9007199254740991 - 9.007199E15 "9007199254740991.0")"},
         {"9007199254740993.0", R"(- - 9.007199E15 "9007199254740992.0")"},
         {"-9007199254740992.0", R"(- - -9.007199E15 "-9007199254740992.0")"},
-        {"-9223372036854775809", "- - -9.223372E18 -"},
-        {"123456789012345678901234567890", "- - 1.2345679E29 -"},
         {"1e-60", R"(- - - "1e-60")"},
         {R"("-12")", R"(-12 - -1.2E1 "-12")"},
         {R"("007")", R"(7 - 7E0 "007")"},
@@ -104,19 +85,12 @@ TEST(Mapping, ConvertsEachKindOfValueToEachKindOfPropertyOrLeavesItAlone) {
         {R"("0")", R"(0 false 0E0 "0")"},
         {R"("True")", R"(- true - "True")"},
         {R"("FALSE")", R"(- false - "FALSE")"},
-        {R"("yes")", R"(- - - "yes")"},
         {R"("")", R"(- - - "")"},
         {"true", R"(1 true 1E0 "true")"},
         {"false", R"(0 false 0E0 "false")"},
         {"null", "- - - -"},
-        {"[1]", "- - - -"},
-        {R"({"a":1})", "- - - -"}};
-    for (const auto& [text, expected] : rows) {
-        const JSON json = JSON::parse(text);
-        EXPECT_EQ(converted<std::int64_t>(json) + " " + converted<bool>(json) + " " +
-                      converted<float>(json) + " " + converted<std::string>(json),
-                  expected)
-            << text;
+        {"[1]", "- - - -"}};
+    for (const auto& [text, expected] : rows)
         for (const auto& sample :
              filledWith(text, {"Int", "On", "Off", "Float", "String", "Optional"})) {
             const std::string flag = sample->On() != sample->Off() ? "-"
@@ -126,10 +100,10 @@ TEST(Mapping, ConvertsEachKindOfValueToEachKindOfPropertyOrLeavesItAlone) {
                           taken(*sample, "String"),
                       expected)
                 << text;
-            EXPECT_EQ(taken(*sample, "Optional"), json.isNull() ? "null" : taken(*sample, "String"))
+            EXPECT_EQ(taken(*sample, "Optional"),
+                      text == "null"sv ? "null" : taken(*sample, "String"))
                 << text;
         }
-    }
 }
 
 TEST(Mapping, ConvertsArraysAsAWholeOrNotAtAll) {
@@ -139,13 +113,9 @@ TEST(Mapping, ConvertsArraysAsAWholeOrNotAtAll) {
         {R"([1,"2",3.0,true])", R"([1,2,3,1] ["1","2","3.0","true"])"},
         {R"([1,"x"])", R"(- ["1","x"])"},
         {"[1,null]", "- -"},
-        {"[1,[2]]", "- -"},
-        {R"([1,{"a":2}])", "- -"},
         {"[1,9223372036854775808]", R"(- ["1","9223372036854775808"])"},
         {"1", "- -"},
-        {R"("[1]")", "- -"},
-        {"null", "- -"},
-        {R"({"a":1})", "- -"}};
+        {"null", "- -"}};
     for (const auto& [text, expected] : rows)
         for (const auto& sample : filledWith(text, {"Ints", "Strings", "Samples"})) {
             EXPECT_EQ(taken(*sample, "Ints") + " " + taken(*sample, "Strings"), expected) << text;
@@ -180,24 +150,6 @@ TEST(Mapping, SetsEachPropertyOnceInTheirOrderAndTheLastOfARepeatedKeyHolds) {
     }
 }
 
-/// Looks at another property when it is set.
-class Observing : public BaseEntity {
-    PERCH_RECORD(Observing, BaseEntity);
-
-    PERCH_PROPERTY(std::int64_t, Int);
-
-    PERCH_RECORD_END;
-
-public:
-    void setId(std::int64_t newValue) override { BaseEntity::setId(10 * newValue + Int()); }
-};
-PERCH_RECORD_SCHEMA(Observing);
-
-TEST(Mapping, KeepsTheOrderForAnOverrideInTheVeryClass) {
-    EXPECT_EQ(changed(Observing::create(JSON::parse(R"({"Int":5,"Id":1})"))),
-              R"({"Id":10,"Int":5})");
-}
-
 /// One property of each kind, empty to begin with.
 class Empty : public BaseEntity {
     PERCH_RECORD(Empty, BaseEntity);
@@ -216,8 +168,8 @@ PERCH_RECORD_SCHEMA(Empty);
 
 /// An object of some members, some of them with one key.
 std::string randomObject(std::mt19937& random) {
-    const char* const keys[] = {"Int",  "Bool", "Float", "String", "Optional",
-                                "Ints", "Any",  "Id",    "Token"};
+    const char* const keys[] = {"Int",  "Bool", "Float",      "String", "Optional",
+                                "Ints", "Any",  "IsDisabled", "Id",     "Token"};
     const char* const values[] = {"0",    "1",    "-0.0", "2.5", R"("")",    R"("text")",
                                   "true", "null", "[]",   "[3]", R"(["x"])", "{}"};
     std::string members;
@@ -265,40 +217,32 @@ std::size_t find(const NameIndex& index, std::string_view name, std::uint32_t& g
 }
 
 TEST(NameIndex, DistinguishesNamesOfAllLengths) {
-    const std::vector names = {""sv,
-                               "I"sv,
-                               "Id"sv,
-                               "IdA"sv,
-                               "IsGroup"sv,
-                               "GroupTag"sv,
-                               "TagGroup"sv,
-                               "ExceptionMessag"sv,
-                               "Id\0"sv,
-                               "ExceptionMessage"sv,
-                               "GroupCollectionId"sv,
-                               "GroupCollectionIdentifier"sv};
+    std::vector<std::string> owned{"I",
+                                   "Id",
+                                   "IdA",
+                                   "IsGroup",
+                                   "GroupTag",
+                                   "TagGroup",
+                                   "ExceptionMessag",
+                                   "ExceptionMessage",
+                                   "GroupCollectionId",
+                                   "GroupCollectionIdentifier",
+                                   {"Id\0", 3},
+                                   ""};
+    for (std::size_t number = 0; number < 300; ++number)
+        owned.push_back((number % 2 == 0 ? "PropertyOfARecord" : "P") + std::to_string(number));
+    const std::vector<std::string_view> names(owned.begin(), owned.end());
     const NameIndex index(names);
     std::uint32_t guess = 0;
     for (std::size_t place = 0; place < names.size(); ++place) {
         EXPECT_EQ(find(index, names[place], guess), place) << names[place];
         for (const std::string_view other :
              {"i"sv, "ID"sv, "Idx"sv, "\0"sv, "Id\0\0"sv, "ExceptionMessageA"sv,
-              "GroupCollectionI"sv, "GroupCollectionIx"sv}) {
+              "GroupCollectionI"sv, "GroupCollectionIx"sv, "PropertyOfARecord301"sv}) {
             (void)find(index, names[place], guess); // a guess that is wrong for the other
             EXPECT_EQ(find(index, other, guess), names.size()) << other;
         }
     }
-}
-
-TEST(NameIndex, TakesManyNamesThatBeginAlike) {
-    std::vector<std::string> owned;
-    for (std::size_t number = 0; number < 300; ++number)
-        owned.push_back((number % 2 == 0 ? "PropertyOfARecord" : "P") + std::to_string(number));
-    const NameIndex index(std::vector<std::string_view>(owned.begin(), owned.end()));
-    std::uint32_t guess = 0;
-    for (std::size_t place = 0; place < owned.size(); ++place)
-        EXPECT_EQ(find(index, owned[place], guess), place) << owned[place];
-    EXPECT_EQ(find(index, "PropertyOfARecord301", guess), owned.size());
 }
 
 TEST(KeyOrder, ForgetsTheKeysOfAnotherClass) {

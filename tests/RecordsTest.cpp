@@ -8,16 +8,10 @@
 #include <VelmoCloudEntity/client/ConfigItem.hpp>
 #include <VelmoCloudEntity/entity/ExceptionItem.hpp>
 
-#include "Changes.hpp"
+#include "RecordTesting.hpp"
 
 #include <PerchAppLibrary/BaseExceptionEntity.hpp>
 #include <PerchAppLibrary/container/uniqueMap.hpp>
-#include <PerchAppLibrary/record/RecordSchema.hpp>
-
-#include <gtest/gtest.h>
-
-#include <limits>
-#include <map>
 
 using namespace VelmoCloudEntity;
 using namespace PerchAppLibrary;
@@ -93,21 +87,21 @@ TEST(Labels, SetThePropertiesOfOtherRecordsAndNoOthers) {
     EXPECT_EQ(map->UserGuid(), "u");
 }
 
-/// A client's user with properties under two keys that a user never takes.
-class ListUser : public UserItem {
-    PERCH_RECORD(ListUser, UserItem);
+/// Properties under keys that a user never takes, and an array of records.
+class UserWithFonts : public UserItem {
+    PERCH_RECORD(UserWithFonts, UserItem);
 
-    PERCH_PROPERTY(std::string, Fonts);
+    PERCH_PROPERTY(Records<FontItem>, Fonts);
     PERCH_PROPERTY(std::string, Personals);
-    PERCH_PROPERTY(std::string, Extra);
+    PERCH_PROPERTY(Records<FontItem>, Owned);
 
     PERCH_RECORD_END;
 };
-PERCH_RECORD_SCHEMA(ListUser);
+PERCH_RECORD_SCHEMA(UserWithFonts);
 
 TEST(UserItem, LeavesTheListsOfFontsToTheUserFontMaps) {
-    struct DetourUser : ListUser {
-        using ListUser::setValue;
+    struct DetourUser : UserWithFonts {
+        using UserWithFonts::setValue;
         void setValue(const JSON& json, Included included) override {
             for (const std::string& key : included.keys())
                 keys += key + " ";
@@ -115,11 +109,14 @@ TEST(UserItem, LeavesTheListsOfFontsToTheUserFontMaps) {
         }
         std::string keys;
     };
-    const JSON json = JSON::parse(R"({"Fonts":"f","Personals":"p","Extra":"x","Tel":"1"})");
+    const JSON json = JSON::parse(R"({"Tel":"1","Fonts":[{}],"Personals":"p","Owned":[{}]})");
     const auto user = UserItem::create<DetourUser>(json);
     EXPECT_EQ(user->keys, "Fonts Activates Favorites Systems Personals ");
-    expectMade(user, R"({"Tel":"1","Extra":"x"})");
-    expectMade(ListUser::create(json), R"({"Tel":"1","Extra":"x"})");
+    for (const auto& filled : {UserWithFonts::create(json), std::shared_ptr<UserWithFonts>(user)}) {
+        EXPECT_EQ(std::tuple(filled->Fonts().size(), filled->Owned().size()), std::tuple(0U, 1U));
+        filled->setOwned({});
+        EXPECT_EQ(changed(filled), R"({"Tel":"1"})");
+    }
 }
 
 TEST(UserItem, KeepsATokenOfAnyKind) {
@@ -127,24 +124,16 @@ TEST(UserItem, KeepsATokenOfAnyKind) {
     const std::pair<std::string, std::string> cases[] = {
         {R"("a\u0000\"\u5fae")", R"("a\u0000\"微")"},
         {R"("")", R"("")"},
-        {"18446744073709551615", "18446744073709551615"},
         {"18446744073709551616", "1.8446744073709552E19"},
-        {"-0.5e-7", "-5E-8"},
-        {"1e400", "1.7976931348623157E308"},
-        {"true", "true"},
         {R"({"b" : [1, {"a": null, "": []}], "a": {}})", R"({"b":[1,{"a":null,"":[]}],"a":{}})"},
         {deep, deep},
         {"null", "null"}};
     const auto again = UserItem::create();
     EXPECT_EQ(toText(again->value("sms_token")), R"("")");
     for (const auto& [text, expected] : cases) {
-        JSON token;
-        {
-            const auto user = UserItem::create(JSON::parse("{\"sms_token\":" + text + "}"));
-            EXPECT_EQ(toText(user->Dict().at("sms_token")), expected);
-            token = user->sms_token();
-        }
-        again->setSms_token(token);
+        const auto user = UserItem::create(JSON::parse("{\"sms_token\":" + text + "}"));
+        EXPECT_EQ(toText(user->Dict().at("sms_token")), expected);
+        again->setSms_token(user->sms_token());
         again->setValue(JSON::parse(R"({"Tel":"2"})")); // without a token
         EXPECT_EQ(toText(again->getDict({"sms_token"})), "{\"sms_token\":" + expected + "}");
     }
@@ -156,20 +145,8 @@ TEST(UserItem, GivesTheNamedPropertiesInTheirOrder) {
     EXPECT_EQ(toText(user->getDict({})), "{}");
     EXPECT_EQ(toText(user->getDict({"uriList", "Tel", "Id", "Guid", "Tel"})),
               R"({"uriList":["b","a"],"Tel":"t","Id":0,"Guid":"g"})");
-    for (const std::string unknown : {"tel", "Fonts", "", "Code"})
-        try {
-            ADD_FAILURE() << unknown << ": " << user->getDict({"Tel", unknown, "Pwd"});
-        } catch (const UndefinedKeyError& error) {
-            EXPECT_EQ(error.className() + "." + error.key(), "UserItem." + unknown);
-        }
-}
-
-TEST(FontSearchItem, ExportsThroughOverriddenAccessors) {
-    struct ClientSearch : FontSearchItem {
-        const std::string& SearchKey() const override { return Guid(); }
-    };
-    const auto search = FontSearchItem::create<ClientSearch>(JSON::parse(R"({"Guid":"g"})"));
-    EXPECT_EQ(toText(search->Dict().at("SearchKey")), R"("g")");
+    for (const char* const unknown : {"tel", "Fonts", "", "Code"})
+        EXPECT_THROW((void)user->getDict({"Tel", unknown}), UndefinedKeyError) << unknown;
 }
 
 struct ClientConfig : ConfigItem {
@@ -200,15 +177,6 @@ TEST(ConfigItem, NamesTheDesignApplication) {
     }
 }
 
-TEST(ConfigItem, ExportsAnAbsentHotKeyAsNull) {
-    const auto config = ConfigItem::create();
-    config->setHotKeyString("⌘F");
-    config->setHotKeyCode("");
-    expectMade(config, R"({"hotKeyCode":"","hotKeyString":"⌘F"})");
-    config->setHotKeyString(std::nullopt);
-    EXPECT_EQ(toText(config->Dict().at("hotKeyString")), "null");
-}
-
 TEST(ExceptionItem, HasTheMessagesOfEveryCode) {
     const char* const rows[][3] = {
         {"000000", "访问受限", "Access rejected."},
@@ -219,9 +187,8 @@ TEST(ExceptionItem, HasTheMessagesOfEveryCode) {
     EXPECT_EQ(item.Dict().size(), 26U);
     for (const auto& [code, chinese, english] : rows) {
         const auto& entry = item.Dict().at(code);
-        EXPECT_EQ(entry->code(), code);
-        EXPECT_EQ(entry->msgDict(),
-                  (std::map<std::string, std::string>{{"Ch", chinese}, {"En", english}}));
+        EXPECT_EQ(entry->code() + entry->msgDict().at("Ch") + entry->msgDict().at("En"),
+                  std::string(code) + chinese + english);
         EXPECT_NE(entry, other.Dict().at(code)) << "each item has a table of its own";
     }
 }

@@ -1,23 +1,15 @@
+#include "RecordTesting.hpp"
+
 #include <VelmoCloudEntity/account/UserFontActivateMapItem.hpp>
 #include <VelmoCloudEntity/catalogue/FontTagList.hpp>
-#include <VelmoCloudEntity/font/FontList.hpp>
-
-#include <PerchAppLibrary/json/Dictionary.hpp>
-
-#include <gtest/gtest.h>
 
 #include <algorithm>
-#include <cstddef>
 #include <functional>
-#include <iterator>
 #include <latch>
-#include <string>
 #include <thread>
-#include <vector>
 
 using namespace VelmoCloudEntity;
-using PerchAppLibrary::JSON;
-using PerchAppLibrary::toText;
+using namespace PerchAppLibrary;
 
 // Each case runs in a process of its own, so that its threads are the first to use whatever is made
 // on first use. The thread sanitizer finds what equal results do not show.
@@ -40,32 +32,32 @@ std::string fontsText() {
     return text + "]";
 }
 
-const JSON tagsJSON = JSON::parse(
-    R"([{"Id":1,"IsGroup":true,"Children":[{"Id":2,"IsChecked":true,"FontIdList":[1,2,9]}]}])");
-
 /// Writes down what each way of reading a tree gives.
-std::string readAll(const Records<FontItem>& list, const Records<FontTagItem>& tags) {
-    std::string text;
-    const auto add = [&text](const Records<FontItem>& fonts) {
-        for (const auto& font : fonts)
-            text += std::to_string(font->Id()) + ' ';
-        text += '\n';
-    };
+std::string readAll(const FontList& list) {
+    const auto tags = FontTagList::parse(R"([{"Id":1,"IsGroup":true,
+        "Children":[{"Id":2,"IsChecked":true,"FontIdList":[1,2,9]}]}])");
+    const auto& fonts = list.List();
+    std::vector<Records<FontItem>> found{
+        FontList::getFontById(fonts,
+                              FontTagList::getCheckedFontTagFontIdList(tags.List(), {1, 9, 3})),
+        {FontList::getFontItemById(fonts, 7)},
+        FontList::getAuthorizedFont(fonts),
+        FontList::getActivatedFont(fonts),
+        FontList::getFontByTags(fonts, tags.List())};
     for (const std::string key : {"s", "Étude", "song", "宋", "각", "ﬁ", "x\u0307\u0323", "\xFE"}) {
         for (const bool fuzzy : {false, true}) {
-            add(FontList::getFontByName(list, key, fuzzy));
-            add(FontList::getFontByKey(list, key, fuzzy));
+            found.push_back(FontList::getFontByName(fonts, key, fuzzy));
+            found.push_back(FontList::getFontByKey(fonts, key, fuzzy));
         }
-        const auto [whole, character] = FontList::getSearchResultFont(list, key);
-        add(whole);
-        add(character);
+        const auto [whole, character] = FontList::getSearchResultFont(fonts, key);
+        found.insert(found.end(), {whole, character});
     }
-    add(FontList::getFontById(list, FontTagList::getCheckedFontTagFontIdList(tags, {1, 9, 3})));
-    add({FontList::getFontItemById(list, 7)});
-    add(FontList::getAuthorizedFont(list));
-    add(FontList::getActivatedFont(list));
-    add(FontList::getFontByTags(list, tags));
-    text += FontItem::getFontArrayText(list);
+    std::string text = FontItem::getFontArrayText(fonts);
+    for (const auto& some : found) {
+        text += '\n';
+        for (const auto& font : some)
+            text += std::to_string(font->Id()) + ' ';
+    }
     for (const auto& font : list) {
         text += font->TreeNodeTitle() + font->DisplayName() + font->LocalPreviewFile();
         text += font->getLocalPreviewFile(false, "p1", "c0", 48) + toText(font->Dict());
@@ -74,9 +66,8 @@ std::string readAll(const Records<FontItem>& list, const Records<FontTagItem>& t
     return text;
 }
 
-/// Runs the work in several threads at once, then alone, and expects one result of all.
-void expectOneResult(const std::function<std::string()>& work,
-                     const std::function<std::string()>& alone) {
+/// Runs the work in several threads at once, and expects what it gives alone.
+void expectOneResult(const std::function<std::string()>& work) {
     std::vector<std::string> results(4);
     std::latch start(static_cast<std::ptrdiff_t>(results.size()));
     std::vector<std::jthread> threads;
@@ -86,7 +77,7 @@ void expectOneResult(const std::function<std::string()>& work,
             result = work();
         });
     threads.clear();
-    const std::string expected = alone();
+    const std::string expected = work();
     for (const std::string& result : results) {
         const auto at = std::ranges::mismatch(result, expected).in1 - result.begin();
         EXPECT_EQ(result.substr(at, 80), expected.substr(at, 80)) << "from byte " << at << " on";
@@ -94,10 +85,8 @@ void expectOneResult(const std::function<std::string()>& work,
 }
 
 TEST(Threads, ReadOneTreeAtOnce) {
-    const FontList fonts(JSON::parse(fontsText()));
-    const FontTagList tags(tagsJSON);
-    expectOneResult([&] { return readAll(fonts.List(), tags.List()); },
-                    [&] { return readAll(FontList::parse(fontsText()).List(), tags.List()); });
+    const FontList fonts = FontList::parse(fontsText());
+    expectOneResult([&] { return readAll(fonts); });
 }
 
 TEST(Threads, LoadMarkAndReadATreeEachFromOneDocument) {
@@ -107,9 +96,9 @@ TEST(Threads, LoadMarkAndReadATreeEachFromOneDocument) {
         const auto mine = UserFontActivateMapItem::parse(
             R"({"FontList":[{"Id":3},{"Id":0,"ProductName":"Kai"}]})");
         FontList::setActivatedFont(fonts.List(), mine->FontList());
-        return readAll(fonts.List(), FontTagList(tagsJSON).List());
+        return readAll(fonts);
     };
-    expectOneResult(work, work);
+    expectOneResult(work);
 }
 
 } // namespace

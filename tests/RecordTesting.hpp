@@ -1,10 +1,23 @@
 #pragma once
 
+// What most tests of records need.
 #include <PerchAppLibrary/BaseEntity.hpp>
 #include <PerchAppLibrary/json/Dictionary.hpp>
+#include <PerchAppLibrary/json/JSON.hpp>
+#include <PerchAppLibrary/record/RecordSchema.hpp>
 
+#include <VelmoCloudEntity/font/FontList.hpp>
+
+#include <gtest/gtest.h>
+
+#include <limits>
 #include <memory>
+#include <optional>
 #include <string>
+#include <string_view>
+#include <tuple>
+#include <utility>
+#include <vector>
 
 /// Returns the stored properties in which a record differs from another of its class.
 inline PerchAppLibrary::Dictionary changes(const PerchAppLibrary::BaseEntity& record,
