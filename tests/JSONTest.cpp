@@ -22,11 +22,8 @@ std::string nested(std::size_t depth, const std::string& open, const std::string
 
 TEST(JSON, RefusesWhatIsNoDocumentAndSaysWhereAndWhy) {
     using namespace std::string_literals;
-    const struct {
-        std::string text;
-        std::size_t line, column;
-        std::string reason;
-    } cases[] = {
+    const std::tuple<std::string, std::size_t, std::size_t, std::string> cases[] = {
+        // text, line, column and reason
         {"", 1, 1, "empty"},
         {" \n ", 2, 2, "empty"},
         {"\xEF\xBB\xBF[]", 1, 1, "byte order mark"},
@@ -47,14 +44,14 @@ TEST(JSON, RefusesWhatIsNoDocumentAndSaysWhereAndWhy) {
         {nested(1025, "[", "", "]"), 1, 1025, "deeper than 1024"},
         {nested(1025, "{\"a\":", "1", "}"), 1, 5121, "deeper than 1024"},
     };
-    for (const auto& each : cases)
+    for (const auto& [text, line, column, reason] : cases)
         try {
-            ADD_FAILURE() << toText(toValue(JSON::parse(each.text))) << " is a document";
+            ADD_FAILURE() << toText(toValue(JSON::parse(text))) << " is a document";
         } catch (const JSON::ParseError& error) {
-            EXPECT_EQ(error.what(), "line " + std::to_string(each.line) + ", column " +
-                                        std::to_string(each.column) + ": " + error.reason());
-            EXPECT_EQ(std::pair(error.line(), error.column()), std::pair(each.line, each.column));
-            EXPECT_NE(error.reason().find(each.reason), std::string::npos) << error.what();
+            EXPECT_EQ(error.what(), "line " + std::to_string(line) + ", column " +
+                                        std::to_string(column) + ": " + error.reason());
+            EXPECT_EQ(std::pair(error.line(), error.column()), std::pair(line, column));
+            EXPECT_NE(error.reason().find(reason), std::string::npos) << error.what();
         }
 }
 

@@ -249,16 +249,15 @@ TEST(ListTable, MakesOneItemForEachElementOfAnArray) {
 }
 
 TEST(RecordList, IsARangeAndOutlivesATemporary) {
-    const JSON json = JSON::parse(R"([{"Id":1},{"Id":2}])");
+    const char* const text = R"([{"Id":1},{"Id":2}])";
     std::string ids;
-    for (const auto& font : FontList(json).List())
+    for (const auto& font : FontList(JSON::parse(text)).List())
         ids += std::to_string(font->Id());
-    const FontList list(json);
+    const FontList list = FontList::parse(text);
     for (const auto& font : list)
         ids += std::to_string(font->Id());
-    EXPECT_EQ(ids + std::to_string(list[1]->Id()), "12122");
-    EXPECT_EQ(std::tuple(list.size(), list.empty()), std::tuple(2U, false));
-    EXPECT_THROW(FontList::parse("["), JSON::ParseError);
+    EXPECT_EQ(ids, "1212");
+    EXPECT_EQ(std::tuple(list.size(), list.empty(), list[1]->Id()), std::tuple(2U, false, 2));
 }
 
 } // namespace

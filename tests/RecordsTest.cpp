@@ -18,18 +18,13 @@ using namespace PerchAppLibrary;
 
 namespace {
 
-/// Overrides the setter through which a user gets its identifier.
-struct GuidUser : UserItem {
-    void setGuid(std::string newGuid) override { UserItem::setGuid("set " + newGuid); }
-};
-
 template <class Record>
 void expectMade(const std::shared_ptr<Record>& record, const char* properties) {
     EXPECT_EQ(changed(record), properties);
 }
 
 TEST(Labels, SetThePropertiesOfAUserAndNoOthers) {
-    expectMade(UserItem::create<GuidUser>({.guid = "g"}), R"({"Guid":"set g"})");
+    expectMade(UserItem::create({.guid = "g"}), R"({"Guid":"g"})");
     expectMade(UserItem::create({.tel = "t"}), R"({"Tel":"t"})");
     expectMade(UserItem::create({.guid = "g", .tel = "t"}), R"({"Guid":"g","Tel":"t"})");
     expectMade(UserItem::create({.guid = "g", .email = "e"}), R"({"Guid":"g","Email":"e"})");
@@ -116,7 +111,21 @@ TEST(UserItem, LeavesTheListsOfFontsToTheUserFontMaps) {
         EXPECT_EQ(std::tuple(filled->Fonts().size(), filled->Owned().size()), std::tuple(0U, 1U));
         filled->setOwned({});
         EXPECT_EQ(changed(filled), R"({"Tel":"1"})");
+        // From its own JSON, which it replaces meanwhile.
+        filled->setSms_token(JSON::parse(R"({"sms_token":"inner","Owned":[{},{}]})"));
+        filled->setValue(filled->sms_token());
+        EXPECT_EQ(filled->Owned().size(), 2U);
     }
+}
+
+TEST(UserFontMaps, SetTheirFontsThroughAnOverriddenSetter) {
+    struct CountingMap : UserFontGroupMapItem {
+        void setFontList(Records<FontItem> fonts) override { setId(Id() * 10 + std::ssize(fonts)); }
+    };
+    const auto map = UserFontGroupMapItem::create<CountingMap>(JSON::parse(R"({"Id":7})"));
+    EXPECT_EQ(map->Id(), 70) << "set to none without an array";
+    map->setValue(JSON::parse(R"({"FontList":[{},{}]})"));
+    EXPECT_EQ(map->Id(), 702);
 }
 
 TEST(UserItem, KeepsATokenOfAnyKind) {

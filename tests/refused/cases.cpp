@@ -1,17 +1,17 @@
 // What must not compile, and what the compiler then says. refused.sh compiles this file without a
 // case, and once for each of these lines, with the macro defined so: MACRO=code // message.
 //
-// PROPERTY=PERCH_PROPERTY(int, Count); // Count has the type int, which no property can have
-// PROPERTY=PERCH_PROPERTY(double, Weight); // Weight has the type double, which no property can
-// PROPERTY=PERCH_PROPERTY(std::vector<std::shared_ptr<int>>, Items); // objects that are no records
-// PROPERTY=PERCH_PROPERTY(Rare<std::int64_t>, Seldom); // Seldom has the type Rare<std::int64_t>
-// PROPERTY=PERCH_PROPERTY(bool, First); PERCH_PROPERTY(bool, Second); // onePropertyPerLine
-// PROPERTY=PERCH_PROPERTY(bool, small); // PERCH_PROPERTY_SET_BY names the setter of small
+// PROPERTY=PERCH_PROPERTY(int, Count) // Count has the type int, which no property can have
+// PROPERTY=PERCH_PROPERTY(double, Weight) // Weight has the type double, which no property can
+// PROPERTY=PERCH_PROPERTY(std::vector<std::shared_ptr<int>>, Items) // objects that are no records
+// PROPERTY=PERCH_PROPERTY(Rare<std::int64_t>, Seldom) // Seldom has the type Rare<std::int64_t>
+// PROPERTY=PERCH_PROPERTY(bool, First); PERCH_PROPERTY(bool, Second) // onePropertyPerLine
+// PROPERTY=PERCH_PROPERTY(bool, small) // PERCH_PROPERTY_SET_BY names the setter of small
 // BASE=BaseEntity // does not name the direct base
 // END= // Own needs PERCH_RECORD_END after its properties
-// LATE=PERCH_PROPERTY(bool, Late); // Late does not stand between PERCH_RECORD and PERCH_RECORD_END
-// EFFECT=PERCH_ON_CHANGE(forget, Format); // names a property of another class: Format
-// EFFECT=PERCH_ON_CHANGE(remember, Stars); // remember of PERCH_ON_CHANGE must be noexcept
+// EFFECT=PERCH_PROPERTY(bool, Late) // Late does not stand between PERCH_RECORD and PERCH_RECORD
+// EFFECT=PERCH_ON_CHANGE(forget, Format) // names a property of another class: Format
+// EFFECT=PERCH_ON_CHANGE(remember, Stars) // remember of PERCH_ON_CHANGE must be noexcept
 // CALL=FontSearchItem::create({"k", "u"}) // no matching
 // CALL=FontSearchItem::create({.searchKey = "k", .userGuid = "u"}) // declaration order|no matching
 // CALL=FontItem::create({.id = 7, .productName = "A"}) // no matching
@@ -43,13 +43,10 @@ using namespace VelmoCloudEntity;
 #define BASE FontItem
 #endif
 #ifndef END
-#define END PERCH_RECORD_END;
-#endif
-#ifndef LATE
-#define LATE
+#define END PERCH_RECORD_END
 #endif
 #ifndef EFFECT
-#define EFFECT PERCH_ON_CHANGE(forget, Stars);
+#define EFFECT PERCH_ON_CHANGE(forget, Stars)
 #endif
 #ifndef CALL
 #define CALL
@@ -59,11 +56,11 @@ class Own : public FontItem {
     PERCH_RECORD(Own, FontItem);
 
     PERCH_PROPERTY(std::int64_t, Stars);
-    PROPERTY
-    END LATE EFFECT
+    PROPERTY;
+    END;
+    EFFECT;
 
-        void
-        forget() noexcept {}
+    void forget() noexcept {}
     void remember() {}
 };
 PERCH_RECORD_SCHEMA(Own);
