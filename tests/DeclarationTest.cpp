@@ -31,6 +31,10 @@ class StarredFont : public FontItem {
 public:
     using BaseEntity::reflect;
     const std::string& Copyright() const override { return note_text(); }
+    void setChildren(Records<FontItem> newChildren) override {
+        setUserOrdinal(std::ssize(newChildren) + 1);
+        FontItem::setChildren(std::move(newChildren));
+    }
     void setVersion(std::string newVersion) override {
         FontItem::setVersion(newVersion.empty() ? "" : newVersion + std::to_string(Stars()));
     }
@@ -78,6 +82,7 @@ TEST(BaseEntity, TakesAClientsOwnProperties) {
                                    R"({"Stars":5,"DateStamp":"x","Token":"t","Version":"1."})"}) {
         const auto filled = StarredFont::create(JSON::parse(json));
         EXPECT_EQ(filled->Version() + filled->Token(), "1.3t") << json;
+        EXPECT_EQ(filled->UserOrdinal(), 1) << "Children are set to none";
         EXPECT_EQ(toText(filled->Dict().at("Token")), R"("t")") << json;
     }
 }
