@@ -1,299 +1,244 @@
-#include <PerchAppLibrary/BaseEntity.hpp>
-#include <PerchAppLibrary/json/Dictionary.hpp>
-#include <PerchAppLibrary/record/RecordSchema.hpp>
+#include <PerchAppLibrary/record/detail/KeyOrder.hpp>
+#include <PerchAppLibrary/record/detail/NameIndex.hpp>
 
-#include <gtest/gtest.h>
+#include "RecordTesting.hpp"
 
-#include <map>
+#include <algorithm>
 #include <random>
-#include <string>
-#include <tuple>
 
 using namespace PerchAppLibrary;
+using namespace std::string_view_literals;
 
 namespace {
 
-/// One property of each kind.
+/// Properties of each kind, none of which has a value that a case below gives it.
 class Sample : public BaseEntity {
     PERCH_RECORD(Sample, BaseEntity);
 
     PERCH_PROPERTY(std::int64_t, Int, -7);
-    PERCH_PROPERTY(bool, Bool);
+    PERCH_PROPERTY(bool, On, true);
+    PERCH_PROPERTY(bool, Off);
     PERCH_PROPERTY(float, Float, -7.5F);
     PERCH_PROPERTY(std::string, String, "kept");
     PERCH_PROPERTY(std::optional<std::string>, Optional, "kept");
     PERCH_PROPERTY(std::vector<std::int64_t>, Ints, -7, -7);
     PERCH_PROPERTY(std::vector<std::string>, Strings, "kept");
+    PERCH_PROPERTY(JSON, Any);
     PERCH_PROPERTY(std::vector<std::shared_ptr<Sample>>, Samples);
 
     PERCH_RECORD_END;
 };
 PERCH_RECORD_SCHEMA(Sample);
 
-/// The same with an overridden accessor, so that it is filled through its accessors.
-class Overriding : public Sample {
-public:
+/// Overrides an accessor, so that it is filled through its accessors.
+struct Overriding : Sample {
     void setId(std::int64_t newValue) override { Sample::setId(newValue); }
 };
 
-/// A record filled through its fields, and one filled through its accessors.
-std::vector<std::shared_ptr<Sample>> bothWays(const JSON& json) {
+/// Returns a sample that is filled through its fields, and one filled through its accessors, with
+/// one value under each of the keys.
+std::vector<std::shared_ptr<Sample>> filledWith(const std::string& value,
+                                                const std::vector<std::string>& keys) {
+    std::string members;
+    for (const std::string& key : keys)
+        members += (members.empty() ? "\"" : ",\"") + key + "\":" + value;
+    const JSON json = JSON::parse("{" + members + "}");
     return {Sample::create(json), Sample::create<Overriding>(json)};
 }
 
-const char* const keptInt = "-7";
-const char* const keptFloat = "-7.5";
-const char* const keptText = R"("kept")";
-const char* const keptInts = "[-7,-7]";
-const char* const keptTexts = R"(["kept"])";
-
-struct Row {
-    const char* json; // under the key of each property
-    const char* asInt;
-    const char* asBool;
-    const char* asFloat;
-    const char* asString;
-};
+/// Returns the value of a property as text; "-" if it has its default.
+std::string taken(const Sample& sample, std::string_view name) {
+    const Value value = sample.value(name);
+    return value == Sample().value(name) ? "-" : toText(value);
+}
 
 TEST(Mapping, ConvertsEachKindOfValueToEachKindOfPropertyOrLeavesItAlone) {
-    const Row rows[] = {
-        {"12", "12", "false", "1.2E1", R"("12")"},
-        {"1", "1", "true", "1E0", R"("1")"},
-        {"-0", "0", "false", "0E0", R"("0")"},
-        {"9223372036854775807", "9223372036854775807", "false", "9.223372E18",
-         R"("9223372036854775807")"},
-        {"-9223372036854775808", "-9223372036854775808", "false", "-9.223372E18",
-         R"("-9223372036854775808")"},
-        {"9223372036854775808", keptInt, "false", "9.223372E18", R"("9223372036854775808")"},
-        {"18446744073709551615", keptInt, "false", "1.8446744E19", R"("18446744073709551615")"},
-        {"3.0", "3", "false", "3E0", R"("3.0")"},
-        {"1e3", "1000", "false", "1E3", R"("1000.0")"},
-        {"1.0", "1", "true", "1E0", R"("1.0")"},
-        {"-0.0", "0", "false", "-0E0", R"("-0.0")"},
-        {"1.10", keptInt, "false", "1.1E0", R"("1.1")"},
-        {"-9.223372036854775808e18", keptInt, "false", "-9.223372E18", keptText},
-        {"9.223372036854775808e18", keptInt, "false", "9.223372E18", keptText},
-        {"1e39", keptInt, "false", keptFloat, keptText},
-        {"9007199254740991.0", "9007199254740991", "false", "9.0071993E15",
-         R"("9007199254740991.0")"},
-        {"9007199254740993.0", keptInt, "false", "9.0071993E15", R"("9007199254740992.0")"},
-        {"-9223372036854775809", keptInt, "false", "-9.223372E18", keptText},
-        {"123456789012345678901234567890", keptInt, "false", "1.2345679E29", keptText},
-        {"1e-60", keptInt, "false", keptFloat, R"("1e-60")"},
-        {R"("-12")", "-12", "false", "-1.2E1", R"("-12")"},
-        {R"("007")", "7", "false", "7E0", R"("007")"},
-        {R"("9223372036854775808")", keptInt, "false", "9.223372E18", R"("9223372036854775808")"},
-        {R"("3.0")", keptInt, "false", "3E0", R"("3.0")"},
-        {R"("1e999")", keptInt, "false", keptFloat, R"("1e999")"},
-        {R"("1e-999")", keptInt, "false", keptFloat, R"("1e-999")"},
-        {R"("0.0e-999")", keptInt, "false", "0E0", R"("0.0e-999")"},
-        {R"("12px")", keptInt, "false", keptFloat, R"("12px")"},
-        {R"(" 12")", keptInt, "false", keptFloat, R"(" 12")"},
-        {R"("+12")", keptInt, "false", keptFloat, R"("+12")"},
-        {R"("inf")", keptInt, "false", keptFloat, R"("inf")"},
-        {R"("1")", "1", "true", "1E0", R"("1")"},
-        {R"("True")", keptInt, "true", keptFloat, R"("True")"},
-        {R"("yes")", keptInt, "false", keptFloat, R"("yes")"},
-        {R"("")", keptInt, "false", keptFloat, R"("")"},
-        {"true", "1", "true", "1E0", R"("true")"},
-        {"false", "0", "false", "0E0", R"("false")"},
-        {"null", keptInt, "false", keptFloat, keptText},
-        {"[1]", keptInt, "false", keptFloat, keptText},
-        {R"({"a":1})", keptInt, "false", keptFloat, keptText},
-    };
-    for (const Row& row : rows) {
-        const std::string value = row.json;
-        const JSON json =
-            JSON::parse(R"({"Int":)" + value + R"(,"Bool":)" + value + R"(,"Float":)" + value +
-                        R"(,"String":)" + value + R"(,"Optional":)" + value + "}");
-        for (const auto& sample : bothWays(json)) {
-            EXPECT_EQ(toText(sample->value("Int")), row.asInt) << value;
-            EXPECT_EQ(toText(sample->value("Bool")), row.asBool) << value;
-            EXPECT_EQ(toText(sample->value("String")), row.asString) << value;
-            EXPECT_EQ(toText(sample->value("Optional")), value == "null" ? "null" : row.asString)
-                << value;
-            const float expected = std::stof(row.asFloat);
-            EXPECT_FLOAT_EQ(sample->Float(), expected) << value;
+    const std::pair<const char*, const char*> rows[] = {
+        // JSON, then as Int, Bool, Float and String; "-" where it does not convert
+        {"12", R"(12 - 1.2E1 "12")"},
+        {"1", R"(1 true 1E0 "1")"},
+        {"-0", R"(0 false 0E0 "0")"},
+        {"18446744073709551615", R"(- - 1.8446744E19 "18446744073709551615")"},
+        {"3.0", R"(3 - 3E0 "3.0")"},
+        {"1.0", R"(1 true 1E0 "1.0")"},
+        {"-0.0", R"(0 false -0E0 "-0.0")"},
+        {"1.10", R"(- - 1.1E0 "1.1")"},
+        {"-9.223372036854775808e18", "- - -9.223372E18 -"},
+        {"9.223372036854775808e18", "- - 9.223372E18 -"},
+        {"1e39", "- - - -"},
+        {"9007199254740991.0", R"(9007199254740991 - 9.007199E15 "9007199254740991.0")"},
+        {"9007199254740993.0", R"(- - 9.007199E15 "9007199254740992.0")"},
+        {"-9007199254740992.0", R"(- - -9.007199E15 "-9007199254740992.0")"},
+        {"1e-60", R"(- - - "1e-60")"},
+        {R"("-12")", R"(-12 - -1.2E1 "-12")"},
+        {R"("007")", R"(7 - 7E0 "007")"},
+        {R"("9223372036854775808")", R"(- - 9.223372E18 "9223372036854775808")"},
+        {R"("3.0")", R"(- - 3E0 "3.0")"},
+        {R"("1e999")", R"(- - - "1e999")"},
+        {R"("1e-999")", R"(- - - "1e-999")"},
+        {R"("0.0e-999")", R"(- - 0E0 "0.0e-999")"},
+        {R"("12px")", R"(- - - "12px")"},
+        {R"(" 12")", R"(- - - " 12")"},
+        {R"("+12")", R"(- - - "+12")"},
+        {R"("inf")", R"(- - - "inf")"},
+        {R"("1")", R"(1 true 1E0 "1")"},
+        {R"("0")", R"(0 false 0E0 "0")"},
+        {R"("True")", R"(- true - "True")"},
+        {R"("FALSE")", R"(- false - "FALSE")"},
+        {R"("")", R"(- - - "")"},
+        {"true", R"(1 true 1E0 "true")"},
+        {"false", R"(0 false 0E0 "false")"},
+        {"null", "- - - -"},
+        {"[1]", "- - - -"}};
+    for (const auto& [text, expected] : rows)
+        for (const auto& sample :
+             filledWith(text, {"Int", "On", "Off", "Float", "String", "Optional"})) {
+            const std::string flag = sample->On() != sample->Off() ? "-"
+                                     : sample->On()                ? "true"
+                                                                   : "false";
+            EXPECT_EQ(taken(*sample, "Int") + " " + flag + " " + taken(*sample, "Float") + " " +
+                          taken(*sample, "String"),
+                      expected)
+                << text;
+            EXPECT_EQ(taken(*sample, "Optional"),
+                      text == "null"sv ? "null" : taken(*sample, "String"))
+                << text;
         }
-    }
 }
 
 TEST(Mapping, ConvertsArraysAsAWholeOrNotAtAll) {
-    const struct {
-        const char* json;
-        const char* asInts;
-        const char* asStrings;
-    } rows[] = {
-        {"[]", "[]", "[]"},
-        {R"([1,"2",3.0,true])", "[1,2,3,1]", R"(["1","2","3.0","true"])"},
-        {R"([1,"x"])", keptInts, R"(["1","x"])"},
-        {"[1,null]", keptInts, keptTexts},
-        {"[1,[2]]", keptInts, keptTexts},
-        {R"([1,{"a":2}])", keptInts, keptTexts},
-        {"[1,9223372036854775808]", keptInts, R"(["1","9223372036854775808"])"},
-        {"1", keptInts, keptTexts},
-        {R"("[1]")", keptInts, keptTexts},
-        {"null", keptInts, keptTexts},
-        {R"({"a":1})", keptInts, keptTexts},
-    };
-    for (const auto& row : rows) {
-        const std::string value = row.json;
-        const JSON json = JSON::parse(R"({"Ints":)" + value + R"(,"Strings":)" + value +
-                                      R"(,"Samples":)" + value + "}");
-        for (const auto& sample : bothWays(json)) {
-            EXPECT_EQ(toText(sample->value("Ints")), row.asInts) << value;
-            EXPECT_EQ(toText(sample->value("Strings")), row.asStrings) << value;
-            EXPECT_EQ(sample->Samples().size(), json["Samples"].arrayValue().size()) << value;
+    const std::pair<const char*, const char*> rows[] = {
+        // JSON, then as Ints and Strings
+        {"[]", "[] []"},
+        {R"([1,"2",3.0,true])", R"([1,2,3,1] ["1","2","3.0","true"])"},
+        {R"([1,"x"])", R"(- ["1","x"])"},
+        {"[1,null]", "- -"},
+        {"[1,9223372036854775808]", R"(- ["1","9223372036854775808"])"},
+        {"1", "- -"},
+        {"null", "- -"}};
+    for (const auto& [text, expected] : rows)
+        for (const auto& sample : filledWith(text, {"Ints", "Strings", "Samples"})) {
+            EXPECT_EQ(taken(*sample, "Ints") + " " + taken(*sample, "Strings"), expected) << text;
+            EXPECT_EQ(sample->Samples().size(), JSON::parse(text).arrayValue().size()) << text;
         }
-    }
     EXPECT_EQ(JSON::null.as<std::int64_t>(), std::nullopt);
 }
 
-/// Notes the calls of its setters.
-class Noting : public Sample {
-public:
-    void setId(std::int64_t newValue) override { note("Id", std::to_string(newValue)); }
-    void setInt(std::int64_t newValue) override { note("Int", std::to_string(newValue)); }
-    void setString(std::string newValue) override { note("String", newValue); }
-
-    std::string notes;
-
-private:
-    void note(const std::string& name, const std::string& newValue) {
-        notes += name + "=" + newValue + " ";
-    }
-};
-
 TEST(Mapping, SetsEachPropertyOnceInTheirOrderAndTheLastOfARepeatedKeyHolds) {
-    const struct {
-        const char* json;
-        const char* notes;
-    } rows[] = {
-        {R"({"String":"s","Int":1,"Id":2})", "Id=2 Int=1 String=s "},
-        {R"({"Int":1,"String":"a","Int":2,"String":"b"})", "Int=2 String=b "},
-        {R"({"Int":1,"Int":"x"})", ""}, // the last one does not fit, so the property is left alone
-        {R"({"Int":"x","Int":1})", "Int=1 "},
-        {R"({"int":1,"INT":2,"":3,"Int ":4,"Samples":[],"value":5})", ""},
-        {R"([{"Int":1}])", ""},
-        {R"("Int")", ""},
-        {"null", ""},
-    };
-    for (const auto& row : rows) {
-        const auto record = std::make_shared<Noting>();
-        record->setValue(JSON::parse(row.json));
-        EXPECT_EQ(record->notes, row.notes) << row.json;
-        // The same through the fields, where nothing is overridden.
-        if (const std::string notes = row.notes; notes.find("Int") == std::string::npos) {
-            EXPECT_EQ(Sample::create(JSON::parse(row.json))->Int(), -7) << row.json;
+    struct Noting : Sample {
+        void setId(std::int64_t id) override { notes += "Id=" + std::to_string(id) + " "; }
+        void setInt(std::int64_t number) override {
+            notes += "Int=" + std::to_string(number) + " ";
         }
+        void setString(std::string text) override { notes += "String=" + text + " "; }
+        std::string notes;
+    };
+    const std::tuple<const char*, const char*, std::int64_t> rows[] = {
+        // JSON, the calls of setters, and what Int is when it is filled through its field
+        {R"({"String":"s","Int":1,"Id":2})", "Id=2 Int=1 String=s ", 1},
+        {R"({"Int":1,"String":"a","Int":2,"String":"b"})", "Int=2 String=b ", 2},
+        {R"({"Int":1,"Int":"x"})", "", -7}, // only the last one counts, although it does not fit
+        {R"({"Int":"x","Int":1})", "Int=1 ", 1},
+        {R"({"int":1,"INT":2,"":3,"Int ":4,"Samples":[],"value":5})", "", -7},
+        {R"([{"Int":1}])", "", -7}};
+    for (const auto& [text, notes, number] : rows) {
+        const JSON json = JSON::parse(text);
+        Noting record;
+        record.setValue(json);
+        EXPECT_EQ(record.notes, notes) << text;
+        EXPECT_EQ(Sample::create(json)->Int(), number) << text;
     }
 }
 
-/// Looks at another property when it is set.
-class Observing : public BaseEntity {
-    PERCH_RECORD(Observing, BaseEntity);
-
-    PERCH_PROPERTY(std::int64_t, Int);
-    PERCH_PROPERTY(std::int64_t, IntAtId);
-
-    PERCH_RECORD_END;
-
-public:
-    void setId(std::int64_t newValue) override { setIntAtId(Int() + newValue); }
-};
-PERCH_RECORD_SCHEMA(Observing);
-
-TEST(Mapping, KeepsTheOrderForAnOverrideInTheVeryClass) {
-    EXPECT_EQ(Observing::create(JSON::parse(R"({"Int":5,"Id":1})"))->IntAtId(), 1);
-}
-
-/// One property of each kind, empty to begin with.
-class Empty : public BaseEntity {
-    PERCH_RECORD(Empty, BaseEntity);
-
-    PERCH_PROPERTY(std::int64_t, Int);
-    PERCH_PROPERTY(bool, Bool);
-    PERCH_PROPERTY(float, Float);
-    PERCH_PROPERTY(std::string, String);
-    PERCH_PROPERTY(std::optional<std::string>, Optional);
-    PERCH_PROPERTY(std::vector<std::int64_t>, Ints);
-    PERCH_PROPERTY(JSON, Any);
-
-    PERCH_RECORD_END;
-};
-PERCH_RECORD_SCHEMA(Empty);
-class SetByAccessors : public Empty {};
-
-/// An object of some members, of which some have the same key.
+/// An object of some members, some of them with one key.
 std::string randomObject(std::mt19937& random) {
-    const auto oneOf = [&](const auto& list) {
-        return std::string(
-            list[std::uniform_int_distribution<std::size_t>(0, std::size(list) - 1)(random)]);
-    };
-    const char* const keys[] = {"Int",  "Bool", "Float", "String", "Optional",
-                                "Ints", "Any",  "Id",    "Token"};
+    const char* const keys[] = {"Int",  "On",      "Off", "Float",      "String", "Optional",
+                                "Ints", "Strings", "Any", "IsDisabled", "Id",     "Token"};
     const char* const values[] = {"0",    "1",    "-0.0", "2.5", R"("")",    R"("text")",
                                   "true", "null", "[]",   "[3]", R"(["x"])", "{}"};
     std::string members;
-    for (int count = std::uniform_int_distribution<>(0, 8)(random); count > 0; --count)
-        members += (members.empty() ? "\"" : ",\"") + oneOf(keys) + "\":" + oneOf(values);
+    for (auto count = random() % 9; count > 0; --count)
+        members += std::string(members.empty() ? "\"" : ",\"") + keys[random() % std::size(keys)] +
+                   "\":" + values[random() % std::size(values)];
     return "{" + members + "}";
 }
 
-TEST(Mapping, GivesTheSameThroughFieldsAndThroughSetters) {
+TEST(Mapping, FillsThroughFieldsAsThroughSetters) {
     std::mt19937 random(5); // NOLINT(cert-msc32-c,cert-msc51-cpp): the same run each time
-    for (int run = 0; run < 2'000; ++run) {
-        const auto byFields = Empty::create();
-        const auto bySetters = Empty::create<SetByAccessors>();
+    const std::string zeros = R"({"Int":0,"On":false,"Float":0,"String":"","Optional":null,
+        "Ints":[],"Strings":[]})";
+    for (int run = 0; run < 4'000; ++run) {
+        const auto byFields = Sample::create();
+        const auto bySetters = Sample::create<Overriding>();
         std::string objects;
         for (int filling = 0; filling < 3; ++filling) {
-            const std::string object = randomObject(random);
+            const std::string object = filling == 0 && run % 2 == 0 ? zeros : randomObject(random);
             objects += object + " ";
-            const JSON json = JSON::parse(object);
-            byFields->setValue(json);
-            bySetters->setValue(json);
+            byFields->setValue(JSON::parse(object));
+            bySetters->setValue(JSON::parse(object));
             ASSERT_EQ(toText(byFields->properties()), toText(bySetters->properties())) << objects;
         }
     }
 }
 
-class Bare : public BaseEntity {
-    PERCH_RECORD(Bare, BaseEntity);
-    PERCH_RECORD_END;
-};
-PERCH_RECORD_SCHEMA(Bare);
-
-/// Arrays of two classes, whose keys have other slots in their indexes.
-class Pair : public BaseEntity {
-    PERCH_RECORD(Pair, BaseEntity);
-
-    PERCH_PROPERTY(std::vector<std::shared_ptr<Empty>>, Wide);
-    PERCH_PROPERTY(std::vector<std::shared_ptr<Bare>>, Narrow);
-
-    PERCH_RECORD_END;
-};
-PERCH_RECORD_SCHEMA(Pair);
-
-TEST(Mapping, ForgetsTheOrderOfKeysOfAnotherClass) {
-    const std::string item = R"({"Any":1,"Int":2,"Id":3,"Token":"t","String":"s"})";
-    const std::string items = "[" + item + "," + item + "]";
-    const auto pair =
-        Pair::create(JSON::parse(R"({"Narrow":)" + items + R"(,"Wide":)" + items + "}"));
-    ASSERT_EQ(pair->Wide().size() + pair->Narrow().size(), 4U);
-    for (const auto& wide : pair->Wide())
-        EXPECT_EQ(std::tuple(wide->Int(), wide->Id(), wide->Token(), wide->String()),
-                  std::tuple(2, 3, "t", "s"));
-    for (const auto& narrow : pair->Narrow())
-        EXPECT_EQ(std::tuple(narrow->Id(), narrow->Token()), std::tuple(3, "t"));
+TEST(Mapping, LeavesExcludedKeysAlone) {
+    const auto record = Sample::create();
+    record->setValue(JSON::parse(R"({"Id":1,"Int":2,"Off":true,"Token":"t","IsDisabled":true})"),
+                     Excluded{"Int", "Unknown", "Id", "Token"});
+    EXPECT_EQ(changed(record), R"({"IsDisabled":true,"Off":true})");
 }
 
-TEST(Mapping, LeavesExcludedKeysAlone) {
-    const JSON json = JSON::parse(R"({"Id":1,"Int":2,"String":"s"})");
-    const auto sample = Sample::create();
-    sample->setValue(json, Excluded{"Int", "Unknown", "Id"});
-    EXPECT_EQ(sample->Id(), 0);
-    EXPECT_EQ(sample->Int(), -7);
-    EXPECT_EQ(sample->String(), "s");
+/// Looks a name up in each way: on memory that ends with it, without a guess, from the last guess,
+/// and from the slot where that lookup ended.
+std::size_t find(const NameIndex& index, std::string_view name, std::uint32_t& guess) {
+    const std::vector<char> alone(name.begin(), name.end());
+    const std::size_t found = index.find({alone.data(), alone.size()});
+    std::vector<char> readable(name.begin(), name.end());
+    readable.resize(std::max(name.size(), NameIndex::headSize), 'x'); // must not matter
+    EXPECT_EQ(index.findReadable({readable.data(), name.size()}), found) << name;
+    for (int look = 0; look < 2; ++look)
+        EXPECT_EQ(index.findReadable({readable.data(), name.size()}, guess), found) << name;
+    return found;
+}
+
+TEST(NameIndex, DistinguishesNamesOfAllLengths) {
+    std::vector<std::string> owned{"I",
+                                   "Id",
+                                   "IdA",
+                                   "IsGroup",
+                                   "GroupTag",
+                                   "TagGroup",
+                                   "ExceptionMessag",
+                                   "ExceptionMessage",
+                                   "GroupCollectionId",
+                                   "GroupCollectionIdentifier",
+                                   {"Id\0", 3},
+                                   ""};
+    for (std::size_t number = 0; number < 300; ++number)
+        owned.push_back((number % 2 == 0 ? "PropertyOfARecord" : "P") + std::to_string(number));
+    const std::vector<std::string_view> names(owned.begin(), owned.end());
+    const NameIndex index(names);
+    std::uint32_t guess = 0;
+    for (std::size_t place = 0; place < names.size(); ++place) {
+        EXPECT_EQ(find(index, names[place], guess), place) << names[place];
+        for (const std::string_view other :
+             {"i"sv, "ID"sv, "Idx"sv, "\0"sv, "Id\0\0"sv, "ExceptionMessageA"sv,
+              "GroupCollectionI"sv, "GroupCollectionIx"sv, "PropertyOfARecord301"sv}) {
+            (void)find(index, names[place], guess); // a guess that is wrong for the other
+            EXPECT_EQ(find(index, other, guess), names.size()) << other;
+        }
+    }
+}
+
+TEST(KeyOrder, ForgetsTheKeysOfAnotherClass) {
+    const NameIndex names(std::vector{"Id"sv}), others(std::vector{"Token"sv});
+    KeyOrder order;
+    order.startRecord(names);
+    order.first() = order.after(3) = 7;
+    order.startRecord(names);
+    EXPECT_EQ(order.first() + order.after(3), 14U);
+    order.startRecord(others);
+    EXPECT_EQ(order.first() + order.after(3), 0U);
 }
 
 } // namespace

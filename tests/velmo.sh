@@ -154,7 +154,7 @@ expect 0 '"UserFontGroupMapItem":\[\{"name":"UserGuid","kind":"String","default"
     read --types --json
 expect 0 '"UrlList":\[\{"name":"list","kind":"array of UrlItem","default":\[\]\}\]' read --types --json
 expect 0 '\{"name":"sms_token","kind":"any","default":""\}.*\{"name":"PlatformId","kind":"Int","default":1\}' read --types --json
-expect 0 '^EmSize +4.85E1$' read fontim "$samples/records/FontImageItem.json"
+expect 0 '^EmSize +1.27E1$' read fontim "$samples/records/FontImageItem.json"
 expect 0 '^AppTag ' read FONTAP "$samples/records/FontApplyItem.json"
 expect 2 'did you mean UserItem\?' read UsrItem "$fonts"
 expect 2 'may be FontTagItem, FontTagList' read FontTag "$fonts"

@@ -1,0 +1,37 @@
+#pragma once
+
+// What most tests of records need.
+#include <PerchAppLibrary/BaseEntity.hpp>
+#include <PerchAppLibrary/json/Dictionary.hpp>
+#include <PerchAppLibrary/json/JSON.hpp>
+#include <PerchAppLibrary/record/RecordSchema.hpp>
+
+#include <VelmoCloudEntity/font/FontList.hpp>
+
+#include <gtest/gtest.h>
+
+#include <limits>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <tuple>
+#include <utility>
+#include <vector>
+
+/// Returns the stored properties in which a record differs from another of its class.
+inline PerchAppLibrary::Dictionary changes(const PerchAppLibrary::BaseEntity& record,
+                                           const PerchAppLibrary::BaseEntity& fresh) {
+    const PerchAppLibrary::Dictionary before = fresh.properties();
+    PerchAppLibrary::Dictionary changed;
+    for (const auto& [name, value] : record.properties())
+        if (value != before.at(name))
+            changed[name] = value;
+    return changed;
+}
+
+/// Returns, as text, the stored properties that do not have their defaults.
+template <class Record>
+std::string changed(const std::shared_ptr<Record>& record) {
+    return PerchAppLibrary::toText(changes(*record, *Record::create()));
+}
