@@ -1,3 +1,5 @@
+#include <VelmoCloudEntity/catalogue/FontTagItem.hpp>
+#include <VelmoCloudEntity/entity/RecordTree.hpp>
 #include <VelmoCloudEntity/font/FontList.hpp>
 
 #include <PerchAppLibrary/json/Dictionary.hpp>
@@ -6,220 +8,300 @@
 
 #include <cstdint>
 #include <regex>
+#include <stdexcept>
 #include <string>
-#include <tuple>
+#include <string_view>
 #include <vector>
 
 using namespace VelmoCloudEntity;
 using PerchAppLibrary::JSON;
+using PerchAppLibrary::toText;
+using testing::PrintToString;
 
 namespace {
+
+using Fonts = Records<FontItem>;
+using Ids = std::vector<std::int64_t>;
 
 constexpr auto filters = {FontList::getActivatedFont, FontList::getFavoritedFont,
                           FontList::getAuthorizedFont};
 
-Records<FontItem> fonts(const std::string& text) { return FontList(JSON::parse(text)).List(); }
+Fonts fonts(const std::string& text) { return FontList(JSON::parse(text)).List(); }
 
 /// The product names, one after the other.
-std::string names(const Records<FontItem>& list) {
+std::string names(const Fonts& list) {
     std::string joined;
     for (const auto& font : list)
         joined += font->ProductName();
     return joined;
 }
 
-TEST(FontList, MakesAFontOfEachObject) {
-    EXPECT_EQ(names(fonts(R"([{"ProductName":"A"},5,{"ProductName":"B"}])")), "AB");
-    EXPECT_EQ(names(fonts(R"([null,"x",true,[{"ProductName":"X"}],{"ProductName":"A"},1.5])")),
-              "A");
-    for (const char* json : {R"({"ProductName":"A"})", "[]", "[7]", R"("A")", "1", "null"})
-        EXPECT_TRUE(fonts(json).empty()) << json;
+/// A letter for each font: 'a' if it is activated, 'f' if it is favorited, 'b' if it is both.
+std::string marks(const Fonts& list) {
+    std::string letters;
+    for (const auto& font : list)
+        letters += "-afb"[(font->isActivated() ? 1 : 0) + (font->IsFavorited() ? 2 : 0)];
+    return letters;
 }
 
-TEST(FontList, QueriesTakeLeavesInTheOrderOfTheTree) {
-    // A star stands for the flags; only A, C, D and E are leaves with them that a query may look
-    // at.
-    const std::string flags = R"("isActivated":true,"IsFavorited":true,"IsAuthed":true)";
-    const auto list = fonts(std::regex_replace(R"([
-        {"ProductName":"G","IsGroup":true,*,"Children":[
-            {"ProductName":"A",*},{"ProductName":"B","IsFontAuth":true,"IsFree":true,"IsMemberFont":true},
-            {"IsGroup":true,"Children":[{"ProductName":"C",*}]}]},
-        {"ProductName":"D",*,"Children":[{"ProductName":"X",*}]},{"ProductName":"H","IsGroup":true,*},
-        {"ProductName":"Y","Children":[{"ProductName":"Z",*}]},{"ProductName":"E",*},
-        {"ProductName":"1","isActivated":true},{"ProductName":"2","IsFavorited":true},
-        {"ProductName":"3","IsAuthed":true}])",
-                                               std::regex("\\*"), flags));
-    char own = '0'; // each reads its own flag
+/// Tags with these identifiers, all that a query may read of a tag.
+Records<FontTagItem> tags(const Ids& ids) {
+    Records<FontTagItem> list;
+    for (const std::int64_t id : ids)
+        list.push_back(FontTagItem::create(JSON::parse("{\"Id\":" + std::to_string(id) + "}")));
+    return list;
+}
+
+TEST(RecordTree, WalksTheLeavesOfTemporaryLists) {
+    const std::string tree = R"([{"Id":1,"IsGroup":true,"Children":[
+        {"Id":2},{"Id":3,"IsGroup":true,"Children":[{"Id":4,"Children":[{"Id":5}]}]}]},{"Id":6}])";
+    Ids ids;
+    const auto visit = [&ids](const auto& leaf) { ids.push_back(leaf->Id()); };
+    forEachLeaf(fonts(tree), visit);
+    forEachLeaf(makeRecords<FontTagItem>(JSON::parse(tree)), visit);
+    EXPECT_EQ(ids, (Ids{2, 4, 6, 2, 4, 6}));
+}
+
+TEST(RecordTree, LetsAVisitorChangeWhatComesLaterAndStopTheWalk) {
+    const auto list = fonts(R"([{"ProductName":"A"},{"IsGroup":true},{"ProductName":"Z"}])");
+    std::string visited;
+    const auto visit = [&](const std::shared_ptr<FontItem>& leaf) {
+        visited += leaf->ProductName();
+        if (visited == "A")
+            list[1]->setChildren(fonts(R"([{"ProductName":"B"},{"ProductName":"C"}])"));
+        if (visited == "ABC")
+            throw std::runtime_error("enough");
+    };
+    EXPECT_THROW(forEachLeaf(list, visit), std::runtime_error);
+    EXPECT_EQ(visited, "ABC");
+}
+
+TEST(FontList, FiltersLeavesByTheirOwnFlagInTheOrderOfTheTree) {
+    // A star stands for all three flags. Only A, C, D and E are leaves with them.
+    const auto list = fonts(std::regex_replace(
+        R"([{"ProductName":"G","IsGroup":true,*,"Children":[
+                {"ProductName":"A",*}, {"IsFontAuth":true,"IsFree":true,"IsMemberFont":true},
+                {"IsGroup":true,"Children":[{"ProductName":"C",*}]}]},
+            {"ProductName":"D",*,"Children":[{"ProductName":"X",*}]}, {"IsGroup":true,*},
+            {"ProductName":"Y","Children":[{"ProductName":"Z",*}]}, {"ProductName":"E",*},
+            {"ProductName":"1","isActivated":true}, {"ProductName":"2","IsFavorited":true},
+            {"ProductName":"3","IsAuthed":true}])",
+        std::regex("\\*"), R"("isActivated":true,"IsFavorited":true,"IsAuthed":true)"));
+    char own = '0';
     for (const auto& filter : filters) {
         EXPECT_EQ(names(filter(list)), std::string("ACDE") + ++own);
-        EXPECT_TRUE(filter({}).empty());
-        // An object comes as often as it stands in the tree, and it is the object itself.
-        const auto a = list[0]->Children()[0], c = list[0]->Children()[2]->Children()[0],
-                   e = list[4];
-        EXPECT_TRUE((filter({e, list[0], e, list[0]}) == Records<FontItem>{e, a, c, e, a, c}));
+        EXPECT_EQ(names(filter({list[4], list[0], list[4]})), "EACE") << "as often as it is there";
+        EXPECT_EQ(names(filter({})), "");
     }
-    EXPECT_EQ(FontList::getFontCount(list) * 10 + FontList::getActivatedFontCount(list), 95);
+    EXPECT_EQ(FontList::getFontCount(list), 9);
+    EXPECT_EQ(FontList::getActivatedFontCount(list), 5);
 }
 
+struct Key {
+    std::int64_t id;
+    std::string_view name;
+    bool isPrivate = false;
+
+    std::shared_ptr<FontItem> font() const {
+        return FontItem::create(
+            {.id = id, .productName = std::string(name), .isPrivate = isPrivate});
+    }
+};
+
 TEST(FontList, MarksTheLeavesThatAReferenceMatches) {
-    struct Font {
-        std::int64_t id;
-        std::string name;
-        bool isPrivate = false;
-        std::shared_ptr<FontItem> make() const {
-            return FontItem::create({.id = id, .productName = name, .isPrivate = isPrivate});
-        }
+    const struct {
+        const char* rule;
+        Key leaf;
+        std::vector<Key> matching, different;
+    } cases[] = {
+        {"the Id counts", {12, "A"}, {{12, "A"}, {12, "B"}}, {{13, "A"}, {0, "A"}}},
+        {"IsPrivate counts", {12, "A"}, {{12, ""}}, {{12, "A", true}}},
+        {"also of a private font", {12, "A", true}, {{12, "B", true}}, {{12, "A"}, {0, "A", true}}},
+        {"1 is an Id", {1, "A"}, {{1, ""}}, {{2, "A"}, {0, "A"}, {-1, "A"}, {1LL << 32 | 1, "A"}}},
+        {"so is the greatest", {INT64_MAX, "A"}, {{INT64_MAX, "B"}}, {{-1, "A"}}},
+        {"below 1, the name counts", {0, "A"}, {{7, "A", true}}, {{0, "B"}, {0, "a"}, {0, ""}}},
+        {"all of the name", {0, "A"}, {{0, "A"}}, {{0, "A "}, {0, {"A\0", 2}}}},
+        {"a negative Id is none", {-3, "AB", true}, {{7, "AB"}, {-4, "AB"}}, {{-3, "A", true}}},
+        {"no name is a name", {0, ""}, {{9, ""}}, {{0, "A"}}},
+        {"composed or not", {0, "é"}, {{0, "e\u0301"}}, {{0, "e"}, {0, "É"}, {0, "E\u0301"}}},
+        {"decomposed or not", {0, "e\u0301"}, {{0, "é"}}, {{0, "e"}}},
+        {"compatible is not equal", {0, "한ﬁ"}, {{0, "\u1112\u1161\u11ABﬁ"}}, {{0, "한fi"}}},
+        {"ill-formed is U+FFFD", {0, "a\xff"}, {{0, "a\uFFFD"}, {0, "a\xfe"}}, {{0, "a"}}},
     };
-    // A leaf, references that match it, and others that do not.
-    const std::tuple<Font, std::vector<Font>, std::vector<Font>> cases[] = {
-        // From Id 1 on, Id and IsPrivate decide, and names do not.
-        {{12, "A"}, {{12, "A"}, {12, "B"}}, {{12, "A", true}, {13, "A"}, {0, "A"}}},
-        {{12, "A", true}, {{12, "B", true}}, {{12, "A"}, {0, "A", true}}},
-        {{1, "A"}, {{1, ""}}, {{2, "A"}, {0, "A"}, {-1, "A"}, {4294967297, "A"}}},
-        {{INT64_MAX, "A"}, {{INT64_MAX, "B"}}, {{-1, "A"}}},
-        // Below, the name alone decides.
-        {{0, "A"},
-         {{0, "A"}, {7, "A", true}},
-         {{0, "B"}, {0, "a"}, {0, "A "}, {0, {"A\0", 2}}, {0, ""}}},
-        {{-3, "AB", true}, {{7, "AB"}, {-4, "AB"}}, {{-3, "B", true}, {-3, "A", true}}},
-        {{0, ""}, {{9, ""}}, {{0, "A"}}},
-        // Names are equal when they are canonically equivalent; bytes that are no text stand for
-        // U+FFFD.
-        {{0, "caf\u00E9"}, {{0, "cafe\u0301"}}, {{0, "cafe"}, {0, "caf\u00C9"}, {0, "cafE\u0301"}}},
-        {{0, "cafe\u0301"}, {{0, "caf\u00E9"}}, {{0, "cafe"}}},
-        {{0, "\u212B"}, {{0, "\u00C5"}, {0, "A\u030A"}}, {{0, "A"}, {0, "\u00E5"}}},
-        {{0, "q\u0307\u0323"}, {{0, "q\u0323\u0307"}}, {{0, "q\u0307"}}},
-        {{0, "\uD55C\uFB01"}, {{0, "\u1112\u1161\u11AB\uFB01"}}, {{0, "\uD55Cfi"}}},
-        {{0, "a\xff"}, {{0, "a\uFFFD"}, {0, "a\xfe"}}, {{0, "a"}}},
-    };
-    for (const auto& [leaf, matching, different] : cases)
-        for (const bool expected : {true, false})
-            for (const Font& other : expected ? matching : different) {
-                SCOPED_TRACE(testing::Message()
-                             << leaf.id << leaf.name << " / " << other.id << other.name);
-                // The leaf stands alone, in a group, and below another leaf, where it is never
-                // found.
-                const auto alone = leaf.make(), inner = leaf.make(), hidden = leaf.make();
-                const auto group = FontItem::create({.groupTag = "g"}),
-                           host = Font{77, "host"}.make();
+    for (const auto& [rule, leaf, matching, different] : cases)
+        for (const bool matches : {true, false})
+            for (const Key& key : matches ? matching : different) {
+                SCOPED_TRACE(testing::Message() << rule << ": " << key.id << " " << key.name);
+                // The leaf alone, in a group, and below another leaf, where no query looks.
+                const auto alone = leaf.font(), inner = leaf.font(), hidden = leaf.font();
+                const auto host = Key{77, "host"}.font(), group = leaf.font();
                 host->setChildren({hidden});
+                group->setIsGroup(true);
                 group->setChildren({host, inner});
-                const Records<FontItem> list{host, group, alone},
-                    known{Font{9, "-"}.make(), other.make()};
-                const auto marked =
-                    expected ? Records<FontItem>{inner, alone} : Records<FontItem>{};
-                FontList::setActivatedFont(list, known);
-                EXPECT_TRUE(FontList::getActivatedFont(list) == marked);
-                EXPECT_TRUE(FontList::getFavoritedFont(list).empty())
-                    << "the other flag is not touched";
-                FontList::setFavoritedFont(list, known);
-                EXPECT_TRUE(FontList::getFavoritedFont(list) == marked);
-                EXPECT_FALSE(hidden->isActivated() || hidden->IsFavorited());
+                const Fonts list{host, group, alone}, all{host, hidden, group, inner, alone};
+                const Fonts references{Key{9, "-"}.font(), key.font(), Key{8, "-"}.font()};
+                FontList::setActivatedFont(list, references);
+                EXPECT_EQ(marks(all), matches ? "---aa" : "-----");
+                FontList::setFavoritedFont(list, references);
+                EXPECT_EQ(marks(all), matches ? "---bb" : "-----");
             }
 }
 
-TEST(FontList, MarkingNeverClearsAndLeavesGroupsAlone) {
-    const auto list = fonts(R"([{"Id":1},{"Id":3,"IsGroup":true,"Children":[{"Id":1},{"Id":2}]},
-                                {"Id":3,"IsGroup":true},{"Id":9,"isActivated":true,"IsFavorited":true}])");
-    const auto& members = list[1]->Children();
-    const auto marks = [&](const auto& mark, const std::string& references) {
+TEST(FontList, MarkingNeverClearsAndTakesReferencesAsAPlainArray) {
+    const auto list =
+        fonts(R"([{"Id":1},{"Id":9,"isActivated":true,"IsFavorited":true},{"Id":2}])");
+    const auto marksAfter = [&](const auto& mark, const char* references) {
         mark(list, fonts(references));
-        std::string text;
-        for (const auto& font : {list[0], list[1], members[0], members[1], list[2], list[3]})
-            text += "-afb"[(font->isActivated() ? 1 : 0) + (font->IsFavorited() ? 2 : 0)];
-        return text;
+        return marks(list);
     };
-    EXPECT_EQ(marks(FontList::setActivatedFont, "[]"), "-----b");
-    EXPECT_EQ(marks(FontList::setActivatedFont, R"([{"Id":1},{"Id":3}])"), "a-a--b");
-    // References are a plain array: a group is a reference itself, its members are none.
-    EXPECT_EQ(marks(FontList::setActivatedFont, R"([{"IsGroup":true,"Children":[{"Id":2}]}])"),
-              "a-a--b");
-    EXPECT_EQ(marks(FontList::setActivatedFont, R"([{"Id":2,"IsGroup":true}])"), "a-aa-b");
-    EXPECT_TRUE(list[1]->IsActivated())
-        << "every member is, though the group's own flag is not set";
-    EXPECT_EQ(marks(FontList::setFavoritedFont, R"([{"Id":2}])"), "a-ab-b");
-    EXPECT_EQ(marks(FontList::setFavoritedFont, R"([{"Id":1}])"), "b-bb-b");
+    EXPECT_EQ(marksAfter(FontList::setActivatedFont, "[]"), "-b-");
+    EXPECT_EQ(marksAfter(FontList::setActivatedFont, R"([{"Id":3},{"Id":1}])"), "ab-");
+    const char* const member = R"([{"IsGroup":true,"Children":[{"Id":2}]}])";
+    EXPECT_EQ(marksAfter(FontList::setActivatedFont, member), "ab-");
+    EXPECT_EQ(marksAfter(FontList::setActivatedFont, R"([{"Id":2,"IsGroup":true}])"), "aba");
+    EXPECT_EQ(marksAfter(FontList::setFavoritedFont, R"([{"Id":2}])"), "abb");
 }
 
-/// A leaf whose accessors answer in place of what is stored.
+TEST(FontList, FindsLeavesByTheirIdsAndByTheTagsTheyCarry) {
+    const Fonts list = fonts(R"([
+        {"ProductName":"G","Id":9,"IsGroup":true,"Tags":[4,7],"Children":[
+            {"ProductName":"A","Id":3,"Tags":[7,1,4]},
+            {"ProductName":"H","Id":6,"IsGroup":true,"Children":[
+                {"ProductName":"B","Id":9,"Tags":[4,4]},{"ProductName":"C","Id":-1}]}]},
+        {"ProductName":"D","Id":3,"Tags":[4,4,7],
+         "Children":[{"ProductName":"X","Id":5,"Tags":[4,7]}]},
+        {"ProductName":"E","Id":9,"Tags":[0,-1]}, {"ProductName":"F","Tags":[8]},
+        {"ProductName":"M","Id":9223372036854775807},
+        {"ProductName":"N","Id":-9223372036854775808}])");
+    const struct {
+        Ids ids;
+        const char *byId, *byTags, *item; // the item is the first of the list itself
+    } cases[] = {
+        {{}, "", "ABCDEFMN", ""},
+        {{9, 3, 9}, "ABDE", "", "G"}, // each leaf once, and no group
+        {{3}, "AD", "", "D"},
+        {{6}, "", "", ""},                // a group in a group
+        {{5, 1, 4294967299}, "", "", ""}, // below a leaf, and unknown
+        {{4}, "", "ABD", ""},
+        {{4, 7, 4}, "", "AD", ""},
+        {{8, 8}, "", "F", ""},
+        {{0, -1}, "CF", "E", "F"},
+        {{INT64_MAX, 0, INT64_MIN}, "FMN", "", "M"},
+    };
+    for (const auto& [ids, byId, byTags, item] : cases) {
+        EXPECT_EQ(names(FontList::getFontById(list, ids)), byId) << PrintToString(ids);
+        EXPECT_EQ(names(FontList::getFontByTags(list, tags(ids))), byTags) << PrintToString(ids);
+        const auto found = ids.empty() ? nullptr : FontList::getFontItemById(list, ids[0]);
+        EXPECT_EQ(found ? found->ProductName() : "", item) << PrintToString(ids);
+    }
+    EXPECT_EQ(names(FontList::getFontById({list[1], list[0], list[1]}, {3})), "DAD");
+    const auto group = tags({4});
+    group[0]->setIsGroup(true);
+    group[0]->setChildren(tags({7}));
+    EXPECT_EQ(names(FontList::getFontByTags(list, group)), "ABD") << "a group's own Id counts";
+}
+
+TEST(FontList, TakesManyFontsIdentifiersAndTagsInLinearTime) {
+    constexpr std::int64_t count = 200'000;
+    Ids ids;
+    Fonts list, unnamed;
+    for (std::int64_t i = 1; i <= count; ++i) {
+        ids.push_back(i % 2 ? i : i << 40); // dense ones, and outliers
+        list.push_back(Key{2 * i, "A"}.font());
+        unnamed.push_back(Key{0, std::to_string(i)}.font());
+    }
+    list.back()->setId(1);
+    EXPECT_EQ(FontList::getFontById(list, ids).size(), 1U);
+    FontList::setActivatedFont(list, list);
+    FontList::setActivatedFont(unnamed, unnamed);
+    EXPECT_EQ(FontList::getActivatedFontCount(list), count);
+    EXPECT_EQ(FontList::getActivatedFontCount(unnamed), count);
+
+    const Ids half(ids.begin(), ids.begin() + count / 2);
+    Ids allButOne = half;
+    allButOne[count / 4] = 0;
+    list[0]->setTags(half);
+    list[1]->setTags(allButOne);
+    Fonts repeated(100, list[0]);
+    repeated.push_back(list[1]);
+    EXPECT_EQ(FontList::getFontByTags(repeated, tags(half)).size(), 100U);
+
+    std::string key;
+    for (char32_t i = 0; i < 300'000; ++i)
+        key += {'\xE4', static_cast<char>(0x80 | i / 64 % 64), static_cast<char>(0x80 | i % 64)};
+    EXPECT_FALSE(FontList::isFontMatchedByCharacter(list[0], key));
+    list[0]->setDisplayName(key);
+    EXPECT_EQ(FontList::getSearchResultFont({list[0]}, key).second.size(), 1U);
+}
+
+/// A leaf, or a group of one, whose accessors return something other than what is stored.
 struct ClientFont : FontItem {
     std::string name = "Client", writes;
+    bool isStored = false;
+    Ids tags{4};
+    Fonts members;
     std::int64_t Id() const override { return 12; }
     bool IsPrivate() const override { return true; }
     const std::string& ProductName() const override { return name; }
     std::string DisplayName() const override { return "Shown"; }
+    bool isActivated() const override { return isStored; }
     bool IsActivated() const override { return true; }
     bool IsFavorited() const override { return true; }
     bool IsAuthed() const override { return true; }
     std::string LocalFile() const override { return "/dev/null"; }
+    const Ids& Tags() const override { return tags; }
+    bool IsGroup() const override { return !members.empty(); }
+    const Fonts& Children() const override { return members; }
+    void setId(std::int64_t) override { writes += "I"; }
     void setIsActivated(bool flag) override { writes += flag ? "A" : "a"; }
     void setIsFavorited(bool flag) override { writes += flag ? "F" : "f"; }
-    PerchAppLibrary::Dictionary Dict() const override {
-        return {{"client", FontItem::Dict().at("Id")}};
-    }
+    PerchAppLibrary::Dictionary Dict() const override { return {{"client", "own"}}; }
 };
 
-/// A group by its accessors alone.
-struct ClientGroup : FontItem {
-    Records<FontItem> members;
-    bool IsGroup() const override { return true; }
-    const Records<FontItem>& Children() const override { return members; }
-    bool isActivated() const override { return true; }
-};
-
-TEST(FontList, QueriesAndDerivedValuesHonourOverriddenAccessors) {
-    const auto group = FontItem::create<ClientGroup>();
-    const auto client = FontItem::create<ClientFont>();
-    const auto plain = FontItem::create({.id = 12, .productName = "A", .isPrivate = true});
-    const auto other = FontItem::create({.id = 12, .productName = "Client", .isPrivate = false});
-    const auto byName = FontItem::create({.productName = "Client"});
-    group->setChildren({other}); // stored, but not what the group answers
-    group->members = {client, plain, byName};
+TEST(FontList, QueriesReadOverriddenAccessors) {
+    const auto client = FontItem::create<ClientFont>(), group = FontItem::create<ClientFont>();
+    group->setChildren(fonts(R"([{"ProductName":"Stored"}])"));
+    group->members = {client, Key{7, "Plain"}.font()};
+    group->name = "Group";
     for (const auto& filter : filters)
-        EXPECT_TRUE(filter({group}) == Records<FontItem>{client});
-    EXPECT_EQ(FontList::getFontCount({group}) + FontList::getActivatedFontCount({group}), 4);
-    FontList::setActivatedFont({group}, {other});
-    EXPECT_EQ(client->writes, "");
-    FontList::setActivatedFont({group, other}, {client});
-    FontList::setFavoritedFont({group}, {plain});
-    EXPECT_EQ(client->writes, "AF");
-    EXPECT_TRUE(plain->IsActivated() && byName->IsActivated() && !other->IsActivated());
-
-    EXPECT_EQ(client->PreviewText() + client->TreeNodeTitle(), "ShownClient(, )");
-    EXPECT_TRUE(client->IsLocaled());
-    group->members = {FontItem::create<ClientGroup>()};
-    EXPECT_TRUE(group->IsActivated()) << "a member's stored flag is read through its accessor";
-    group->members = {client};
-    EXPECT_FALSE(group->IsActivated()) << "the stored flag counts, not the member's IsActivated";
-    group->setActivated(true);
-    group->setActivated(false);
-    EXPECT_EQ(client->writes, "AFAa");
-    EXPECT_EQ(group->DisplayName(), " (1)");
-    EXPECT_TRUE(group->Dict().at("IsGroup").as_bool());
-    EXPECT_EQ(PerchAppLibrary::toText(group->Dict().at("Children")), R"([{"client":12}])");
-    EXPECT_EQ(PerchAppLibrary::toText(FontItem::getFontArray({client})), R"([{"client":12}])");
+        EXPECT_EQ(names(filter({group})), "Client");
+    EXPECT_EQ(FontList::getFontCount({group}), 2);
+    EXPECT_EQ(FontList::getActivatedFontCount({group}), 1);
+    EXPECT_EQ(names(FontList::getFontById({group}, {12})), "Client");
+    EXPECT_EQ(names({FontList::getFontItemById({FontItem::create(), group}, 12)}), "Group");
+    EXPECT_EQ(names(FontList::getFontByTags({group}, tags({4}))), "Client");
 }
 
-/// Writes down how it is filled, and changes what it is given.
-struct FilledFont : FontItem {
-    std::vector<std::string> excludedKeys;
-    void setId(std::int64_t newId) override { FontItem::setId(newId + 100); }
-    void setProductName(std::string newName) override { FontItem::setProductName("my " + newName); }
-    void setValue(const JSON& json) override { FontItem::setValue(json["font"]); }
-    void setValue(const JSON& json, PerchAppLibrary::Excluded excluded) override {
-        excludedKeys.assign(excluded.keys().begin(), excluded.keys().end());
-        FontItem::setValue(json, excluded);
-    }
-};
+TEST(FontList, LabelsAndMarkingCallOverriddenOperations) {
+    const auto client =
+        FontItem::create<ClientFont>({.id = 7, .productName = "A", .isPrivate = true});
+    EXPECT_EQ(client->writes, "I") << "setId";
+    const auto byId = Key{12, "A", true}.font(), other = Key{12, "Client"}.font(),
+               byName = Key{0, "Client"}.font();
+    FontList::setActivatedFont({client}, {other, byName});
+    EXPECT_EQ(client->writes, "I") << "Id and IsPrivate count";
+    FontList::setActivatedFont({client}, {byId});
+    FontList::setFavoritedFont({client}, {byId});
+    EXPECT_EQ(client->writes, "IAF");
+    FontList::setActivatedFont({byId, other, byName}, {client});
+    EXPECT_EQ(marks({byId, other, byName}), "a-a");
+}
 
-TEST(FontList, ConstructionAndMappingHonourOverriddenOperations) {
-    EXPECT_EQ(
-        (FontItem::create<FilledFont>({.id = 7, .productName = "A", .isPrivate = true})->Id()),
-        107);
-    const auto font =
-        FontItem::create<FilledFont>(JSON::parse(R"({"font":{"Id":7,"ProductName":"A"}})"));
-    EXPECT_EQ(std::to_string(font->Id()) + font->ProductName(), "107my A");
-    EXPECT_EQ(font->excludedKeys, std::vector<std::string>{"Children"});
+TEST(FontItem, DerivedValuesReadOverriddenAccessors) {
+    const auto client = FontItem::create<ClientFont>(), group = FontItem::create<ClientFont>();
+    EXPECT_EQ(client->PreviewText(), "Shown");
+    EXPECT_EQ(client->TreeNodeTitle(), "Client(, )");
+    EXPECT_TRUE(client->IsLocaled());
+    group->members = {client};
+    EXPECT_FALSE(group->FontItem::IsActivated()) << "the member's IsActivated() does not count";
+    client->isStored = true;
+    EXPECT_TRUE(group->FontItem::IsActivated()) << "its isActivated() does";
+    group->setActivated(true);
+    group->setActivated(false);
+    EXPECT_EQ(client->writes, "Aa");
+    EXPECT_EQ(group->FontItem::DisplayName(), " (1)");
+    EXPECT_EQ(toText(group->FontItem::Dict().at("Children")), R"([{"client":"own"}])");
+    EXPECT_EQ(toText(FontItem::getFontArray({client})), R"([{"client":"own"}])");
 }
 
 } // namespace

@@ -13,7 +13,8 @@ say() { printf '%s\n' "$*"; }
 mirror() {
     local found
     # shellcheck disable=SC2016
-    found=$(apt-get indextargets --format '$(SITE)' 'Created-By: Packages' 'Origin: Debian' | head -n 1)
+    found=$(apt-get indextargets --format '$(SITE)' 'Created-By: Packages' 'Origin: Debian' |
+        head -n 1)
     printf '%s\n' "${found:-http://deb.debian.org/debian}"
 }
 
@@ -25,7 +26,8 @@ make_chroot() { # SUITE
     mkdir -p "$root"
     proxy=$(apt-config dump --format '%v' Acquire::http::Proxy)
     unshare --mount env ${proxy:+http_proxy="$proxy"} \
-        debootstrap --variant=minbase "$1" "$root" "$(mirror)" >"$log" 2>&1 || { cat "$log"; exit 1; }
+        debootstrap --variant=minbase "$1" "$root" "$(mirror)" >"$log" 2>&1 ||
+        { cat "$log"; exit 1; }
     apt-config dump Acquire >"$root/etc/apt/apt.conf.d/machine"
 }
 
@@ -39,13 +41,14 @@ inside() {
         exec chroot "$0" "$@"' "$root" "$@"
 }
 
-# Puts the working tree into the chroot, beside what an earlier run has built.
+# Copies the working tree into the chroot. Keeps what an earlier run has built there.
 bring_sources() {
     cp -L /etc/resolv.conf "$root/etc/resolv.conf"
     mkdir -p "$root$home"
     find "$root$home" -mindepth 1 -maxdepth 1 ! -name build -exec rm -rf {} +
     git ls-files -z --cached --others --exclude-standard |
-        tar --create --null --files-from=- --ignore-failed-read | tar --extract --directory "$root$home"
+        tar --create --null --files-from=- --ignore-failed-read |
+        tar --extract --directory "$root$home"
 }
 
 release() { sed -n 's/^PRETTY_NAME="\(.*\)"$/\1/p' "$root/etc/os-release"; }

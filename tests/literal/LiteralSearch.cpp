@@ -6,6 +6,8 @@
 #include <unicode/uchar.h>
 #include <unicode/unistr.h>
 
+#include <algorithm>
+#include <iterator>
 #include <stdexcept>
 
 using icu::UnicodeString;
@@ -22,9 +24,7 @@ void check(UErrorCode status) {
 /// The text's UTF-16; ill-formed sequences become U+FFFD.
 UnicodeString unicode(const std::string& text) { return UnicodeString::fromUTF8(text); }
 
-using Form = const icu::Normalizer2* (*)(UErrorCode&);
-
-template <Form form>
+template <auto form>
 UnicodeString normalized(const UnicodeString& text) {
     UErrorCode status = U_ZERO_ERROR;
     UnicodeString result = form(status)->normalize(text, status);
@@ -40,8 +40,8 @@ UnicodeString upperCased(const UnicodeString& text) {
     return decomposed(decomposed(text).toUpper(icu::Locale::getRoot()));
 }
 
-/// Whether a decomposed text can be cut here without cutting a character apart: behind the place
-/// stands no mark that belongs to what stands before it.
+/// Returns whether a decomposed text can be cut at the place without cutting a character apart: no
+/// mark that stands behind the place belongs to what stands before it.
 bool mayCut(const UnicodeString& text, int place) {
     if (place == 0 || place == text.length())
         return true;
@@ -51,26 +51,19 @@ bool mayCut(const UnicodeString& text, int place) {
            composed(text);
 }
 
-bool contains(const UnicodeString& text, const UnicodeString& key) {
+bool contains(const std::string& name, const UnicodeString& key) {
     if (key.isEmpty())
         return false;
-    const UnicodeString upperText = upperCased(text), upperKey = upperCased(key);
-    for (int begin = upperText.indexOf(upperKey); begin >= 0;
-         begin = upperText.indexOf(upperKey, begin + 1))
-        if (mayCut(upperText, begin) && mayCut(upperText, begin + upperKey.length()))
+    const UnicodeString text = upperCased(unicode(name)), part = upperCased(key);
+    for (int begin = text.indexOf(part); begin >= 0; begin = text.indexOf(part, begin + 1))
+        if (mayCut(text, begin) && mayCut(text, begin + part.length()))
             return true;
     return false;
 }
 
-bool equal(const std::string& left, const std::string& right) {
-    return decomposed(unicode(left)) == decomposed(unicode(right));
-}
-
 bool isInAName(const FontItem& font, const UnicodeString& key) {
-    return contains(unicode(font.ProductName()), key) ||
-           contains(unicode(font.ProductSetName()), key) ||
-           contains(unicode(font.ProductFileName()), key) ||
-           contains(unicode(font.DisplayName()), key);
+    return contains(font.ProductName(), key) || contains(font.ProductSetName(), key) ||
+           contains(font.ProductFileName(), key) || contains(font.DisplayName(), key);
 }
 
 bool isAName(const FontItem& font, const UnicodeString& key) {
@@ -81,14 +74,11 @@ bool isAName(const FontItem& font, const UnicodeString& key) {
 
 /// Number of user-perceived characters.
 int characterCount(const UnicodeString& text) {
+    UErrorCode status = U_ZERO_ERROR;
     // Made once: that costs more than a search does.
-    static thread_local const std::unique_ptr<icu::BreakIterator> characters = [] {
-        UErrorCode status = U_ZERO_ERROR;
-        std::unique_ptr<icu::BreakIterator> made(
-            icu::BreakIterator::createCharacterInstance(icu::Locale::getRoot(), status));
-        check(status);
-        return made;
-    }();
+    static thread_local const std::unique_ptr<icu::BreakIterator> characters(
+        icu::BreakIterator::createCharacterInstance(icu::Locale::getRoot(), status));
+    check(status);
     characters->setText(text);
     int count = 0;
     while (characters->next() != icu::BreakIterator::DONE)
@@ -96,67 +86,39 @@ int characterCount(const UnicodeString& text) {
     return count;
 }
 
+/// The leaves of the tree that pass the test.
 template <class Test>
 Fonts leaves(const Fonts& list, const Test& test) {
     Fonts result;
     for (const auto& font : list) {
-        if (font->IsGroup()) {
-            const Fonts members = leaves(font->Children(), test);
-            result.insert(result.end(), members.begin(), members.end());
-        } else if (test(*font)) {
+        if (font->IsGroup())
+            std::ranges::copy(leaves(font->Children(), test), std::back_inserter(result));
+        else if (test(font))
             result.push_back(font);
-        }
     }
     return result;
-}
-
-bool matches(const FontItem& font, const FontItem& reference) {
-    if (font.Id() >= 1)
-        return reference.Id() == font.Id() && reference.IsPrivate() == font.IsPrivate();
-    return equal(reference.ProductName(), font.ProductName());
-}
-
-/// The leaves that a reference matches.
-Fonts matched(const Fonts& list, const Fonts& references) {
-    return leaves(list, [&](const FontItem& font) {
-        for (const auto& reference : references)
-            if (matches(font, *reference))
-                return true;
-        return false;
-    });
 }
 
 } // namespace
 
 Fonts LiteralSearch::getFontByName(const Fonts& list, const std::string& fontName, bool fuzzy) {
-    return leaves(list, [&](const FontItem& font) {
-        return fuzzy ? contains(unicode(font.ProductName()), unicode(fontName))
-                     : equal(font.ProductName(), fontName);
+    const UnicodeString name = unicode(fontName);
+    return leaves(list, [&](const auto& font) {
+        return fuzzy ? contains(font->ProductName(), name)
+                     : decomposed(unicode(font->ProductName())) == decomposed(name);
     });
 }
 
 Fonts LiteralSearch::getFontByKey(const Fonts& list, const std::string& key, bool fuzzy) {
-    return leaves(list, [&](const FontItem& font) {
-        return fuzzy ? isInAName(font, unicode(key)) : isAName(font, unicode(key));
+    return leaves(list, [&](const auto& font) {
+        return fuzzy ? isInAName(*font, unicode(key)) : isAName(*font, unicode(key));
     });
 }
 
 std::pair<Fonts, Fonts> LiteralSearch::getSearchResultFont(const Fonts& list,
                                                            const std::string& key) {
-    std::pair<Fonts, Fonts> result;
-    for (const auto& font : list) {
-        if (font->IsGroup()) {
-            const auto [whole, character] = getSearchResultFont(font->Children(), key);
-            result.first.insert(result.first.end(), whole.begin(), whole.end());
-            result.second.insert(result.second.end(), character.begin(), character.end());
-            continue;
-        }
-        if (isInAName(*font, unicode(key)))
-            result.first.push_back(font);
-        if (isFontMatchedByCharacter(font, key))
-            result.second.push_back(font);
-    }
-    return result;
+    return {getFontByKey(list, key, true),
+            leaves(list, [&](const auto& font) { return isFontMatchedByCharacter(font, key); })};
 }
 
 bool LiteralSearch::isFontMatchedByCharacter(const std::shared_ptr<FontItem>& font,
@@ -168,14 +130,4 @@ bool LiteralSearch::isFontMatchedByCharacter(const std::shared_ptr<FontItem>& fo
         if (!U16_IS_SURROGATE(units[place]) && isInAName(*font, UnicodeString(units[place])))
             return true;
     return false;
-}
-
-void LiteralSearch::setActivatedFont(const Fonts& list, const Fonts& activatedFont) {
-    for (const auto& font : matched(list, activatedFont))
-        font->setIsActivated(true);
-}
-
-void LiteralSearch::setFavoritedFont(const Fonts& list, const Fonts& favoritedFont) {
-    for (const auto& font : matched(list, favoritedFont))
-        font->setIsFavorited(true);
 }

@@ -19,6 +19,4 @@ struct LiteralSearch {
     static std::pair<Fonts, Fonts> getSearchResultFont(const Fonts& list, const std::string& key);
     static bool isFontMatchedByCharacter(const std::shared_ptr<VelmoCloudEntity::FontItem>& font,
                                          const std::string& key);
-    static void setActivatedFont(const Fonts& list, const Fonts& activatedFont);
-    static void setFavoritedFont(const Fonts& list, const Fonts& favoritedFont);
 };

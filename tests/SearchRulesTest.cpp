@@ -1,0 +1,162 @@
+#include <VelmoCloudEntity/font/FontList.hpp>
+
+#include "literal/LiteralSearch.hpp"
+
+#include <gtest/gtest.h>
+
+#include <sstream>
+#include <string>
+
+using namespace VelmoCloudEntity;
+
+namespace {
+
+/// The queries that find a font, a letter each: n and N for getFontByName, k and K for getFontByKey
+/// (the capitals are fuzzy), w and c for the two lists of getSearchResultFont: by the whole key,
+/// and by one of its characters.
+template <class Search>
+std::string found(const std::shared_ptr<FontItem>& font, const std::string& key) {
+    const auto [whole, character] = Search::getSearchResultFont({font}, key);
+    const bool finds[] = {!Search::getFontByName({font}, key, false).empty(),
+                          !Search::getFontByName({font}, key, true).empty(),
+                          !Search::getFontByKey({font}, key, false).empty(),
+                          !Search::getFontByKey({font}, key, true).empty(),
+                          !whole.empty(),
+                          !character.empty()};
+    EXPECT_EQ(Search::isFontMatchedByCharacter(font, key), finds[5]);
+    std::string letters;
+    for (std::size_t query = 0; query < std::size(finds); ++query)
+        if (finds[query])
+            letters += "nNkKwc"[query];
+    return letters;
+}
+
+struct Case {
+    std::string key;
+    std::string names; // ProductName|ProductSetName|ProductFileName|DisplayName
+    const char* found;
+};
+
+/// Checks the cases, of FontList and of the literal search.
+template <std::size_t count>
+void check(const Case (&cases)[count]) {
+    for (const Case& each : cases) {
+        const auto font = FontItem::create();
+        font->setPostscriptName(each.key); // no query reads it
+        std::istringstream names(each.names);
+        for (const auto set : {&FontItem::setProductName, &FontItem::setProductSetName,
+                               &FontItem::setProductFileName, &FontItem::setDisplayName})
+            if (std::string name; std::getline(names, name, '|'))
+                ((*font).*set)(name);
+        SCOPED_TRACE(testing::PrintToString(each.key) + " in " +
+                     testing::PrintToString(each.names));
+        EXPECT_EQ(found<FontList>(font, each.key), each.found);
+        EXPECT_EQ(found<LiteralSearch>(font, each.key), each.found);
+    }
+}
+
+TEST(SearchRules, ANameIsExactWithItsCaseAndAKeyInAnyCaseOfThreeNames) {
+    check({
+        {"Song", "Song", "nNkKwc"},
+        {"Song", "song", "NkKwc"},
+        {"Song", "Fangsong", "NKwc"},
+        {"Song", "X|Song|Y", "kKwc"},
+        {"abc.ttf", "X|Y|ABC.TTF", "kKwc"},
+        {"song", "X|Y|Z|Song", "Kwc"},
+    });
+}
+
+TEST(SearchRules, TheWholeKeyIsInOneNameAndACharacterInAny) {
+    check({
+        {"SongTi", "Song|Ti|x|y", "c"},
+        {"Hei", "X|Y|Z|Kai", "c"},
+        {"Hei", "Song", ""},
+        {"一丁丂七丄丅丆万丈三上下丌不与丏丐丑", "丑", "c"}, // more than are compared one by one
+    });
+}
+
+TEST(SearchRules, AnEmptyKeyIsInNothingAndEqualsAnEmptyName) {
+    check({
+        {"", "", "nk"},
+        {"", "X", "k"},
+        {"", "X|Y|Z", ""},
+    });
+}
+
+TEST(SearchRules, AsManyUTF16UnitsAreTriedAsThereAreCharactersAndHalfACharacterIsInNothing) {
+    check({
+        {"😀", "😀", "nNkKw"},
+        {"😀", "😁", ""},
+        {"😀", "\uFFFD", ""},
+        {"😀x", "x", ""},
+        {"😀xy", "x", "c"},
+        {"👨‍👩‍👧ab", "ab", ""},
+        {"👨‍👩‍👧ab", "\u200D", "c"},
+        {"\r\na", "a", ""},
+        {"\r\nab", "a", "c"},
+        {"\r\nab", "b", ""},
+        {"e\u0301x", "x", ""},
+        {"e\u0301x", "e", "c"},
+        {"éx", "x", "c"},
+        {"\u1112\u1161\u11ABx", "x", ""},
+    });
+}
+
+TEST(SearchRules, EachIllFormedSequenceIsOneReplacementCharacter) {
+    check({
+        {"\xFF", "\uFFFD", "nNkKwc"},
+        {"\xFF\xFF", "\uFFFD", "c"},
+        {"\xC0\x80", "\xFF", "c"},
+        {"\xE5\xAE", "宋", ""},
+        {"\xE5\xAE", "\xF0\x9F\x98", "nNkKwc"},
+        {"宋", "\xE5\xAE宋\xE5", "NKwc"},
+    });
+}
+
+TEST(SearchRules, CharactersAreFoundWholeInAnySpelling) {
+    check({
+        {"e", "é", ""},
+        {"e", "é^", ""},
+        {"E", "e\u0301", ""},
+        {"e", "ete\u0301", "NKwc"},
+        {"e", "e\u0301t|e", "kKwc"},
+        {"é", "e\u0301", "nNkKwc"},
+        {"ée", "éée", "NKwc"},
+        {"\u0301", "é", ""},
+        {"\u0301", "\u0301e", "NKwc"},
+        {"ê", "ê\u0323", ""},
+        {"q\u0307\u0323", "q\u0323\u0307", "nNkKw"}, // classes of marks have an order
+        {"q\u0301\u0300", "q\u0300\u0301", ""},      // marks of one class keep theirs
+        {"\u00C5", "\u212B", "nNkKwc"},
+        {"k", "\u212A", "NkKwc"},
+        {"\uF900", "\u8C48", "nNkKwc"},
+        {"가", "각", ""},
+        {"각", "가", ""},
+        {"\u1100", "각", ""},
+        {"가", "각가", "NKwc"},
+        {"각", "\u1100\u1161\u11A8", "nNkKwc"},
+        {"ক", "কা", "NKwc"},      // this vowel sign does not compose with the letter
+        {"\u09C7", "\u09CB", ""}, // this one does
+    });
+}
+
+TEST(SearchRules, UpperCasingIsFullAndHasNoLocale) {
+    check({
+        {"STRASSE", "Straße", "NkKwc"},
+        {"s", "ß", "NKwc"},
+        {"ẞ", "ß", ""},
+        {"fi", "ﬁ", "NkKwc"},
+        {"οδυσσευς", "ΟΔΥΣΣΕΥΣ", "NkKwc"},
+        {"i", "İ", ""},
+        {"i\u0307", "İ", "NkKw"},
+        {"i", "ı", "NkKwc"},
+        {"ǆ", "ǅ", "NkKwc"},
+        {"n", "ŉ", "NKwc"},
+        {"j", "ǰ", ""},
+        {"Ａ", "ａ", "NkKwc"},
+        {"A", "ａ", ""},
+        {"\u1FB3\u0301", "ᾴ", "nNkKw"}, // its first unit becomes two letters
+    });
+}
+
+} // namespace
