@@ -174,13 +174,6 @@ for type in $("$velmo" read --types); do
     expect 0 "\"$type\":\[\{\"name\":" read --types --json
     expect 0 '^[[{]' read "$type" "$samples/records/$type.json" --json
 done
-<<<<<<< HEAD
-expect 0 '\{"name":"hotKeyCode","kind":"optional String","default":null\}' read --types --json
-expect 0 '"UserFontGroupMapItem":\[\{"name":"UserGuid","kind":"String","default":""\},\{"name":"FontList","kind":"array of FontItem","default":\[\]\}\]' \
-    read --types --json
-expect 0 '"UrlList":\[\{"name":"list","kind":"array of UrlItem","default":\[\]\}\]' read --types --json
-expect 0 '\{"name":"sms_token","kind":"any","default":""\}.*\{"name":"PlatformId","kind":"Int","default":1\}' read --types --json
-=======
 for member in '{"name":"hotKeyCode","kind":"optional String","default":null}' \
     '"UserFontGroupMapItem":[{"name":"UserGuid","kind":"String","default":""},' \
     '{"name":"FontList","kind":"array of FontItem","default":[]}' \
@@ -189,7 +182,6 @@ for member in '{"name":"hotKeyCode","kind":"optional String","default":null}' \
     '{"name":"PlatformId","kind":"Int","default":1}'; do
     "$velmo" read --types --json | grep -qF "$member" || fail "read --types: no $member"
 done
->>>>>>> tests-b
 expect 0 '^EmSize +1.27E1$' read fontim "$samples/records/FontImageItem.json"
 expect 0 '^AppTag ' read FONTAP "$samples/records/FontApplyItem.json"
 expect 2 'did you mean UserItem\?' read UsrItem "$fonts"
