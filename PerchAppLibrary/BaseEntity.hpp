@@ -71,17 +71,19 @@ public:
 
     PERCH_RECORD_END;
 
-    /// Fills the record from a JSON object. Runs the virtual mapping without the class's arrays of
-    /// records. Then sets each of these arrays, in declaration order, through its virtual setter:
-    /// to one record for each element of the array under its key, or to none if there is no array.
-    /// A value that is not an object empties the arrays and changes nothing else.
+    /// Fills the record from a JSON object. First calls the virtual setValue(json, excluded) for
+    /// all properties but the class's arrays of records. Then sets each of these arrays, in
+    /// declaration order, through its virtual setter: to one record for each element of the array
+    /// under its key, or to none if there is no array. A value that is not an object empties the
+    /// arrays and changes nothing else.
     virtual void setValue(const JSON& json);
 
-    /// Runs the mapping. Sets each stored property whose name is a key of the JSON object, through
-    /// its virtual setter, if the value converts to its type (the table of JSON::as). Excluded
-    /// properties, constants, arrays of records and all others keep their values. Properties are
-    /// set in declaration order, the base's first, each once: only the last value of a repeated key
-    /// counts, even if it does not convert. Unknown keys are ignored. One pass over the members.
+    /// The mapping from keys to properties. Sets each stored property whose name is a key of the
+    /// JSON object, through its virtual setter, if the value converts to its type (the table of
+    /// JSON::as). Excluded properties, constants, arrays of records and all others keep their
+    /// values. Properties are set in declaration order, the base's first, each once: only the last
+    /// value of a repeated key counts, even if it does not convert. Unknown keys are ignored. One
+    /// pass over the members.
     virtual void setValue(const JSON& json, Excluded excluded);
 
     /// Deleted, since a text would become a JSON string, which fills nothing. Use
@@ -93,7 +95,8 @@ public:
     virtual void clearException();
 
     /// Returns the stored or computed property of this name, read through its virtual accessor.
-    /// Throws UndefinedKeyError if there is none. Ends the process if the accessor does.
+    /// Throws UndefinedKeyError if there is none. An accessor that ends the process, such as
+    /// FontItem::LocalPreviewFile(), does so here too.
     Value value(std::string_view name) const;
 
     /// Returns all stored properties in declaration order, the base's first. Nested records are
@@ -176,8 +179,8 @@ protected:
     static constexpr EffectOfChange perchEffectOf(std::string_view /*name*/) { return nullptr; }
     static void perchChanged(std::string_view /*name*/) noexcept {}
 
-    /// Returns the stored properties without the excluded ones, with which a record's `Dict`
-    /// begins. Ends the process (fatalError) if an excluded name is not a stored property's.
+    /// Returns all stored properties but the excluded ones. The `Dict` of a class starts from this.
+    /// Ends the process (fatalError) if an excluded name is not the name of a stored property.
     Dictionary reflect(const Excluded& excluded) const;
 
     /// Like reflect(excluded), in the storage of a larger dictionary.

@@ -41,7 +41,7 @@ concept JSONScalar =
 /// null, empty or zero.
 class JSON {
 public:
-    /// The kind of a value. A value that is read from a text is never `unknown`.
+    /// The kind of a value. No value is `unknown`; it is reserved.
     enum class Type : std::uint8_t { number, string, boolean, array, dictionary, null, unknown };
 
     /// Thrown for a text that is not a JSON document. what() is "line L, column C: reason".
@@ -83,9 +83,9 @@ public:
     /// ParseError for any other text, and for one that nests deeper than maximumDepth. Linear.
     ///
     /// Every other well-formed text is a document. An integer beyond 64 bits becomes the nearest
-    /// double, a number beyond the doubles the greatest or least of them, and an escaped surrogate
-    /// without its other half U+FFFD. An rvalue is parsed in place if its capacity allows, and its
-    /// content is unspecified afterwards.
+    /// double. A number beyond the range of double becomes the greatest or the least double. An
+    /// escaped half of a surrogate pair becomes U+FFFD. An rvalue is parsed in place if its
+    /// capacity allows, and its content is unspecified afterwards.
     static JSON parse(std::string_view text);
     static JSON parse(std::string&& text);
     static JSON parse(const char* text) { return parse(std::string_view(text)); }
@@ -112,20 +112,22 @@ public:
     ///   null, missing | -              | -           | -               | -               | -
     ///
     /// - std::int64_t: an integer in a string is an optional "-" and decimal digits, nothing else,
-    ///   in the range of 64 bits. A number such as 3.0 or 1e3 is integral. From 2^53 on, such a
-    ///   number may be rounded, so none converts.
+    ///   from -2^63 to 2^63-1. A number such as 3.0 or 1e3 is integral. It converts only if its
+    ///   magnitude is below 2^53, since a greater one may have been rounded.
     /// - bool: a string is "true" or "false" (ASCII case ignored), "0" or "1".
     /// - float, double: rounded to the nearest. A number that would become infinite, or zero
     ///   without being zero, is out of range. A number in a string is an optional "-", decimal
     ///   digits, and optionally a point and an exponent.
     /// - std::string: an integer within 64 bits (signed or unsigned) keeps its digits. Any other
     ///   number becomes the shortest decimal that reads back as the number, with ".0" if it is
-    ///   integral ("22.0"). From 2^63 on, it may be rounded and does not convert.
+    ///   integral ("22.0"). A number whose magnitude is 2^63 or more does not convert, since it may
+    ///   have been rounded.
     /// - An array converts if each element converts by the column of the element's type.
     ///
     /// Properties of records have three more types. A std::optional<std::string> converts like a
     /// std::string, and a null becomes nullopt. A JSON takes every value, null included, as a copy
-    /// in a document of its own. An array of records takes no value from the mapping.
+    /// in a document of its own. An array of records is not converted:
+    /// BaseEntity::setValue(json) fills it.
     template <class T>
     std::optional<T> as() const;
 

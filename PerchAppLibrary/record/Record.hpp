@@ -23,14 +23,14 @@
 ///
 /// and whose source file has one line, `PERCH_RECORD_SCHEMA(UrlItem)` (record/RecordSchema.hpp).
 /// These lines define the accessors, the defaults, the JSON keys, the order, and how filling,
-/// access by name and export work. A client declares its own records, and properties of its own in
-/// a subclass, in this way.
+/// access by name and export work. An application declares its own records, and properties of its
+/// own in a subclass, in this way.
 ///
 /// The types of a property: std::int64_t, bool, float, std::string, std::optional<std::string>,
 /// std::vector<std::int64_t>, std::vector<std::string>, JSON (any value, kept as it is) and
 /// std::vector<std::shared_ptr<R>> for a record R. Rare<std::string> is a text that few records
-/// have; Near<bool> is a flag that walks over trees read. Their accessors take and return
-/// std::string and bool.
+/// have. Near<bool> is a flag in the record's header, for flags that queries read in every record.
+/// Their accessors take and return std::string and bool.
 
 /// Begins a record and declares its `create` functions.
 ///

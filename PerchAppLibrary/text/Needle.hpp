@@ -15,10 +15,10 @@ namespace PerchAppLibrary::text {
 /// A text to find in many others, prepared once. Case is ignored. Immutable, so any number of
 /// threads may use it. Owns its text.
 ///
-/// It occurs in a text where their folded forms agree and neither end of the match cuts off a
-/// combining character: "e" is not in "é", in either spelling, and a Hangul syllable without a
-/// final consonant is not in one with. So canonically equivalent spellings of either give the same
-/// result. Expansions are searched: "s" is in "ß". An empty needle does not occur in any text.
+/// It occurs in a text where its folded form is part of the folded text, unless the match begins or
+/// ends between a letter and a mark that combines with it (UAX #15). So "e" does not occur in "é",
+/// nor "가" in "각", and equivalent spellings of needle or text give equal results. Folding may
+/// make several letters of one: "s" occurs in "ß". An empty needle does not occur in any text.
 class Needle {
 public:
     /// Takes any bytes; each ill-formed sequence counts as U+FFFD. Linear.

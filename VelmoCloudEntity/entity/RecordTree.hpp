@@ -9,8 +9,8 @@
 #include <span>
 #include <vector>
 
-/// The walk over the leaves of a tree of records, such as FontItem or FontTagItem. Every query uses
-/// it.
+/// The walk over the leaves of a tree of records, such as FontItem or FontTagItem. The queries over
+/// whole trees use it.
 ///
 /// A tree is an array of items. An item whose IsGroup() is true is a group: its Children() are part
 /// of the tree. Any other item is a leaf, and its Children() are not read.

@@ -32,11 +32,10 @@ using PerchAppLibrary::Required;
 ///
 /// Requires that no group contains itself, at any depth, and that no member is null. A document
 /// nests groups at most 511 deep. A tree that is built by hand may be deeper. Queries and
-/// destruction work at any depth. Dict(), its text, properties(), setActivated() and the copy or
-/// destruction of a Dictionary call themselves once for each level, since subclasses may override
-/// them, and need stack in proportion (10,000 levels are tested).
+/// destruction work at any depth. Dict(), its text, properties() and setActivated() recurse once
+/// for each level, and so does copying or destroying a Dictionary. 10,000 levels are tested.
 class FontItem : public PerchAppLibrary::BaseEntity {
-    /// Lies beside the flags, since queries read both.
+    /// Lies near the flags, since queries read both.
     PerchAppLibrary::text::CachedSignature m_nameSignature;
 
     PERCH_RECORD(FontItem, PerchAppLibrary::BaseEntity);
@@ -149,19 +148,19 @@ class FontItem : public PerchAppLibrary::BaseEntity {
     /// is not on line and the font is installed; otherwise the system font.
     PERCH_COMPUTED(PerchAppLibrary::PlatformFont, Font);
 
-    /// Of a leaf, isActivated(). Of a group, whether isActivated() of every member is true. So it
-    /// is true for a group without members, and reads only the stored flag of a member that is a
-    /// group.
+    /// Whether the font is activated: for a leaf, the stored flag isActivated(); for a group,
+    /// whether the stored flag of each of its direct members is true. A group without members is
+    /// activated.
     PERCH_COMPUTED(bool, IsActivated);
 
-    /// Of a leaf, displayName(), or ProductName() if that is empty. Of a group, ProductSetName()
+    /// For a leaf, displayName(), or ProductName() if that is empty. For a group, ProductSetName()
     /// and the number of members: "Song (4)".
     PERCH_COMPUTED(std::string, DisplayName);
 
     /// previewText(), or if that is empty, DisplayName() of a leaf, ProductSetName() of a group.
     PERCH_COMPUTED(std::string, PreviewText);
 
-    /// Of a leaf, ProductName(), Format() and Version(): "Kai(TTF, 1.00)". Of a group, GroupTag()
+    /// For a leaf, ProductName(), Format() and Version(): "Kai(TTF, 1.00)". For a group, GroupTag()
     /// directly followed by ProductSetName().
     PERCH_COMPUTED(std::string, TreeNodeTitle);
 
@@ -209,8 +208,8 @@ class FontItem : public PerchAppLibrary::BaseEntity {
     /// units or gives no valid URL.
     std::optional<PerchAppLibrary::URL> findRemotePreviewFile() const;
 
-    /// Returns the address of the font file. Of a public font: `productFileUrlHeader`,
-    /// ProductSetName(), "/", Version(), "/", ProductFileName(). Of a private font:
+    /// Returns the address of the font file. For a public font: `productFileUrlHeader`,
+    /// ProductSetName(), "/", Version(), "/", ProductFileName(). For a private font:
     /// `privateProductFileUrlHeader`, `userGuid`, "/", ProductFileName(). Pass prefixes that end in
     /// "/".
     virtual std::string getRemoteFileUrl(const std::string& productFileUrlHeader,
@@ -232,10 +231,10 @@ class FontItem : public PerchAppLibrary::BaseEntity {
                                              std::int64_t fontSize) const;
 
     /// Returns the address of a preview image under the prefixes of the service, which end in "/".
-    /// Of a public font: `fixPreviewFileUrlHeader` if fixed, otherwise `previewFileUrlHeader`; then
-    /// ProductSetName(), "/", Version(), "/" and the name that getLocalPreviewFile() uses. Of a
-    /// private font: `privatePreviewFileUrlHeader`, `userGuid`, "/" and that name. Ends the process
-    /// if stem() is nullopt.
+    /// For a public font: `fixPreviewFileUrlHeader` if fixed, otherwise `previewFileUrlHeader`;
+    /// then ProductSetName(), "/", Version(), "/" and the name that getLocalPreviewFile() uses. For
+    /// a private font: `privatePreviewFileUrlHeader`, `userGuid`, "/" and that name. Ends the
+    /// process if stem() is nullopt.
     virtual std::string getRemotePreviewFile(bool isFixed, const std::string& previewTag,
                                              const std::string& colorTag, std::int64_t fontSize,
                                              const std::string& fixPreviewFileUrlHeader,
@@ -243,13 +242,13 @@ class FontItem : public PerchAppLibrary::BaseEntity {
                                              const std::string& privatePreviewFileUrlHeader,
                                              const std::string& userGuid) const;
 
-    /// Returns the cached signature of the stored names by which the font is searched: ProductName,
+    /// Returns the cached signature of the four texts that searches by name read: ProductName,
     /// ProductSetName, ProductFileName and displayName.
     const PerchAppLibrary::text::CachedSignature& nameSignature() const noexcept {
         return m_nameSignature;
     }
 
-    /// Returns the last byte of the signature, for prefetching.
+    /// Returns a pointer to the last byte of the signature, for prefetching.
     const void* signatureEnd() const noexcept {
         return reinterpret_cast<const char*>(&m_nameSignature + 1) - 1;
     }

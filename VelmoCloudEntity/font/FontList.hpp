@@ -23,9 +23,9 @@ class FontTagItem; // completed by VelmoCloudEntity/catalogue/FontTagItem.hpp
 /// no font is null. To visit the leaves yourself, see entity/RecordTree.hpp.
 ///
 /// Texts may hold any bytes; ill-formed ones count as U+FFFD. Texts are equal if canonically
-/// equivalent (UAX #15). A name contains a key as text::Needle defines it: whole characters, case
-/// ignored by the root locale's full mapping. No name contains an empty key. Searching is linear in
-/// the lengths of names and key together.
+/// equivalent (UAX #15). text::Needle defines when a name contains a key: case is ignored by the
+/// root locale's full mapping, and a match never separates a letter from its accents. No name
+/// contains an empty key. Searching is linear in the lengths of names and key together.
 ///
 /// Any number of threads may read one tree at the same time, searches included, as long as no
 /// thread changes it. Setting a property is a change, and so are setActivatedFont() and
@@ -43,9 +43,9 @@ public:
     /// Returns the fonts whose IsAuthed is true: those that the user is authorised for.
     static Records<FontItem> getAuthorizedFont(const Records<FontItem>& list);
 
-    /// Sets IsActivated of each font that matches a reference. Never clears it. A font whose Id is
-    /// 1 or more matches by Id and IsPrivate, any other by canonically equivalent ProductName.
-    /// Linear in fonts and references together.
+    /// Sets IsActivated of each font of `list` that matches a font of `activatedFont`. Never clears
+    /// it. A font whose Id is 1 or more matches a font with an equal Id and IsPrivate. Any other
+    /// font matches a font with a canonically equivalent ProductName. Linear in both together.
     static void setActivatedFont(const Records<FontItem>& list,
                                  const Records<FontItem>& activatedFont);
 
@@ -54,7 +54,7 @@ public:
                                  const Records<FontItem>& favoritedFont);
 
     /// Returns the fonts whose ProductName equals `fontName`, case included; an empty one finds
-    /// fonts without a name. With `fuzzy`, returns those whose ProductName contains it.
+    /// fonts whose ProductName is empty. With `fuzzy`, returns those whose ProductName contains it.
     static Records<FontItem> getFontByName(const Records<FontItem>& list,
                                            const std::string& fontName, bool fuzzy);
 

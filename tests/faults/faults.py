@@ -50,9 +50,14 @@ int active = 0;
 } // namespace faults
 """
 
-# Words on a line that is only known to the compiler, or that never runs.
-STATIC = re.compile(r"= (delete|default);|\b(static_assert|constexpr|consteval|template|requires|case|enum|using|noexcept\()"
-                    r"|^\s*(#|//|\*)|\\$")
+# What a line has that only the compiler evaluates.
+STATIC = re.compile(r"= (delete|default);|^\s*(#|//|\*)|\\$|\b(static_assert|constexpr|consteval"
+                    r"|template|requires|case|enum|using|noexcept\()")
+# What a result has that is a Boolean.
+BOOLEAN = re.compile(r"==|!=|<=|>=| < | > |&&|\|\||^!|^(true|false)$|\bis[A-Z]|contains\(|empty\(")
+PROPERTY = re.compile(r"\s*PERCH_(?:PROPERTY|PROPERTY_SET_BY|CONSTANT)\(([\w:<>]+), "
+                      r"(\w+(?:, set\w+)?)(?:, (\S+))?\);")
+CONTROL = re.compile(r"(return|throw|break|continue|delete|friend|public|private|goto)\b")
 OPEN, CLOSE = "([{", ")]}"
 
 
@@ -104,8 +109,9 @@ def conditions(line):
 def returns(line):
     match = re.search(r"\breturn ([^;]+);", line)
     if match and match[1] not in ("*this", "this"):
-        if re.search(r"==|!=|<=|>=| < | > |&&|\|\||^!|^(true|false)$|\bis[A-Z]|contains\(|empty\(", match[1]):
-            yield match.start(1), match.end(1), "::faults::flipped(NUMBER, {text})", "result negated"
+        if BOOLEAN.search(match[1]):
+            flipped = "::faults::flipped(NUMBER, {text})"
+            yield match.start(1), match.end(1), flipped, "result negated"
         elif "{" not in match[1]:
             yield match.start(), match.end(), "{ if (FAULT) return {}; {text} }", "returns nothing"
 
@@ -137,30 +143,38 @@ def numbers(line):
 def statements(line):
     match = re.match(r"\s*((?:\+\+|--)?[A-Za-z_][\w.:]*(?:->[\w.]+|\[[^\]]*\]|\([^;]*?\))*"
                      r"(?:\s(?:[-+|&^]|<<|>>)?= [^;]+)?);", line)
-    if match and not re.match(r"(return|throw|break|continue|delete|friend|public|private|goto)\b", match[1]) \
-            and re.search(r"[(=]|\+\+|--", match[1]):
+    if match and not CONTROL.match(match[1]) and re.search(r"[(=]|\+\+|--", match[1]):
         yield match.start(1), match.end(1), "FAULT ? void() : void({text})", "statement dropped"
 
 
 def defaults(line):
-    match = re.match(r"\s*PERCH_(?:PROPERTY|PROPERTY_SET_BY|CONSTANT)\(([\w:<>]+), (\w+(?:, set\w+)?)(?:, (\S+))?\);", line)
-    if not match or match[1] not in ("std::int64_t", "float", "bool", "std::string"):
+    match = PROPERTY.match(line)
+    zeros = {"std::int64_t": "0", "float": "0", "bool": "false", "std::string": '""'}
+    if not match or match[1] not in zeros:
         return
-    flipped = {"bool": "({text}) != FAULT", "std::string": "FAULT ? \"other\" : {text}"}.get(match[1], "({text}) + FAULT")
+    others = {"bool": "({text}) != FAULT", "std::string": 'FAULT ? "other" : {text}'}
+    other = others.get(match[1], "({text}) + FAULT")
     if match[3]:
-        yield match.start(3), match.end(3), flipped, "another default"
+        yield match.start(3), match.end(3), other, "another default"
     else:
-        zero = {"bool": "false", "std::string": "\"\""}.get(match[1], "0")
-        yield match.end(2), match.end(2), ", " + flipped.replace("{text}", zero), "another default"
+        default = ", " + other.replace("{text}", zeros[match[1]])
+        yield match.end(2), match.end(2), default, "another default"
 
 
 KINDS = [conditions, returns, comparisons, connectives, numbers, statements]
 
 
+def listed():
+    """Returns the names of the project's files."""
+    names = subprocess.run(["git", "ls-files"], cwd=ROOT, check=True, capture_output=True,
+                           text=True).stdout.splitlines()
+    return [name for name in names if (ROOT / name).is_file()]
+
+
 def sources():
-    listed = subprocess.run(["git", "ls-files", "PerchAppLibrary", "VelmoCloudEntity", "tools"],
-                            cwd=ROOT, check=True, capture_output=True, text=True).stdout.split()
-    return [name for name in listed if name.endswith((".hpp", ".cpp"))]
+    folders = ("PerchAppLibrary/", "VelmoCloudEntity/", "tools/")
+    return [name for name in listed()
+            if name.startswith(folders) and name.endswith((".hpp", ".cpp"))]
 
 
 def candidates(name):
@@ -169,11 +183,15 @@ def candidates(name):
     for number, line in enumerate((ROOT / name).read_text().split("\n")):
         plain = masked(line)
         isMacro, macro = macro or plain.lstrip().startswith("#define"), plain.endswith("\\")
-        kinds = [defaults] if "PERCH_" in plain else [] if isMacro or STATIC.search(plain) else KINDS
+        kinds = KINDS
+        if "PERCH_" in plain:
+            kinds = [defaults]
+        elif isMacro or STATIC.search(plain):
+            kinds = []
         for kind in kinds:
             for begin, end, template, what in kind(plain):
-                found.append({"file": name, "line": number, "begin": begin, "end": end, "template": template,
-                              "what": what, "kind": kind.__name__, "text": line.strip()})
+                found.append({"file": name, "line": number, "begin": begin, "end": end,
+                              "template": template, "what": what, "text": line.strip()})
     return found
 
 
@@ -199,13 +217,12 @@ def chosen(count):
 
 def write(faults):
     """Copies the project with these faults."""
-    subprocess.run(["mkdir", "-p", COPY], check=True)
-    listed = subprocess.run(["git", "ls-files"], cwd=ROOT, check=True, capture_output=True, text=True).stdout.split("\n")
-    texts = {name: (ROOT / name).read_bytes() for name in listed if name and (ROOT / name).is_file()}
+    texts = {name: (ROOT / name).read_bytes() for name in listed()}
     texts["faults.hpp"] = HEADER.encode()
     texts["PerchAppLibrary/faults.cpp"] = DEFINITION.encode()
-    sourceList = "PerchAppLibrary/CMakeLists.txt"
-    texts[sourceList] = texts[sourceList].replace(b"add_library(PerchAppLibrary\n", b"add_library(PerchAppLibrary\n  faults.cpp\n", 1)
+    library = "PerchAppLibrary/CMakeLists.txt"
+    texts[library] = texts[library].replace(b"add_library(PerchAppLibrary\n",
+                                            b"add_library(PerchAppLibrary\n  faults.cpp\n", 1)
     for fault in faults:
         lines = texts[fault["file"]].decode().split("\n")
         line, begin, end = lines[fault["line"]], fault["begin"], fault["end"]
@@ -229,76 +246,89 @@ def inserted(fault, text):
     return result.replace("FAULT", "::faults::at(NUMBER)").replace("NUMBER", str(fault["number"]))
 
 
+def identity(fault):
+    return [fault["file"], fault["text"], fault["what"]]
+
+
+def linesWithErrors(log):
+    """Returns file and line of each error of the compiler, and of what it was instantiated from."""
+    path = rf"{re.escape(str(COPY))}/([^:\s]+):(\d+):\d+:"
+    return {(name, int(line) - 1)
+            for name, line in re.findall(rf"{path} (?:(?:fatal )?error|  required from)", log)}
+
+
+def build():
+    """Builds the copy. Returns what the compiler printed, or None if there is no error."""
+    flags = f"-O1 -w -include {COPY}/faults.hpp"
+    subprocess.run(["cmake", "-G", "Ninja", "-S", COPY, "-B", BUILD, "-DCMAKE_BUILD_TYPE=",
+                    f"-DCMAKE_CXX_FLAGS={flags}"], check=True, stdout=subprocess.DEVNULL)
+    built = subprocess.run(["cmake", "--build", BUILD, "--", "-k", "0"], capture_output=True,
+                           text=True)
+    return built.stdout if built.returncode else None
+
+
 def prepare(count):
     WORK.mkdir(parents=True, exist_ok=True)
-    known = json.loads(REFUSED.read_text()) if REFUSED.exists() else []
-    faults = [fault for fault in chosen(count) if [fault["file"], fault["text"], fault["what"]] not in known]
-    while True:
-        write(faults)
-        subprocess.run(["cmake", "-G", "Ninja", "-S", COPY, "-B", BUILD, "-DCMAKE_BUILD_TYPE=",
-                        f"-DCMAKE_CXX_FLAGS=-O1 -w -include {COPY}/faults.hpp"], check=True, stdout=subprocess.DEVNULL)
-        built = subprocess.run(["cmake", "--build", BUILD, "--", "-k", "0"], capture_output=True, text=True)
-        if built.returncode == 0:
-            break
-        bad = {(Path(path).resolve().relative_to(COPY.resolve()).as_posix(), int(line) - 1)
-               for path, line in re.findall(rf"({re.escape(str(COPY))}/[^:\s]+):(\d+):\d+: (?:fatal )?error", built.stdout)}
-        bad |= {(path, line) for path, line in
-                ((Path(p).resolve().relative_to(COPY.resolve()).as_posix(), int(l) - 1) for p, l in
-                 re.findall(rf"({re.escape(str(COPY))}/[^:\s]+):(\d+):\d+:   required from", built.stdout))}
+    refused = json.loads(REFUSED.read_text()) if REFUSED.exists() else []
+    faults = [fault for fault in chosen(count) if identity(fault) not in refused]
+    write(faults)
+    while log := build():
+        bad = linesWithErrors(log)
         kept = [fault for fault in faults if (fault["file"], fault["line"]) not in bad]
-        print(f"{len(faults) - len(kept)} faults do not compile", flush=True)
         if len(kept) == len(faults):
-            sys.exit(built.stdout[-4000:])
-        known += [[fault["file"], fault["text"], fault["what"]] for fault in faults if fault not in kept]
-        REFUSED.write_text(json.dumps(known))
+            sys.exit(log[-4000:])
+        print(f"{len(faults) - len(kept)} faults do not compile", flush=True)
+        refused += [identity(fault) for fault in faults if fault not in kept]
+        REFUSED.write_text(json.dumps(refused))
         faults = kept
+        write(faults)
     FAULTS.write_text(json.dumps(faults, indent=1))
     print(f"{len(faults)} faults in {len({fault['file'] for fault in faults})} files")
 
 
+def finished(command, environment, limit):
+    """Runs a command. Returns its output, and its status or None if it exceeds the limit."""
+    try:
+        done = subprocess.run(command, env=environment, capture_output=True, timeout=limit,
+                              cwd=COPY)
+        return done.stdout.decode(errors="replace"), done.returncode
+    except subprocess.TimeoutExpired as late:
+        return (late.stdout or b"").decode(errors="replace"), None
+
+
 def googletest(program, environment, prefix):
-    """Runs the tests of a program; one that ends the process or hangs is run round."""
-    noticed, done, failed = [], [], None
-    for _ in range(40):
-        arguments = [program, "--gtest_brief=0"] + (["--gtest_filter=-" + ":".join(done)] if done else [])
-        try:
-            log = subprocess.run(arguments, env=environment, capture_output=True, timeout=90, cwd=COPY)
-            output, ended = log.stdout, log.returncode in (0, 1)
-        except subprocess.TimeoutExpired as late:
-            output, ended = late.stdout or b"", False
-        output = output.decode(errors="replace")
-        ran = re.findall(r"^\[ RUN      \] (\S+)", output, re.M)
+    """Returns the tests of a program that fail. After one that crashes, it runs the rest."""
+    noticed, ran = [], []
+    while True:
+        rest = ["--gtest_filter=-" + ":".join(ran)] if ran else []
+        output, status = finished([program, "--gtest_brief=0", *rest], environment, 45)
+        now = re.findall(r"^\[ RUN      \] (\S+)", output, re.M)
         noticed += re.findall(r"^\[  FAILED  \] (\S+?)(?:, where .*)? \(\d+ ms\)", output, re.M)
-        if ended or not ran:
-            return [prefix + name for name in noticed] + ([] if ended else [prefix + "start"])
-        noticed.append(ran[-1])
-        done += ran
-    return [prefix + name for name in noticed]
+        if status not in (0, 1):
+            noticed.append(now[-1] if now else "start")
+        if status in (0, 1) or not now:
+            return [prefix + name for name in noticed]
+        ran += now
 
 
 def tried(number):
     """Returns the names of the tests that notice the fault."""
     environment = dict(os.environ, PERCH_FAULT=str(number))
     noticed = []
-    for program in ("velmo-tests", "velmo-memory-tests", "velmo-plain-reader-tests"):
-        prefix = "PlainReader." if "plain" in program else ""
-        noticed += googletest(BUILD / "tests" / program, environment, prefix)
-    others = {"velmo.sh": ["bash", COPY / "tests/velmo.sh", BUILD / "tools/velmo/velmo", COPY / "samples"],
-              "own-record": [BUILD / "examples/own-record"], "first-program": [BUILD / "examples/first-program"]}
-    for name, command in others.items():
-        try:
-            if subprocess.run(command, env=environment, cwd=COPY, stdout=subprocess.DEVNULL,
-                              stderr=subprocess.DEVNULL, timeout=120).returncode != 0:
-                noticed.append(name)
-        except subprocess.TimeoutExpired:
-            noticed.append(name)
+    for name in ("", "-thread", "-memory", "-plain-reader"):
+        prefix = "PlainReader." if name == "-plain-reader" else ""
+        noticed += googletest(BUILD / "tests" / f"velmo{name}-tests", environment, prefix)
+    velmo = ["bash", COPY / "tests/velmo.sh", BUILD / "tools/velmo/velmo", COPY / "samples"]
+    others = {"velmo.sh": velmo, "own-record": [BUILD / "examples/own-record"],
+              "first-program": [BUILD / "examples/first-program"]}
+    noticed += [name for name, command in others.items() if finished(command, environment, 120)[1]]
     return sorted(set(noticed))
 
 
 def run(numbers):
     faults = json.loads(FAULTS.read_text())
     results = json.loads(RESULTS.read_text()) if numbers and RESULTS.exists() else {}
-    if always := tried(0):
+    if always := tried(0): # no fault
         sys.exit(f"without a fault, these fail: {always}")
     wanted = [fault["number"] for fault in faults if not numbers or fault["number"] in numbers]
     with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool:
@@ -311,18 +341,19 @@ def run(numbers):
 def report():
     results = json.loads(RESULTS.read_text())
     faults = [fault for fault in json.loads(FAULTS.read_text()) if str(fault["number"]) in results]
-    sole = {}
+    only = set()
+    missed = []
     for fault in faults:
         noticed = results[str(fault["number"])]
-        if len(noticed) == 1:
-            sole.setdefault(noticed[0], []).append(fault["number"])
-        who = ", ".join(noticed[:2]) + (f" and {len(noticed) - 2} more" if len(noticed) > 2 else "") or "NOBODY"
-        print(f"{fault['number']:4} {fault['file']}:{fault['line'] + 1}: {fault['what']}: {who}")
-    missed = [fault for fault in faults if not results[str(fault["number"])]]
-    print(f"\n{len(faults)} faults, {len(faults) - len(missed)} noticed; not noticed:")
-    for fault in missed:
-        print(f"  {fault['number']} {fault['file']}:{fault['line'] + 1}: {fault['what']}: {fault['text']}")
-    print("\nTests that were the only one to notice a fault: " + ", ".join(sorted(sole)))
+        only |= set(noticed) if len(noticed) == 1 else set()
+        where = f"{fault['number']:4} {fault['file']}:{fault['line'] + 1}: {fault['what']}: "
+        if not noticed:
+            missed.append(where + fault["text"])
+        more = f" and {len(noticed) - 2} more" if len(noticed) > 2 else ""
+        print(where + (", ".join(noticed[:2]) + more or "nobody"))
+    print(f"\n{len(faults)} faults, {len(faults) - len(missed)} noticed. Not noticed:")
+    print(*missed, sep="\n")
+    print("\nTests that alone noticed a fault:", *sorted(only), sep="\n  ")
 
 
 if __name__ == "__main__":
