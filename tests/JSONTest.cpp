@@ -97,9 +97,12 @@ TEST(JSON, GivesNullEmptyOrZeroForWhatAValueDoesNotHold) {
 TEST(JSON, StepsThroughAnArray) {
     const JSON json = JSON::parse(R"([1, [2, [3]], {"a": 4}, "5", true, null, 1.5])");
     const std::vector<JSON> elements = json.arrayValue();
+    using enum JSON::Type;
+    const JSON::Type types[] = {number, array, dictionary, string, boolean, null, number};
     std::string stepped, given, indexed;
     std::int64_t index = 0;
     for (const JSON& element : json) {
+        EXPECT_EQ(element.type(), types[index]) << index;
         stepped += toText(toValue(element)) + " ";
         given += toText(toValue(elements.at(static_cast<std::size_t>(index)))) + " ";
         indexed += toText(toValue(json[index++])) + " ";

@@ -93,9 +93,8 @@ TEST(Mapping, ConvertsEachKindOfValueToEachKindOfPropertyOrLeavesItAlone) {
     for (const auto& [text, expected] : rows)
         for (const auto& sample :
              filledWith(text, {"Int", "On", "Off", "Float", "String", "Optional"})) {
-            const std::string flag = sample->On() != sample->Off() ? "-"
-                                     : sample->On()                ? "true"
-                                                                   : "false";
+            const bool isKept = sample->On() != sample->Off();
+            const std::string flag = isKept ? "-" : toText(sample->value("On"));
             EXPECT_EQ(taken(*sample, "Int") + " " + flag + " " + taken(*sample, "Float") + " " +
                           taken(*sample, "String"),
                       expected)
