@@ -144,10 +144,11 @@ bool holds(const Value& exported, const Value& sample) {
 }
 
 Value zeroOfKind(const Value& value) {
-    return value.is_number()  ? Value(0)
-           : value.is_bool()  ? Value(false)
-           : value.is_array() ? Value(ValueArray())
-                              : Value("");
+    if (value.is_number())
+        return 0;
+    if (value.is_bool())
+        return false;
+    return value.is_array() ? Value(ValueArray()) : Value("");
 }
 
 class RecordTable : public testing::TestWithParam<Type> {

@@ -151,8 +151,10 @@ public:
     void rename() {
         FontItem& font = *made[below(made.size())];
         const std::size_t which = below(setters.size());
-        if (oneIn(2))
-            return (font.*setters[which])(name());
+        if (oneIn(2)) {
+            (font.*setters[which])(name());
+            return;
+        }
         const auto json = JSON::parse(toText(Dictionary{{keys[which], wellFormed(name())}}));
         oneIn(2) ? font.setValue(json) : font.setValue(json, {});
     }
@@ -204,9 +206,9 @@ private:
             client->name = name();
             font = client;
         }
-        for (const auto set : setters)
-            if (!oneIn(set == &FontItem::setProductName ? 16 : 3))
-                ((*font).*set)(name());
+        for (std::size_t which = 0; which < setters.size(); ++which)
+            if (!oneIn(which == 0 ? 16 : 3))
+                ((*font).*setters[which])(name());
         font->setPostscriptName(name()); // no query reads it
         return font;
     }

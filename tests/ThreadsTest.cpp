@@ -71,6 +71,7 @@ void expectOneResult(const std::function<std::string()>& work) {
     std::vector<std::string> results(4);
     std::latch start(static_cast<std::ptrdiff_t>(results.size()));
     std::vector<std::jthread> threads;
+    threads.reserve(results.size());
     for (std::string& result : results)
         threads.emplace_back([&] {
             start.arrive_and_wait();
@@ -79,7 +80,8 @@ void expectOneResult(const std::function<std::string()>& work) {
     threads.clear();
     const std::string expected = work();
     for (const std::string& result : results) {
-        const auto at = std::ranges::mismatch(result, expected).in1 - result.begin();
+        const auto at =
+            static_cast<std::size_t>(std::ranges::mismatch(result, expected).in1 - result.begin());
         EXPECT_EQ(result.substr(at, 80), expected.substr(at, 80)) << "from byte " << at << " on";
     }
 }
