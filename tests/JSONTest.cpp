@@ -66,12 +66,14 @@ TEST(JSON, TakesNumbersOutOfRangeAndLoneSurrogates) {
     const JSON json = JSON::parse(R"( {"big": 18446744073709551616, "least": -1e999, "tiny": 1e-999,
         "leading": "\ud800x\\ud800", "last leading": "\udbff", "trailing": "\udc00",
         "last trailing": "\udfff", "pair": "\ud83d\ude00", "line feed": "\ndc00",
+        "after an escape": "\n\ud800", "no escape": "\ud800xudc00",
         "in a text": "\"99999999999999999999", "integer": 12e000000000000001} )");
     EXPECT_EQ(
         toText(toValue(json)),
         "{\"big\":1.8446744073709552E19,\"least\":-1.7976931348623157E308,\"tiny\":0E0,"
         "\"leading\":\"\uFFFDx\\\\ud800\",\"last leading\":\"\uFFFD\",\"trailing\":\"\uFFFD\","
         "\"last trailing\":\"\uFFFD\",\"pair\":\"\U0001F600\",\"line feed\":\"\\ndc00\","
+        "\"after an escape\":\"\\n\uFFFD\",\"no escape\":\"\uFFFDxudc00\","
         "\"in a text\":\"\\\"99999999999999999999\",\"integer\":1.2E2}");
     EXPECT_EQ(json["least"].as<std::string>(), std::nullopt); // no text says what has been rounded
     EXPECT_EQ(JSON::parse(std::string(400, '9')).as<float>(), std::nullopt); // beyond floats

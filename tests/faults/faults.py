@@ -297,18 +297,21 @@ def finished(command, environment, limit):
 
 
 def googletest(program, environment, prefix):
-    """Returns the tests of a program that fail. After one that crashes, it runs the rest."""
+    """Returns the tests of a program that fail. Runs the rest after a crash, but not after five, nor
+    after a test that does not end."""
     noticed, ran = [], []
-    while True:
+    for _ in range(5):
         rest = ["--gtest_filter=-" + ":".join(ran)] if ran else []
         output, status = finished([program, "--gtest_brief=0", *rest], environment, 45)
         now = re.findall(r"^\[ RUN      \] (\S+)", output, re.M)
         noticed += re.findall(r"^\[  FAILED  \] (\S+?)(?:, where .*)? \(\d+ ms\)", output, re.M)
-        if status not in (0, 1):
-            noticed.append(now[-1] if now else "start")
-        if status in (0, 1) or not now:
-            return [prefix + name for name in noticed]
+        if status in (0, 1):
+            break
+        noticed.append(now[-1] if now else "start")
+        if status is None or not now:
+            break
         ran += now
+    return [prefix + name for name in noticed]
 
 
 def tried(number):
