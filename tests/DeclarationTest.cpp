@@ -194,6 +194,7 @@ class Album : public BaseEntity {
     PERCH_PROPERTY(Records<FontItem>, Fonts);
     PERCH_PROPERTY(std::string, Value);
     PERCH_PROPERTY(Records<Album>, Parts);
+    PERCH_CONSTANT(bool, IsShared, true);
 
     PERCH_RECORD_END;
 
@@ -227,6 +228,10 @@ TEST(Declaration, FillsArraysOfRecordsFromTheirDeclaration) {
     album->setValue(JSON::parse("5"));
     album->setValue(std::string("v"));
     EXPECT_EQ(album->outline(), "v(;)");
+}
+
+TEST(Declaration, ExportsAConstantThatJSONDoesNotChange) {
+    EXPECT_EQ(Album::parse(R"({"IsShared":false})")->properties().at("IsShared"), Value(true));
 }
 
 TEST(Declaration, FillsArraysAfterAllOtherProperties) {

@@ -288,12 +288,11 @@ def prepare(count):
 
 def finished(command, environment, limit):
     """Runs a command. Returns its output, and its status or None if it exceeds the limit."""
-    try:
-        done = subprocess.run(command, env=environment, capture_output=True, timeout=limit,
-                              cwd=COPY)
-        return done.stdout.decode(errors="replace"), done.returncode
-    except subprocess.TimeoutExpired as late:
-        return (late.stdout or b"").decode(errors="replace"), None
+    # timeout(1) also ends the processes that the command started.
+    done = subprocess.run(["timeout", "--kill-after=1", str(limit), *command], env=environment,
+                          stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, cwd=COPY)
+    late = done.returncode in (124, 137)
+    return done.stdout.decode(errors="replace"), None if late else done.returncode
 
 
 def googletest(program, environment, prefix):
@@ -324,7 +323,8 @@ def tried(number):
     velmo = ["bash", COPY / "tests/velmo.sh", BUILD / "tools/velmo/velmo", COPY / "samples"]
     others = {"velmo.sh": velmo, "own-record": [BUILD / "examples/own-record"],
               "first-program": [BUILD / "examples/first-program"]}
-    noticed += [name for name, command in others.items() if finished(command, environment, 120)[1]]
+    noticed += [name for name, command in others.items()
+                if finished(command, environment, 60)[1] != 0]
     return sorted(set(noticed))
 
 
