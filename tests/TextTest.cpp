@@ -62,6 +62,15 @@ TEST(Text, FindsTheFirstPlaceOfANeedleOfAnyLength) {
     EXPECT_GT(found, 20'000);
 }
 
+TEST(Text, FindsNoLongNeedleInWhatAnEarlierTextLeft) {
+    const std::string longer = "宋宋宋宋宋宋宋宋A"; // without its last letter, three words
+    const Needle needle(longer);
+    SearchedText text(std::string_view{longer});
+    EXPECT_TRUE(needle.isIn(text));
+    text.assign(std::string_view(longer).substr(0, longer.size() - 1));
+    EXPECT_FALSE(needle.isIn(text));
+}
+
 TEST(Text, ComparedFormsAgreeByCharacterAndAsAWhole) {
     // The first text that is not plain is folded as a whole, the others by character, with a cache.
     for (const Case letterCase : {Case::insensitive, Case::sensitive}) {
