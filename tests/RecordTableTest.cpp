@@ -254,10 +254,12 @@ TEST(RecordList, IsARangeAndOutlivesATemporary) {
     std::string ids;
     for (const auto& font : FontList(JSON::parse(text)).List())
         ids += std::to_string(font->Id());
+    for (const auto& address : UrlList(JSON::parse(text)).list())
+        ids += std::to_string(address->Id());
     const FontList list = FontList::parse(text);
     for (const auto& font : list)
         ids += std::to_string(font->Id());
-    EXPECT_EQ(ids, "1212");
+    EXPECT_EQ(ids, "121212");
     EXPECT_EQ(std::tuple(list.size(), list.empty(), list[1]->Id()), std::tuple(2U, false, 2));
 }
 
