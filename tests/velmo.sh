@@ -194,6 +194,7 @@ expect 0 '^Code record fail.$' error 002004 --lang En
 expect 0 '^  Ch  验证码记录失败$' error 002004
 [ "$("$velmo" error 001001 --lang Ch; echo $?)" = $'\n'0 ] || fail "a code with a blank message"
 for code in 2004 000004 ''; do expect 1 "no error has the code \"$code\"" error "$code"; done
+expect_nothing null error 000004 --json
 expect 2 'lang' error 000000 --lang De
 
 # Fonts in JSON: exactly these members.
