@@ -142,6 +142,7 @@ grep -qF 'font-list.json: no font has the Id -5' "$directory/err" ||
 expect 0 '^\{"Id":900001,"ProductName":"","IsGroup":true,' lookup "$fonts" 900001 --flat --json
 expect_nothing null lookup "$fonts" 339 --flat --json
 expect 1 'no item at the top level has the Id 339' lookup "$fonts" 339 --flat
+grep -q null "$directory/out" && fail "text for people says null"
 expect 2 'takes one ID' lookup "$fonts" 1 2 --flat
 expect 2 'ID: "x" is not an integer' lookup "$fonts" 1,x
 
@@ -185,6 +186,7 @@ done
 expect 0 '^EmSize +1.27E1$' read fontim "$samples/records/FontImageItem.json"
 expect 0 '^AppTag ' read FONTAP "$samples/records/FontApplyItem.json"
 expect 2 'did you mean UserItem\?' read UsrItem "$fonts"
+expect 2 'did you mean UrlItem\?' read WebUrlItem "$fonts" # three letters too many
 expect 2 'may be FontTagItem, FontTagList' read FontTag "$fonts"
 expect 2 'TYPE and FILE are required' read FontTagList
 
@@ -212,6 +214,7 @@ expect 0 '"remotePreviewFile":null' locate "$directory/odd.json" 2 --json
 grep -qF 'odd.json: font 2 "B\u001B[31m": its ProductFileUrl "1:b.ttf" gives no URL' \
     "$directory/err" || fail "no warning of the URL"
 expect 0 '^Anuphan Light\(' locate "$fonts" 0339
+grep -qE '^  Font +[^ ]' "$directory/out" || fail "the font to draw with is missing"
 expect 2 'no\\u000Asuch' tree "$directory/no
 such"
 expect 1 'no font has the Id 3$' locate "$directory/odd.json" 3 # a group
