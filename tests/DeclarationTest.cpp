@@ -244,6 +244,7 @@ TEST(Declaration, FillsArraysAfterAllOtherProperties) {
 
 TEST(Declaration, ExcludesArraysAndFurtherKeysFromAnOverriddenMapping) {
     struct WatchedAlbum : Album {
+        using Album::setValue;
         void setValue(const JSON& json) override { fill(json, Excluded{"Value"}); }
         void setValue(const JSON&, Excluded excluded) override {
             for (const std::string& key : excluded.keys())
