@@ -1,4 +1,4 @@
-// What the declaration of a record class brings about, mostly of a client's own.
+// Tests what the declaration of a record class does, mostly for an application's own classes.
 #include <VelmoCloudEntity/account/UserItem.hpp>
 #include <VelmoCloudEntity/entity/UrlItem.hpp>
 
@@ -103,16 +103,6 @@ TEST(BaseEntity, ClearsTheExceptionAndNothingElse) {
         R"({"Exception":true,"ErrorCode":5,"ExceptionCode":"c","ExceptionMessage":"m","Token":"t"})"));
     item->clearException();
     EXPECT_EQ(changed(item), R"({"Token":"t"})");
-}
-
-TEST(BaseEntity, KeepsDictionariesApart) {
-    Dictionary from =
-        UrlItem::create(JSON::parse(R"({"Name":"longer than a node"})"))->properties();
-    Dictionary into = UrlItem::create()->properties();
-    const char* const text = from["Name"].as_string().c_str();
-    into["Name"] = std::move(from["Name"]);
-    EXPECT_EQ(into["Name"], Value("longer than a node"));
-    EXPECT_NE(into["Name"].as_string().c_str(), text) << "it lies in the other dictionary's arena";
 }
 
 TEST(BaseEntityDeathTest, EndsTheProcessOverAnExclusionThatIsNoStoredProperty) {

@@ -38,7 +38,7 @@ TEST(FontItem, ExportsAndReadsBackItsPropertiesTheChildrenLast) {
     document["Children"] = boost::json::array();
     EXPECT_EQ(toText(font->Dict()), toText(document));
     font->setChildren({FontItem::parse(toText(document))});
-    document["Children"] = {document};
+    document["Children"] = PerchAppLibrary::ValueArray(1, document);
     EXPECT_EQ(toText(font->Dict()), toText(document));
 }
 
@@ -59,7 +59,7 @@ TEST(FontItem, CopiesOfADictGiveBackWhatTheyTook) {
     const auto used = [] { return mallinfo2().uordblks; };
     const std::size_t before = used();
     if (before == 0)
-        GTEST_SKIP() << "this heap does not tell what is used of it";
+        GTEST_SKIP() << "mallinfo2() reports nothing here";
     for (int round = 0; round < 100; ++round) {
         Dictionary copy = dict;
         copy["Remark"] = std::string(10'000, 'x');

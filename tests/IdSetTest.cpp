@@ -20,7 +20,7 @@ std::int64_t moved(std::int64_t id, std::uint64_t step) {
     return static_cast<std::int64_t>(static_cast<std::uint64_t>(id) + step);
 }
 
-/// Identifiers a step apart, which start again at the least one behind the greatest.
+/// Identifiers that are a step apart, and wrap around behind the greatest one.
 Ids row(std::int64_t first, std::size_t count, std::uint64_t step) {
     Ids ids(count);
     for (std::size_t i = 0; i < count; ++i)

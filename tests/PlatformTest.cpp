@@ -5,8 +5,12 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
+#include <cstddef>
 #include <cstdlib>
 #include <filesystem>
+#include <optional>
+#include <string>
 
 using namespace PerchAppLibrary;
 
@@ -52,8 +56,11 @@ void setVariable(const char* name, const char* value) {
 }
 
 TEST(ApplicationManager, NamesTheCacheDirectoryAnewInEachCall) {
-    const char* const home = std::getenv("HOME");
-    const std::string ownHome = home ? home : "/";
+    const std::array variables{"HOME", "XDG_CACHE_HOME"};
+    std::array<std::optional<std::string>, 2> before;
+    for (std::size_t i = 0; i < variables.size(); ++i)
+        if (const char* const value = std::getenv(variables[i]))
+            before[i] = value;
     const auto temporary = std::filesystem::temp_directory_path().string() + "/VelmoCloud";
     const struct {
         const char *home, *cache;
@@ -71,7 +78,8 @@ TEST(ApplicationManager, NamesTheCacheDirectoryAnewInEachCall) {
         setVariable("XDG_CACHE_HOME", each.cache);
         EXPECT_EQ(ApplicationManager::tmpCachesDir(), each.expected);
     }
-    setVariable("HOME", ownHome.c_str());
+    for (std::size_t i = 0; i < variables.size(); ++i)
+        setVariable(variables[i], before[i] ? before[i]->c_str() : nullptr);
 }
 #endif
 

@@ -186,7 +186,7 @@ TEST(ConfigItem, NamesTheDesignApplication) {
     }
 }
 
-TEST(ExceptionItem, HasTheMessagesOfEveryCode) {
+TEST(ExceptionItem, HasTheMessagesOfItsCodes) {
     const char* const rows[][3] = {
         {"000000", "访问受限", "Access rejected."},
         {"001001", "", ""},

@@ -49,6 +49,6 @@ awk -F'\t' '
 if grep -rnE --include='*.hpp' --include='*.cpp' --exclude=fatalError.cpp \
     '\b(printf|fputs|std::c(out|err)|abort|exit|terminate)\b *[(<]' \
     PerchAppLibrary VelmoCloudEntity; then
-    echo "Nothing is printed and no process ended but in fatalError.cpp"
+    echo "Only fatalError.cpp may print or end the process"
     exit 1
 fi

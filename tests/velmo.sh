@@ -186,7 +186,7 @@ done
 expect 0 '^EmSize +1.27E1$' read fontim "$samples/records/FontImageItem.json"
 expect 0 '^AppTag ' read FONTAP "$samples/records/FontApplyItem.json"
 expect 2 'did you mean UserItem\?' read UsrItem "$fonts"
-expect 2 'did you mean UrlItem\?' read WebUrlItem "$fonts" # three letters too many
+expect 2 'did you mean ConfigItem\?' read ConfigListItem "$fonts" # four letters too many
 expect 2 'may be FontTagItem, FontTagList' read FontTag "$fonts"
 expect 2 'TYPE and FILE are required' read FontTagList
 

@@ -12,7 +12,7 @@ namespace PerchAppLibrary {
 ///
 /// Dense identifiers, such as those of a catalogue, are stored in a bitmap, others in a hash table.
 /// Both take constant time for each identifier, and memory in proportion to the number of
-/// identifiers (at least 8 KB). Any number of threads may read a set while none changes it.
+/// identifiers, or up to 8 KB for few. Any number of threads may read a set while none changes it.
 class IdSet {
 public:
     using Ids = std::vector<std::int64_t>;

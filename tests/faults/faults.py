@@ -3,7 +3,7 @@
 
     faults.py prepare COUNT   copies the project, puts about COUNT faults in, and builds the copy
     faults.py run [N...]      runs every test against each fault (or these), and keeps the results
-    faults.py report          prints the table: fault, who noticed it
+    faults.py report          prints the table: each fault, and the tests that notice it
 
 All faults are compiled in at once. The environment variable PERCH_FAULT chooses the one that is
 active, so one build serves all. A fault that does not compile is dropped.
@@ -228,6 +228,9 @@ def write(faults):
         line, begin, end = lines[fault["line"]], fault["begin"], fault["end"]
         lines[fault["line"]] = line[:begin] + inserted(fault, line[begin:end]) + line[end:]
         texts[fault["file"]] = "\n".join(lines).encode()
+    for path in [path for path in COPY.rglob("*") if path.is_file()]:
+        if path.relative_to(COPY).as_posix() not in texts:
+            path.unlink() # the project no longer has it
     for name, text in texts.items(): # an unchanged file keeps its time, and is not compiled again
         path = COPY / name
         path.parent.mkdir(parents=True, exist_ok=True)
@@ -283,6 +286,7 @@ def prepare(count):
         faults = kept
         write(faults)
     FAULTS.write_text(json.dumps(faults, indent=1))
+    RESULTS.unlink(missing_ok=True) # of other numbers
     print(f"{len(faults)} faults in {len({fault['file'] for fault in faults})} files")
 
 
@@ -353,10 +357,10 @@ def report():
         if not noticed:
             missed.append(where + fault["text"])
         more = f" and {len(noticed) - 2} more" if len(noticed) > 2 else ""
-        print(where + (", ".join(noticed[:2]) + more or "nobody"))
+        print(where + (", ".join(noticed[:2]) + more or "none"))
     print(f"\n{len(faults)} faults, {len(faults) - len(missed)} noticed. Not noticed:")
     print(*missed, sep="\n")
-    print("\nTests that alone noticed a fault:", *sorted(only), sep="\n  ")
+    print("\nTests that are the only one to notice a fault:", *sorted(only), sep="\n  ")
 
 
 if __name__ == "__main__":

@@ -40,8 +40,8 @@ UnicodeString upperCased(const UnicodeString& text) {
     return decomposed(decomposed(text).toUpper(icu::Locale::getRoot()));
 }
 
-/// Returns whether a decomposed text can be cut at the place without cutting a character apart: no
-/// mark that stands behind the place belongs to what stands before it.
+/// Returns whether a decomposed text can be cut at the place: no mark behind it combines with the
+/// text before it.
 bool mayCut(const UnicodeString& text, int place) {
     if (place == 0 || place == text.length())
         return true;

@@ -25,9 +25,11 @@
 // CALL=FontItem::create("{}") // no matching
 // CALL=FontList list("[]") // deleted
 // CALL=font.setValue("{}") // deleted
+// CALL=ClientOperaItem::create()->setPlatformId(2) // has no member|no member named
 // CALL=(void)json.as<unsigned>() // JSON::as<T>..: T is
 #include <VelmoCloudEntity/account/EsUserItem.hpp>
 #include <VelmoCloudEntity/catalogue/FontSearchItem.hpp>
+#include <VelmoCloudEntity/client/ClientOperaItem.hpp>
 #include <VelmoCloudEntity/client/ConfigItem.hpp>
 #include <VelmoCloudEntity/font/FontList.hpp>
 
