@@ -11,7 +11,7 @@ using namespace std::string_view_literals;
 
 namespace {
 
-/// Properties of each kind, none of which has a value that a case below gives it.
+/// Properties of each kind. Their defaults differ from the values of the cases below.
 class Sample : public BaseEntity {
     PERCH_RECORD(Sample, BaseEntity);
 
