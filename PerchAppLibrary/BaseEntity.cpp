@@ -1,5 +1,6 @@
 #include <PerchAppLibrary/BaseEntity.hpp>
 
+#include <PerchAppLibrary/container/NoDestructor.hpp>
 #include <PerchAppLibrary/json/DictionaryArena.hpp>
 #include <PerchAppLibrary/record/RecordSchema.hpp>
 #include <PerchAppLibrary/record/RecordWriter.hpp>
@@ -32,9 +33,10 @@ BaseEntity::BaseEntity() = default;
 BaseEntity::~BaseEntity() = default;
 
 const RecordSchema& BaseEntity::schema() const {
-    static const RecordSchema schema("BaseEntity", typeid(BaseEntity), nullptr,
-                                     PropertyCollector<BaseEntity>::collect(), {});
-    return schema;
+    static const NoDestructor<RecordSchema> schema("BaseEntity", typeid(BaseEntity), nullptr,
+                                                   PropertyCollector<BaseEntity>::collect(),
+                                                   Overrides{});
+    return *schema;
 }
 
 void BaseEntity::setValue(const JSON& json) { fill(json); }

@@ -227,12 +227,15 @@ TEST(FontItem, TakesQueriesAndDestructionOfAnyDepthInLinearTime) {
     EXPECT_EQ(leaf.use_count(), 1);
 }
 
-TEST(FontItem, ExportsAndActivatesTenThousandLevels) {
+TEST(FontItem, ExportsAndActivatesDeepTrees) {
     const auto leaf = FontItem::create(), tree = nested(10'000, leaf);
-    tree->setActivated(true);
+    const auto deeper = nested(290'000, tree); // more than calls that are nested could reach
+    deeper->setActivated(true);
     EXPECT_TRUE(leaf->IsActivated());
-    const std::string text = FontItem::getFontArrayText({tree});
-    EXPECT_TRUE(text == toText(FontItem::getFontArray({tree}))) << text.size() << " bytes";
+    EXPECT_GT(FontItem::getFontArrayText({deeper}).size(), 100'000'000U);
+    const std::string text = FontItem::getFontArrayText({tree, leaf, tree});
+    EXPECT_TRUE(text == toText(FontItem::getFontArray({tree, leaf, tree}))) << text.size();
+    EXPECT_EQ(toText(tree->properties()).size(), toText(nested(10'000, leaf)->properties()).size());
 }
 
 } // namespace

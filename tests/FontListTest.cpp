@@ -7,6 +7,8 @@
 #include <gtest/gtest.h>
 
 #include <cstdint>
+#include <cstring>
+#include <functional>
 #include <regex>
 #include <stdexcept>
 #include <string>
@@ -232,6 +234,42 @@ TEST(FontList, TakesManyFontsIdentifiersAndTagsInLinearTime) {
     EXPECT_FALSE(FontList::isFontMatchedByCharacter(list[0], key));
     list[0]->setDisplayName(key);
     EXPECT_EQ(FontList::getSearchResultFont({list[0]}, key).second.size(), 1U);
+}
+
+/// Returns texts of 16 ASCII bytes that std::hash of libstdc++, a Murmur hash with a known seed,
+/// maps to one number: after any first half, a second half leads to a chosen state.
+std::vector<std::string> collidingNames(std::size_t count) {
+    constexpr std::uint64_t factor = 0xC6A4A7935BD1E995, inverse = 0x5F7A0EA7E59B19BD,
+                            begin = 0xC70F6907 ^ (16 * factor), state = 0x123456789ABCDEF;
+    constexpr std::uint64_t highBits = 0x8080808080808080;
+    std::vector<std::string> names;
+    for (std::uint64_t number = 1; names.size() < count; ++number) {
+        const std::uint64_t first = (number * 0x9E3779B97F4A7C15) & ~highBits;
+        std::uint64_t mixed = first * factor;
+        mixed = (mixed ^ mixed >> 47) * factor;
+        std::uint64_t second = (((begin ^ mixed) * factor) ^ (state * inverse)) * inverse;
+        second = (second ^ second >> 47) * inverse;
+        if ((second & highBits) != 0)
+            continue;
+        std::string& name = names.emplace_back(16, '\0');
+        std::memcpy(name.data(), &first, 8);
+        std::memcpy(name.data() + 8, &second, 8);
+    }
+    return names;
+}
+
+TEST(FontList, MarksByNamesThatAreMadeToCollideInLinearTime) {
+    Fonts list;
+    for (const std::string& name : collidingNames(250'000))
+        list.push_back(Key{0, name}.font());
+#ifdef __GLIBCXX__
+    const auto hashOf = [&](const auto& font) {
+        return std::hash<std::string>()(font->ProductName());
+    };
+    EXPECT_EQ(hashOf(list.front()), hashOf(list.back()));
+#endif
+    FontList::setActivatedFont(list, list);
+    EXPECT_EQ(FontList::getActivatedFontCount(list), std::ssize(list));
 }
 
 /// A leaf, or a group of one, whose accessors return something other than what is stored.

@@ -1,17 +1,11 @@
 #include <PerchAppLibrary/container/IdSet.hpp>
 
-#include <boost/unordered/unordered_flat_set.hpp>
-
 #include <algorithm>
 #include <array>
 #include <bit>
 #include <limits>
 
 namespace PerchAppLibrary {
-
-struct IdSet::Sparse {
-    boost::unordered_flat_set<std::int64_t> ids;
-};
 
 namespace {
 
@@ -57,20 +51,18 @@ IdSet::IdSet(std::span<const Ids* const> lists) {
             }
         return;
     }
-    m_sparse = std::make_unique<Sparse>();
+    m_sparse.reserve(range.count);
     for (const Ids* const list : lists)
-        m_sparse->ids.insert(list->begin(), list->end());
+        m_sparse.insert(m_sparse.end(), list->begin(), list->end());
+    std::ranges::sort(m_sparse);
+    // NOLINTNEXTLINE(modernize-use-ranges): it returns a subrange, which Clang 15 cannot compile
+    m_sparse.erase(std::unique(m_sparse.begin(), m_sparse.end()), m_sparse.end());
 }
 
 IdSet::IdSet(const Ids& ids) : IdSet(std::array{&ids}) {}
 
-IdSet& IdSet::operator=(IdSet&& other) noexcept = default;
-IdSet::~IdSet() = default;
-
-bool IdSet::containsSparse(std::int64_t id) const noexcept { return m_sparse->ids.contains(id); }
-
 void IdSet::intersect(const IdSet& other) {
-    if (m_sparse || other.m_sparse) {
+    if (!m_sparse.empty() || !other.m_sparse.empty()) {
         Ids common = ids();
         std::erase_if(common, [&other](std::int64_t id) { return !other.contains(id); });
         *this = IdSet(common);
@@ -86,12 +78,9 @@ void IdSet::intersect(const IdSet& other) {
 }
 
 Ids IdSet::ids() const {
+    if (!m_sparse.empty())
+        return m_sparse;
     Ids ids;
-    if (m_sparse) {
-        ids.assign(m_sparse->ids.begin(), m_sparse->ids.end());
-        std::ranges::sort(ids);
-        return ids;
-    }
     std::size_t count = 0;
     for (const std::uint64_t word : m_words)
         count += static_cast<std::size_t>(std::popcount(word));

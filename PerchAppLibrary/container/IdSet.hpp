@@ -1,8 +1,8 @@
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
-#include <memory>
 #include <span>
 #include <vector>
 
@@ -10,9 +10,10 @@ namespace PerchAppLibrary {
 
 /// A set of identifiers, for short-lived lookups: which of many identifiers are in a list.
 ///
-/// Dense identifiers, such as those of a catalogue, are stored in a bitmap, others in a hash table.
-/// Both take constant time for each identifier, and memory in proportion to the number of
-/// identifiers, or up to 8 KB for few. Any number of threads may read a set while none changes it.
+/// Dense identifiers, such as those of a catalogue, are stored in a bitmap, others in a sorted
+/// array, since whoever sends identifiers could make those of a hash table collide. Memory is
+/// proportional to the number of identifiers, or up to 8 KB for few. Any number of threads may read
+/// a set while none changes it.
 class IdSet {
 public:
     using Ids = std::vector<std::int64_t>;
@@ -23,13 +24,10 @@ public:
     /// Stores the identifiers of all the lists, duplicates once. Requires that no list is null.
     explicit IdSet(std::span<const Ids* const> lists);
 
-    IdSet& operator=(IdSet&& other) noexcept;
-    ~IdSet();
-
-    /// Returns whether the identifier is in the set. Constant time.
+    /// Returns whether the identifier is in the set. Constant time in a bitmap, else logarithmic.
     bool contains(std::int64_t id) const noexcept {
-        if (m_sparse)
-            return containsSparse(id);
+        if (!m_sparse.empty())
+            return std::ranges::binary_search(m_sparse, id);
         // For an identifier below the first, the distance wraps around to one beyond all bits.
         const std::uint64_t distance = static_cast<std::uint64_t>(id) - m_first;
         return distance / wordBits < m_words.size() &&
@@ -43,14 +41,11 @@ public:
     Ids ids() const;
 
 private:
-    struct Sparse;
     static constexpr std::uint64_t wordBits = 64;
-
-    bool containsSparse(std::int64_t id) const noexcept;
 
     std::uint64_t m_first = 0; // identifier of the first bit, a multiple of wordBits
     std::vector<std::uint64_t> m_words;
-    std::unique_ptr<Sparse> m_sparse; // null unless the identifiers are sparse
+    Ids m_sparse; // sorted; empty unless the identifiers are sparse
 };
 
 /// Returns the identifiers in any of the lists, in ascending order without duplicates. Requires

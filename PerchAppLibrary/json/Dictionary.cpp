@@ -80,13 +80,19 @@ void assign(Value& place, dom::element element) {
     }
 }
 
+/// For each piece, the serializer descends anew to where it stopped. Pieces of one size would take
+/// quadratic time in the depth, so the text grows by a factor.
 template <class Source>
 void appendText(std::string& text, const Source& source) {
     char buffer[4096];
     boost::json::serializer serializer;
     serializer.reset(&source);
-    while (!serializer.done())
-        text.append(serializer.read(buffer));
+    text.append(serializer.read(buffer));
+    while (!serializer.done()) {
+        const std::size_t begin = text.size();
+        text.resize(2 * begin);
+        text.resize(begin + serializer.read(&text[begin], begin).size());
+    }
 }
 
 template <class Source>

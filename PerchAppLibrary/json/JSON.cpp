@@ -1,15 +1,18 @@
 #include <PerchAppLibrary/json/JSON.hpp>
 
+#include <PerchAppLibrary/container/NoDestructor.hpp>
 #include <PerchAppLibrary/json/detail/Conversion.hpp>
 #include <PerchAppLibrary/json/detail/Equality.hpp>
 #include <PerchAppLibrary/json/detail/JSONElement.hpp>
 #include <PerchAppLibrary/json/detail/JSONFallback.hpp>
+#include <PerchAppLibrary/json/detail/JSONLimits.hpp>
 #include <PerchAppLibrary/json/detail/JSONText.hpp>
 #include <PerchAppLibrary/platform/detail/Memory.hpp>
 
 #include <algorithm>
 #include <cmath>
 #include <iterator>
+#include <new>
 #include <optional>
 
 namespace PerchAppLibrary {
@@ -69,8 +72,8 @@ simdjson::error_code parsePlainly(dom::parser& parser, std::string_view text,
     return parser.parse_into_document(document, text.data(), text.size(), false).error();
 }
 
-/// Parses a text. Returns nullopt and sets `error` if the parser rejects it. Requires
-/// SIMDJSON_PADDING readable bytes behind the text.
+/// Parses a text. Returns nullopt and sets `error` if the parser rejects it. Throws std::bad_alloc
+/// if memory runs out. Requires SIMDJSON_PADDING readable bytes behind the text.
 std::optional<JSON> read(std::string_view text, std::size_t depth, simdjson::error_code& error) {
     dom::parser parser;
     const auto document = std::make_shared<dom::document>();
@@ -78,6 +81,8 @@ std::optional<JSON> read(std::string_view text, std::size_t depth, simdjson::err
     if (!error)
         error = isAllocationTested ? parseInStages(parser, text, *document)
                                    : parsePlainly(parser, text, *document);
+    if (error == simdjson::MEMALLOC)
+        throw std::bad_alloc();
     if (error)
         return std::nullopt;
     return JSONElement::inDocument(document, document->root());
@@ -144,8 +149,8 @@ JSON JSONElement::detached(dom::element element) {
 }
 
 const JSON& JSON::emptyString() {
-    static const JSON empty = parse("\"\"");
-    return empty;
+    static const NoDestructor<JSON> empty(parse("\"\""));
+    return *empty;
 }
 
 JSON JSON::fromScalar(bool flag) { return parse(flag ? "true" : "false"); }
@@ -166,6 +171,11 @@ JSON JSON::parse(std::string_view text) {
     return parse(std::move(copy.append(text)));
 }
 
+JSON JSON::parse(std::string_view text, const Limits& limits) {
+    checkLimits(text, limits);
+    return parse(text);
+}
+
 JSON JSON::parse(std::string&& text) {
     const std::string_view readable = padded(text);
     simdjson::error_code error = simdjson::SUCCESS;
@@ -173,8 +183,6 @@ JSON JSON::parse(std::string&& text) {
         return *std::move(json);
     if (error == simdjson::CAPACITY)
         throw ParseError(1, 1, "the text is too long");
-    if (error == simdjson::MEMALLOC)
-        throw std::bad_alloc();
     std::string spelled = fallback::readableSpelling(readable);
     // The parser counts an innermost array or object only if it is empty, so it has rejected an
     // empty one at maximumDepth. readableSpelling() has checked the exact depth.

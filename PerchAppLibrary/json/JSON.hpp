@@ -50,6 +50,16 @@ public:
     /// The greatest depth of nested arrays and objects.
     static constexpr std::size_t maximumDepth = 1024;
 
+    /// What parse() accepts of a text that it would otherwise parse. The defaults are what it can
+    /// parse at all; greater values do not extend that.
+    struct Limits {
+        std::size_t depth = maximumDepth; ///< levels of nested arrays and objects
+        std::size_t bytes = 0xFFFFFFFF;   ///< size of the text
+        /// Elements of arrays and members of objects, at all levels. Each element of an array of
+        /// records takes hundreds of bytes as a record, but may take two in the text: `[0,0]`.
+        std::size_t elements = static_cast<std::size_t>(-1);
+    };
+
     /// The null value. It also stands for a missing value.
     static const JSON null;
 
@@ -89,6 +99,11 @@ public:
     static JSON parse(std::string_view text);
     static JSON parse(std::string&& text);
     static JSON parse(const char* text) { return parse(std::string_view(text)); }
+
+    /// Like parse(text), but first checks the text against the limits. Throws ParseError, with the
+    /// position, if it exceeds one. Takes one more pass over the text unless only the size is
+    /// limited.
+    static JSON parse(std::string_view text, const Limits& limits);
 
     /// Returns the kind of the value. Constant time.
     Type type() const noexcept;

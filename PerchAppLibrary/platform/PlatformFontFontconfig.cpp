@@ -8,6 +8,7 @@
 
 #include <initializer_list>
 #include <memory>
+#include <new>
 
 namespace PerchAppLibrary {
 namespace {
@@ -15,6 +16,16 @@ namespace {
 using Pattern = std::unique_ptr<FcPattern, decltype(&FcPatternDestroy)>;
 using FontSet = std::unique_ptr<FcFontSet, decltype(&FcFontSetDestroy)>;
 using ObjectSet = std::unique_ptr<FcObjectSet, decltype(&FcObjectSetDestroy)>;
+
+/// Throws std::bad_alloc if a function of fontconfig that only allocates has failed.
+template <class Result>
+Result allocated(Result result) {
+    if (!result)
+        throw std::bad_alloc();
+    return result;
+}
+
+Pattern makePattern() { return {allocated(FcPatternCreate()), &FcPatternDestroy}; }
 
 const FcChar8* fcText(const std::string& text) {
     return reinterpret_cast<const FcChar8*>(text.c_str());
@@ -43,20 +54,21 @@ bool hasName(const FcPattern* pattern, const char* property, std::string_view na
 }
 
 FontSet fontsWith(const char* property, const std::string& name) {
-    const Pattern pattern(FcPatternCreate(), &FcPatternDestroy);
-    FcPatternAddString(pattern.get(), property, fcText(name));
+    const Pattern pattern = makePattern();
+    allocated(FcPatternAddString(pattern.get(), property, fcText(name)));
     const ObjectSet wanted(
-        FcObjectSetBuild(FC_FAMILY, FC_FULLNAME, FC_POSTSCRIPT_NAME, FC_FILE, nullptr),
+        allocated(FcObjectSetBuild(FC_FAMILY, FC_FULLNAME, FC_POSTSCRIPT_NAME, FC_FILE, nullptr)),
         &FcObjectSetDestroy);
-    return {FcFontList(nullptr, pattern.get(), wanted.get()), &FcFontSetDestroy};
+    return {allocated(FcFontList(nullptr, pattern.get(), wanted.get())), &FcFontSetDestroy};
 }
 
 /// Returns the regular font that the system draws with for these families, the preferred one first.
 Pattern bestMatch(std::initializer_list<const char*> families) {
-    const Pattern pattern(FcPatternCreate(), &FcPatternDestroy);
+    const Pattern pattern = makePattern();
     for (const char* const family : families)
-        FcPatternAddString(pattern.get(), FC_FAMILY, reinterpret_cast<const FcChar8*>(family));
-    FcConfigSubstitute(nullptr, pattern.get(), FcMatchPattern);
+        allocated(
+            FcPatternAddString(pattern.get(), FC_FAMILY, reinterpret_cast<const FcChar8*>(family)));
+    allocated(FcConfigSubstitute(nullptr, pattern.get(), FcMatchPattern));
     FcDefaultSubstitute(pattern.get());
     FcResult result = FcResultNoMatch;
     return {FcFontMatch(nullptr, pattern.get(), &result), &FcPatternDestroy};
@@ -68,7 +80,7 @@ template <class Use>
 bool findFont(const std::string& name, Use&& use) {
     for (const char* const property : {FC_FULLNAME, FC_POSTSCRIPT_NAME}) {
         const FontSet fonts = fontsWith(property, name);
-        for (int index = 0; fonts && index < fonts->nfont; ++index)
+        for (int index = 0; index < fonts->nfont; ++index)
             // fontconfig also lists names that differ in case or blanks.
             if (hasName(fonts->fonts[index], property, name)) {
                 use(fonts->fonts[index]);

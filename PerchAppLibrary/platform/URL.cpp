@@ -10,7 +10,11 @@ namespace PerchAppLibrary::url {
 
 std::string percentEncodedForFragment(std::string_view text) {
     constexpr auto fragmentCharacters = boost::urls::pchars + '/' + '?';
-    return boost::urls::encode(text::wellFormed(text), fragmentCharacters);
+    const std::string clean = text::wellFormed(text);
+    // The function of Boost.URL that returns a string is noexcept, although it allocates.
+    std::string encoded(boost::urls::encoded_size(clean, fragmentCharacters), '\0');
+    boost::urls::encode(encoded.data(), encoded.size(), clean, fragmentCharacters);
+    return encoded;
 }
 
 std::optional<URL> parse(std::string_view text) {

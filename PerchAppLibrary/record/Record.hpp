@@ -4,6 +4,7 @@
 #pragma GCC system_header
 #endif
 
+#include <PerchAppLibrary/container/NoDestructor.hpp>
 #include <PerchAppLibrary/record/PropertyDeclaration.hpp>
 
 /// The macros with which a record declares its properties.
@@ -138,8 +139,8 @@ public:                                                                         
                       !PerchAppLibrary::isArrayOfShared<Type>,                                 \
                   #Name " has the type " #Type ", which no constant can have");                \
     virtual PerchAppLibrary::ReadType<Type> Name() const {                                     \
-        static const Type constant{Constant};                                                  \
-        return constant;                                                                       \
+        static const PerchAppLibrary::NoDestructor<Type> constant(Type{Constant});             \
+        return *constant;                                                                      \
     }                                                                                          \
     static constexpr PerchAppLibrary::StoredProperty<Self, Type, PerchAppLibrary::Place::none> \
     onePropertyPerLine(PerchAppLibrary::At<__LINE__>) {                                        \

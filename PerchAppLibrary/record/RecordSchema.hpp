@@ -1,6 +1,7 @@
 #pragma once
 
 #include <PerchAppLibrary/BaseEntity.hpp>
+#include <PerchAppLibrary/container/NoDestructor.hpp>
 #include <PerchAppLibrary/json/DictionaryFwd.hpp>
 #include <PerchAppLibrary/record/RecordSink.hpp>
 
@@ -82,7 +83,7 @@ struct Overrides {
 };
 
 /// The properties of one class of records. Each class has one, which is created on first use and
-/// lives until the process ends. Immutable, so any number of threads may read it.
+/// never destroyed. Immutable, so any number of threads may read it.
 class RecordSchema {
 public:
     /// Stores the properties of the base, if it is not null, and then the class's own. An own
@@ -254,10 +255,10 @@ private:
                       #Class " needs PERCH_RECORD_END after its properties");                   \
         static_assert(std::is_same_v<PerchAppLibrary::NearestBase<Class>, typename Base::Self>, \
                       "PERCH_RECORD(" #Class ", ...) does not name the direct base");           \
-        static const PerchAppLibrary::RecordSchema schema(                                      \
+        static const PerchAppLibrary::NoDestructor<PerchAppLibrary::RecordSchema> schema(       \
             #Class, typeid(PerchAppLibrary::Concrete<Class>), &Base::schema(),                  \
             PerchAppLibrary::PropertyCollector<Class>::collect(),                               \
             PerchAppLibrary::PropertyCollector<Class>::overrides());                            \
-        return schema;                                                                          \
+        return *schema;                                                                         \
     }                                                                                           \
     static_assert(true)

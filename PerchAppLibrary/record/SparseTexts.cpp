@@ -1,12 +1,14 @@
 #include <PerchAppLibrary/record/SparseTexts.hpp>
 
+#include <PerchAppLibrary/container/NoDestructor.hpp>
+
 namespace PerchAppLibrary {
 
 SparseTexts::~SparseTexts() = default;
 
 const std::string& SparseTexts::empty() noexcept {
-    static const std::string none;
-    return none;
+    static const NoDestructor<std::string> none;
+    return *none;
 }
 
 const std::string& SparseTexts::find(unsigned number) const noexcept {

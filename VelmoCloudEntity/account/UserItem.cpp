@@ -1,5 +1,6 @@
 #include <VelmoCloudEntity/account/UserItem.hpp>
 
+#include <PerchAppLibrary/container/NoDestructor.hpp>
 #include <PerchAppLibrary/json/Dictionary.hpp>
 #include <PerchAppLibrary/record/RecordSchema.hpp>
 
@@ -11,6 +12,7 @@ using PerchAppLibrary::Dictionary;
 using PerchAppLibrary::Excluded;
 using PerchAppLibrary::Included;
 using PerchAppLibrary::JSON;
+using PerchAppLibrary::NoDestructor;
 
 PERCH_RECORD_SCHEMA(UserItem);
 
@@ -23,13 +25,13 @@ constexpr std::initializer_list<const char*> fontLists{"Fonts", "Activates", "Fa
 } // namespace
 
 void UserItem::setValue(const JSON& json) {
-    static const Included included(fontLists);
-    setValue(json, included);
+    static const NoDestructor<Included> included(fontLists);
+    setValue(json, *included);
 }
 
 void UserItem::setValue(const JSON& json, Included) {
-    static const Excluded excluded(fontLists);
-    fill(json, excluded);
+    static const NoDestructor<Excluded> excluded(fontLists);
+    fill(json, *excluded);
 }
 
 Dictionary UserItem::Dict() const { return properties(); }

@@ -1,15 +1,19 @@
 #include <VelmoCloudEntity/catalogue/FontUploadItem.hpp>
 
+#include <PerchAppLibrary/container/NoDestructor.hpp>
 #include <PerchAppLibrary/json/Dictionary.hpp>
 #include <PerchAppLibrary/record/RecordSchema.hpp>
 
 namespace VelmoCloudEntity {
 
+using PerchAppLibrary::KeyList;
+using PerchAppLibrary::NoDestructor;
+
 PERCH_RECORD_SCHEMA(FontUploadItem);
 
 PerchAppLibrary::Dictionary FontUploadItem::Dict() const {
-    static const PerchAppLibrary::KeyList keys{"UserGuid", "ProductFileName"};
-    return select(keys.keys());
+    static const NoDestructor<KeyList> keys(KeyList{"UserGuid", "ProductFileName"});
+    return select((*keys).keys());
 }
 
 } // namespace VelmoCloudEntity

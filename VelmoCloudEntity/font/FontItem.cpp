@@ -1,6 +1,7 @@
 #include <VelmoCloudEntity/font/FontItem.hpp>
 
 #include <PerchAppLibrary/ApplicationManager.hpp>
+#include <PerchAppLibrary/container/NoDestructor.hpp>
 #include <PerchAppLibrary/fatalError.hpp>
 #include <PerchAppLibrary/json/DictionaryArena.hpp>
 #include <PerchAppLibrary/md5.hpp>
@@ -11,6 +12,7 @@
 #include <PerchAppLibrary/text/Text.hpp>
 
 #include <algorithm>
+#include <span>
 #include <string_view>
 #include <utility>
 
@@ -44,8 +46,9 @@ std::optional<std::string> withoutExtension(const std::string& fileName) {
 
 /// Returns the stored properties that Dict omits, and Children, which it converts itself.
 const Excluded& excludedFromDict() {
-    static const Excluded excluded{"displayName", "previewText", "isActivated", "Children"};
-    return excluded;
+    static const PerchAppLibrary::NoDestructor<Excluded> excluded(
+        Excluded{"displayName", "previewText", "isActivated", "Children"});
+    return *excluded;
 }
 
 /// Returns the stem. Ends the process if there is none.
@@ -71,8 +74,8 @@ void FontItem::setGroup(std::string groupTag) {
 }
 
 const RecordWriter& FontItem::writer() const {
-    static const RecordWriter writer(schema(), excludedFromDict());
-    return writer;
+    static const PerchAppLibrary::NoDestructor<RecordWriter> writer(schema(), excludedFromDict());
+    return *writer;
 }
 
 Dictionary FontItem::Dict() const { return dictIn(arenaForDict(Children().size()).get()); }
@@ -96,31 +99,34 @@ std::vector<Dictionary> FontItem::getFontArray(const Records<FontItem>& list) {
 }
 
 std::string FontItem::getFontArrayText(const Records<FontItem>& list) {
-    std::string text;
-    appendText(text, list);
-    return text;
-}
-
-void FontItem::appendText(std::string& text, const Records<FontItem>& list) {
-    text += '[';
-    for (const std::shared_ptr<FontItem>& font : list) {
-        if (&font != list.data())
+    struct Level {
+        const Records<FontItem>* fonts;
+        std::size_t next;
+    };
+    std::string text = "[";
+    std::vector<Level> levels{{&list, 0}};
+    while (true) {
+        Level& level = levels.back();
+        if (level.next == level.fonts->size()) {
+            text += ']';
+            levels.pop_back();
+            if (levels.empty())
+                return text;
+            text += '}';
+            continue;
+        }
+        if (level.next > 0)
             text += ',';
-        font->appendText(text);
+        const FontItem& font = *(*level.fonts)[level.next++];
+        if (!isExactly(font)) { // A subclass may override Dict() and the accessors.
+            text += PerchAppLibrary::toText(font.Dict());
+            continue;
+        }
+        text += '{';
+        font.writer().write(font, text);
+        text += ",\"Children\":[";
+        levels.push_back({&font.m_Children, 0});
     }
-    text += ']';
-}
-
-void FontItem::appendText(std::string& text) const {
-    if (!isExactly(*this)) { // A subclass may override Dict() and the accessors.
-        text += PerchAppLibrary::toText(Dict());
-        return;
-    }
-    text += '{';
-    writer().write(*this, text);
-    text += ",\"Children\":";
-    appendText(text, m_Children);
-    text += '}';
 }
 
 bool FontItem::IsActivated() const {
@@ -135,8 +141,20 @@ void FontItem::setActivated(bool activated) {
         setIsActivated(activated);
         return;
     }
-    for (const std::shared_ptr<FontItem>& member : Children())
-        member->setActivated(activated);
+    // A subclass may override setActivated(), so the loop descends only into groups of this class.
+    std::vector<std::span<const std::shared_ptr<FontItem>>> levels{Children()};
+    while (!levels.empty()) {
+        if (levels.back().empty()) {
+            levels.pop_back();
+            continue;
+        }
+        FontItem& member = *levels.back().front();
+        levels.back() = levels.back().subspan(1);
+        if (isExactly(member) && member.IsGroup())
+            levels.push_back(member.Children());
+        else
+            member.setActivated(activated);
+    }
 }
 
 std::string FontItem::DisplayName() const {

@@ -31,9 +31,10 @@ using PerchAppLibrary::Required;
 /// several groups and lists, and each of them shows a change of it.
 ///
 /// Requires that no group contains itself, at any depth, and that no member is null. A document
-/// nests groups at most 511 deep. A tree that is built by hand may be deeper. Queries and
-/// destruction work at any depth. Dict(), its text, properties() and setActivated() recurse once
-/// for each level, and so does copying or destroying a Dictionary. 10,000 levels are tested.
+/// nests groups at most 511 deep. A tree that is built by hand may be deeper. Queries, destruction,
+/// setActivated() and getFontArrayText() work at any depth. Dict() and properties() recurse once
+/// for each level, and so does copying, writing or destroying a Dictionary. 10,000 levels are
+/// tested.
 class FontItem : public PerchAppLibrary::BaseEntity {
     /// Lies near the flags, since queries read both.
     PerchAppLibrary::text::CachedSignature m_nameSignature;
@@ -320,12 +321,6 @@ private:
 
     /// Returns Dict() in the storage of a larger dictionary.
     PerchAppLibrary::Dictionary dictIn(const PerchAppLibrary::Storage& storage) const;
-
-    /// Appends the text of Dict().
-    void appendText(std::string& text) const;
-
-    /// Appends the text of the fonts' Dicts as a JSON array.
-    static void appendText(std::string& text, const Records<FontItem>& list);
 
     /// Returns the name that getLocalPreviewFile() describes.
     std::string previewName(bool isFixed, const std::string& previewTag,

@@ -3,7 +3,7 @@
 #include <PerchAppLibrary/text/Text.hpp>
 
 #include <cstddef>
-#include <unordered_set>
+#include <set>
 
 namespace VelmoCloudEntity {
 
@@ -11,7 +11,7 @@ namespace text = PerchAppLibrary::text;
 
 std::vector<std::string_view> searchedCharacters(std::string_view key) {
     std::vector<std::string_view> characters;
-    std::unordered_set<std::string_view> seen;
+    std::set<std::string_view> seen;
     const std::size_t count = text::graphemeCount(key);
     for (std::size_t unit = 0; unit < count;) {
         const std::string_view character = text::firstCodePoint(key);

@@ -1,38 +1,286 @@
-// What holds when memory runs out. A program of its own, since it replaces operator new.
+// What holds when memory runs out, at any allocation of any operation.
+#include "FailingAllocator.hpp"
+
+#include <VelmoCloudEntity/account/UserFontActivateMapItem.hpp>
+#include <VelmoCloudEntity/account/UserItem.hpp>
+#include <VelmoCloudEntity/catalogue/FontTagList.hpp>
+#include <VelmoCloudEntity/entity/ExceptionItem.hpp>
 #include <VelmoCloudEntity/font/FontList.hpp>
+
+#include <PerchAppLibrary/BaseExceptionEntity.hpp>
+#include <PerchAppLibrary/json/Dictionary.hpp>
+#include <PerchAppLibrary/platform/PlatformFont.hpp>
+#include <PerchAppLibrary/platform/URL.hpp>
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
+#include <cstdio>
+#include <functional>
+#include <iostream>
 #include <new>
 
+#include <sys/mman.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
 using namespace VelmoCloudEntity;
+using PerchAppLibrary::Excluded;
 using PerchAppLibrary::JSON;
+using PerchAppLibrary::toText;
+using PerchAppLibrary::toValue;
 
 namespace {
 
-/// Allocations until one fails; none fails at zero.
-long allocationsLeft = 0;
+// The names are too long to be stored without an allocation. One is not ASCII.
+const char* const fontText = R"([{"Id":1,"ProductName":"Étude Straße of a long name","Tags":[1,9],
+        "ProductSetName":"A product set with a name","ProductFileName":"Étude Straße of a.ttf",
+        "ProductFileUrl":"https://host.example/fonts/Étude.ttf","Token":"a token of some length"},
+    {"IsGroup":true,"ProductSetName":"A group","Children":[
+        {"ProductName":"仿宋体 of a name without an identifier","ProductFileName":"c.ttf"},
+        {"Id":-5000000000000,"ProductName":"Kai","Tags":[7000000000000,9,-3]}]}])";
+const char* const tagText = R"([{"Id":9,"Name":"Serif","IsGroup":true,"SubTagFilterType":"And",
+    "Children":[{"Id":2,"IsChecked":true,"FontIdList":[1,70000000000,3]},
+                {"Id":3,"IsChecked":true,"FontIdList":[3,1,-90000000000]}]},
+    {"Id":1,"IsChecked":true,"FontIdList":[1,2,3],"Children":[{"Id":5}]}])";
 
-void* allocateOrNull(std::size_t size) noexcept {
-    if (allocationsLeft > 0 && --allocationsLeft == 0)
-        return nullptr;
-    return std::malloc(size == 0 ? 1 : size);
+using Fonts = Records<FontItem>;
+
+/// Fonts that are read before the count of allocations starts.
+Fonts preparedFonts() {
+    const FontList fonts = FontList::parse(fontText);
+    failing::start();
+    return fonts.List();
 }
 
-void* allocate(std::size_t size) {
-    if (void* const memory = allocateOrNull(size))
-        return memory;
-    throw std::bad_alloc();
+std::string names(const Fonts& fonts) {
+    std::string text;
+    for (const auto& font : fonts)
+        text += font->ProductName() + ";";
+    return text;
 }
 
-TEST(Memory, AnInterruptedRefillLeavesNamesAndSearchInAgreement) {
+std::string parse(const char* text) {
+    failing::start();
+    const JSON json = JSON::parse(text);
+    return toText(toValue(json)) + (json == JSON::parse(text) ? "" : " differs");
+}
+
+std::string readFast() { return parse(fontText); }
+
+std::string readOtherNumbersAndHalvesOfCharacters() {
+    return parse(R"([1.5,7,18446744073709551616,-1e999,"\ud800 of a text of some length",1E-999])");
+}
+
+std::string readWhatIsNoDocument() {
+    failing::start();
+    try {
+        return toText(toValue(JSON::parse(R"([123456789012345678901234567890, "unfinished])")));
+    } catch (const JSON::ParseError& error) {
+        return error.what();
+    }
+}
+
+std::string makeJSON() {
+    failing::start();
+    return toText(toValue(JSON("a text of more than some characters"))) +
+           toText(toValue(JSON(0.1))) + toText(toValue(JSON::emptyString()));
+}
+
+std::string fill() {
+    failing::start();
+    return toText(toValue(FontList::parse(fontText).List()[1]->properties()));
+}
+
+/// Overrides an accessor, so that it is filled through its accessors.
+struct ClientFont : FontItem {
+    void setId(std::int64_t id) override { FontItem::setId(id); }
+};
+
+std::string refill() {
+    const JSON fonts = JSON::parse(fontText);
+    failing::start();
+    const auto font = FontItem::create(fonts[1]);
+    const auto client = FontItem::create<ClientFont>(fonts[0]);
+    font->setValue(fonts[0]);
+    client->setValue(fonts[1], Excluded{"Children"});
+    return toText(font->properties()) + toText(client->properties());
+}
+
+std::string mark() {
+    const Fonts fonts = preparedFonts();
+    const auto map = UserFontActivateMapItem::create(JSON::parse(R"({"UserGuid":"g","FontList":
+        [{"Id":1},{"Id":-5000000000000},{"ProductName":"仿宋体 of a name without an identifier"}]})"));
+    FontList::setActivatedFont(fonts, map->FontList());
+    FontList::setFavoritedFont(fonts, fonts);
+    return names(FontList::getActivatedFont(fonts)) + names(FontList::getFavoritedFont(fonts));
+}
+
+std::string search() {
+    const Fonts fonts = preparedFonts();
+    const auto [whole, character] = FontList::getSearchResultFont(fonts, "étude straSSe OF a long");
+    return names(FontList::getFontByName(fonts, "Kai", false)) +
+           names(FontList::getFontByName(fonts, "仿宋体", true)) +
+           names(FontList::getFontByKey(fonts, "a PRODUCT set with a name", false)) +
+           names(FontList::getFontByKey(fonts, "e\u0301tude", true)) + names(whole) +
+           names(character);
+}
+
+std::string searchByCharacters() {
+    return names(FontList::getSearchResultFont(preparedFonts(), "体é").second);
+}
+
+std::string filterByTags() {
+    const Fonts fonts = preparedFonts();
+    const FontTagList tags = FontTagList::parse(tagText);
+    const auto passing =
+        FontTagList::getCheckedFontTagFontIdList(tags.List(), {1, 3, -1, 1LL << 50});
+    return names(FontList::getFontById(fonts, passing)) +
+           names(FontList::getFontByTags(fonts, tags.List())) +
+           std::to_string(FontTagList::getCheckedFontTagList(tags.List()).size());
+}
+
+std::string write() {
+    const Fonts fonts = preparedFonts();
+    return FontItem::getFontArrayText(fonts) + toText(FontItem::getFontArray(fonts)) +
+           toText(fonts[0]->value("TreeNodeTitle")) + fonts[1]->DisplayName();
+}
+
+std::string locate() {
+    const auto font = preparedFonts()[0];
+    return font->LocalFile() + font->LocalPreviewFile() +
+           font->findRemotePreviewFile().value().c_str() +
+           font->getRemotePreviewFile(false, "tag", "colour", 12, "f/", "p/", "own/", "u") +
+           font->getLocalPreviewFile(true, "tag", "colour", 12) + (font->IsLocaled() ? "!" : "?");
+}
+
+std::string findInstalledFont() {
+    const Fonts fonts = FontList::parse(fontText).List();
+    fonts[0]->setProductName("DejaVu Sans Mono");
+    failing::startWithoutMalloc(); // fontconfig crashes if an allocation of its own fails
+    return fonts[0]->Font().name() + fonts[1]->Font().name();
+}
+
+std::string readUser() {
+    failing::start();
+    const auto user = UserItem::create(JSON::parse(
+        R"({"Guid":"a user's identifier","Token":{"any":["value of some length"]},"Tel":"1"})"));
+    return toText(user->Dict());
+}
+
+std::string listErrors() {
+    failing::start();
+    return ExceptionItem().Dict().at("002004")->msgDict().at("En");
+}
+
+using Scenario = std::string (*)();
+
+struct Case {
+    const char* name;
+    Scenario run;
+
+    friend void PrintTo(const Case& each, std::ostream* stream) { *stream << each.name; }
+};
+
+/// What a forked process reports.
+struct Report {
+    bool isReached;     // whether an allocation has failed
+    char fault[256];    // empty if all is as it should be
+    std::size_t result; // hash of the text that the scenario gives
+    long blocks;        // that are left at the end
+};
+
+/// Runs the scenario while the allocation fails, and twice more. A success in spite of the failure
+/// must be a full one.
+void runWithFailure(Scenario scenario, long number, std::size_t expected, Report& report) {
+    const auto expect = [&](const std::string& text, const char* when) {
+        report.result = std::hash<std::string>()(text);
+        if (expected != 0 && report.result != expected)
+            std::snprintf(report.fault, sizeof report.fault, "%s: %.200s", when, text.c_str());
+    };
+    const long before = failing::blocks();
+    failing::arm(number);
+    try {
+        const std::string text = scenario();
+        report.isReached = failing::stop();
+        expect(text, "with the failure");
+    } catch (const std::bad_alloc&) {
+        report.isReached = failing::stop();
+    } catch (const std::exception& error) {
+        report.isReached = failing::stop();
+        std::snprintf(report.fault, sizeof report.fault, "threw %.200s", error.what());
+    }
+    for (int again = 0; again < 2; ++again)
+        expect(scenario(), "afterwards");
+    report.blocks = failing::blocks() - before;
+}
+
+/// Runs it in a process of its own, where nothing has been used before. Returns whether the process
+/// came to its end.
+bool runAlone(Scenario scenario, long number, std::size_t expected, Report& report) {
+    report = {};
+    const pid_t child = fork();
+    if (child == 0) {
+        alarm(20);
+        try {
+            runWithFailure(scenario, number, expected, report);
+        } catch (const std::exception& error) {
+            std::snprintf(report.fault, sizeof report.fault, "later threw %.200s", error.what());
+        }
+        _exit(0);
+    }
+    int status = 0;
+    waitpid(child, &status, 0);
+    return WIFEXITED(status) && WEXITSTATUS(status) == 0;
+}
+
+class OutOfMemory : public testing::TestWithParam<Case> {};
+
+TEST_P(OutOfMemory, GivesBadAllocAndLeavesAllUsableWhicheverAllocationFails) {
+    const Scenario scenario = GetParam().run;
+    auto& report = *static_cast<Report*>(
+        mmap(nullptr, sizeof(Report), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0));
+    ASSERT_TRUE(runAlone(scenario, 0, 0, report));
+    const auto [isReached, fault, expected, blocks] = report;
+    long number = 1;
+    for (;; ++number) {
+        const bool isOver = runAlone(scenario, number, expected, report);
+        EXPECT_TRUE(isOver) << "the process died at allocation " << number;
+        EXPECT_STREQ(report.fault, "") << "at allocation " << number;
+        EXPECT_TRUE(!isOver || report.blocks <= blocks)
+            << report.blocks - blocks << " blocks leaked at allocation " << number;
+        if (isOver && !report.isReached)
+            break;
+        ASSERT_LT(number, 10'000);
+    }
+    munmap(&report, sizeof report);
+    std::cout << number - 1 << " allocations failed\n";
+}
+
+constexpr Case cases[] = {{"ReadFast", readFast},
+                          {"ReadOtherNumbers", readOtherNumbersAndHalvesOfCharacters},
+                          {"ReadNoDocument", readWhatIsNoDocument},
+                          {"MakeJSON", makeJSON},
+                          {"Fill", fill},
+                          {"Refill", refill},
+                          {"Mark", mark},
+                          {"Search", search},
+                          {"SearchByCharacters", searchByCharacters},
+                          {"FilterByTags", filterByTags},
+                          {"Write", write},
+                          {"Locate", locate},
+                          {"FindInstalledFont", findInstalledFont},
+                          {"ReadUser", readUser},
+                          {"ListErrors", listErrors}};
+
+INSTANTIATE_TEST_SUITE_P(All, OutOfMemory, testing::ValuesIn(cases),
+                         [](const auto& each) { return each.param.name; });
+
+TEST(InterruptedRefill, LeavesNamesAndSearchInAgreement) {
     const std::string longText(100, 'x');
     const JSON json =
         JSON::parse(R"({"ProductName":"abc","ProductSetName":")" + longText +
                     R"(","displayName":"shown","Copyright":")" + longText +
                     R"(","ProductFileName":"file.ttf","Children":[{"Id":1}],"Tags":[1]})");
-    // Refills a font once for each allocation, with this one failing, until all succeed.
     bool isDone = false;
     for (long step = 1; !isDone; ++step) {
         ASSERT_LT(step, 10'000);
@@ -41,13 +289,14 @@ TEST(Memory, AnInterruptedRefillLeavesNamesAndSearchInAgreement) {
             return !FontList::getFontByKey({font}, key, true).empty();
         };
         EXPECT_FALSE(isFound("abc")); // so that the font knows its names
+        failing::arm(step);
+        failing::start();
         try {
-            allocationsLeft = step;
             font->setValue(json);
             isDone = true;
         } catch (const std::bad_alloc&) { // NOLINT(bugprone-empty-catch): isDone stays false
         }
-        allocationsLeft = 0;
+        failing::stop();
         EXPECT_EQ(isFound("abc"), font->ProductName() == "abc") << "allocation " << step;
         EXPECT_EQ(isFound("xxx"), font->ProductSetName() == longText) << "allocation " << step;
         EXPECT_EQ(isFound("shown"), font->displayName() == "shown") << "allocation " << step;
@@ -57,19 +306,3 @@ TEST(Memory, AnInterruptedRefillLeavesNamesAndSearchInAgreement) {
 }
 
 } // namespace
-
-// All forms, so that none of the sanitizer's own meets one of these.
-void* operator new(std::size_t size) { return allocate(size); }
-void* operator new[](std::size_t size) { return allocate(size); }
-void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
-    return allocateOrNull(size);
-}
-void* operator new[](std::size_t size, const std::nothrow_t&) noexcept {
-    return allocateOrNull(size);
-}
-void operator delete(void* memory) noexcept { std::free(memory); }
-void operator delete[](void* memory) noexcept { std::free(memory); }
-void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
-void operator delete[](void* memory, std::size_t) noexcept { std::free(memory); }
-void operator delete(void* memory, const std::nothrow_t&) noexcept { std::free(memory); }
-void operator delete[](void* memory, const std::nothrow_t&) noexcept { std::free(memory); }

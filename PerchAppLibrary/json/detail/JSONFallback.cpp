@@ -6,10 +6,11 @@
 #include <boost/json/error.hpp>
 #include <boost/json/stream_parser.hpp>
 #include <boost/system/error_code.hpp>
-#include <simdjson.h>
+#include <fast_float/fast_float.h>
 
 #include <algorithm>
 #include <charconv>
+#include <cmath>
 #include <cstdint>
 #include <optional>
 
@@ -17,13 +18,6 @@ namespace PerchAppLibrary::fallback {
 namespace {
 
 constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
-
-[[noreturn]] void fail(std::string_view text, std::size_t offset, std::string_view reason) {
-    const std::string_view before = text.substr(0, offset);
-    const auto line = static_cast<std::size_t>(std::count(before.begin(), before.end(), '\n')) + 1;
-    const std::size_t lineStart = before.rfind('\n') + 1; // npos + 1 is 0
-    throw JSON::ParseError(line, text::codePointCount(before.substr(lineStart)) + 1, reason);
-}
 
 std::string unexpected(std::string_view text, std::size_t offset) {
     const std::string_view character = text::firstCodePoint(text.substr(offset));
@@ -56,8 +50,7 @@ void check(std::string_view text) {
     if (!error)
         return;
     if (error == boost::json::error::too_deep)
-        fail(text, read,
-             "arrays and objects nested deeper than " + std::to_string(JSON::maximumDepth));
+        fail(text, read, tooDeep(JSON::maximumDepth));
     if (error == boost::json::error::incomplete || error == boost::json::error::syntax)
         fail(text, read, unexpected(text, read));
     fail(text, read, error.message());
@@ -99,27 +92,27 @@ std::string withoutLoneSurrogates(std::string_view text) {
     return spelled;
 }
 
-/// Returns a spelling of the number that the parser accepts: the given one if possible, else one of
-/// the nearest double. Requires a number.
-std::string readableNumber(simdjson::dom::parser& reader, std::string_view number) {
-    std::string spelled(number);
-    if (reader.parse(spelled).error() == simdjson::SUCCESS)
-        return spelled;
-    if (number.find_first_of(".eE") == std::string_view::npos) {
-        spelled += "e0"; // makes the parser read an integer beyond 64 bits as a double
-        if (reader.parse(spelled).error() == simdjson::SUCCESS)
-            return spelled;
-    }
-    return number.starts_with('-') ? "-1.7976931348623157e308" : "1.7976931348623157e308";
+/// Returns whether the number is an integer of at most 64 bits.
+bool isInteger(std::string_view number) {
+    const char* const end = number.data() + number.size();
+    const auto isWhole = [&](auto integer) {
+        const std::from_chars_result result = std::from_chars(number.data(), end, integer);
+        return result.ec == std::errc() && result.ptr == end;
+    };
+    return isWhole(std::int64_t()) || isWhole(std::uint64_t());
 }
 
-/// Returns the offset behind the string that begins at this offset, or the end of the text if the
-/// string is not closed.
-std::size_t endOfString(std::string_view text, std::size_t at) {
-    for (++at; at < text.size() && text[at] != '"'; ++at)
-        if (text[at] == '\\')
-            ++at;
-    return std::min(at + 1, text.size());
+/// Returns a spelling of the number that the parser accepts: the given one if possible, else one of
+/// the nearest double. Requires a number.
+std::string readableNumber(std::string_view number) {
+    double value = 0;
+    fast_float::from_chars(number.data(), number.data() + number.size(), value);
+    if (std::isinf(value))
+        return value < 0 ? "-1.7976931348623157e308" : "1.7976931348623157e308";
+    std::string spelled(number);
+    if (number.find_first_of(".eE") == std::string_view::npos && !isInteger(number))
+        spelled += "e0"; // makes the parser read an integer beyond 64 bits as a double
+    return spelled;
 }
 
 /// Returns the text with `respell(number)` in place of each number outside strings.
@@ -162,13 +155,29 @@ std::string withModestExponent(std::string_view number) {
 
 } // namespace
 
+void fail(std::string_view text, std::size_t offset, std::string_view reason) {
+    const std::string_view before = text.substr(0, offset);
+    const auto line = static_cast<std::size_t>(std::count(before.begin(), before.end(), '\n')) + 1;
+    const std::size_t lineStart = before.rfind('\n') + 1; // npos + 1 is 0
+    throw JSON::ParseError(line, text::codePointCount(before.substr(lineStart)) + 1, reason);
+}
+
+std::string tooDeep(std::size_t depth) {
+    return "arrays and objects nested deeper than " + std::to_string(depth);
+}
+
+std::size_t endOfString(std::string_view text, std::size_t at) {
+    for (++at; at < text.size() && text[at] != '"'; ++at)
+        if (text[at] == '\\')
+            ++at;
+    return std::min(at + 1, text.size());
+}
+
 std::string readableSpelling(std::string_view text) {
     // Has the length of the text, so the offsets of errors are right.
     const std::string spelled = withNumbers(withoutLoneSurrogates(text), withModestExponent);
     check(spelled);
-    simdjson::dom::parser reader;
-    return withNumbers(
-        spelled, [&reader](std::string_view number) { return readableNumber(reader, number); });
+    return withNumbers(spelled, readableNumber);
 }
 
 } // namespace PerchAppLibrary::fallback

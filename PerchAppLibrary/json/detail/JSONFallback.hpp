@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -10,5 +11,15 @@ namespace PerchAppLibrary::fallback {
 /// Returns an equal document in which the fast parser can represent all numbers and escapes. See
 /// JSON::parse() for their values. Throws JSON::ParseError if the text is not a document. Linear.
 std::string readableSpelling(std::string_view text);
+
+/// Throws JSON::ParseError with the position of the offset in the text.
+[[noreturn]] void fail(std::string_view text, std::size_t offset, std::string_view reason);
+
+/// Returns the reason of an error for a text that nests deeper than `depth`.
+std::string tooDeep(std::size_t depth);
+
+/// Returns the offset behind the string that begins at this offset, or the end of the text if the
+/// string is not closed.
+std::size_t endOfString(std::string_view text, std::size_t at);
 
 } // namespace PerchAppLibrary::fallback

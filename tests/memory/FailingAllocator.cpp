@@ -1,0 +1,113 @@
+#include "FailingAllocator.hpp"
+
+#include <cerrno>
+#include <cstddef>
+#include <cstdlib>
+#include <new>
+#include <utility>
+
+#if defined(__has_feature)
+#if __has_feature(address_sanitizer) || __has_feature(thread_sanitizer)
+#define KEEPS_MALLOC // a sanitizer's own
+#endif
+#endif
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__) || !defined(__GLIBC__)
+#define KEEPS_MALLOC
+#endif
+
+namespace {
+
+long armed = 0; // what start() takes
+long left = 0;  // allocations up to the one that fails; zero for none
+bool hasFailed = false;
+#ifdef KEEPS_MALLOC
+bool failsInMalloc = false;
+#else
+bool failsInMalloc = true;
+#endif
+long blockCount = 0; // of operator new
+
+bool failsNow() {
+    if (left == 0 || --left > 0)
+        return false;
+    hasFailed = true;
+    return true;
+}
+
+} // namespace
+
+void failing::arm(long number) {
+    armed = number;
+    left = 0;
+    hasFailed = false;
+}
+
+void failing::start() { left = std::exchange(armed, 0); }
+
+void failing::startWithoutMalloc() {
+    failsInMalloc = false;
+    start();
+}
+
+bool failing::stop() {
+    armed = left = 0;
+    return std::exchange(hasFailed, false);
+}
+
+long failing::blocks() { return blockCount; }
+
+// Of all forms, so that none of a sanitizer's own meets one of these.
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
+    if (!failsInMalloc && failsNow())
+        return nullptr;
+    void* const block = std::malloc(size == 0 ? 1 : size);
+    blockCount += block == nullptr ? 0 : 1;
+    return block;
+}
+void* operator new(std::size_t size) {
+    if (void* const block = operator new(size, std::nothrow))
+        return block;
+    throw std::bad_alloc();
+}
+void operator delete(void* block) noexcept {
+    blockCount -= block == nullptr ? 0 : 1;
+    std::free(block);
+}
+void* operator new[](std::size_t size) { return operator new(size); }
+void* operator new[](std::size_t size, const std::nothrow_t&) noexcept {
+    return operator new(size, std::nothrow);
+}
+void operator delete[](void* block) noexcept { operator delete(block); }
+void operator delete(void* block, std::size_t) noexcept { operator delete(block); }
+void operator delete[](void* block, std::size_t) noexcept { operator delete(block); }
+void operator delete(void* block, const std::nothrow_t&) noexcept { operator delete(block); }
+void operator delete[](void* block, const std::nothrow_t&) noexcept { operator delete(block); }
+
+#ifndef KEEPS_MALLOC
+// The C library's own functions have these second names. A program may define the first ones.
+extern "C" {
+// NOLINTBEGIN(bugprone-reserved-identifier,readability-inconsistent-declaration-parameter-name)
+void* __libc_malloc(std::size_t size);
+void* __libc_calloc(std::size_t count, std::size_t size);
+void* __libc_realloc(void* block, std::size_t size);
+void* __libc_memalign(std::size_t alignment, std::size_t size);
+
+void* malloc(std::size_t size) {
+    return failsInMalloc && failsNow() ? nullptr : __libc_malloc(size);
+}
+void* calloc(std::size_t count, std::size_t size) {
+    return failsInMalloc && failsNow() ? nullptr : __libc_calloc(count, size);
+}
+void* realloc(void* block, std::size_t size) {
+    return failsInMalloc && failsNow() ? nullptr : __libc_realloc(block, size);
+}
+void* aligned_alloc(std::size_t alignment, std::size_t size) {
+    return failsInMalloc && failsNow() ? nullptr : __libc_memalign(alignment, size);
+}
+int posix_memalign(void** block, std::size_t alignment, std::size_t size) {
+    *block = aligned_alloc(alignment, size);
+    return *block == nullptr ? ENOMEM : 0;
+}
+// NOLINTEND(bugprone-reserved-identifier,readability-inconsistent-declaration-parameter-name)
+}
+#endif
