@@ -70,6 +70,7 @@ printf ']%.0s' $(seq 1025) >>"$directory/deep.json"
 
 # Wrong usage, unreadable files, malformed documents: one line, status 2.
 expect 2 'subcommand'
+expect 2 '"tre" is no command; did you mean "tree"' tre "$fonts"
 expect 2 'list.*STATE|STATE.*foo' list foo "$fonts"
 expect 2 'FILE is required' tree
 expect 2 'read.*TYPE|TYPE.*FontLst' read FontLst "$fonts"
@@ -225,8 +226,25 @@ grep -q . "$directory/out" && fail "a font that is not there has locations"
 
 # No control character reaches the terminal, and a device that is full is reported.
 "$velmo" tree "$directory/odd.json" | grep -q $'\033' && fail "tree prints a control character"
-"$velmo" export "$fonts" >/dev/full 2>"$directory/err"
-[ $? = 2 ] || fail "a full device is not reported"
+document signs.json '[{"ProductName":"\\u202Ea\\u2066b\\u200Fc\\u061Cd\\u2028e\\u009Bf"}]'
+for command in tree 'read FontList'; do
+    expect 0 '\\u202Ea\\u2066b\\u200Fc\\u061Cd\\u2028e\\u009Bf' $command "$directory/signs.json"
+done
+for arguments in "export $fonts" --help --version 'tree --help'; do
+    # shellcheck disable=SC2086
+    "$velmo" $arguments >/dev/full 2>"$directory/err"
+    [ $? = 2 ] || fail "velmo $arguments: a full device is not reported"
+done
+
+# Without memory, one line names the file. The address sanitizer does not start with such a limit.
+{ printf '[0'; printf ',0%.0s' $(seq 400000); printf ']'; } >"$directory/zeros.json"
+for arguments in 'read FontTagList' 'read UserFontActivateMapItem'; do
+    # shellcheck disable=SC2086
+    (ulimit -v 150000 && "$velmo" --version >/dev/null 2>&1 || exit 0
+        "$velmo" $arguments "$directory/zeros.json" >/dev/null 2>"$directory/err"
+        [ $? = 0 ] || grep -qx "velmo: $directory/zeros.json: not enough memory" "$directory/err") ||
+        fail "velmo $arguments without memory: $(cat "$directory/err")"
+done
 
 [ $failures = 0 ] && printf 'velmo does as it should\n'
 exit $((failures > 0))

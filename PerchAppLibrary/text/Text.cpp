@@ -152,7 +152,17 @@ std::string_view firstCodePoint(std::string_view text) noexcept {
 
 bool isControl(std::string_view character) noexcept {
     std::size_t offset = 0;
-    return !character.empty() && u_charType(nextCodePoint(character, offset)) == U_CONTROL_CHAR;
+    if (character.empty())
+        return false;
+    const UChar32 first = nextCodePoint(character, offset);
+    constexpr std::uint32_t categories = U_GC_CC_MASK | U_GC_ZL_MASK | U_GC_ZP_MASK;
+    return (U_GET_GC_MASK(first) & categories) != 0 ||
+           u_hasBinaryProperty(first, UCHAR_BIDI_CONTROL) != 0;
+}
+
+char32_t codePoint(std::string_view character) noexcept {
+    std::size_t offset = 0;
+    return character.empty() ? U'\0' : static_cast<char32_t>(nextCodePoint(character, offset));
 }
 
 std::size_t graphemeCount(std::string_view text) {

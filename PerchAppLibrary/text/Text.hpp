@@ -47,9 +47,14 @@ std::size_t codePointCount(std::string_view text) noexcept;
 /// Constant time.
 std::string_view firstCodePoint(std::string_view text) noexcept;
 
-/// Returns whether the text begins with a control character (general category Cc), which could
-/// command a terminal. Constant time.
+/// Returns whether the text begins with a character that could command a terminal or reorder what
+/// it shows: a control character, a line or paragraph separator (general categories Cc, Zl, Zp), or
+/// one of the property Bidi_Control (UAX #9). Constant time.
 bool isControl(std::string_view character) noexcept;
+
+/// Returns the first code point, U+FFFD for an ill-formed sequence, or U+0000 for an empty text.
+/// Constant time.
+char32_t codePoint(std::string_view character) noexcept;
 
 /// Returns the number of user-perceived characters: extended grapheme clusters (UAX #29).
 std::size_t graphemeCount(std::string_view text);

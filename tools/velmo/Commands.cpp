@@ -4,7 +4,9 @@
 #include <CLI/Config.hpp>
 #include <CLI/Formatter.hpp>
 
+#include <algorithm>
 #include <charconv>
+#include <numeric>
 #include <system_error>
 
 namespace velmo {
@@ -22,6 +24,34 @@ std::int64_t parseInteger(const std::string& name, const std::string& text) {
 }
 
 } // namespace
+
+std::size_t editDistance(const std::string& from, const std::string& to) {
+    // Distances of the letters read so far to each prefix of `to`.
+    std::vector<std::size_t> row(to.size() + 1);
+    std::iota(row.begin(), row.end(), std::size_t{0});
+    for (const char letter : from) {
+        std::size_t diagonal = row.front()++;
+        for (std::size_t length = 1; length <= to.size(); ++length) {
+            const std::size_t replaced = diagonal + (letter == to[length - 1] ? 0 : 1);
+            diagonal = row[length];
+            row[length] = std::min({replaced, row[length] + 1, row[length - 1] + 1});
+        }
+    }
+    return row.back();
+}
+
+void requireCommand(const CLI::App& application, const std::string& name) {
+    std::string nearest;
+    for (const CLI::App* const command : application.get_subcommands(nullptr)) {
+        if (command->get_name() == name)
+            return;
+        if (nearest.empty() ||
+            editDistance(name, command->get_name()) < editDistance(name, nearest))
+            nearest = command->get_name();
+    }
+    throw Failure("\"" + name + "\" is no command; did you mean \"" + nearest +
+                  "\"? (see velmo --help)");
+}
 
 CLI::App& addCommand(CLI::App& application, Action& selected, const std::string& name,
                      const std::string& description, bool& asJSON, Action action) {

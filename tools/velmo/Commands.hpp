@@ -33,6 +33,13 @@ void addRead(CLI::App& application, Action& selected);
 void addExport(CLI::App& application, Action& selected);
 void addError(CLI::App& application, Action& selected);
 
+/// Returns the Levenshtein distance: the least number of letters to insert, delete or replace to
+/// turn one text into the other.
+std::size_t editDistance(const std::string& from, const std::string& to);
+
+/// Throws Failure, which names the nearest command, if no command of the application has this name.
+void requireCommand(const CLI::App& application, const std::string& name);
+
 /// Adds a command with the option --json, which every command has, and returns it.
 CLI::App& addCommand(CLI::App& application, Action& selected, const std::string& name,
                      const std::string& description, bool& asJSON, Action action);

@@ -45,11 +45,15 @@ std::string readFile(const std::string& file) {
 
 std::string nameOf(const std::string& file) { return file == "-" ? "standard input" : file; }
 
+void failForMemory(const std::string& file) { throw Failure(nameOf(file) + ": not enough memory"); }
+
 JSON readDocument(const std::string& file) {
     try {
         return JSON::parse(readFile(file));
     } catch (const JSON::ParseError& error) {
         throw Failure(nameOf(file) + ": " + error.what());
+    } catch (const std::bad_alloc&) {
+        failForMemory(file);
     }
 }
 

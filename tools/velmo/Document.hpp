@@ -2,13 +2,28 @@
 
 #include <PerchAppLibrary/json/JSON.hpp>
 
+#include <new>
 #include <string>
 
 namespace velmo {
 
 /// Returns the JSON document in a file. "-" is standard input. Throws Failure if the file cannot be
-/// read or the document is malformed.
+/// read, the document is malformed, or memory runs out.
 PerchAppLibrary::JSON readDocument(const std::string& file);
+
+/// Throws Failure for a file whose document or records need more memory than there is.
+[[noreturn]] void failForMemory(const std::string& file);
+
+/// Returns `make(document)` for the document in a file. Throws Failure like readDocument(), also if
+/// memory runs out in `make`.
+template <class Make>
+auto readAs(const std::string& file, Make&& make) {
+    try {
+        return make(readDocument(file));
+    } catch (const std::bad_alloc&) {
+        failForMemory(file);
+    }
+}
 
 /// Returns the name of the file in messages.
 std::string nameOf(const std::string& file);

@@ -13,7 +13,7 @@ struct ExportOptions {
 };
 
 ExitStatus exportFonts(const ExportOptions& options) {
-    print(FontItem::getFontArrayText(readFontList(options.source).List()) + "\n");
+    printJSONText(FontItem::getFontArrayText(readFontList(options.source).List()));
     return ExitStatus::success;
 }
 

@@ -13,6 +13,7 @@ namespace velmo {
 namespace {
 
 using PerchAppLibrary::Dictionary;
+using PerchAppLibrary::JSON;
 using VelmoCloudEntity::FontList;
 using VelmoCloudEntity::FontTagItem;
 using VelmoCloudEntity::FontTagList;
@@ -47,7 +48,7 @@ std::vector<std::int64_t> idsOfLeaves(const Fonts& fonts) {
 
 ExitStatus filter(const FilterOptions& options) {
     const FontList fonts = readFontList(options.source);
-    const FontTagList tags(readDocument(options.tagsFile));
+    const auto tags = readAs(options.tagsFile, [](const JSON& json) { return FontTagList(json); });
     for (const std::int64_t id : options.checked)
         if (tick(tags.List(), id) == 0)
             warn(fmt::format("{}: no tag has the Id {}", nameOf(options.tagsFile), id));

@@ -13,6 +13,7 @@
 namespace velmo {
 
 using PerchAppLibrary::Dictionary;
+using PerchAppLibrary::JSON;
 using PerchAppLibrary::ValueArray;
 using VelmoCloudEntity::FontList;
 using VelmoCloudEntity::UserFontMap;
@@ -62,13 +63,14 @@ void addMarks(CLI::App& command, FontSource& source) {
 }
 
 FontList readFontList(const FontSource& source) {
-    FontList fonts(readDocument(source.file));
+    const auto readMap = [](const std::string& file) {
+        return readAs(file, [](const JSON& json) { return UserFontMap::create(json)->FontList(); });
+    };
+    FontList fonts = readAs(source.file, [](const JSON& json) { return FontList(json); });
     if (!source.activateMap.empty())
-        FontList::setActivatedFont(
-            fonts.List(), UserFontMap::create(readDocument(source.activateMap))->FontList());
+        FontList::setActivatedFont(fonts.List(), readMap(source.activateMap));
     if (!source.favoriteMap.empty())
-        FontList::setFavoritedFont(
-            fonts.List(), UserFontMap::create(readDocument(source.favoriteMap))->FontList());
+        FontList::setFavoritedFont(fonts.List(), readMap(source.favoriteMap));
     return fonts;
 }
 

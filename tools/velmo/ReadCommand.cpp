@@ -32,14 +32,14 @@ void showRecord(std::string& text, const Dictionary& record, std::size_t depth) 
     for (const auto& [name, value] : record)
         width = std::max(width, name.size());
     for (const auto& [name, value] : record) {
-        text.append(indent(depth)).append(name);
+        text.append(indent(depth)).append(printable(name));
         if (isArrayOfRecords(value)) {
             text += '\n';
             show(text, value, depth + 1);
             continue;
         }
         text.append(width - name.size() + 2, ' ');
-        text += value.is_string() ? printable(value.get_string()) : toText(value);
+        text += printable(value.is_string() ? std::string(value.get_string()) : toText(value));
         text += '\n';
     }
 }
@@ -76,7 +76,7 @@ ExitStatus read(const ReadOptions& options) {
     if (options.file.empty())
         throw Failure("read: TYPE and FILE are required (velmo read --types lists the types)");
     const RecordType& type = recordType(options.type);
-    const Value value = type.read(readDocument(options.file));
+    const Value value = readAs(options.file, type.read);
     if (options.asJSON) {
         printJSON(value);
         return ExitStatus::success;

@@ -1,5 +1,6 @@
 #include "RecordTypes.hpp"
 
+#include "Commands.hpp"
 #include "ExitStatus.hpp"
 
 #include <VelmoCloudEntity/account/EsUserItem.hpp>
@@ -31,7 +32,6 @@
 
 #include <algorithm>
 #include <cctype>
-#include <numeric>
 
 namespace velmo {
 namespace {
@@ -110,23 +110,6 @@ std::string lowercase(std::string text) {
     std::ranges::transform(text, text.begin(),
                            [](unsigned char letter) { return std::tolower(letter); });
     return text;
-}
-
-/// Returns the Levenshtein distance: the least number of letters to insert, delete or replace to
-/// turn one text into the other.
-std::size_t editDistance(const std::string& from, const std::string& to) {
-    // Distances of the letters read so far to each prefix of `to`.
-    std::vector<std::size_t> row(to.size() + 1);
-    std::iota(row.begin(), row.end(), std::size_t{0});
-    for (const char letter : from) {
-        std::size_t diagonal = row.front()++;
-        for (std::size_t length = 1; length <= to.size(); ++length) {
-            const std::size_t replaced = diagonal + (letter == to[length - 1] ? 0 : 1);
-            diagonal = row[length];
-            row[length] = std::min({replaced, row[length] + 1, row[length - 1] + 1});
-        }
-    }
-    return row.back();
 }
 
 const RecordType& closestType(const std::string& text) {

@@ -37,7 +37,8 @@ std::string printable(std::string_view text) {
         const std::string_view character = PerchAppLibrary::text::firstCodePoint(rest);
         rest.remove_prefix(character.size());
         if (PerchAppLibrary::text::isControl(character))
-            shown += fmt::format("\\u{:04X}", static_cast<unsigned char>(character.back()));
+            shown += fmt::format("\\u{:04X}", static_cast<std::uint32_t>(
+                                                  PerchAppLibrary::text::codePoint(character)));
         else
             shown += character;
     }
@@ -63,7 +64,13 @@ void print(std::string_view text) {
 }
 
 void printJSON(const PerchAppLibrary::Value& value) {
-    print(PerchAppLibrary::toText(value) + "\n");
+    printJSONText(PerchAppLibrary::toText(value));
+}
+
+void printJSONText(const std::string& text) {
+    // In JSON, control characters occur only in strings, where the escapes of printable() are
+    // valid.
+    print((isatty(STDOUT_FILENO) == 1 ? printable(text) : text) + "\n");
 }
 
 } // namespace velmo

@@ -7,8 +7,8 @@
 
 namespace velmo {
 
-/// Returns the text in a form that is safe for a terminal: ill-formed bytes as U+FFFD, control
-/// characters as escapes such as "\u001B".
+/// Returns the text in a form that is safe for a terminal: ill-formed bytes as U+FFFD, the
+/// characters of text::isControl() as escapes such as "\u001B".
 std::string printable(std::string_view text);
 
 /// Returns the indentation of a line at this depth of a tree. Beyond depth 20 it stays constant, so
@@ -31,5 +31,8 @@ void print(std::string_view text);
 /// Writes the value to standard output as a JSON document on one line. Throws Failure if that
 /// fails.
 void printJSON(const PerchAppLibrary::Value& value);
+
+/// Like printJSON(), for the text of a document.
+void printJSONText(const std::string& text);
 
 } // namespace velmo

@@ -6,7 +6,10 @@
 #include <CLI/Config.hpp>
 #include <CLI/Formatter.hpp>
 
+#include <cstdio>
 #include <exception>
+#include <new>
+#include <sstream>
 #include <string>
 
 namespace {
@@ -40,10 +43,15 @@ int run(int argc, char** argv) {
     velmo::addRead(application, selected);
     velmo::addExport(application, selected);
     velmo::addError(application, selected);
+    if (argc > 1 && argv[1][0] != '-')
+        velmo::requireCommand(application, argv[1]);
     try {
         application.parse(argc, argv);
-    } catch (const CLI::Success& request) {
-        return application.exit(request); // help or version
+    } catch (const CLI::Success& request) { // help or version
+        std::ostringstream text;
+        application.exit(request, text, text);
+        velmo::print(text.str());
+        return static_cast<int>(ExitStatus::success);
     } catch (const CLI::ParseError& error) {
         return fail(std::string(error.what()) + " (see velmo --help)");
     }
@@ -55,6 +63,9 @@ int run(int argc, char** argv) {
 int main(int argc, char** argv) {
     try {
         return run(argc, argv);
+    } catch (const std::bad_alloc&) {
+        std::fputs("velmo: not enough memory\n", stderr); // needs none
+        return static_cast<int>(ExitStatus::failure);
     } catch (const std::exception& error) {
         return fail(error.what());
     }

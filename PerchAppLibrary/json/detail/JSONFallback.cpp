@@ -27,7 +27,7 @@ std::string unexpected(std::string_view text, std::size_t offset) {
         return "bytes that are not UTF-8";
     if (text::isControl(character))
         return "unexpected control character " +
-               std::to_string(static_cast<unsigned char>(character.back()));
+               std::to_string(static_cast<std::uint32_t>(text::codePoint(character)));
     return "unexpected \"" + std::string(character) + "\"";
 }
 
