@@ -151,7 +151,7 @@ void FontItem::setActivated(bool activated) {
         FontItem& member = *levels.back().front();
         levels.back() = levels.back().subspan(1);
         if (isExactly(member) && member.IsGroup())
-            levels.push_back(member.Children());
+            levels.emplace_back(member.Children());
         else
             member.setActivated(activated);
     }
