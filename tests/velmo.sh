@@ -92,6 +92,8 @@ expect 2 'standard input: line 1, column 1: the text is empty' tree -
 expect 0 '^\[\]$' tree "$directory/object.json" --json
 expect 0 '^\[\]$' export "$directory/object.json"
 expect_nothing '[]' list activated "$directory/object.json" --json
+document mixed.json '{"sms_token":[{"a":"b"},7,null,[1]]}'
+expect 0 '^ *7$' read UserItem "$directory/mixed.json"
 expect 0 '"FontList":\[\]' read UserFontActivateMapItem "$directory/odd.json" --json
 
 # The fonts of the sample: shown, listed, read and exported.

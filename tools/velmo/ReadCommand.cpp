@@ -49,6 +49,10 @@ void show(std::string& text, const Value& value, std::size_t depth) {
         showRecord(text, value.get_object(), depth);
         return;
     }
+    if (!value.is_array()) { // beside records in an array of any values
+        text.append(indent(depth)).append(printable(toText(value))) += '\n';
+        return;
+    }
     std::size_t number = 0;
     for (const Value& item : value.get_array()) {
         text.append(indent(depth)).append(bold("[" + std::to_string(number++) + "]")) += '\n';
