@@ -11,9 +11,9 @@ namespace PerchAppLibrary {
 /// A set of identifiers, for short-lived lookups: which of many identifiers are in a list.
 ///
 /// Dense identifiers, such as those of a catalogue, are stored in a bitmap, others in a sorted
-/// array, since whoever sends identifiers could make those of a hash table collide. Memory is
-/// proportional to the number of identifiers, or up to 8 KB for few. Any number of threads may read
-/// a set while none changes it.
+/// array. There is no hash table, since an attacker could choose identifiers that collide in it.
+/// Memory is proportional to the number of identifiers, or up to 8 KB for few. Any number of
+/// threads may read a set while none changes it.
 class IdSet {
 public:
     using Ids = std::vector<std::int64_t>;

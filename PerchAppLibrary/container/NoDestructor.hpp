@@ -20,8 +20,9 @@ public:
     NoDestructor& operator=(const NoDestructor&) = delete;
     ~NoDestructor() = default;
 
-    const T& operator*() const noexcept {
-        return *std::launder(reinterpret_cast<const T*>(m_storage));
+    const T& operator*() const noexcept { return *operator->(); }
+    const T* operator->() const noexcept {
+        return std::launder(reinterpret_cast<const T*>(m_storage));
     }
 
 private:

@@ -7,6 +7,9 @@
 namespace PerchAppLibrary {
 
 /// A font of the platform at a size, for the client's drawing code. A value that owns its texts.
+///
+/// If memory runs out in fontconfig, which finds the fonts, the process may crash: fontconfig does
+/// not check all of its allocations.
 class PlatformFont {
 public:
     /// Returns the installed font with this full name, PostScript name or family, or nullopt if

@@ -7,7 +7,7 @@
 namespace PerchAppLibrary::text {
 
 /// A set of texts, compared by their bytes. Looks up a std::string_view without creating a string.
-/// Not a hash table: whoever sends the texts could make all of them collide.
+/// It is not a hash table, since an attacker could choose texts that collide in one.
 using TextSet = std::set<std::string, std::less<>>;
 
 } // namespace PerchAppLibrary::text

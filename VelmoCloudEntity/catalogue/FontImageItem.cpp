@@ -14,7 +14,7 @@ PERCH_RECORD_SCHEMA(FontImageItem);
 PerchAppLibrary::Dictionary FontImageItem::Dict() const {
     static const NoDestructor<KeyList> keys(
         KeyList{"ProductId", "PreviewText", "BackColor", "ForeColor", "EmSize"});
-    return select((*keys).keys());
+    return select(keys->keys());
 }
 
 } // namespace VelmoCloudEntity

@@ -14,7 +14,7 @@ PERCH_RECORD_SCHEMA(FontSearchItem);
 PerchAppLibrary::Dictionary FontSearchItem::Dict() const {
     static const NoDestructor<KeyList> keys(
         KeyList{"UserGuid", "ProductId", "SearchKey", "PlatformId", "SearchCount", "Ranking"});
-    return select((*keys).keys());
+    return select(keys->keys());
 }
 
 } // namespace VelmoCloudEntity

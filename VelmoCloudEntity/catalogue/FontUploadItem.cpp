@@ -13,7 +13,7 @@ PERCH_RECORD_SCHEMA(FontUploadItem);
 
 PerchAppLibrary::Dictionary FontUploadItem::Dict() const {
     static const NoDestructor<KeyList> keys(KeyList{"UserGuid", "ProductFileName"});
-    return select((*keys).keys());
+    return select(keys->keys());
 }
 
 } // namespace VelmoCloudEntity

@@ -30,9 +30,10 @@ void show(std::string& text, const Value& value, std::size_t depth);
 void showRecord(std::string& text, const Dictionary& record, std::size_t depth) {
     std::size_t width = 0;
     for (const auto& [name, value] : record)
-        width = std::max(width, name.size());
-    for (const auto& [name, value] : record) {
-        text.append(indent(depth)).append(printable(name));
+        width = std::max(width, printable(name).size());
+    for (const auto& [key, value] : record) {
+        const std::string name = printable(key);
+        text.append(indent(depth)).append(name);
         if (isArrayOfRecords(value)) {
             text += '\n';
             show(text, value, depth + 1);
