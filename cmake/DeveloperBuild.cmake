@@ -7,7 +7,8 @@ function(developer_target name)
     # -Wno-restrict: GCC 12 has false warnings for concatenated strings (its bug 105651).
     target_compile_definitions(${name} PRIVATE PERCH_DEVELOPER)
     target_compile_options(${name} PRIVATE -Wall -Wextra -Wpedantic -Wshadow -Wconversion
-                                           $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>)
+                                           $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>
+                                           $<$<BOOL:${VELMO_FUZZERS}>:-fsanitize=fuzzer-no-link>)
   endif()
 endfunction()
 

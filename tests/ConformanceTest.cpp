@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+#include <boost/json/parse.hpp>
+
 #include <unicode/uchar.h>
 #include <unicode/unistr.h>
 
@@ -216,37 +218,17 @@ TEST(RFC8259, RefusesOtherTextsAndSuchMembers) {
     }
 }
 
-TEST(RFC8259, TakesOnlyTheBytesOfTheGrammar) {
-    const std::string space = " \t\n\r", digits = "0123456789";
-    std::string unescaped; // bytes from 80 are ill-formed alone
-    for (char byte = ' '; byte < '\x7F'; ++byte)
-        unescaped.append(byte == '"' || byte == '\\' ? 0 : 1, byte);
-    unescaped += '\x7F';
-    const struct {
-        std::string before, after, allowed;
-    } places[] = {{"", "[]", space},
-                  {"[]", "", space},
-                  {"[", "]", space + digits},
-                  {"[1", "]", space + digits},
-                  {"[1", "1]", digits + ".eE,"},
-                  {"[-", "1]", "123456789"},
-                  {"[0.", "]", digits},
-                  {"[1e", "1]", digits + "+-"},
-                  {"[1e+", "]", digits},
-                  {"[\"\\", "\"]", "\"\\/bfnrt"},
-                  {"[\"\\u", "00f\"]", digits + "abcdefABCDEF"},
-                  {"[\"\\ud83d\\ude0", "\"]", digits + "abcdefABCDEF"},
-                  {"[\"", "\"]", unescaped},
-                  {"{\"", "\":1}", unescaped},
-                  {"{\"a\"", "1}", ":"},
-                  {"{\"a\":1", "\"b\":2}", ","},
-                  {"{", "\"a\":1}", space}};
-    for (const auto& [before, after, allowed] : places)
-        for (int byte = 0; byte < 256; ++byte) {
-            const std::string text = before + static_cast<char>(byte) + after;
-            EXPECT_EQ(isDocument(text), allowed.find(static_cast<char>(byte)) != std::string::npos)
-                << PrintToString(text);
-        }
+TEST(RFC8259, TakesAnyByteWhereBoostJSONDoes) {
+    const std::string text = R"( [1.5e+7,{"a\u00fF\n":"\\"},-0,true] )";
+    for (std::size_t place = 0; place <= text.size(); ++place)
+        for (int byte = 0; byte < 256; ++byte)
+            for (const std::size_t replaced : {0, 1}) {
+                std::string other = text;
+                other.replace(place, replaced, 1, static_cast<char>(byte));
+                boost::json::error_code refused;
+                (void)boost::json::parse(other, refused);
+                EXPECT_EQ(isDocument(other), !refused) << PrintToString(other);
+            }
 }
 
 TEST(RFC1321, DigestsTheTestSuite) {
@@ -280,15 +262,11 @@ TEST(RFC3986, TakesReferencesUnchanged) {
 }
 
 TEST(RFC3986, RefusesOtherTexts) {
-    for (
-        const std::string& text : split(
-            R"(%|%G0|%0G|a%2|?%|#%1|//%zz|a:b:%|+a:b|-a:b|.a:b|a_b:c|a%41:b|a[b]|/[|?[|?]|#[|#a#b|//[
-//]|//[]|//[::1|//::1]|//[::1]a|//[::g]|//[1.2.3.4]|//[1:2:3:4:5:6:7:8:9]|//[1:2:3:4:5:6:7]|//[1::2::3]
-//[::12345]|//[:::1]|//[::256.0.0.1]|//[::1.2.3]|//[v.a]|//[v1.]|//[vg.a]|//h:8a|//h:-1|//a@b@c|//u[@h
- a|a |a b|?a b|#a b|<a>|"a"|a\b|a^b|{a}|`|//h^|//h\|宋|#宋|//宋)",
-            '\n'))
-        for (const std::string& each : split(text, '|'))
-            EXPECT_FALSE(url::parse(each)) << each;
+    for (const std::string& text : split(
+             R"(%|%G0|a%2|//%zz|a:b:%|+a:b|.a:b|a_b:c|a[b]|?[|#a#b|//[|//[::1|//::1]|//[::1]a
+|//[::g]|//[1:2:3:4:5:6:7]|//[1::2::3]|//[::256.0.0.1]|//[vg.a]|//h:8a|//a@b@c| a|a b|"a"|a\b|{a}|宋)",
+             '|'))
+        EXPECT_FALSE(url::parse(text)) << text;
 }
 
 TEST(RFC3986, EncodesWhatAFragmentDoesNotTake) {

@@ -110,45 +110,6 @@ struct Key {
     }
 };
 
-TEST(FontList, MarksTheLeavesThatAReferenceMatches) {
-    const struct {
-        const char* rule;
-        Key leaf;
-        std::vector<Key> matching, different;
-    } cases[] = {
-        {"the Id counts", {12, "A"}, {{12, "A"}, {12, "B"}}, {{13, "A"}, {0, "A"}}},
-        {"IsPrivate counts", {12, "A"}, {{12, ""}}, {{12, "A", true}}},
-        {"also of a private font", {12, "A", true}, {{12, "B", true}}, {{12, "A"}, {0, "A", true}}},
-        {"1 is an Id", {1, "A"}, {{1, ""}}, {{2, "A"}, {0, "A"}, {-1, "A"}, {1LL << 32 | 1, "A"}}},
-        {"so is the greatest", {INT64_MAX, "A"}, {{INT64_MAX, "B"}}, {{-1, "A"}}},
-        {"below 1, the name counts", {0, "A"}, {{7, "A", true}}, {{0, "B"}, {0, "a"}, {0, ""}}},
-        {"all of the name", {0, "A"}, {{0, "A"}}, {{0, "A "}, {0, {"A\0", 2}}}},
-        {"a negative Id is none", {-3, "AB", true}, {{7, "AB"}, {-4, "AB"}}, {{-3, "A", true}}},
-        {"no name is a name", {0, ""}, {{9, ""}}, {{0, "A"}}},
-        {"composed or not", {0, "é"}, {{0, "e\u0301"}}, {{0, "e"}, {0, "É"}, {0, "E\u0301"}}},
-        {"decomposed or not", {0, "e\u0301"}, {{0, "é"}}, {{0, "e"}}},
-        {"compatible is not equal", {0, "한ﬁ"}, {{0, "\u1112\u1161\u11ABﬁ"}}, {{0, "한fi"}}},
-        {"ill-formed is U+FFFD", {0, "a\xff"}, {{0, "a\uFFFD"}, {0, "a\xfe"}}, {{0, "a"}}},
-    };
-    for (const auto& [rule, leaf, matching, different] : cases)
-        for (const bool matches : {true, false})
-            for (const Key& key : matches ? matching : different) {
-                SCOPED_TRACE(testing::Message() << rule << ": " << key.id << " " << key.name);
-                // The leaf alone, in a group, and below another leaf, where no query looks.
-                const auto alone = leaf.font(), inner = leaf.font(), hidden = leaf.font();
-                const auto host = Key{77, "host"}.font(), group = leaf.font();
-                host->setChildren({hidden});
-                group->setIsGroup(true);
-                group->setChildren({host, inner});
-                const Fonts list{host, group, alone}, all{host, hidden, group, inner, alone};
-                const Fonts references{Key{9, "-"}.font(), key.font(), Key{8, "-"}.font()};
-                FontList::setActivatedFont(list, references);
-                EXPECT_EQ(marks(all), matches ? "---aa" : "-----");
-                FontList::setFavoritedFont(list, references);
-                EXPECT_EQ(marks(all), matches ? "---bb" : "-----");
-            }
-}
-
 TEST(FontList, MarkingNeverClearsAndTakesReferencesAsAPlainArray) {
     const auto list =
         fonts(R"([{"Id":1},{"Id":9,"isActivated":true,"IsFavorited":true},{"Id":2}])");

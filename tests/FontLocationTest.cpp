@@ -48,18 +48,6 @@ TEST_F(FontLocation, FilesOfTheCatalogueAreInTheCacheDirectory) {
     EXPECT_TRUE(font->IsLocaled());
 }
 
-TEST_F(FontLocation, StemIsTheFileNameWithoutItsLastFourCodeUnits) {
-    // A character beyond the BMP is two code units; half of one becomes U+FFFD.
-    for (const std::string stem : {"SongTi", "宋体", "", "e\u0301", "x.😀", "😀"}) {
-        for (const char* whole : {".ttf", "off2", "宋体字体", "😀😀", "😀宋f"})
-            EXPECT_EQ(named(stem + whole)->stem(), stem) << stem << whole;
-        for (const char* cut : {"😀ttf", "😀宋体字", "😀😀a"})
-            EXPECT_EQ(named(stem + cut)->stem(), stem + "\uFFFD") << stem << cut;
-    }
-    for (const char* tooShort : {"", "ttf", "宋体字", "😀a"})
-        EXPECT_EQ(named(tooShort)->stem(), std::nullopt) << tooShort;
-}
-
 TEST_F(FontLocation, PreviewsAreCalledByTheirNameOrItsDigest) {
     const struct {
         const char *fileName, *tag;

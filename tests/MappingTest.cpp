@@ -4,7 +4,6 @@
 #include "RecordTesting.hpp"
 
 #include <algorithm>
-#include <random>
 
 using namespace PerchAppLibrary;
 using namespace std::string_view_literals;
@@ -146,37 +145,6 @@ TEST(Mapping, SetsEachPropertyOnceInTheirOrderAndTheLastOfARepeatedKeyHolds) {
         record.setValue(json);
         EXPECT_EQ(record.notes, notes) << text;
         EXPECT_EQ(Sample::create(json)->Int(), number) << text;
-    }
-}
-
-/// An object of some members, some of them with one key.
-std::string randomObject(std::mt19937& random) {
-    const char* const keys[] = {"Int",  "On",      "Off", "Float",      "String", "Optional",
-                                "Ints", "Strings", "Any", "IsDisabled", "Id",     "Token"};
-    const char* const values[] = {"0",    "1",    "-0.0", "2.5", R"("")",    R"("text")",
-                                  "true", "null", "[]",   "[3]", R"(["x"])", "{}"};
-    std::string members;
-    for (auto count = random() % 9; count > 0; --count)
-        members += std::string(members.empty() ? "\"" : ",\"") + keys[random() % std::size(keys)] +
-                   "\":" + values[random() % std::size(values)];
-    return "{" + members + "}";
-}
-
-TEST(Mapping, FillsThroughFieldsAsThroughSetters) {
-    std::mt19937 random(5); // NOLINT(cert-msc32-c,cert-msc51-cpp): the same run each time
-    const std::string zeros = R"({"Int":0,"On":false,"Float":0,"String":"","Optional":null,
-        "Ints":[],"Strings":[]})";
-    for (int run = 0; run < 4'000; ++run) {
-        const auto byFields = Sample::create();
-        const auto bySetters = Sample::create<Overriding>();
-        std::string objects;
-        for (int filling = 0; filling < 3; ++filling) {
-            const std::string object = filling == 0 && run % 2 == 0 ? zeros : randomObject(random);
-            objects += object + " ";
-            byFields->setValue(JSON::parse(object));
-            bySetters->setValue(JSON::parse(object));
-            ASSERT_EQ(toText(byFields->properties()), toText(bySetters->properties())) << objects;
-        }
     }
 }
 

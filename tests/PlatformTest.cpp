@@ -16,38 +16,12 @@ using namespace PerchAppLibrary;
 
 namespace {
 
-TEST(Path, JoinsWithExactlyOneSlash) {
-    EXPECT_EQ(path::append("/tmp", "a.ttf"), "/tmp/a.ttf");
-    EXPECT_EQ(path::append("/tmp//", "//a/b"), "/tmp/a/b");
-    EXPECT_EQ(path::append("/", "a"), "/a");
-    EXPECT_EQ(path::append("/tmp", "//"), "/tmp/");
-    EXPECT_EQ(path::append("", "/a"), "/a");
-    EXPECT_EQ(path::append("/tmp/", ""), "/tmp/");
-}
-
 TEST(Path, SeesFilesAndNothingElse) {
     EXPECT_TRUE(path::fileExists("/dev/null"));
     EXPECT_FALSE(path::fileExists("/dev/no such file"));
     EXPECT_FALSE(path::fileExists("/dev")) << "a directory";
     EXPECT_FALSE(path::fileExists(std::string("/dev/null\0more", 14)));
     EXPECT_FALSE(path::fileExists(std::string(100'000, 'x')));
-}
-
-TEST(URL, EncodesAllThatAFragmentMayNotHold) {
-    EXPECT_EQ(url::percentEncodedForFragment("azAZ09-._~!$&'()*+,;=:@/?"),
-              "azAZ09-._~!$&'()*+,;=:@/?");
-    EXPECT_EQ(url::percentEncodedForFragment("#[]% \"<>\\^`{|}\x7F"),
-              "%23%5B%5D%25%20%22%3C%3E%5C%5E%60%7B%7C%7D%7F");
-    EXPECT_EQ(url::percentEncodedForFragment("宋"), "%E5%AE%8B");
-    EXPECT_EQ(url::percentEncodedForFragment("a\xFF"), "a%EF%BF%BD");
-}
-
-TEST(URL, ParsesReferencesByTheRFC) {
-    for (const char* const reference :
-         {"https://h.example/a_B.png", "a/b", "", "//h", "?q", "mailto:x"})
-        EXPECT_EQ(url::parse(reference).value().buffer(), reference);
-    for (const char* const wrong : {"1:a", ":a", "a b", "http://h:x/", "%4", "//h:x"})
-        EXPECT_FALSE(url::parse(wrong)) << wrong;
 }
 
 #ifndef __APPLE__

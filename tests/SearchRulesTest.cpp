@@ -159,4 +159,30 @@ TEST(SearchRules, UpperCasingIsFullAndHasNoLocale) {
     });
 }
 
+/// Members that are made when they are asked for, and kept until the next time.
+struct FreshGroup : FontItem {
+    const Records<FontItem>& Children() const override {
+        const char* const json =
+            R"([{"ProductName":"Song"},{"ProductName":"Kai"},{"ProductName":"Song Ti"}])";
+        made = FontList::parse(json).List();
+        ++timesMade;
+        return made;
+    }
+    bool IsGroup() const override { return true; }
+    mutable Records<FontItem> made;
+    mutable int timesMade = 0;
+};
+
+TEST(SearchRules, KeepsMembersThatAreMadeForEachReading) {
+    const auto group = std::make_shared<FreshGroup>();
+    EXPECT_EQ(FontList::getFontByKey({group, group}, "song", true).size(), 4U);
+    EXPECT_EQ(FontList::getSearchResultFont({group, group}, "song").second.size(), 4U);
+
+    const auto outer = FontItem::create({.groupTag = "outer"});
+    outer->setChildren({group});
+    group->timesMade = 0;
+    EXPECT_EQ(FontList::getFontCount({group, outer, group}), 9);
+    EXPECT_EQ(group->timesMade, 3) << "once for each place, however far the walk prefetches";
+}
+
 } // namespace

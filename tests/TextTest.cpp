@@ -1,6 +1,5 @@
 #include <PerchAppLibrary/text/Needle.hpp>
 #include <PerchAppLibrary/text/Text.hpp>
-#include <PerchAppLibrary/text/detail/ByteMatches.hpp>
 
 #include <gtest/gtest.h>
 
@@ -9,11 +8,9 @@
 #include <algorithm>
 #include <random>
 #include <string>
-#include <tuple>
 #include <vector>
 
 namespace text = PerchAppLibrary::text;
-using testing::PrintToString;
 using text::Case;
 using text::ComparedText;
 using text::Needle;
@@ -24,42 +21,6 @@ namespace {
 bool contains(std::string_view haystack, std::string_view needle) {
     SearchedText text(haystack);
     return Needle(needle).isIn(text);
-}
-
-TEST(Text, FindsTheFirstPlaceOfANeedleOfAnyLength) {
-    // Compares with std::string, around the sizes of words and blocks. Behind a character that is
-    // not ASCII, another search runs.
-    std::mt19937 random(7);
-    const auto letters = [&](std::string_view alphabet, std::size_t length) {
-        std::string made(length, '\0');
-        std::ranges::generate(made, [&] { return alphabet[random() % alphabet.size()]; });
-        return made;
-    };
-    constexpr std::string_view any("abAB\0-\x7F", 7);
-    int found = 0;
-    for (int count = 0; count < 60'000; ++count) {
-        std::string haystack = letters(any, random() % (count % 10 == 0 ? 200 : 40));
-        std::string needle = letters(any, 1 + random() % 4);
-        if (count % 10 == 5) { // two parts of the needle, so that a search has to step back
-            needle = letters("aaaaaab", 40);
-            haystack = needle.substr(0, random() % 40) + "b" + needle.substr(random() % 40);
-        } else if (count % 3 == 0 && haystack.size() > 1) {
-            const std::size_t begin = random() % (haystack.size() - 1);
-            needle = haystack.substr(begin, 1 + random() % (haystack.size() - begin));
-        }
-        const auto place = text::uppercased(haystack).find(text::uppercased(needle));
-        for (const std::string before : {"", "\u5B8B", "\u00E9"}) {
-            const std::string whole = before + haystack;
-            SearchedText searched(whole);
-            const auto expected = place == std::string::npos
-                                      ? std::nullopt
-                                      : std::optional(place + ComparedText(before).bytes().size());
-            ASSERT_EQ(Needle(needle).find(searched), expected)
-                << PrintToString(whole) << " " << PrintToString(needle);
-        }
-        found += place != std::string::npos;
-    }
-    EXPECT_GT(found, 20'000);
 }
 
 TEST(Text, FindsNoLongNeedleInWhatAnEarlierTextLeft) {
@@ -139,23 +100,6 @@ TEST(Text, FindsAndDecomposesLongTextsInLinearTime) {
     EXPECT_TRUE(Needle("b").partOf(accents + "b"));
 }
 
-TEST(Text, CutsInUTF16Units) {
-    const struct {
-        const char* text;
-        std::size_t begin, end;
-        const char* part;
-    } cases[] = {
-        {"abcdef", 0, 2, "ab"},    {"abcdef", 2, 4, "cd"},
-        {"abcdef", 4, 99, "ef"},   {"abcdef", 7, 99, ""},
-        {"abcdef", 3, 3, ""},      {"a😀b", 0, 2, "a\uFFFD"}, // half of a character
-        {"a😀b", 2, 9, "\uFFFDb"}, {"a😀b", 1, 3, "😀"},
-        {"宋体标", 1, 2, "体"},    {"a\xFFz", 0, 2, "a\xFF"},
-    };
-    for (const auto& each : cases)
-        EXPECT_EQ(text::utf16Substring(each.text, each.begin, each.end), each.part)
-            << each.text << " from " << each.begin << " to " << each.end;
-}
-
 TEST(Text, CountsUnitsCharactersAndColumns) {
     const struct {
         const char* text;
@@ -178,41 +122,6 @@ TEST(Text, CountsUnitsCharactersAndColumns) {
         EXPECT_EQ(text::graphemeCount(each.text), each.graphemes) << each.text;
         EXPECT_EQ(text::columnCount(each.text), each.columns) << each.text;
     }
-}
-
-TEST(ByteMatches, AreEqualInBlocksAndByteByByte) {
-    constexpr std::string_view alphabet("aA@z\0\xE1\xFF", 7);
-    std::mt19937_64 random(1);
-    const auto randomByte = [&] { return alphabet[random() % alphabet.size()]; };
-    for (int run = 0; run < 100; ++run)
-        for (std::size_t size = 1; size <= text::ByteMatches::most; ++size) {
-            std::vector<char> bytes(size); // a sanitizer sees what reads behind it
-            std::ranges::generate(bytes, randomByte);
-            const std::string_view given(bytes.data(), size);
-            const text::SoughtByte first(randomByte(), run % 2 == 0);
-            const text::SoughtByte last(randomByte(), run % 3 == 0);
-            const text::ByteMatches expected = text::matchesByByte(given, first, last);
-            const text::ByteMatches found = text::matchesOf(given, first, last);
-            ASSERT_EQ(std::tie(found.first, found.last), std::tie(expected.first, expected.last))
-                << PrintToString(given);
-        }
-}
-
-TEST(Text, ReplacesIllFormedSequences) {
-    const std::pair<const char*, const char*> cases[] = {
-        {"\xC0\x80", "\uFFFD\uFFFD"},                     // an over-long NUL
-        {"\xED\xA0\x80", "\uFFFD\uFFFD\uFFFD"},           // an encoded surrogate
-        {"\xF4\x90\x80\x80", "\uFFFD\uFFFD\uFFFD\uFFFD"}, // beyond U+10FFFF
-        {"x\xE5\xAE", "x\uFFFD"},                         // cut off
-        {"好", "好"},
-    };
-    for (const std::string& before : {std::string(), std::string(70, 'a')})
-        for (const auto& [bytes, replaced] : cases) {
-            const std::string given = before + bytes, expected = before + replaced;
-            EXPECT_EQ(text::wellFormed(given), expected);
-            EXPECT_EQ(text::isWellFormed(given), given == expected) << PrintToString(given);
-            EXPECT_EQ(text::decomposed(given), expected);
-        }
 }
 
 } // namespace

@@ -1,0 +1,11 @@
+#pragma once
+
+#include "Input.hpp"
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+/// Returns a JSON object some of whose members have the keys. Its values are of any kind: numbers
+/// at the limits of their types, texts that convert to numbers, escapes, nested values.
+std::string makeObject(Input& input, const std::vector<std::string_view>& keys);

@@ -1,0 +1,191 @@
+// Fuzzes reading and export. A text is a document if it is one for Boost.JSON, and its content is
+// equal. Any document can be read as records, which give back what they took.
+#include "Document.hpp"
+
+#include <VelmoCloudEntity/account/UserFontActivateMapItem.hpp>
+#include <VelmoCloudEntity/account/UserItem.hpp>
+#include <VelmoCloudEntity/catalogue/FontTagList.hpp>
+#include <VelmoCloudEntity/entity/RecordTree.hpp>
+#include <VelmoCloudEntity/font/FontList.hpp>
+
+#include <PerchAppLibrary/json/Dictionary.hpp>
+#include <PerchAppLibrary/platform/URL.hpp>
+#include <PerchAppLibrary/text/Text.hpp>
+
+#include <boost/json/error.hpp>
+#include <boost/json/parse.hpp>
+
+#include <cmath>
+#include <limits>
+#include <optional>
+
+using namespace PerchAppLibrary;
+using namespace VelmoCloudEntity;
+
+namespace {
+
+using Fonts = Records<FontItem>;
+
+/// Returns the document, or the message of the ParseError.
+template <class Text>
+std::pair<std::optional<JSON>, std::string> parsed(Text&& text, const JSON::Limits& limits = {}) {
+    try {
+        if constexpr (std::is_same_v<Text, std::string>)
+            return {JSON::parse(std::forward<Text>(text)), ""};
+        else
+            return {JSON::parse(text, limits), ""};
+    } catch (const JSON::ParseError& error) {
+        require(error.line() > 0 && error.column() > 0 && !error.reason().empty(), "place");
+        return {std::nullopt, error.what()};
+    }
+}
+
+/// Boost.JSON 1.81 rounds numbers in its own way, and takes those out of range as infinite.
+bool isEqual(double given, double expected) {
+    if (std::isinf(expected))
+        return given == std::copysign(std::numeric_limits<double>::max(), expected);
+    return std::abs(given - expected) <= 1e-15 * std::abs(expected) + 1e-320;
+}
+
+bool isEqual(const Value& given, const Value& expected) {
+    if (given.is_double() && expected.is_double())
+        return isEqual(given.as_double(), expected.as_double());
+    if (given.is_array() && expected.is_array())
+        return std::ranges::equal(
+            given.get_array(), expected.get_array(),
+            [](const Value& one, const Value& other) { return isEqual(one, other); });
+    if (!given.is_object() || !expected.is_object())
+        return given == expected;
+    return given.get_object().size() == expected.get_object().size() &&
+           std::ranges::all_of(given.get_object(), [&](const auto& member) {
+               const Value* const other = expected.get_object().if_contains(member.key());
+               return other != nullptr && isEqual(member.value(), *other);
+           });
+}
+
+/// Tests that Boost.JSON reads the document, too, or refuses the text, too.
+void compareWithBoost(std::string_view text, const std::optional<JSON>& json) {
+    boost::json::error_code refused;
+    boost::json::parse_options options;
+    options.max_depth = JSON::maximumDepth;
+    const Value expected = boost::json::parse(text, refused, {}, options);
+    if (!refused)
+        require(json && isEqual(toValue(*json), expected),
+                json ? toText(toValue(*json)) : "refused: " + std::string(text));
+    // Boost.JSON 1.81 also refuses halves of surrogate pairs, and exponents beyond int.
+    const bool mayHaveHalves =
+        text.find("\\ud") != std::string::npos || text.find("\\uD") != std::string::npos;
+    if (refused && refused != boost::json::error::exponent_overflow && !mayHaveHalves)
+        require(!json, "accepted: " + std::string(text));
+}
+
+/// Adds the elements and members of the value, and returns its depth. Counts a repeated key once.
+std::size_t measure(const Value& value, std::size_t& elements) {
+    std::size_t deepest = 0;
+    const auto add = [&](const Value& inner) {
+        ++elements;
+        deepest = std::max(deepest, measure(inner, elements));
+    };
+    if (value.is_array())
+        std::ranges::for_each(value.get_array(), add);
+    else if (value.is_object())
+        std::ranges::for_each(value.get_object(), [&](const auto& each) { add(each.value()); });
+    else
+        return 0;
+    return deepest + 1;
+}
+
+void checkLimits(const Value& value) {
+    const std::string text = toText(value);
+    JSON::Limits limits{.bytes = text.size(), .elements = 0};
+    limits.depth = measure(value, limits.elements);
+    require(parsed(std::string_view(text), limits).first == JSON::parse(text), text);
+    for (std::size_t JSON::Limits::* const limit :
+         {&JSON::Limits::depth, &JSON::Limits::bytes, &JSON::Limits::elements}) {
+        JSON::Limits less = limits;
+        require((less.*limit)-- == 0 || !parsed(std::string_view(text), less).first, text);
+    }
+}
+
+/// Reads computed properties of the fonts and groups, at any depth. Omits those that may end the
+/// process.
+void readProperties(const Fonts& fonts) {
+    for (const auto& font : fonts) {
+        require(text::isWellFormed(font->DisplayName() + font->PreviewText()), "DisplayName");
+        require(text::isWellFormed(font->TreeNodeTitle()), "TreeNodeTitle");
+        (void)font->findRemotePreviewFile();
+        (void)font->IsActivated();
+        if (font->IsGroup())
+            readProperties(font->Children());
+    }
+}
+
+void checkRecords(const JSON& json) {
+    const Fonts fonts = FontList(json).List();
+    readProperties(fonts);
+    const std::string exported = toText(FontItem::getFontArray(fonts));
+    requireEqual(FontItem::getFontArrayText(fonts), exported, "exported without dictionaries");
+    const Fonts again = FontList::parse(exported).List();
+    requireEqual(FontItem::getFontArrayText(again), exported, "exported again");
+
+    const Fonts leaves = leavesWhere(again, [](const FontItem&) { return true; });
+    FontList::setActivatedFont(fonts, leaves); // every font matches its own reading
+    require(FontList::getActivatedFont(fonts).size() == leaves.size(), "marks");
+    const auto map = UserFontActivateMapItem::create(json);
+    require(map->FontList().size() == json["FontList"].arrayValue().size(), "FontList");
+    const std::string user = toText(UserItem::create(json)->Dict()); // with a token of any kind
+    requireEqual(toText(UserItem::create(JSON::parse(user))->Dict()), user, "UserItem");
+
+    const auto tags = FontTagList(json).List();
+    FontTagList::setFontTagItemCheck(tags, true);
+    for (const auto& tag : FontTagList::getCheckedFontTagList(tags))
+        require(FontTagList::getCheckedFontTagFontIdList({tag}, tag->FontIdList()).size() <=
+                    tag->FontIdList().size(),
+                "a filter adds no identifiers");
+}
+
+void check(const std::string& text) {
+    const auto [json, message] = parsed(std::string_view(text));
+    const auto inPlace = parsed(std::string(text));
+    require(json == inPlace.first, text);
+    requireEqual(message, inPlace.second, text);
+    compareWithBoost(text, json);
+    if (!json)
+        return;
+    const Value value = toValue(*json);
+    require(JSON::parse(toText(value)) == *json, text);
+    checkLimits(value);
+    checkRecords(*json);
+}
+
+const std::vector<std::string_view> keys{
+    "Id",         "ProductName", "ProductFileName", "ProductFileUrl", "displayName", "Tags",
+    "IsGroup",    "Children",    "IsActivated",     "FontList",       "sms_token",   "Fonts",
+    "FontIdList", "Guid"};
+
+/// Returns the bytes as they are, or if they begin with none of ASCII, an array of objects, in
+/// which a byte may be wrong.
+std::string document(Input& input) {
+    std::string bytes(input.rest());
+    if (input.isAtEnd() || input.below(256) < 128)
+        return bytes;
+    std::string text = "[";
+    for (std::size_t count = input.below(4); count > 0; --count)
+        text += makeObject(input, keys) + (count > 1 ? "," : "");
+    text += ']';
+    if (input.oneIn(3)) {
+        const std::size_t place = input.below(text.size());
+        using namespace std::string_view_literals;
+        constexpr std::string_view others = " \n\0\"\\{}[]:,0-.eE+u\x1F\x80\xE5\xFF/a"sv;
+        text.replace(place, input.below(2), input.below(2), input.pick(others));
+    }
+    return text;
+}
+
+} // namespace
+
+int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    Input input(data, size);
+    check(document(input));
+    return 0;
+}
