@@ -151,6 +151,7 @@ expect 2 'ID: "x" is not an integer' lookup "$fonts" 1,x
 
 # Filtering by ticked tags: those of a group add up, and groups narrow one another.
 expect 0 '^display \([0-9]+ fonts\)$' filter "$fonts" --tags "$tags" --check 4,5
+[ ! -s "$directory/err" ] || fail "filter: $(cat "$directory/err")"
 count() {
     "$velmo" filter "$fonts" --tags "$tags" --check "$1" --json | grep -o '"IsGroup":false' | wc -l
 }
@@ -175,6 +176,7 @@ expect 0 '"IsChecked":false,"FontIdList":\[4,4,1\],"Children":\[\]\}' \
 [ "$("$velmo" read --types | wc -l)" = 28 ] || fail "28 types"
 for type in $("$velmo" read --types); do
     expect 0 . read "$type" "$samples/records/$type.json"
+    [ ! -s "$directory/err" ] || fail "read $type: $(cat "$directory/err")"
     expect 0 "\"$type\":\[\{\"name\":" read --types --json
     expect 0 '^[[{]' read "$type" "$samples/records/$type.json" --json
 done
@@ -192,6 +194,36 @@ expect 2 'did you mean UserItem\?' read UsrItem "$fonts"
 expect 2 'did you mean ConfigItem\?' read ConfigListItem "$fonts" # four letters too many
 expect 2 'may be FontTagItem, FontTagList' read FontTag "$fonts"
 expect 2 'TYPE and FILE are required' read FontTagList
+
+# A document of another type gives one warning, or none if it is empty or tells nothing.
+error='"Exception":true,"ExceptionCode":"005001","ExceptionMessage":"\\u001b"'
+while read -r type text warning; do
+    document other.json "$text"
+    got=$("$velmo" read "$type" "$directory/other.json" 2>&1 >/dev/null; echo $?)
+    [ "$got" = "${warning:+velmo: warning: $directory/other.json: $warning$'\n'}0" ] ||
+        fail "read $type of $text: $got"
+done <<END
+FontList {$error} is an error reply: 005001, The user login has expired.
+UserItem {$error,"PlatformId":1,"Tel":""} is an error reply: 005001, The user login has expired.
+UserItem {$error,"Tel":"1"}
+FontList {"ErrorCode":7,"ExceptionMessage":"a\\\\nb"} is an error reply: 7, a\u000Ab
+FontList [{"Id":1},{"Id":2,"Name":"a","FontIdList":[1]}] looks like a FontTagList, not a FontList
+FontTagList [{"UserId":"a","Pwd":"b"}] looks like an array of EsUserItem, not a FontTagList
+UserItem {"Title":"a","Content":"b"} looks like a ClientStartupNoticeItem, not a UserItem
+UrlItem [{"Url":"a","Name":"b"}] is a list that looks like a UrlList, an object was expected
+FontList {"List":[{"Id":1}]} is an object, a list was expected
+FontList "fonts" is a single value, a list was expected
+FontList [{"ProductName":"a","Name":"b"}]
+FontList {}
+UserItem []
+FontList null
+END
+for arguments in "tree $tags" "tree $fonts --activate $tags" "tree $fonts --favorite $tags" \
+    "filter $samples/collections.json --tags $tags --check 4" \
+    "filter $fonts --tags $samples/collections.json --check 4"; do
+    # shellcheck disable=SC2086
+    "$velmo" $arguments 2>&1 | grep -qE 'warning: .*(Tag|Collection)List' || fail "$arguments"
+done
 
 # Error codes.
 expect 0 '^\{"code":"006004","Ch":"目标微信已占用","En":"微信 used."\}$' error 006004 --json

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "DocumentType.hpp"
+
 #include <PerchAppLibrary/json/JSON.hpp>
 
 #include <new>
@@ -14,12 +16,14 @@ PerchAppLibrary::JSON readDocument(const std::string& file);
 /// Throws Failure for a file whose document or records need more memory than there is.
 [[noreturn]] void failForMemory(const std::string& file);
 
-/// Returns `make(document)` for the document in a file. Throws Failure like readDocument(), also if
-/// memory runs out in `make`.
+/// Returns `make(document)` for the document in a file. Warns if it seems to be of a type other
+/// than `type`. Throws Failure like readDocument(), also if memory runs out in `make`.
 template <class Make>
-auto readAs(const std::string& file, Make&& make) {
+auto readAs(const std::string& file, const RecordType& type, Make&& make) {
     try {
-        return make(readDocument(file));
+        const PerchAppLibrary::JSON document = readDocument(file);
+        warnOfOtherType(file, document, type);
+        return make(document);
     } catch (const std::bad_alloc&) {
         failForMemory(file);
     }

@@ -48,7 +48,8 @@ std::vector<std::int64_t> idsOfLeaves(const Fonts& fonts) {
 
 ExitStatus filter(const FilterOptions& options) {
     const FontList fonts = readFontList(options.source);
-    const auto tags = readAs(options.tagsFile, [](const JSON& json) { return FontTagList(json); });
+    const auto tags = readAs(options.tagsFile, recordType("FontTagList"),
+                             [](const JSON& json) { return FontTagList(json); });
     for (const std::int64_t id : options.checked)
         if (tick(tags.List(), id) == 0)
             warn(fmt::format("{}: no tag has the Id {}", nameOf(options.tagsFile), id));

@@ -63,14 +63,18 @@ void addMarks(CLI::App& command, FontSource& source) {
 }
 
 FontList readFontList(const FontSource& source) {
-    const auto readMap = [](const std::string& file) {
-        return readAs(file, [](const JSON& json) { return UserFontMap::create(json)->FontList(); });
+    const auto readMap = [](const std::string& file, const std::string& type) {
+        return readAs(file, recordType(type),
+                      [](const JSON& json) { return UserFontMap::create(json)->FontList(); });
     };
-    FontList fonts = readAs(source.file, [](const JSON& json) { return FontList(json); });
+    FontList fonts = readAs(source.file, recordType("FontList"),
+                            [](const JSON& json) { return FontList(json); });
     if (!source.activateMap.empty())
-        FontList::setActivatedFont(fonts.List(), readMap(source.activateMap));
+        FontList::setActivatedFont(fonts.List(),
+                                   readMap(source.activateMap, "UserFontActivateMapItem"));
     if (!source.favoriteMap.empty())
-        FontList::setFavoritedFont(fonts.List(), readMap(source.favoriteMap));
+        FontList::setFavoritedFont(fonts.List(),
+                                   readMap(source.favoriteMap, "UserFontFavoriteMapItem"));
     return fonts;
 }
 

@@ -81,7 +81,7 @@ ExitStatus read(const ReadOptions& options) {
     if (options.file.empty())
         throw Failure("read: TYPE and FILE are required (velmo read --types lists the types)");
     const RecordType& type = recordType(options.type);
-    const Value value = readAs(options.file, type.read);
+    const Value value = readAs(options.file, type, type.read);
     if (options.asJSON) {
         printJSON(value);
         return ExitStatus::success;

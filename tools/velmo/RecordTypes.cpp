@@ -32,6 +32,7 @@
 
 #include <algorithm>
 #include <cctype>
+#include <utility>
 
 namespace velmo {
 namespace {
@@ -64,7 +65,7 @@ Dictionary describeProperty(std::string_view name, const std::string& kind, Valu
 
 template <class Record>
 RecordType record() {
-    return {std::string(Record::recordName),
+    return {std::string(Record::recordName), "",
             [](const JSON& json) { return toValue(make<Record>(json)->properties()); },
             [] {
                 const std::shared_ptr<Record> record = make<Record>(JSON::null);
@@ -89,7 +90,8 @@ auto itemsOf(const List& list) {
 
 template <class List>
 RecordType list(const char* name) {
-    return {name,
+    using Item = std::remove_cvref_t<decltype(*itemsOf(std::declval<const List&>()).front())>;
+    return {name, std::string(Item::recordName),
             [](const JSON& json) {
                 ValueArray array;
                 for (const auto& item : itemsOf(List(json)))
@@ -98,7 +100,6 @@ RecordType list(const char* name) {
             },
             [] {
                 const List empty;
-                using Item = std::remove_cvref_t<decltype(*itemsOf(empty).front())>;
                 const char* const property =
                     requires { empty.List(); } ? "List" : "list"; // the name of its accessor
                 return ValueArray{describeProperty(

@@ -11,6 +11,7 @@ namespace velmo {
 /// A type of record or list that the library can read.
 struct RecordType {
     std::string name;
+    std::string item; ///< the name of the type of a list's records, empty for a record
 
     /// Reads a document: returns the stored properties of the record, or an array with those of
     /// each record of the list.

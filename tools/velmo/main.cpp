@@ -31,7 +31,10 @@ int run(int argc, char** argv) {
     application.set_version_flag("--version", "velmo " VELMO_VERSION);
     application.require_subcommand(1);
     application.footer("Exit status: 0 success; 1 nothing found; 2 wrong usage, an unreadable file "
-                       "or a malformed document.");
+                       "or a malformed document.\n"
+                       "A document that seems to be of another type than the command reads, such "
+                       "as an error reply,\ngives a warning on standard error. It does not change "
+                       "the exit status.");
     velmo::Action selected;
     velmo::addTree(application, selected);
     velmo::addList(application, selected);
