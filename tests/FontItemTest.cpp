@@ -1,7 +1,9 @@
 #include "RecordTesting.hpp"
 
 #include <PerchAppLibrary/platform/PlatformFont.hpp>
+#include <PerchAppLibrary/platform/URL.hpp>
 
+#include <csignal>
 #include <filesystem>
 #include <fstream>
 #include <malloc.h>
@@ -92,16 +94,6 @@ TEST(FontItem, ExportsTheSameTextWithDictionariesAndWithout) {
         EXPECT_EQ(FontItem::getFontArrayText(list), toText(FontItem::getFontArray(list)));
 }
 
-TEST(FontItem, IsTheSameInAnArrayWhateverTheOrderOfMembersBefore) {
-    const JSON json = JSON::parse(R"([{"Id":1,"ProductName":"A","IsGroup":true,"Children":[
-        {"ProductName":"B","Id":2,"OemTag":"o"},{"Id":3,"Unknown":0,"TopCount":4}]},{},
-        {"TopCount":5,"Children":[{"OemTag":"p","Children":[{"Id":6}],"Id":7}],"Id":8,"Id":9}])");
-    const FontList list(json);
-    ASSERT_EQ(list.size(), 3U);
-    for (std::size_t index = 0; index < 3; ++index)
-        EXPECT_EQ(toText(list[index]->Dict()), toText(FontItem::create(json[index])->Dict()));
-}
-
 TEST(FontItem, AGroupIsActivatedWhenTheStoredFlagsOfItsMembersAre) {
     const std::pair<std::string, bool> cases[] = {
         {"[]", true},
@@ -155,30 +147,17 @@ TEST(FontItem, NamesAndTitles) {
     }
 }
 
-TEST(FontItem, TakesLocationsByLabel) {
-    const auto font = FontItem::parse(
-        R"({"ProductFileName":"A.ttf","ProductSetName":"S","Version":"1","PreviewFileUrl":"p"})");
-    for (const bool isPrivate : {false, true}) {
-        font->setIsPrivate(isPrivate);
-        EXPECT_EQ(font->getRemoteFileUrl({.productFileUrlHeader = "h/",
-                                          .privateProductFileUrlHeader = "x/",
-                                          .userGuid = "u"}),
-                  font->getRemoteFileUrl("h/", "x/", "u"));
-        for (const bool isFixed : {false, true})
-            EXPECT_EQ(font->getRemotePreviewFile({.isFixed = isFixed,
-                                                  .previewTag = "S",
-                                                  .colorTag = "B",
-                                                  .fontSize = 32,
-                                                  .fixPreviewFileUrlHeader = "f/",
-                                                  .previewFileUrlHeader = "o/",
-                                                  .privatePreviewFileUrlHeader = "i/",
-                                                  .userGuid = "u"}),
-                      font->getRemotePreviewFile(isFixed, "S", "B", 32, "f/", "o/", "i/", "u"));
+TEST(FontItem, LocationsWithoutAStemOrAURLEndTheProcess) {
+    const auto died = testing::KilledBySignal(SIGABRT);
+    const auto font = FontItem::parse(R"({"ProductFileName":"宋体字"})");
+    EXPECT_EXIT(font->LocalPreviewFile(), died, ".");
+    EXPECT_EXIT(font->getLocalPreviewFile(true, "p", "c", 1), died, ".");
+    EXPECT_EXIT(font->getRemotePreviewFile(false, "p", "c", 1), died, ".");
+    EXPECT_EXIT(font->getRemotePreviewFile(true, "p", "c", 1, "f/", "p/", "own/", "u"), died, ".");
+    for (const char* const fileUrl : {"", "宋体字", "http://h:port/a.ttf"}) {
+        font->setProductFileUrl(fileUrl);
+        EXPECT_EXIT(font->remotePreviewFile(), died, ".") << fileUrl;
     }
-    const FontItem::PreviewLabels labels{
-        .isFixed = true, .previewTag = "S", .colorTag = "B", .fontSize = 32};
-    EXPECT_EQ(font->getLocalPreviewFile(labels), font->getLocalPreviewFile(true, "S", "B", 32));
-    EXPECT_EQ(font->getRemotePreviewFile(labels), "p/A_S_B_32.png");
 }
 
 TEST(FontItem, IsLocaledWhenItsFileIsThere) {
