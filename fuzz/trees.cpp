@@ -10,7 +10,7 @@
 #include <PerchAppLibrary/text/Text.hpp>
 
 #include <array>
-#include <set>
+#include <functional>
 
 using namespace VelmoCloudEntity;
 using namespace PerchAppLibrary;
@@ -100,6 +100,9 @@ private:
         font->setId(input.pick(ids));
         font->setIsPrivate(input.oneIn(3));
         font->setTags(someIds());
+        font->setIsActivated(input.oneIn(8));
+        font->setIsFavorited(input.oneIn(8));
+        font->setIsAuthed(input.oneIn(4));
         return font;
     }
 
@@ -177,6 +180,10 @@ void lookUp(const Fonts& list, const Fonts& leaves, const std::vector<std::int64
     for (const std::int64_t id : sought) {
         tags.push_back(FontTagItem::create());
         tags.back()->setId(id);
+        tags.back()->setIsGroup(id % 2 == 0); // it counts by its own identifier
+        const auto first = std::ranges::find(list, id, &FontItem::Id);
+        require(FontList::getFontItemById(list, id) == (first == list.end() ? nullptr : *first),
+                "first by identifier" + described(list));
     }
     require(FontList::getFontById(list, sought) == byId, "by identifier" + described(leaves));
     require(FontList::getFontByTags(list, tags) == byTags, "by tags" + described(leaves));
@@ -189,16 +196,28 @@ bool matches(const FontItem& font, const FontItem& reference) {
     return text::decomposed(font.ProductName()) == text::decomposed(reference.ProductName());
 }
 
-void mark(const Fonts& list, const Fonts& leaves, const Fonts& references) {
-    for (const auto& leaf : leaves)
-        leaf->setIsActivated(false);
+/// Returns the leaves that have the flag or match one of the references.
+Fonts marked(const Fonts& leaves, bool (FontItem::*flag)() const, const Fonts& references) {
+    Fonts result;
+    std::ranges::copy_if(leaves, std::back_inserter(result), [&](const auto& leaf) {
+        return std::invoke(flag, leaf) ||
+               std::ranges::any_of(
+                   references, [&](const auto& reference) { return matches(*leaf, *reference); });
+    });
+    return result;
+}
+
+void mark(const Fonts& list, const Fonts& leaves, const Fonts& references, const Fonts& others) {
+    const std::string context = described(leaves) + described(references) + described(others);
+    const Fonts activated = marked(leaves, &FontItem::isActivated, references);
+    const Fonts favorited = marked(leaves, &FontItem::IsFavorited, others);
     FontList::setActivatedFont(list, references);
-    for (const auto& leaf : leaves)
-        require(leaf->IsActivated() == std::ranges::any_of(references,
-                                                           [&](const auto& reference) {
-                                                               return matches(*leaf, *reference);
-                                                           }),
-                "marks" + described({leaf}) + described(references));
+    FontList::setFavoritedFont(list, others);
+    require(FontList::getActivatedFont(list) == activated, "activated" + context);
+    require(FontList::getActivatedFontCount(list) == std::ssize(activated), "count" + context);
+    require(FontList::getFavoritedFont(list) == favorited, "favorited" + context);
+    require(FontList::getAuthorizedFont(list) == marked(leaves, &FontItem::IsAuthed, {}),
+            "authorized" + context);
 }
 
 } // namespace
@@ -211,7 +230,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
         collect(tree.top, leaves);
         search(tree.top, tree.made, tree.key());
         lookUp(tree.top, leaves, tree.someIds());
-        mark(tree.top, leaves, tree.some());
+        mark(tree.top, leaves, tree.some(), tree.some());
         tree.rename(); // a query keeps a signature of the names that it has read
     }
     return 0;
