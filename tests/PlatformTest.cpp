@@ -1,4 +1,5 @@
 #include <PerchAppLibrary/ApplicationManager.hpp>
+#include <PerchAppLibrary/md5.hpp>
 #include <PerchAppLibrary/platform/Path.hpp>
 #include <PerchAppLibrary/platform/PlatformFont.hpp>
 #include <PerchAppLibrary/platform/URL.hpp>
@@ -56,6 +57,20 @@ TEST(ApplicationManager, NamesTheCacheDirectoryAnewInEachCall) {
         setVariable(variables[i], before[i] ? before[i]->c_str() : nullptr);
 }
 #endif
+
+TEST(MD5, DigestsBytes) {
+    EXPECT_EQ(md5(""), "d41d8cd98f00b204e9800998ecf8427e");
+    EXPECT_EQ(md5(std::string(8, '\0')), "7dea362b3fac8e00956a4952a3d4f474");
+}
+
+TEST(URL, IsAURIOrARelativeReference) {
+    for (const char* const text : {"", "#s", "../g;x?y", "//h", "//h:8", "//h:8/a", "urn:a:b",
+                                   "ldap://[2001:db8::7]/c=GB?objectClass?one"})
+        EXPECT_EQ(url::parse(text).value().buffer(), text);
+    for (const char* const text : {"%G0", "a:b:%", "+a:b", "a[b]", "#a#b", "//::1]", "//[1::2::3]",
+                                   "//h:8a", "//a@b@c", "a b", "宋"})
+        EXPECT_FALSE(url::parse(text)) << text;
+}
 
 TEST(PlatformFont, FindsInstalledFontsByTheirExactNames) {
     const PlatformFont system = PlatformFont::system(32);
