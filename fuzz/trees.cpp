@@ -24,11 +24,13 @@ constexpr std::array setters{&FontItem::setProductName, &FontItem::setProductSet
 constexpr std::array keys{"ProductName", "ProductSetName", "ProductFileName", "displayName"};
 constexpr std::array<std::int64_t, 9> ids{0, 1, 2, 3, 64, 400'000, -1, INT64_MAX, INT64_MIN};
 
-/// A font one of whose names is not the stored one.
+/// A font one of whose names is not the stored one, and other properties neither.
 struct ClientFont : FontItem {
     using Base = FontItem;
     std::size_t overridden = 0;
     std::string name;
+    std::vector<std::int64_t> tags;
+    Fonts members;
     const std::string& pick(std::size_t index, const std::string& base) const {
         return index == overridden ? name : base;
     }
@@ -37,6 +39,13 @@ struct ClientFont : FontItem {
     const std::string& ProductFileName() const override { return pick(2, Base::ProductFileName()); }
     std::string DisplayName() const override { return pick(3, Base::DisplayName()); }
     const std::string& displayName() const override { return pick(4, Base::displayName()); }
+    std::int64_t Id() const override { return Base::Id() ^ 1; }
+    bool IsPrivate() const override { return !Base::IsPrivate(); }
+    bool IsAuthed() const override { return !Base::IsAuthed(); }
+    bool IsGroup() const override { return !Base::IsGroup(); }
+    const std::vector<std::int64_t>& Tags() const override { return tags; }
+    const Fonts& Children() const override { return members; }
+    void setChildren(Fonts fonts) override { members = std::move(fonts); }
 };
 
 /// Makes a tree, and keys that mostly come from its names.
@@ -91,6 +100,7 @@ private:
             auto client = FontItem::create<ClientFont>();
             client->overridden = input.below(5);
             client->name = name();
+            client->tags = someIds();
             font = client;
         }
         for (std::size_t which = 0; which < setters.size(); ++which)
