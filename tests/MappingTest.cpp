@@ -148,7 +148,8 @@ std::size_t find(const NameIndex& index, std::string_view name, std::uint32_t& g
 }
 
 TEST(NameIndex, DistinguishesNamesOfAllLengths) {
-    std::vector<std::string> owned{"I",
+    std::vector<std::string> owned{"",
+                                   "I",
                                    "Id",
                                    "IdA",
                                    "IsGroup",
@@ -158,8 +159,7 @@ TEST(NameIndex, DistinguishesNamesOfAllLengths) {
                                    "ExceptionMessage",
                                    "GroupCollectionId",
                                    "GroupCollectionIdentifier",
-                                   {"Id\0", 3},
-                                   ""};
+                                   std::string("Id\0", 3)};
     for (std::size_t number = 0; number < 300; ++number)
         owned.push_back((number % 2 == 0 ? "PropertyOfARecord" : "P") + std::to_string(number));
     const std::vector<std::string_view> names(owned.begin(), owned.end());
