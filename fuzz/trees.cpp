@@ -24,7 +24,7 @@ constexpr std::array setters{&FontItem::setProductName, &FontItem::setProductSet
 constexpr std::array keys{"ProductName", "ProductSetName", "ProductFileName", "displayName"};
 constexpr std::array<std::int64_t, 9> ids{0, 1, 2, 3, 64, 400'000, -1, INT64_MAX, INT64_MIN};
 
-/// A font one of whose names is not the stored one, and other properties neither.
+/// A font whose accessors return other values than the stored ones: one of its names, and more.
 struct ClientFont : FontItem {
     using Base = FontItem;
     std::size_t overridden = 0;
