@@ -6,7 +6,7 @@
 //     Kai: 5 stars
 //         Mei: Calm
 //     Song: 4 stars
-//     favourite: Kai
+//     1 favourite
 #include <VelmoCloudEntity/font/FontList.hpp>
 
 #include <PerchAppLibrary/record/RecordSchema.hpp>
@@ -69,6 +69,5 @@ int main() {
     }
     // The queries take fonts of any class, as an array of FontItem.
     const Records<FontItem> fonts(shelf->Fonts().begin(), shelf->Fonts().end());
-    for (const auto& font : FontList::getFavoritedFont(fonts))
-        std::cout << "favourite: " << font->DisplayName() << '\n';
+    std::cout << FontList::getFavoritedFont(fonts).size() << " favourite\n";
 }
