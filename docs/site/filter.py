@@ -1,0 +1,151 @@
+#!/usr/bin/env python3
+"""Prepares one file for Doxygen: filter.py FILE prints it.
+
+In a header, each macro of record/Record.hpp becomes the functions that it declares, with comments.
+In a guide, headings get identifiers, and links to them, to headers and to other files of the
+repository get the forms that the site needs. Lines keep their numbers.
+"""
+
+import os
+import re
+import sys
+
+MACRO = re.compile(r"^ *(PERCH_[A-Z_]+)\b(\((?:[^()]|\((?:[^()]|\([^()]*\))*\))*\))?;", re.M)
+
+ZEROS = {"std::int64_t": "0", "float": "0", "bool": "false", "PerchAppLibrary::JSON": "null"}
+
+
+def arguments(text):
+    """Splits the arguments of a macro at the commas outside of brackets."""
+    parts, depth = [""], 0
+    for character in text[1:-1]:
+        depth += (character in "(<{") - (character in ")>}")
+        if character == "," and depth == 0:
+            parts.append("")
+        else:
+            parts[-1] += character
+    return [" ".join(part.split()) for part in parts]
+
+
+def stored(line_type, name, setter, default):
+    plain = re.sub(r"^(?:Rare|Near)<(.*)>$", r"\1", line_type)
+    if default is None:
+        default = ZEROS.get(plain, "absent" if "optional" in plain else "empty")
+    if "Records<" in plain:
+        note = f'Array of records; JSON key "{name}". Empty by default.'
+    else:
+        note = f'Stored property of type `{plain}`; JSON key "{name}"; `{default}` by default.'
+    read = plain if plain in ("std::int64_t", "float", "bool") else f"const {plain}&"
+    return (f"virtual {read} {name}() const; /**< {note} */ "
+            f"virtual void {setter}({plain} value); /**< Sets {name}(). */")
+
+
+def record(name, base, has_defaults, has_json):
+    made = f"template <class R = {name}> static std::shared_ptr<R>"
+    functions = [f"public: typedef {base} Base; /**< The direct base. */"]
+    if has_defaults:
+        functions.append(f"{made} create(); /**< Makes a record with the default of each property."
+                         f" create<R>() makes an R, a subclass of {name}. */")
+    if has_json:
+        functions.append(f"{made} create(const JSON& json); /**< Makes a record and fills it from"
+                         f" a JSON object. */ {made} parse(Text text); /**< Returns"
+                         " create(JSON::parse(text)). Throws JSON::ParseError if the text is"
+                         " malformed. */")
+    return " ".join(functions)
+
+
+def labels(owner, name, pairs):
+    given = ", ".join(f".{label} = ..." for label, _ in pairs)
+    setters = ", ".join(f"set{target}()" for _, target in pairs)
+    return (f"template <class R = {owner}> static std::shared_ptr<R> create({name} labels);"
+            f" /**< `create({{{given}}})` makes a record and calls {setters}. */")
+
+
+def header(text):
+    owner = re.search(r"\bclass (\w+)", text).group(1) if "PERCH_" in text else ""
+    has_json = "JSONFilling::none" not in text
+
+    def declaration(match):
+        macro, given = match.group(1), match.group(2)
+        words = arguments(given) if given else []
+        nonlocal owner
+        if macro in ("PERCH_RECORD", "PERCH_RECORD_FROM_JSON"):
+            owner = words[0]
+            result = record(owner, words[1], macro == "PERCH_RECORD", has_json)
+        elif macro == "PERCH_PROPERTY":
+            result = stored(words[0], words[1], "set" + words[1], *words[2:] or [None])
+        elif macro == "PERCH_PROPERTY_SET_BY":
+            result = stored(*words[:3], *words[3:] or [None])
+        elif macro == "PERCH_CONSTANT":
+            result = (f"virtual {words[0]} {words[1]}() const; /**< Constant property: `{words[2]}`"
+                      f" in all records; key \"{words[1]}\". */")
+        elif macro == "PERCH_COMPUTED":
+            result = f"virtual {words[0]} {words[1]}() const; /**< Computed property. */"
+        elif macro == "PERCH_LABELS":
+            result = labels(owner, words[0], [arguments(pair) for pair in words[1:]])
+        else:
+            result = "public:"
+        return result + "\n" * match.group(0).count("\n")
+
+    return MACRO.sub(declaration, text)
+
+
+def page_id(path):
+    """The name of a guide's HTML file, without its ending."""
+    folder, name = os.path.split(os.path.splitext(os.path.relpath(path))[0])
+    return "index" if name == "README" else name
+
+
+def heading_id(page, heading):
+    """The identifier of a heading: the one by which web hosts of repositories link to it."""
+    words = re.sub(r"[^\w\- ]", "", heading.lower())
+    return page + "-" + words.strip().replace(" ", "-")
+
+
+def guide(path, text):
+    folder = os.path.dirname(path)
+
+    def link(match):
+        label, target = match.group(1), match.group(2)
+        if re.match(r"[a-z]+:", target):
+            return match.group(0)
+        target, _, fragment = target.partition("#")
+        file = os.path.normpath(os.path.join(folder, target)) if target else path
+        if not os.path.exists(file):
+            sys.exit(f"{path}: no such file: {file}")
+        label = label.strip("`")
+        if file.startswith("docs/") and file.endswith(".md"):
+            page = page_id(file)
+            return f'@ref {page}-{fragment} "{label}"' if fragment else f'@ref {page} "{label}"'
+        if file.endswith(".hpp"):
+            return f'@ref {file} "{label}"'
+        return f"`{label}`"
+
+    lines, is_code = [], False
+    for line in text.splitlines():
+        if line.startswith("```"):
+            is_code = not is_code
+        if not is_code:
+            level = re.match(r"(#+) (.*)", line)
+            if level and level.group(1) == "#":
+                line += f" {{#{page_id(path)}}}" if page_id(path) != "index" else ""
+            elif level:
+                line += f" {{#{heading_id(page_id(path), level.group(2))}}}"
+            else:
+                line = re.sub(r"(?<!!)\[([^\]]+)\]\(([^)\s]+)\)", link, line)
+        lines.append(line)
+    return "\n".join(lines) + "\n"
+
+
+def main():
+    path = os.path.relpath(sys.argv[1])
+    with open(path, encoding="utf-8") as file:
+        text = file.read()
+    if path.endswith(".md"):
+        text = guide(path, text)
+    elif not path.endswith("record/Record.hpp"):
+        text = header(text)
+    sys.stdout.write(text)
+
+
+main()
