@@ -31,18 +31,15 @@ def stored(line_type, name, setter, default):
     plain = re.sub(r"^(?:Rare|Near)<(.*)>$", r"\1", line_type)
     if default is None:
         default = ZEROS.get(plain, "absent" if "optional" in plain else "empty")
-    if "Records<" in plain:
-        note = f'Array of records; JSON key "{name}". Empty by default.'
-    else:
-        note = f'Stored property of type `{plain}`; JSON key "{name}"; `{default}` by default.'
+    note = f'Stored property of type `{plain}`. JSON key "{name}". Default: {default}.'
     read = plain if plain in ("std::int64_t", "float", "bool") else f"const {plain}&"
     return (f"virtual {read} {name}() const; /**< {note} */ "
             f"virtual void {setter}({plain} value); /**< Sets {name}(). */")
 
 
-def record(name, base, has_defaults, has_json):
+def record(name, has_defaults, has_json):
     made = f"template <class R = {name}> static std::shared_ptr<R>"
-    functions = [f"public: typedef {base} Base; /**< The direct base. */"]
+    functions = ["public:"]
     if has_defaults:
         functions.append(f"{made} create(); /**< Makes a record with the default of each property."
                          f" create<R>() makes an R, a subclass of {name}. */")
@@ -71,7 +68,7 @@ def header(text):
         nonlocal owner
         if macro in ("PERCH_RECORD", "PERCH_RECORD_FROM_JSON"):
             owner = words[0]
-            result = record(owner, words[1], macro == "PERCH_RECORD", has_json)
+            result = record(owner, macro == "PERCH_RECORD", has_json)
         elif macro == "PERCH_PROPERTY":
             result = stored(words[0], words[1], "set" + words[1], *words[2:] or [None])
         elif macro == "PERCH_PROPERTY_SET_BY":
@@ -92,49 +89,44 @@ def header(text):
 
 def page_id(path):
     """The name of a guide's HTML file, without its ending."""
-    folder, name = os.path.split(os.path.splitext(os.path.relpath(path))[0])
+    name = os.path.splitext(os.path.basename(path))[0]
     return "index" if name == "README" else name
 
 
 def heading_id(page, heading):
     """The identifier of a heading: the one by which web hosts of repositories link to it."""
-    words = re.sub(r"[^\w\- ]", "", heading.lower())
-    return page + "-" + words.strip().replace(" ", "-")
+    return page + "-" + re.sub(r"[^\w\- ]", "", heading.lower()).strip().replace(" ", "-")
 
 
 def guide(path, text):
-    folder = os.path.dirname(path)
+    page = page_id(path)
 
     def link(match):
-        label, target = match.group(1), match.group(2)
-        if re.match(r"[a-z]+:", target):
+        label, target = " ".join(match.group(1).strip("`").split()), match.group(2)
+        if ":" in target:
             return match.group(0)
         target, _, fragment = target.partition("#")
-        file = os.path.normpath(os.path.join(folder, target)) if target else path
-        if not os.path.exists(file):
-            sys.exit(f"{path}: no such file: {file}")
-        label = label.strip("`")
+        file = os.path.normpath(os.path.join(os.path.dirname(path), target)) if target else path
+        lines = "\n" * match.group(0).count("\n")
         if file.startswith("docs/") and file.endswith(".md"):
-            page = page_id(file)
-            return f'@ref {page}-{fragment} "{label}"' if fragment else f'@ref {page} "{label}"'
+            place = heading_id(page_id(file), fragment) if fragment else page_id(file)
+            return f'@ref {place} "{label}"{lines}'
         if file.endswith(".hpp"):
-            return f'@ref {file} "{label}"'
-        return f"`{label}`"
+            return f'@ref {os.path.basename(file)} "{label}"{lines}'
+        return f"`{label}`{lines}" # a file that is not on the site
 
-    lines, is_code = [], False
-    for line in text.splitlines():
-        if line.startswith("```"):
-            is_code = not is_code
-        if not is_code:
-            level = re.match(r"(#+) (.*)", line)
-            if level and level.group(1) == "#":
-                line += f" {{#{page_id(path)}}}" if page_id(path) != "index" else ""
-            elif level:
-                line += f" {{#{heading_id(page_id(path), level.group(2))}}}"
-            else:
-                line = re.sub(r"(?<!!)\[([^\]]+)\]\(([^)\s]+)\)", link, line)
-        lines.append(line)
-    return "\n".join(lines) + "\n"
+    def heading(match):
+        if match.group(1) == "#":
+            return match.group(0) if page == "index" else f"{match.group(0)} {{#{page}}}"
+        return f"{match.group(0)} {{#{heading_id(page, match.group(2))}}}"
+
+    if not text.startswith("#"):
+        text = f"# {page.capitalize()}\n\n{text}"
+    parts = re.split(r"(^```.*?^```$)", text, flags=re.M | re.S)
+    for index in range(0, len(parts), 2): # what is not code
+        parts[index] = re.sub(r"(?<!!)\[([^\]]+)\]\(([^)\s]+)\)", link, parts[index])
+        parts[index] = re.sub(r"(?m)^(#+) (.*)$", heading, parts[index])
+    return "".join(parts)
 
 
 def main():
@@ -143,8 +135,8 @@ def main():
         text = file.read()
     if path.endswith(".md"):
         text = guide(path, text)
-    elif not path.endswith("record/Record.hpp"):
-        text = header(text)
+    else: # a file with a comment has a page
+        text = "/** @file */ " + (text if path.endswith("record/Record.hpp") else header(text))
     sys.stdout.write(text)
 
 
