@@ -34,7 +34,7 @@ def stored(line_type, name, setter, default):
     note = f'Stored property of type `{plain}`. JSON key "{name}". Default: {default}.'
     read = plain if plain in ("std::int64_t", "float", "bool") else f"const {plain}&"
     return (f"virtual {read} {name}() const; /**< {note} */ "
-            f"virtual void {setter}({plain} value); /**< Sets {name}(). */")
+            f"virtual void {setter}({plain} newValue); /**< Sets {name}(). */")
 
 
 def record(name, has_defaults, has_json):
@@ -84,7 +84,15 @@ def header(text):
             result = "public:"
         return result + "\n" * match.group(0).count("\n")
 
+    text = re.sub(r"(?m)^ *friend (class|struct) \w+;", "", text)
     return MACRO.sub(declaration, text)
+
+
+def with_page(text):
+    """Marks the comment of a header, since Doxygen makes no page without one. Cuts off helpers."""
+    text = text.partition("\n// The macros above use the following ones.")[0]
+    text, count = re.subn(r"\n(\n(?:///.*\n)+(?:\n|namespace ))", r"\n/// @file\1", text, count=1)
+    return text if count else "/** @file */ " + text
 
 
 def page_id(path):
@@ -135,8 +143,8 @@ def main():
         text = file.read()
     if path.endswith(".md"):
         text = guide(path, text)
-    else: # a file with a comment has a page
-        text = "/** @file */ " + (text if path.endswith("record/Record.hpp") else header(text))
+    else:
+        text = with_page(text if path.endswith("record/Record.hpp") else header(text))
     sys.stdout.write(text)
 
 
