@@ -2,6 +2,8 @@
 #include "Commands.hpp"
 #include "Terminal.hpp"
 
+#include <VelmoCloudEntity/version.hpp>
+
 #include <CLI/App.hpp>
 #include <CLI/Config.hpp>
 #include <CLI/Formatter.hpp>
