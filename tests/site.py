@@ -13,6 +13,7 @@ import pathlib
 import subprocess
 import sys
 import time
+import urllib.error
 import urllib.parse
 import urllib.request
 
@@ -62,18 +63,23 @@ class Browser:
             if "successfully on port" in line:
                 self.address = "http://127.0.0.1:" + line.split()[-1].rstrip(".") + "/session"
                 break
-        options = {"args": ["--headless", "--no-sandbox", "--disable-gpu", "--hide-scrollbars"]}
+        # A container has little shared memory.
+        options = {"args": ["--headless", "--no-sandbox", "--disable-gpu", "--hide-scrollbars",
+                            "--disable-dev-shm-usage"]}
         asked = {"alwaysMatch": {"browserName": "chrome", "goog:chromeOptions": options}}
         self.address += "/" + self.post("", capabilities=asked)["sessionId"]
 
     def post(self, command, **parameters):
         request = urllib.request.Request(self.address + command, json.dumps(parameters).encode())
-        with urllib.request.urlopen(request, timeout=60) as reply:
-            return json.load(reply)["value"]
+        try:
+            with urllib.request.urlopen(request, timeout=60) as reply:
+                return json.load(reply)["value"]
+        except urllib.error.HTTPError as error:
+            sys.exit(f"chromedriver: {command}: {error.read().decode()[:500]}")
 
     def resize(self, width, height=900):
         self.post("/goog/cdp/execute", cmd="Emulation.setDeviceMetricsOverride", params={
-            "width": width, "height": height, "deviceScaleFactor": 1, "mobile": width < 600})
+            "width": width, "height": height, "deviceScaleFactor": 1, "mobile": False})
 
     def open(self, page):
         self.post("/url", url=page.as_uri())
@@ -139,10 +145,12 @@ def faults_in_browser(browser, folder):
     for member in ("ProductName()", "setProductName(", "JSON key \"ProductName\"", "setActivated("):
         expect(member in text().replace(" (", "(").replace("( )", "()"),
                f"the page of FontItem does not show {member}")
-    for name, width in WIDTHS.items():
-        browser.resize(width)
-        for page in sorted(html_folder.glob("*.html")):
-            browser.open(page)
+    browser.open(html_folder / "RecordTree_8hpp.html")
+    expect("forEachLeaf" in text(), "the page of RecordTree.hpp does not show forEachLeaf()")
+    for page in sorted(html_folder.glob("*.html")):
+        browser.open(page)
+        for name, width in WIDTHS.items():
+            browser.resize(width)
             found += [f"{page.name} at {width} pixels: {each}" for each in browser.run(SIDEWAYS)]
             if page.stem in SHOWN:
                 browser.save(folder / f"{name}-{page.stem}.png")
