@@ -23,7 +23,11 @@ void require(const JSON& reply, JSON::Type type, const char* message) {
 void Catalogue::readFonts(const JSON& reply) {
     require(reply, JSON::Type::array, "this is no list of fonts");
     m_fonts = FontList(reply);
+    m_fontCount = FontList::getFontCount(m_fonts.List());
     m_passing.reset();
+    // The first search of a tree also computes the signatures of its names. No user waits for it
+    // here.
+    FontList::getFontByName(m_fonts.List(), "a", true);
 }
 
 void Catalogue::readTags(const JSON& reply) {

