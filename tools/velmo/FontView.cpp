@@ -88,7 +88,7 @@ void printFonts(const Fonts& fonts, bool asJSON) {
         table.add({std::to_string(font->Id()), font->DisplayName(), font->TreeNodeTitle(),
                    marksOf(*font)});
     if (!fonts.empty())
-        print(table.text());
+        table.print();
     print(countOfFonts(static_cast<std::int64_t>(fonts.size())) + "\n");
 }
 

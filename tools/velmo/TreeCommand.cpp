@@ -53,7 +53,8 @@ ExitStatus showTree(const TreeOptions& options) {
     Table table(
         {{"TITLE"}, {"ID", Table::Align::right}, {"FONTS", Table::Align::right}, {"MARKS"}});
     addRows(table, list.List(), 0);
-    print(table.text() + countOfFonts(FontList::getFontCount(list.List())) + ", " +
+    table.print();
+    print(countOfFonts(FontList::getFontCount(list.List())) + ", " +
           std::to_string(FontList::getActivatedFontCount(list.List())) + " activated\n");
     return ExitStatus::success;
 }
