@@ -104,10 +104,13 @@ ExitStatus search(const SearchOptions& options) {
 } // namespace
 
 void addSearch(CLI::App& application, Action& selected) {
-    auto [command, options] = addCommand(application, selected, "search",
-                                         "Search like the client's search box: fonts with the "
-                                         "whole key, then fonts with one of its characters",
-                                         &search);
+    auto [command, options] =
+        addCommand(application, selected,
+                   {.name = "search",
+                    .description = "Search like the client's search box: fonts with the "
+                                   "whole key, then fonts with one of its characters",
+                    .example = "velmo search font-list.json anuphan"},
+                   &search);
     addFile(command, options.source);
     command.add_option("KEY", options.key, "Search key")->required();
 }

@@ -62,8 +62,12 @@ ExitStatus showTree(const TreeOptions& options) {
 } // namespace
 
 void addTree(CLI::App& application, Action& selected) {
-    auto [command, options] = addCommand(application, selected, "tree",
-                                         "Show the font tree: titles, counts, marks", &showTree);
+    auto [command, options] =
+        addCommand(application, selected,
+                   {.name = "tree",
+                    .description = "Show the font tree: titles, counts, marks",
+                    .example = "velmo tree font-list.json --activate activated-fonts.json"},
+                   &showTree);
     addFile(command, options.source);
     addMarks(command, options.source);
 }
