@@ -3,7 +3,7 @@
 namespace velmo {
 
 std::string HelpFormatter::make_option_opts(const CLI::Option* option) const {
-    if (option->get_positional() || option->get_type_size() == 0)
+    if (option->get_positional() || option->get_type_name().empty())
         return "";
     const std::string& value = option->get_default_str();
     return " " + option->get_type_name() + (value.empty() ? "" : "=" + value);

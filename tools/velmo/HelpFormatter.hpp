@@ -11,7 +11,7 @@ namespace velmo {
 /// footer of the program stands behind the help of each command, too.
 class HelpFormatter : public CLI::Formatter {
 public:
-    HelpFormatter() { column_width(22); }
+    HelpFormatter() { column_width(28); }
 
     std::string make_option_opts(const CLI::Option* option) const override;
     std::string make_footer(const CLI::App* app) const override;
