@@ -70,7 +70,7 @@ void checkSearch(const std::string& given, const std::string& key) {
     if (!isIn)
         return;
     const std::string_view folded = searched.folded().bytes();
-    require(folded.substr(*place).starts_with(needle.text().bytes()), context);
+    require(folded.substr(*place).starts_with(text::folded(key)), context);
     require(!contains(std::string(folded.substr(0, *place)), unicode(key)), context);
     require(contains(given.substr(part->begin, part->end - part->begin), unicode(key)), context);
     require(!contains(given.substr(0, part->begin), unicode(key)), context);

@@ -129,6 +129,9 @@ TEST(JSON, StepsThroughAnArray) {
     }
     EXPECT_EQ(stepped, R"(1 [2,[3]] {"a":4} "5" true null 1.5E0 )");
     EXPECT_EQ(given + indexed, stepped + stepped);
+    auto second = json.begin();
+    second++;
+    EXPECT_EQ(second->type(), array);
     const JSON none = JSON::parse("[]");
     EXPECT_EQ(none.begin(), none.end());
 }

@@ -23,6 +23,8 @@
 
 #include "RecordTesting.hpp"
 
+#include <PerchAppLibrary/record/RecordWriter.hpp>
+
 #include <boost/json/parse.hpp>
 
 #include <algorithm>
@@ -202,6 +204,9 @@ TEST_P(RecordTable, TakesEachPropertyFromItsOwnKey) {
 TEST_P(RecordTable, IsReadBackFromItsExport) {
     const std::string text = toText(record->properties());
     EXPECT_EQ(toText(type.filled(JSON::parse(text))->properties()), text);
+    std::string written = "{";
+    record->schema().writer().write(*record, written);
+    EXPECT_EQ(written + "}", text);
     const std::string dictionary = special.dictionary;
     if (dictionary.empty()) {
         EXPECT_THROW((void)record->value("Dict"), UndefinedKeyError);
@@ -247,6 +252,16 @@ TEST(ListTable, MakesOneItemForEachElementOfAnArray) {
     expectList("FontSearchList", &FontSearchList::List, &FontSearchList::setList);
     expectList("PhoneNumberPrefixList", &PhoneNumberPrefixList::list,
                &PhoneNumberPrefixList::setList);
+}
+
+TEST(RecordWriter, WritesNullForARecordThatIsNone) {
+    const auto font = FontItem::create();
+    font->setChildren({nullptr});
+    std::string written;
+    font->schema().writer().write(*font, written);
+    for (const std::string& text : {written, toText(font->properties())})
+        EXPECT_NE(text.find(R"("Children":[null])"), std::string::npos) << text;
+    EXPECT_EQ(toText(font->value("Children")), "[null]");
 }
 
 TEST(RecordList, IsARangeAndOutlivesATemporary) {

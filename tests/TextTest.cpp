@@ -122,6 +122,7 @@ TEST(Text, CountsUnitsCharactersAndColumns) {
         EXPECT_EQ(text::graphemeCount(each.text), each.graphemes) << each.text;
         EXPECT_EQ(text::columnCount(each.text), each.columns) << each.text;
     }
+    EXPECT_TRUE(!text::isControl("") && text::codePoint("") == U'\0');
 }
 
 } // namespace

@@ -1,16 +1,57 @@
 #!/usr/bin/env bash
-# consumer.sh BUILD SOURCE COMPILER: installs the library, and builds and runs a program with it.
+# consumer.sh SOURCE COMPILER FROM WAY...: builds and runs a user's program with the library, in each
+# way: find_package and pkg-config find what is installed under FROM, or what a build in FROM
+# installs; add_subdirectory and FetchContent build the sources.
 set -eu
-prefix=$(mktemp -d)
-trap 'rm -rf "$prefix"' EXIT
-cmake --install "$1" --prefix "$prefix/usr" >"$prefix/log"
-if find "$prefix/usr" -name detail | grep .; then
+source=$1 compiler=$2 prefix=$3
+shift 3
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+example=$source/examples/own-record.cpp
+if [ -e "$prefix/CMakeCache.txt" ]; then
+    cmake --install "$prefix" --prefix "$work/moved" >"$work/log"
+    prefix=$work/prefix
+    mv "$work/moved" "$prefix" # an installed tree can be moved
+fi
+if find "$prefix/include/PerchAppLibrary" "$prefix/include/VelmoCloudEntity" -name detail | grep .; then
     echo "Private headers are installed"
     exit 1
 fi
-cmake -G Ninja -S "$2/tests/consumer" -B "$prefix/build" -DCMAKE_PREFIX_PATH="$prefix/usr" \
-    -DCMAKE_CXX_COMPILER="$3" -DEXAMPLE="$2/examples/own-record.cpp" >"$prefix/log" ||
-    { cat "$prefix/log"; exit 1; }
-cmake --build "$prefix/build" >"$prefix/log" || { cat "$prefix/log"; exit 1; }
-"$prefix/build/consumer" | grep '^1 favourite$'
-[ ! -e "$prefix/usr/bin/velmo" ] || "$prefix/usr/bin/velmo" --version
+
+by_cmake() { # WAY [OPTIONS]
+    local way=$1
+    shift
+    cmake -G Ninja -S "$source/tests/consumer" -B "$work/$way" -DCMAKE_PREFIX_PATH="$prefix" \
+        -DCMAKE_CXX_COMPILER="$compiler" -DCMAKE_BUILD_TYPE=Release -DWAY="$way" \
+        -DSOURCE="$source" -DEXAMPLE="$example" "$@" &&
+        cmake --build "$work/$way" --target consumer
+}
+
+by_pkg_config() {
+    local found
+    found=$(dirname "$(find "$prefix/lib" -name VelmoCloudEntity.pc)")
+    mkdir "$work/pkg-config"
+    # shellcheck disable=SC2046
+    "$compiler" -std=c++20 "$example" -o "$work/pkg-config/consumer" \
+        $(PKG_CONFIG_PATH=$found pkg-config --cflags --libs VelmoCloudEntity)
+}
+
+build() { # WAY
+    case $1 in
+    pkg-config) by_pkg_config ;;
+    find_package)
+        by_cmake find_package -DWANTED=1.0 &&
+            ! by_cmake newer -DWAY=find_package -DWANTED=1.99 2>"$work/err" &&
+            grep 'compatible with requested version "1.99"' "$work/err"
+        ;;
+    *) by_cmake "$1" ;;
+    esac
+}
+
+export LD_LIBRARY_PATH
+LD_LIBRARY_PATH=$(find "$prefix/lib" -name 'libVelmoCloudEntity.so' -printf '%h\n')
+for way; do
+    build "$way" >"$work/log" 2>&1 || { cat "$work/log"; echo "Failed: $way"; exit 1; }
+    "$work/$way/consumer" | grep -q '^1 favourite$'
+    echo "$way: builds and runs"
+done

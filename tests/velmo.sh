@@ -59,6 +59,7 @@ document cut.json '[{"Id": 1}'
 document empty.json ''
 document bom.json '\0357\0273\0277[]'
 document bytes.json '[{"ProductName": "\0377"}]'
+document twice.json '[{"Id":1},{"Id":1}]'
 document object.json '{"List": [{"Id": 1}]}'
 document odd.json '[{"Id":1,"ProductName":"A","ProductFileName":"abc",
         "ProductFileUrl":"https://h/a.ttf"},7,null,
@@ -245,6 +246,7 @@ expect 0 "\{$names,.*\"Children\":\[\{\"Id\":4" tree "$directory/odd.json" --jso
 expect 0 '"getRemotePreviewFile":"https://p/Anuphan/3.00/Anuphan-Light_S_B_32.png"\}$' \
     locate "$fonts" 339 --fixed --fix-preview-url https://p/ --json
 expect 1 'odd.json: font 1 "A": its file name "abc" is too short' locate "$directory/odd.json" 1
+expect 1 'twice.json: 2 fonts have the Id 1; the first' locate "$directory/twice.json" 1
 expect 0 '"remotePreviewFile":null' locate "$directory/odd.json" 2 --json
 grep -qF 'odd.json: font 2 "B\u001B[31m": its ProductFileUrl "1:b.ttf" gives no URL' \
     "$directory/err" || fail "no warning of the URL"
@@ -274,7 +276,8 @@ done
 zeros="[0$(printf ',0%.0s' $(seq 400000))]"
 printf '%s' "$zeros" >"$directory/zeros.json"
 printf '{"FontList":%s}' "$zeros" >"$directory/map.json"
-for arguments in "read FontTagList $directory/zeros.json" \
+truncate -s 200M "$directory/huge.json"
+for arguments in "read FontTagList $directory/zeros.json" "tree $directory/huge.json" \
     "tree $fonts --activate $directory/map.json"; do
     # shellcheck disable=SC2086
     (ulimit -v 150000 && "$velmo" --version >/dev/null 2>&1 || exit 0

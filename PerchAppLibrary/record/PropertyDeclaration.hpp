@@ -54,11 +54,11 @@ using FieldOf = std::conditional_t<Declared<T>::place == Place::field, ValueOf<T
                                    Slot<Declared<T>::place, Record, Line>>;
 
 template <class T, class Record>
-constexpr T Record::* fieldPointer(T Record::* field) {
+consteval T Record::* fieldPointer(T Record::* field) {
     return field;
 }
 template <class T, class Record, Place place, int Line>
-constexpr T Record::* fieldPointer(Slot<place, Record, Line> Record::* /*slot*/) {
+consteval T Record::* fieldPointer(Slot<place, Record, Line> Record::* /*slot*/) {
     return nullptr;
 }
 
@@ -68,7 +68,7 @@ using PropertyLines =
     std::make_integer_sequence<int, Record::lastPropertyLine - Record::firstPropertyLine>;
 
 template <class Record, int Line>
-constexpr Place placeAt() {
+consteval Place placeAt() {
     if constexpr (requires { Record::onePropertyPerLine(At<Line>()).name; })
         return decltype(Record::onePropertyPerLine(At<Line>()))::place;
     else
@@ -76,15 +76,16 @@ constexpr Place placeAt() {
 }
 
 template <class Record>
-inline constexpr auto placesOf = []<int... Offsets>(std::integer_sequence<int, Offsets...>) {
-    return std::array<Place, sizeof...(Offsets)>{
-        placeAt<Record, Record::firstPropertyLine + 1 + Offsets>()...};
-}(PropertyLines<Record>());
+inline constexpr auto placesOf =
+    []<int... Offsets>(std::integer_sequence<int, Offsets...>) consteval {
+        return std::array<Place, sizeof...(Offsets)>{
+            placeAt<Record, Record::firstPropertyLine + 1 + Offsets>()...};
+    }(PropertyLines<Record>());
 
 /// Returns the number of properties at the place in the bases of a class, and in its lines before
 /// `line`.
 template <class Record, Place place>
-constexpr unsigned countBefore(int line) {
+consteval unsigned countBefore(int line) {
     unsigned count = 0;
     if constexpr (requires { typename Record::Base; })
         count = countBefore<typename Record::Base, place>(Record::Base::lastPropertyLine);
@@ -114,7 +115,7 @@ inline constexpr bool isEnded = std::same_as<typename Record::Ended, Record>;
 
 /// Returns whether the class itself, not a base, declares a getter.
 template <class Self, class Record, class T>
-constexpr bool isOwnProperty(T (Record::* /*getter*/)() const) {
+consteval bool isOwnProperty(T (Record::* /*getter*/)() const) {
     return std::same_as<Self, Record>;
 }
 
@@ -177,20 +178,21 @@ inline constexpr bool hasLabelsAt =
 
 /// The lines of the sets of labels of a class, padded with zeros.
 template <class Record>
-inline constexpr auto labelLines = []<int... Offsets>(std::integer_sequence<int, Offsets...>) {
-    constexpr std::array<bool, sizeof...(Offsets)> isFound{
-        hasLabelsAt<Record, Record::firstPropertyLine + 1 + Offsets>...};
-    std::array<int, mostInheritedLabels> lines{};
-    std::size_t count = 0;
-    int line = Record::firstPropertyLine;
-    for (const bool each : isFound)
-        if (++line; each && count < lines.size())
-            lines[count++] = line;
-    return lines;
-}(std::make_integer_sequence<int, mostLinesToLabels>());
+inline constexpr auto labelLines =
+    []<int... Offsets>(std::integer_sequence<int, Offsets...>) consteval {
+        constexpr std::array<bool, sizeof...(Offsets)> isFound{
+            hasLabelsAt<Record, Record::firstPropertyLine + 1 + Offsets>...};
+        std::array<int, mostInheritedLabels> lines{};
+        std::size_t count = 0;
+        int line = Record::firstPropertyLine;
+        for (const bool each : isFound)
+            if (++line; each && count < lines.size())
+                lines[count++] = line;
+        return lines;
+    }(std::make_integer_sequence<int, mostLinesToLabels>());
 
 template <class Record>
-constexpr std::size_t labelCount() {
+consteval std::size_t labelCount() {
     std::size_t count = 0;
     while (count < mostInheritedLabels && labelLines<Record>[count] != 0)
         ++count;
@@ -200,7 +202,7 @@ constexpr std::size_t labelCount() {
 /// Returns the type of the Nth set of labels of a class, its own first, then inherited ones, or of
 /// a NoLabels.
 template <class Record, std::size_t N>
-constexpr auto labelsOf() {
+consteval auto labelsOf() {
     if constexpr (N < labelCount<Record>())
         return decltype(Record::labelsAt(At<labelLines<Record>[N]>()))();
     else if constexpr (requires { typename Record::Base; })

@@ -120,7 +120,7 @@ public:                                                                         
         this->PerchAppLibrary::BaseEntity::store(this->m_##Name, std::move(newValue));             \
         this->perchChanged(#Name);                                                                 \
     }                                                                                              \
-    static constexpr PerchAppLibrary::StoredProperty<Self, PerchAppLibrary::ValueOf<Type>,         \
+    static consteval PerchAppLibrary::StoredProperty<Self, PerchAppLibrary::ValueOf<Type>,         \
                                                      PerchAppLibrary::Declared<Type>::place>       \
     onePropertyPerLine(PerchAppLibrary::At<__LINE__>) {                                            \
         PERCH_ASSERT_IN_LIST(Name)                                                                 \
@@ -142,7 +142,7 @@ public:                                                                         
         static const PerchAppLibrary::NoDestructor<Type> constant(Type{Constant});             \
         return *constant;                                                                      \
     }                                                                                          \
-    static constexpr PerchAppLibrary::StoredProperty<Self, Type, PerchAppLibrary::Place::none> \
+    static consteval PerchAppLibrary::StoredProperty<Self, Type, PerchAppLibrary::Place::none> \
     onePropertyPerLine(PerchAppLibrary::At<__LINE__>) {                                        \
         PERCH_ASSERT_IN_LIST(Name)                                                             \
         return {#Name, &Self::Name, nullptr, nullptr, nullptr};                                \
@@ -153,7 +153,7 @@ public:                                                                         
 #define PERCH_COMPUTED(Type, Name)                                                     \
 public:                                                                                \
     virtual Type Name() const;                                                         \
-    static constexpr PerchAppLibrary::ComputedProperty<Self, Type> onePropertyPerLine( \
+    static consteval PerchAppLibrary::ComputedProperty<Self, Type> onePropertyPerLine( \
         PerchAppLibrary::At<__LINE__>) {                                               \
         PERCH_ASSERT_IN_LIST(Name)                                                     \
         return {#Name, &Self::Name};                                                   \
@@ -174,7 +174,7 @@ protected:                                                                      
                       #Effect " of PERCH_ON_CHANGE must be noexcept");                      \
         static_cast<Self&>(record).Effect();                                                \
     }                                                                                       \
-    static constexpr PerchAppLibrary::EffectOfChange perchEffectOf(std::string_view name) { \
+    static consteval PerchAppLibrary::EffectOfChange perchEffectOf(std::string_view name) { \
         return perchHasEffect(name) ? &Self::perchCallEffect : nullptr;                     \
     }                                                                                       \
     void perchChanged(std::string_view name) {                                              \

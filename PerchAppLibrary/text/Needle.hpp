@@ -28,9 +28,6 @@ public:
 
     bool isEmpty() const noexcept { return m_text.bytes().empty(); }
 
-    /// Returns the folded needle.
-    const ComparedText& text() const noexcept { return m_text; }
-
     const TextSignature& signature() const noexcept { return m_signature; }
 
     /// Returns whether the needle occurs in the text. Linear in their total length.

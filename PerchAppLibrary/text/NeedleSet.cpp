@@ -16,9 +16,7 @@ constexpr std::size_t maxOthers = 16;
 void NeedleSet::add(std::string_view text) {
     const ComparedText folded(text);
     const std::string_view needle = folded.bytes();
-    if (needle.empty())
-        return;
-    if (!m_needles.emplace(needle).second)
+    if (needle.empty() || !m_needles.emplace(needle).second)
         return;
     addSignature(folded);
     m_longest = std::max(m_longest, codePointCount(needle));

@@ -46,8 +46,7 @@ void releaseTree(Records<Item>& records, TakeChildren takeChildren) noexcept {
         try {
             pending.insert(pending.end(), std::make_move_iterator(children.begin()),
                            std::make_move_iterator(children.end()));
-        } catch (const std::bad_alloc&) {
-            children.clear();
+        } catch (const std::bad_alloc&) { // NOLINT(bugprone-empty-catch): children are destroyed
         }
     }
 }

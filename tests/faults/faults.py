@@ -321,7 +321,7 @@ def tried(number):
     """Returns the names of the tests that notice the fault."""
     environment = dict(os.environ, PERCH_FAULT=str(number))
     noticed = []
-    for name in ("", "-thread", "-memory", "-plain-reader"):
+    for name in ("", "-memory", "-plain-reader"):
         prefix = "PlainReader." if name == "-plain-reader" else ""
         noticed += googletest(BUILD / "tests" / f"velmo{name}-tests", environment, prefix)
     velmo = ["bash", COPY / "tests/velmo.sh", BUILD / "tools/velmo/velmo", COPY / "samples"]

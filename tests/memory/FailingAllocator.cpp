@@ -7,11 +7,11 @@
 #include <utility>
 
 #if defined(__has_feature)
-#if __has_feature(address_sanitizer) || __has_feature(thread_sanitizer)
-#define KEEPS_MALLOC // a sanitizer's own
+#if __has_feature(address_sanitizer)
+#define KEEPS_MALLOC // the sanitizer's own
 #endif
 #endif
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__) || !defined(__GLIBC__)
+#if defined(__SANITIZE_ADDRESS__) || !defined(__GLIBC__)
 #define KEEPS_MALLOC
 #endif
 

@@ -2,6 +2,8 @@
 
 #include "HelpFormatter.hpp"
 
+#include <VelmoCloudEntity/version.hpp>
+
 #include <CLI/App.hpp>
 #include <CLI/Config.hpp>
 

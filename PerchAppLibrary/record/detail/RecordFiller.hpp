@@ -328,7 +328,7 @@ private:
     }
 
     template <std::size_t Index>
-    static constexpr Handler fieldHandler() {
+    static consteval Handler fieldHandler() {
         using Access = std::variant_alternative_t<Index, decltype(Property::access)>;
         if constexpr (requires { typename Access::Value; })
             return &fillPlace<Access, FieldPlace<typename Access::Value>>;
@@ -337,10 +337,10 @@ private:
     }
 
     /// The handlers, indexed by FillAction::Kind.
-    static constexpr auto handlers = []<std::size_t... Index>(std::index_sequence<Index...>) {
-        return std::array<Handler, FillAction::fillFirstField + sizeof...(Index)>{
+    static constexpr auto handlers = []<std::size_t... I>(std::index_sequence<I...>) consteval {
+        return std::array<Handler, FillAction::fillFirstField + sizeof...(I)>{
             &ignore, &defer, &fillPlace<FieldAccess<bool>, FlagPlace>,
-            &fillPlace<FieldAccess<std::string>, SparsePlace>, fieldHandler<Index>()...};
+            &fillPlace<FieldAccess<std::string>, SparsePlace>, fieldHandler<I>()...};
     }(std::make_index_sequence<std::variant_size_v<decltype(Property::access)>>());
 
     const Source& m_source;

@@ -1,7 +1,7 @@
 // The man page, in the macros "man" of roff.
 #include "CommandLine.hpp"
 
-#include <fmt/format.h>
+#include <VelmoCloudEntity/version.hpp>
 
 namespace velmo {
 namespace {
@@ -13,15 +13,15 @@ std::string roff(const std::string& text) {
     return escaped.starts_with('.') || escaped.starts_with('\'') ? "\\&" + escaped : escaped;
 }
 
-std::string bold(const std::string& text) { return "\\fB" + roff(text) + "\\fR"; }
+std::string strong(const std::string& text) { return "\\fB" + roff(text) + "\\fR"; }
 
-std::string italic(const std::string& text) { return "\\fI" + roff(text) + "\\fR"; }
+std::string emphasised(const std::string& text) { return "\\fI" + roff(text) + "\\fR"; }
 
 /// Returns the command with its arguments, on one line.
 std::string synopsis(const Command& command) {
-    std::string text = bold("velmo " + command.name) + " [" + italic("OPTION") + "]...";
+    std::string text = strong("velmo " + command.name) + " [" + emphasised("OPTION") + "]...";
     for (const Parameter& argument : command.arguments) {
-        const std::string name = italic(argument.value) + (argument.isRepeated ? "..." : "");
+        const std::string name = emphasised(argument.value) + (argument.isRepeated ? "..." : "");
         text += " " + (argument.isRequired ? name : "[" + name + "]");
     }
     return text + "\n";
@@ -31,9 +31,9 @@ std::string synopsis(const Command& command) {
 std::string paragraph(const Parameter& parameter) {
     std::string label;
     for (const std::string& name : parameter.names)
-        label += (label.empty() ? "" : ", ") + bold(name);
+        label += (label.empty() ? "" : ", ") + strong(name);
     if (!parameter.value.empty())
-        label += (label.empty() ? "" : " ") + italic(parameter.value);
+        label += (label.empty() ? "" : " ") + emphasised(parameter.value);
     std::string details;
     if (parameter.names.empty() && !parameter.choices.empty())
         details = ".br\nOne of " + roff(join(parameter.choices, ", ")) + ".\n";
@@ -70,7 +70,8 @@ std::string manPage(const CommandLine& definition) {
     std::string text = ".TH VELMO 1 \"\" \"velmo " VELMO_VERSION "\" \"User Commands\"\n"
                        ".SH NAME\nvelmo \\- read saved replies of a font\\-cloud service\n"
                        ".SH SYNOPSIS\n";
-    text += bold("velmo") + " " + italic("COMMAND") + " [" + italic("ARGUMENT") + "]...\n";
+    text +=
+        strong("velmo") + " " + emphasised("COMMAND") + " [" + emphasised("ARGUMENT") + "]...\n";
     text += ".SH DESCRIPTION\n" + roff(program.description) + "\n.SH OPTIONS\n";
     for (const Parameter& option : program.options)
         text += paragraph(option);
