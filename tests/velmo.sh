@@ -251,7 +251,7 @@ expect 0 '"remotePreviewFile":null' locate "$directory/odd.json" 2 --json
 grep -qF 'odd.json: font 2 "B\u001B[31m": its ProductFileUrl "1:b.ttf" gives no URL' \
     "$directory/err" || fail "no warning of the URL"
 expect 0 '^Anuphan Light\(' locate "$fonts" 0339
-grep -qE '^  Font +[^ ]' "$directory/out" || fail "the font to draw with is missing"
+grep -qE '^  Drawn with the font +[^ ]' "$directory/out" || fail "the font to draw with is missing"
 expect 2 'no\\u000Asuch' tree "$directory/no
 such"
 expect 1 'no font has the Id 3$' locate "$directory/odd.json" 3 # a group

@@ -1,5 +1,7 @@
 #include "Commands.hpp"
 
+#include "Terminal.hpp"
+
 #include <CLI/App.hpp>
 #include <CLI/Config.hpp>
 #include <CLI/Formatter.hpp>
@@ -53,12 +55,36 @@ void requireCommand(const CLI::App& application, const std::string& name) {
                   "\"? (see velmo --help)");
 }
 
-CLI::App& addCommand(CLI::App& application, Action& selected, const std::string& name,
-                     const std::string& description, bool& asJSON, Action action) {
-    CLI::App& command = *application.add_subcommand(name, description);
+CLI::App& addCommand(CLI::App& application, Action& selected, const CommandText& text, bool& asJSON,
+                     Action action) {
+    CLI::App& command = *application.add_subcommand(text.name, text.description);
+    command.footer(text.example);
     command.add_flag("--json", asJSON, "Print one JSON document");
+    const std::vector<std::string> times{"auto", "always", "never"};
+    command
+        .add_option_function<std::string>(
+            "--color", &setColours,
+            "Colour the output; auto: on a terminal, unless NO_COLOR is set or TERM is dumb")
+        ->check(CLI::IsMember(times).description(""))
+        ->type_name(choiceType(times));
     command.callback([action = std::move(action), &selected] { selected = action; });
     return command;
+}
+
+CLI::Option* addFileName(CLI::App& command, const std::string& name, std::string& file,
+                         const std::string& description) {
+    return command.add_option(name, file, description)->type_name(fileType);
+}
+
+CLI::Option* addChoice(CLI::App& command, const std::string& name, std::string& value,
+                       const std::vector<std::string>& choices, const std::string& description) {
+    return command.add_option(name, value, description)
+        ->check(CLI::IsMember(choices).description("")) // else the type has them again
+        ->type_name(choiceType(choices));
+}
+
+std::string choiceType(const std::vector<std::string>& choices) {
+    return CLI::detail::join(choices, std::string(1, choiceSeparator));
 }
 
 CLI::Option* addInteger(CLI::App& command, const std::string& name, std::int64_t& value,

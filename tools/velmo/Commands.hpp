@@ -20,7 +20,8 @@ namespace velmo {
 using Action = std::function<ExitStatus()>;
 
 // Each function adds one command to the application: its name, arguments, help and action. Parsing
-// a command line stores the action of its command in `selected`.
+// a command line stores the action of its command in `selected`. The man page and the completions
+// of shells are made from the application, too.
 
 void addTree(CLI::App& application, Action& selected);
 void addList(CLI::App& application, Action& selected);
@@ -31,7 +32,24 @@ void addFilter(CLI::App& application, Action& selected);
 void addLocate(CLI::App& application, Action& selected);
 void addRead(CLI::App& application, Action& selected);
 void addExport(CLI::App& application, Action& selected);
+void addScan(CLI::App& application, Action& selected);
 void addError(CLI::App& application, Action& selected);
+
+/// Adds the commands "help", for the commands that were added before, and "version".
+void addHelp(CLI::App& application, Action& selected);
+
+// The types of arguments and options that shells complete: files, folders, and choices with this
+// character between them, as in "Ch|En".
+inline constexpr const char* fileType = "FILE";
+inline constexpr const char* folderType = "DIR";
+inline constexpr char choiceSeparator = '|';
+
+/// What help says about a command.
+struct CommandText {
+    std::string name;
+    std::string description;
+    std::string example; ///< a command line for the folder samples
+};
 
 /// Returns the Levenshtein distance: the least number of letters to insert, delete or replace to
 /// turn one text into the other.
@@ -40,21 +58,32 @@ std::size_t editDistance(const std::string& from, const std::string& to);
 /// Throws Failure, which names the nearest command, if no command of the application has this name.
 void requireCommand(const CLI::App& application, const std::string& name);
 
-/// Adds a command with the option --json, which every command has, and returns it.
-CLI::App& addCommand(CLI::App& application, Action& selected, const std::string& name,
-                     const std::string& description, bool& asJSON, Action action);
+/// Adds a command with the options --json and --color, and returns it.
+CLI::App& addCommand(CLI::App& application, Action& selected, const CommandText& text, bool& asJSON,
+                     Action action);
 
 /// Adds a command that calls `run` with its options. Returns the command and the options, which
 /// live as long as the command.
 template <class Options>
 std::pair<CLI::App&, Options&> addCommand(CLI::App& application, Action& selected,
-                                          const std::string& name, const std::string& description,
+                                          const CommandText& text,
                                           ExitStatus (*run)(const Options&)) {
     const auto options = std::make_shared<Options>();
-    CLI::App& command = addCommand(application, selected, name, description, options->asJSON,
+    CLI::App& command = addCommand(application, selected, text, options->asJSON,
                                    [options, run] { return run(*options); });
     return {command, *options};
 }
+
+/// Adds an argument or option for the name of a file.
+CLI::Option* addFileName(CLI::App& command, const std::string& name, std::string& file,
+                         const std::string& description);
+
+/// Adds an argument or option that takes one of the choices. Any other text is wrong usage.
+CLI::Option* addChoice(CLI::App& command, const std::string& name, std::string& value,
+                       const std::vector<std::string>& choices, const std::string& description);
+
+/// Returns the type of an argument or option with these choices.
+std::string choiceType(const std::vector<std::string>& choices);
 
 /// Adds an argument or option for a decimal integer of 64 bits. Any other text is wrong usage.
 CLI::Option* addInteger(CLI::App& command, const std::string& name, std::int64_t& value,

@@ -8,6 +8,9 @@
 #include <cstring>
 #include <memory>
 #include <system_error>
+#include <utility>
+
+#include <sys/stat.h>
 
 namespace velmo {
 namespace {
@@ -18,27 +21,39 @@ using PerchAppLibrary::JSON;
     throw Failure(nameOf(file) + ": cannot be read: " + std::generic_category().message(error));
 }
 
-std::string readAll(const std::string& file, std::FILE* stream) {
+/// Returns the size of a regular file, or 0 for any other.
+std::uint64_t sizeOf(std::FILE* stream) {
+    struct stat status{};
+    const bool isRegular = fstat(fileno(stream), &status) == 0 && S_ISREG(status.st_mode);
+    return isRegular ? static_cast<std::uint64_t>(status.st_size) : 0;
+}
+
+std::string readAll(const std::string& file, std::FILE* stream, Progress& progress) {
+    constexpr std::size_t padding = 64; // with this capacity, JSON::parse() does not copy the text
     std::string content;
+    content.reserve(sizeOf(stream) + padding);
+    progress.expect(sizeOf(stream));
     std::array<char, 1U << 16U> block{};
-    while (std::feof(stream) == 0 && std::ferror(stream) == 0)
+    while (std::feof(stream) == 0 && std::ferror(stream) == 0) {
         content.append(block.data(), std::fread(block.data(), 1, block.size(), stream));
+        progress.setRead(content.size());
+    }
     if (std::ferror(stream) != 0)
         failToRead(file, errno);
     return content;
 }
 
 /// Returns the content of the file. "-" is standard input, which can be read once.
-std::string readFile(const std::string& file) {
+std::string readFile(const std::string& file, Progress& progress) {
     if (file == "-" && std::feof(stdin) != 0)
         throw Failure("standard input can be only one of the files");
     if (file == "-")
-        return readAll(file, stdin);
+        return readAll(file, stdin, progress);
     const std::unique_ptr<std::FILE, int (*)(std::FILE*)> stream(std::fopen(file.c_str(), "rb"),
                                                                  &std::fclose);
     if (!stream)
         failToRead(file, errno);
-    return readAll(file, stream.get());
+    return readAll(file, stream.get(), progress);
 }
 
 } // namespace
@@ -47,9 +62,11 @@ std::string nameOf(const std::string& file) { return file == "-" ? "standard inp
 
 void failForMemory(const std::string& file) { throw Failure(nameOf(file) + ": not enough memory"); }
 
-JSON readDocument(const std::string& file) {
+JSON readDocument(const std::string& file, Progress& progress) {
     try {
-        return JSON::parse(readFile(file));
+        std::string content = readFile(file, progress);
+        progress.begin("parsing");
+        return JSON::parse(std::move(content));
     } catch (const JSON::ParseError& error) {
         throw Failure(nameOf(file) + ": " + error.what());
     } catch (const std::bad_alloc&) {

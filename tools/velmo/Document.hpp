@@ -1,6 +1,7 @@
 #pragma once
 
 #include "DocumentType.hpp"
+#include "Progress.hpp"
 
 #include <PerchAppLibrary/json/JSON.hpp>
 
@@ -11,7 +12,10 @@ namespace velmo {
 
 /// Returns the JSON document in a file. "-" is standard input. Throws Failure if the file cannot be
 /// read, the document is malformed, or memory runs out.
-PerchAppLibrary::JSON readDocument(const std::string& file);
+PerchAppLibrary::JSON readDocument(const std::string& file, Progress& progress);
+
+/// Returns the name of the file in messages.
+std::string nameOf(const std::string& file);
 
 /// Throws Failure for a file whose document or records need more memory than there is.
 [[noreturn]] void failForMemory(const std::string& file);
@@ -21,15 +25,15 @@ PerchAppLibrary::JSON readDocument(const std::string& file);
 template <class Make>
 auto readAs(const std::string& file, const RecordType& type, Make&& make) {
     try {
-        const PerchAppLibrary::JSON document = readDocument(file);
+        Progress progress(nameOf(file));
+        const PerchAppLibrary::JSON document = readDocument(file, progress);
+        progress.hide(); // a warning needs the line
         warnOfOtherType(file, document, type);
+        progress.begin("making the records of");
         return make(document);
     } catch (const std::bad_alloc&) {
         failForMemory(file);
     }
 }
-
-/// Returns the name of the file in messages.
-std::string nameOf(const std::string& file);
 
 } // namespace velmo

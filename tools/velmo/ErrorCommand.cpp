@@ -58,11 +58,14 @@ ExitStatus showError(const ErrorOptions& options) {
 
 void addError(CLI::App& application, Action& selected) {
     auto [command, options] =
-        addCommand(application, selected, "error",
-                   "Show the messages of an error code of the service", &showError);
+        addCommand(application, selected,
+                   {.name = "error",
+                    .description = "Show the messages of an error code of the service",
+                    .example = "velmo error 002004 --lang En"},
+                   &showError);
     command.add_option("CODE", options.code, "Error code, six digits")->required();
-    command.add_option("--lang", options.language, "Show only the message in this language")
-        ->check(CLI::IsMember({"Ch", "En"}));
+    addChoice(command, "--lang", options.language, {"Ch", "En"},
+              "Show only the message in this language");
 }
 
 } // namespace velmo

@@ -20,8 +20,12 @@ ExitStatus exportFonts(const ExportOptions& options) {
 } // namespace
 
 void addExport(CLI::App& application, Action& selected) {
-    auto [command, options] = addCommand(application, selected, "export",
-                                         "Print the fonts as JSON, each as its Dict", &exportFonts);
+    auto [command, options] =
+        addCommand(application, selected,
+                   {.name = "export",
+                    .description = "Print the fonts as JSON, each as its Dict",
+                    .example = "velmo export font-list.json"},
+                   &exportFonts);
     addFile(command, options.source);
 }
 

@@ -75,12 +75,16 @@ ExitStatus filter(const FilterOptions& options) {
 } // namespace
 
 void addFilter(CLI::App& application, Action& selected) {
-    auto [command, options] = addCommand(application, selected, "filter",
-                                         "Show the fonts that pass the ticked tags", &filter);
+    auto [command, options] =
+        addCommand(application, selected,
+                   {.name = "filter",
+                    .description = "Show the fonts that pass the ticked tags",
+                    .example = "velmo filter font-list.json --tags font-tags.json --check 4,5,12"},
+                   &filter);
     addFile(command, options.source);
-    command.add_option("--tags", options.tagsFile, "Font tag list")->type_name("TAGS")->required();
+    addFileName(command, "--tags", options.tagsFile, "Font tag list, required")->required();
     addIntegers(command, "--check", options.checked,
-                "Identifiers of the tags to tick, separated by commas")
+                "Identifiers of the tags to tick, separated by commas; required")
         ->required()
         ->allow_extra_args(false); // otherwise the option takes FILE, too
 }

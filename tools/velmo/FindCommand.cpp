@@ -31,9 +31,14 @@ ExitStatus find(const FindOptions& options) {
 
 void addFind(CLI::App& application, Action& selected) {
     auto [command, options] =
-        addCommand(application, selected, "find", "Find fonts by name or key", &find);
+        addCommand(application, selected,
+                   {.name = "find",
+                    .description = "Find fonts by --name or --key",
+                    .example = "velmo find font-list.json --key étude --fuzzy"},
+                   &find);
     addFile(command, options.source);
     CLI::Option_group& text = *command.add_option_group("text", "Search text");
+    text.set_help_flag(); // the command has one
     text.add_option("--name", options.name, "Product name, case-sensitive without --fuzzy")
         ->type_name("TEXT");
     text.add_option("--key", options.key,

@@ -1,5 +1,6 @@
 #include "FontView.hpp"
 
+#include "Commands.hpp"
 #include "Document.hpp"
 #include "Table.hpp"
 #include "Terminal.hpp"
@@ -48,18 +49,14 @@ std::string countOfFonts(std::int64_t count) {
 }
 
 void addFile(CLI::App& command, FontSource& source) {
-    command.add_option("FILE", source.file, "Font list")->required();
+    addFileName(command, "FILE", source.file, "Font list")->required();
 }
 
 void addMarks(CLI::App& command, FontSource& source) {
-    command
-        .add_option("--activate", source.activateMap,
-                    "Activate the fonts of this user-font map first")
-        ->type_name("MAP");
-    command
-        .add_option("--favorite", source.favoriteMap,
-                    "Mark the fonts of this user-font map as favorites first")
-        ->type_name("MAP");
+    addFileName(command, "--activate", source.activateMap,
+                "Activate the fonts of this user-font map first");
+    addFileName(command, "--favorite", source.favoriteMap,
+                "Mark the fonts of this user-font map as favorites first");
 }
 
 FontList readFontList(const FontSource& source) {
@@ -88,7 +85,7 @@ void printFonts(const Fonts& fonts, bool asJSON) {
         table.add({std::to_string(font->Id()), font->DisplayName(), font->TreeNodeTitle(),
                    marksOf(*font)});
     if (!fonts.empty())
-        print(table.text());
+        table.print();
     print(countOfFonts(static_cast<std::int64_t>(fonts.size())) + "\n");
 }
 

@@ -37,10 +37,16 @@ ExitStatus list(const ListOptions& options) {
 
 void addList(CLI::App& application, Action& selected) {
     auto [command, options] = addCommand(
-        application, selected, "list", "List the activated, favorited or authorized fonts", &list);
-    command.add_option("STATE", options.state, "activated, favorited or authorized")
-        ->required()
-        ->check(CLI::IsMember(filters()));
+        application, selected,
+        {.name = "list",
+         .description = "List the activated, favorited or authorized fonts",
+         .example = "velmo list favorited font-list.json --favorite favorite-fonts.json"},
+        &list);
+    std::vector<std::string> states;
+    for (const auto& [state, filter] : filters())
+        states.push_back(state);
+    addChoice(command, "STATE", options.state, states, "activated, favorited or authorized")
+        ->required();
     addFile(command, options.source);
     addMarks(command, options.source);
 }

@@ -12,6 +12,7 @@
 
 #include <functional>
 #include <optional>
+#include <utility>
 
 namespace velmo {
 namespace {
@@ -84,13 +85,23 @@ void warnAboutMissing(const FontItem& font, const Dictionary& locations,
 
 void printText(const FontItem& font, const Dictionary& locations) {
     std::string text = bold(printable(font.TreeNodeTitle())) + "\n";
-    text += fmt::format("  {:<27}{}\n", "DisplayName", printable(font.DisplayName()));
-    text += fmt::format("  {:<27}{}\n", "PreviewText", printable(font.PreviewText()));
-    text += fmt::format("  {:<27}{}\n", "IsLocaled", font.IsLocaled());
-    text += fmt::format("  {:<27}{}\n", "Font", printable(font.Font().name()));
-    for (const auto& [name, location] : locations)
-        text += fmt::format("  {:<27}{}\n", std::string_view(name),
-                            location.is_string() ? printable(location.get_string()) : "(none)");
+    const auto addRow = [&text](const char* label, std::string_view value) {
+        text += fmt::format("  {:<25}{}\n", label, printable(value));
+    };
+    addRow("Display name", font.DisplayName());
+    addRow("Preview text", font.PreviewText());
+    addRow("Font file exists", font.IsLocaled() ? "yes" : "no");
+    addRow("Drawn with the font", font.Font().name());
+    for (const auto& [name, label] :
+         {std::pair("LocalFile", "Font file"), std::pair("LocalPreviewFile", "Large preview"),
+          std::pair("remotePreviewFile", "URL of large preview"),
+          std::pair("getRemoteFileUrl", "URL of font file"),
+          std::pair("getLocalPreviewFile", "Preview"),
+          std::pair("getRemotePreviewFileShort", "URL of preview"),
+          std::pair("getRemotePreviewFile", "URL of preview by prefix")}) {
+        const Value& location = locations.at(name);
+        addRow(label, location.is_string() ? std::string_view(location.get_string()) : "(none)");
+    }
     print(text);
 }
 
@@ -118,9 +129,12 @@ ExitStatus locate(const LocateOptions& options) {
 } // namespace
 
 void addLocate(CLI::App& application, Action& selected) {
-    auto [command, options] =
-        addCommand(application, selected, "locate",
-                   "Show the local and remote locations of a font's file and previews", &locate);
+    auto [command, options] = addCommand(
+        application, selected,
+        {.name = "locate",
+         .description = "Show the local and remote locations of a font's file and previews",
+         .example = "velmo locate font-list.json 339 --fixed --font-size 48"},
+        &locate);
     addFile(command, options.source);
     addInteger(command, "ID", options.id, "Identifier of a leaf font")->required();
     command.add_flag("--fixed", options.isFixed,

@@ -51,8 +51,11 @@ ExitStatus lookup(const LookupOptions& options) {
 
 void addLookup(CLI::App& application, Action& selected) {
     auto [command, options] =
-        addCommand(application, selected, "lookup",
-                   "Find fonts by identifier, in the order of the tree", &lookup);
+        addCommand(application, selected,
+                   {.name = "lookup",
+                    .description = "Find fonts by identifier, in the order of the tree",
+                    .example = "velmo lookup font-list.json 337,339"},
+                   &lookup);
     addFile(command, options.source);
     addIntegers(command, "ID", options.ids, "Identifiers of leaf fonts")->required();
     command.add_flag("--flat", options.isFlat,

@@ -95,11 +95,20 @@ ExitStatus read(const ReadOptions& options) {
 } // namespace
 
 void addRead(CLI::App& application, Action& selected) {
-    auto [command, options] = addCommand(application, selected, "read",
-                                         "Show a record or a list, property by property", &read);
-    command.add_option("TYPE", options.type,
-                       "Type of the record or list; the beginning of its name is enough");
-    command.add_option("FILE", options.file, "Saved reply with a document of this type");
+    auto [command, options] =
+        addCommand(application, selected,
+                   {.name = "read",
+                    .description = "Show a record or a list, property by property",
+                    .example = "velmo read FontTagList font-tags.json"},
+                   &read);
+    std::vector<std::string> types;
+    for (const RecordType& type : recordTypes())
+        types.push_back(type.name);
+    command
+        .add_option("TYPE", options.type,
+                    "Type of the record or list; the beginning of its name is enough")
+        ->type_name(choiceType(types));
+    addFileName(command, "FILE", options.file, "Saved reply with a document of this type");
     command.add_flag("--types", options.listsTypes,
                      "List the types; with --json also their properties");
 }

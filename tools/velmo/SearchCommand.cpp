@@ -57,11 +57,11 @@ void addRow(Table& table, const FontItem& font, const std::vector<Needle>& needl
             }
 }
 
-Table tableOf(const Fonts& fonts, const std::vector<Needle>& needles) {
+void printTable(const Fonts& fonts, const std::vector<Needle>& needles) {
     Table table({{"ID", Table::Align::right}, {"NAME"}, {"FOUND IN"}, {"TEXT"}});
     for (const auto& font : fonts)
         addRow(table, *font, needles);
-    return table;
+    table.print();
 }
 
 /// Returns the fonts, in order, that are not among the others.
@@ -76,11 +76,13 @@ Fonts without(const Fonts& fonts, const Fonts& others) {
 
 void printText(const Fonts& whole, const Fonts& character, const std::string& key) {
     if (!whole.empty())
-        print(tableOf(whole, keyNeedle(key)).text());
+        printTable(whole, keyNeedle(key));
     print(fmt::format("{} with \"{}\"\n", countOfFonts(std::ssize(whole)), printable(key)));
     const Fonts rest = without(character, whole);
-    if (!rest.empty())
-        print("\n" + tableOf(rest, characterNeedles(key)).text());
+    if (!rest.empty()) {
+        print("\n");
+        printTable(rest, characterNeedles(key));
+    }
     print(fmt::format("{} with one of its characters; {} in all\n", countOfFonts(std::ssize(rest)),
                       whole.size() + rest.size()));
 }
@@ -102,10 +104,13 @@ ExitStatus search(const SearchOptions& options) {
 } // namespace
 
 void addSearch(CLI::App& application, Action& selected) {
-    auto [command, options] = addCommand(application, selected, "search",
-                                         "Search like the client's search box: fonts with the "
-                                         "whole key, then fonts with one of its characters",
-                                         &search);
+    auto [command, options] =
+        addCommand(application, selected,
+                   {.name = "search",
+                    .description = "Search like the client's search box: fonts with the "
+                                   "whole key, then fonts with one of its characters",
+                    .example = "velmo search font-list.json anuphan"},
+                   &search);
     addFile(command, options.source);
     command.add_option("KEY", options.key, "Search key")->required();
 }

@@ -15,6 +15,8 @@ namespace {
 /// A wider cell does not widen its column; it shifts the rest of its row.
 constexpr std::size_t maxColumnWidth = 80;
 
+constexpr std::size_t rowsInBatch = 1000;
+
 /// Returns the cell with printable() text and the new position of its highlighted part.
 Table::Cell printableCell(const Table::Cell& cell) {
     const std::string_view text = cell.text;
@@ -35,7 +37,8 @@ std::string withHighlight(const Table::Cell& cell) {
 
 } // namespace
 
-Table::Table(std::vector<Column> columns) : m_columns(std::move(columns)) {
+Table::Table(std::vector<Column> columns)
+    : m_columns(std::move(columns)), m_widths(m_columns.size()) {
     std::vector<Cell> titles;
     titles.reserve(m_columns.size());
     for (const Column& column : m_columns)
@@ -46,30 +49,30 @@ Table::Table(std::vector<Column> columns) : m_columns(std::move(columns)) {
 void Table::add(std::vector<Cell> cells, bool isEmphasised) {
     for (Cell& cell : cells)
         cell = printableCell(cell);
+    for (std::size_t column = 0; column < m_widths.size(); ++column)
+        if (const std::size_t width = columnCount(cells[column].text); width <= maxColumnWidth)
+            m_widths[column] = std::max(m_widths[column], width);
     m_rows.push_back({std::move(cells), isEmphasised});
+    if (m_rows.size() == rowsInBatch)
+        print();
 }
 
-std::string Table::text() const {
-    std::vector<std::size_t> widths(m_columns.size());
-    for (const Row& row : m_rows)
-        for (std::size_t column = 0; column < widths.size(); ++column)
-            if (const std::size_t width = columnCount(row.cells[column].text);
-                width <= maxColumnWidth)
-                widths[column] = std::max(widths[column], width);
+void Table::print() {
     std::string text;
     for (const Row& row : m_rows) {
         std::string line;
-        for (std::size_t column = 0; column < widths.size(); ++column) {
+        for (std::size_t column = 0; column < m_widths.size(); ++column) {
             const std::string cell = withHighlight(row.cells[column]);
             const std::size_t width = columnCount(row.cells[column].text);
-            const std::string padding(widths[column] - std::min(width, widths[column]), ' ');
+            const std::string padding(m_widths[column] - std::min(width, m_widths[column]), ' ');
             line += m_columns[column].align == Align::left ? cell + padding : padding + cell;
             line += "  ";
         }
         line.erase(line.find_last_not_of(' ') + 1);
         text += (row.isEmphasised ? bold(line) : line) + "\n";
     }
-    return text;
+    m_rows.clear();
+    velmo::print(text);
 }
 
 } // namespace velmo

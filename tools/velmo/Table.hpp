@@ -8,9 +8,10 @@
 
 namespace velmo {
 
-/// A table as text. Each column is as wide as its widest cell, counted in columns of the terminal,
-/// so that wide (CJK) characters are aligned. No cell is cut: a very wide one shifts the rest of
-/// its row.
+/// A table on standard output. Each column is as wide as its widest cell, counted in columns of the
+/// terminal, so that wide (CJK) characters are aligned. No cell is cut: a very wide one shifts the
+/// rest of its row. The rows of a long table are printed in batches, the first ones at once; a
+/// column can become wider from batch to batch.
 class Table {
 public:
     enum class Align : std::uint8_t { left, right };
@@ -36,11 +37,12 @@ public:
     /// Makes a table without rows.
     explicit Table(std::vector<Column> columns);
 
-    /// Adds a row. Requires one cell for each column. Cells are made printable.
+    /// Adds a row. Requires one cell for each column. Cells are made printable. Prints the batch of
+    /// rows if it is full.
     void add(std::vector<Cell> cells, bool isEmphasised = false);
 
-    /// Returns the titles and the rows, one line each.
-    std::string text() const;
+    /// Prints the rows that are not printed yet, one line each; with the first, the titles.
+    void print();
 
 private:
     struct Row {
@@ -49,7 +51,8 @@ private:
     };
 
     std::vector<Column> m_columns;
-    std::vector<Row> m_rows;
+    std::vector<std::size_t> m_widths;
+    std::vector<Row> m_rows; ///< those that are not printed yet
 };
 
 } // namespace velmo

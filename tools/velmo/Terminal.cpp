@@ -16,16 +16,21 @@
 namespace velmo {
 namespace {
 
-bool supportsColours() {
-    const char* const noColour =
-        std::getenv("NO_COLOR"); // NOLINT(concurrency-mt-unsafe): there is one thread
-    return isatty(STDOUT_FILENO) == 1 && (noColour == nullptr || *noColour == '\0');
+/// Returns the variable of the environment, empty if it is not set.
+std::string_view environment(const char* name) {
+    const char* const value = std::getenv(name); // NOLINT(concurrency-mt-unsafe): one thread
+    return value == nullptr ? std::string_view() : value;
 }
 
-/// Returns the text in the style of the escape sequence, or unchanged if colours are off.
+/// Whether output is coloured.
+bool& isColoured() {
+    static bool value = isTerminal(stdout) && environment("NO_COLOR").empty();
+    return value;
+}
+
+/// Returns the text in the style of the escape sequence, or unchanged if output is not coloured.
 std::string styled(const std::string& text, const char* sequence) {
-    static const bool isColoured = supportsColours();
-    return isColoured ? sequence + text + "\033[0m" : text;
+    return isColoured() ? sequence + text + "\033[0m" : text;
 }
 
 } // namespace
@@ -52,6 +57,15 @@ std::string indent(std::size_t depth) {
 
 void warn(const std::string& message) {
     std::fprintf(stderr, "velmo: %s\n", printable(message).c_str());
+}
+
+bool isTerminal(std::FILE* stream) {
+    return isatty(fileno(stream)) == 1 && environment("TERM") != "dumb";
+}
+
+void setColours(const std::string& when) {
+    if (when == "always" || when == "never")
+        isColoured() = when == "always";
 }
 
 std::string bold(const std::string& text) { return styled(text, "\033[1m"); }

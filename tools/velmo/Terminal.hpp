@@ -2,6 +2,7 @@
 
 #include <PerchAppLibrary/json/DictionaryFwd.hpp>
 
+#include <cstdio>
 #include <string>
 #include <string_view>
 
@@ -18,8 +19,14 @@ std::string indent(std::size_t depth);
 /// Writes the printable() message as one line to standard error.
 void warn(const std::string& message);
 
-/// Returns the text in bold if standard output is a terminal and NO_COLOR is not set, otherwise the
-/// text unchanged.
+/// Returns whether the stream is a terminal that understands escape sequences: TERM is not "dumb".
+bool isTerminal(std::FILE* stream);
+
+/// Sets when output is coloured: "always", "never" or, for every other text, automatically. That is
+/// the default: colours for a terminal unless NO_COLOR is set.
+void setColours(const std::string& when);
+
+/// Returns the text in bold if output is coloured, otherwise the text unchanged.
 std::string bold(const std::string& text);
 
 /// Like bold(), in red, for the matches of a search.

@@ -53,7 +53,8 @@ ExitStatus showTree(const TreeOptions& options) {
     Table table(
         {{"TITLE"}, {"ID", Table::Align::right}, {"FONTS", Table::Align::right}, {"MARKS"}});
     addRows(table, list.List(), 0);
-    print(table.text() + countOfFonts(FontList::getFontCount(list.List())) + ", " +
+    table.print();
+    print(countOfFonts(FontList::getFontCount(list.List())) + ", " +
           std::to_string(FontList::getActivatedFontCount(list.List())) + " activated\n");
     return ExitStatus::success;
 }
@@ -61,8 +62,12 @@ ExitStatus showTree(const TreeOptions& options) {
 } // namespace
 
 void addTree(CLI::App& application, Action& selected) {
-    auto [command, options] = addCommand(application, selected, "tree",
-                                         "Show the font tree: titles, counts, marks", &showTree);
+    auto [command, options] =
+        addCommand(application, selected,
+                   {.name = "tree",
+                    .description = "Show the font tree: titles, counts, marks",
+                    .example = "velmo tree font-list.json --activate activated-fonts.json"},
+                   &showTree);
     addFile(command, options.source);
     addMarks(command, options.source);
 }

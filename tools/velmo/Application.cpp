@@ -1,0 +1,33 @@
+#include "Application.hpp"
+
+#include "HelpFormatter.hpp"
+
+#include <VelmoCloudEntity/version.hpp>
+
+#include <CLI/App.hpp>
+#include <CLI/Config.hpp>
+
+namespace velmo {
+
+std::unique_ptr<CLI::App> makeApplication(Action& selected) {
+    auto application = std::make_unique<CLI::App>(
+        "Reads saved replies of the service with the font-cloud entity library and shows the "
+        "result.\n"
+        "FILE is a saved reply; \"-\" is standard input.",
+        "velmo");
+    application->formatter(std::make_shared<HelpFormatter>());
+    application->set_version_flag("--version", "velmo " VELMO_VERSION);
+    application->require_subcommand(1);
+    application->footer(
+        "Exit status: 0 success; 1 nothing found; 2 wrong usage, an unreadable file or a malformed "
+        "document.\n"
+        "A document that seems to be of another type than the command reads, such as an error "
+        "reply,\n"
+        "gives a warning on standard error. It does not change the exit status.");
+    for (const auto add : {&addTree, &addList, &addFind, &addSearch, &addLookup, &addFilter,
+                           &addLocate, &addRead, &addExport, &addScan, &addError, &addHelp})
+        add(*application, selected);
+    return application;
+}
+
+} // namespace velmo

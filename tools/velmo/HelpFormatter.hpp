@@ -1,0 +1,20 @@
+#pragma once
+
+#include <CLI/App.hpp>
+#include <CLI/Formatter.hpp>
+
+#include <string>
+
+namespace velmo {
+
+/// Formats the help of the program and of its commands. The footer of a command is its example, the
+/// footer of the program stands behind the help of each command, too.
+class HelpFormatter : public CLI::Formatter {
+public:
+    HelpFormatter() { column_width(28); }
+
+    std::string make_option_opts(const CLI::Option* option) const override;
+    std::string make_footer(const CLI::App* app) const override;
+};
+
+} // namespace velmo

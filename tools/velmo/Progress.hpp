@@ -1,0 +1,51 @@
+#pragma once
+
+#include <chrono>
+#include <cstdint>
+#include <string>
+
+namespace velmo {
+
+/// Shows on standard error how far a document is read, if that is a terminal and takes longer than
+/// half a second. The line is removed in the end.
+class Progress {
+public:
+    /// Requires the name of the document in messages.
+    explicit Progress(std::string name);
+
+    Progress(const Progress&) = delete;
+    Progress& operator=(const Progress&) = delete;
+    ~Progress() { hide(); }
+
+    /// Sets the size of the document, or 0 if it is unknown.
+    void expect(std::uint64_t size) { m_size = size; }
+
+    /// Sets how many bytes were read.
+    void setRead(std::uint64_t read);
+
+    /// Begins a step after reading, whose end is not foreseen, such as "parsing".
+    void begin(const char* step);
+
+    /// Removes the line until the next call of another function.
+    void hide();
+
+private:
+    using Clock = std::chrono::steady_clock;
+
+    /// The reading of a smaller document is slow only if its writer is.
+    static constexpr std::uint64_t leastSize = 1'000'000;
+
+    bool isDue() const { return m_isTerminal && m_read >= leastSize && Clock::now() >= m_first; }
+
+    void show(const std::string& state);
+
+    std::string m_name;
+    std::uint64_t m_size = 0;
+    std::uint64_t m_read = 0;
+    Clock::time_point m_first; ///< the line is not shown before
+    Clock::time_point m_next;  ///< setRead() does not show the line before
+    bool m_isTerminal;
+    bool m_isShown = false;
+};
+
+} // namespace velmo

@@ -1,0 +1,132 @@
+#include "Commands.hpp"
+#include "FontFace.hpp"
+#include "FontView.hpp"
+#include "Terminal.hpp"
+
+#include <CLI/App.hpp>
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <cctype>
+#include <filesystem>
+#include <system_error>
+
+namespace velmo {
+namespace {
+
+namespace fs = std::filesystem;
+
+struct ScanOptions {
+    std::vector<std::string> folders;
+    bool asJSON = false; // not read: the output is always JSON
+};
+
+bool hasFontExtension(const fs::path& file) {
+    std::string extension = file.extension().string();
+    std::ranges::transform(extension, extension.begin(),
+                           [](unsigned char letter) { return std::tolower(letter); });
+    constexpr const char* known[] = {".otc", ".otf", ".pfa",  ".pfb",
+                                     ".ttc", ".ttf", ".woff", ".woff2"};
+    return std::ranges::find(known, extension) != std::end(known);
+}
+
+/// Adds the font files in the folder and in the folders below it. Does not follow links to folders,
+/// which may lead in a circle. Warns of a folder that cannot be read.
+void addFiles(std::vector<std::string>& files, const fs::path& folder) {
+    std::error_code error;
+    for (auto entry = fs::directory_iterator(folder, error); entry != fs::directory_iterator();
+         entry.increment(error)) {
+        std::error_code ignored; // of an entry that is gone: it is neither
+        if (entry->is_directory(ignored) && !entry->is_symlink(ignored))
+            addFiles(files, entry->path());
+        else if (entry->is_regular_file(ignored) && hasFontExtension(entry->path()))
+            files.push_back(entry->path().string());
+    }
+    if (error)
+        warn(fmt::format("warning: {}: cannot be read: {}", folder.string(), error.message()));
+}
+
+/// Returns the fonts in the files of the folders, or in files that are given themselves. Warns of
+/// each file that is no font, and leaves it out.
+std::vector<FontFace> facesBelow(const std::vector<std::string>& folders) {
+    std::vector<std::string> files;
+    for (const std::string& folder : folders) {
+        std::error_code error;
+        const fs::file_status status = fs::status(folder, error);
+        if (!fs::exists(status))
+            throw Failure(folder + ": cannot be read: " + error.message());
+        if (fs::is_directory(status))
+            addFiles(files, fs::absolute(folder));
+        else
+            files.push_back(fs::absolute(folder).string());
+    }
+    std::ranges::sort(files);
+    const auto repeated = std::ranges::unique(files); // folders may overlap
+    files.erase(repeated.begin(), repeated.end());
+    std::vector<FontFace> faces;
+    for (const std::string& file : files) {
+        const std::vector<FontFace> inFile = facesIn(file);
+        if (inFile.empty())
+            warn("warning: " + file + ": is damaged or no font; it is left out");
+        faces.insert(faces.end(), inFile.begin(), inFile.end());
+    }
+    return faces;
+}
+
+std::shared_ptr<FontItem> makeFont(const FontFace& face, std::int64_t id) {
+    auto font = FontItem::create({.id = id, .productName = face.fullName, .isPrivate = false});
+    font->setProductSetName(face.family);
+    font->setPostscriptName(face.postscriptName);
+    font->setFormat(face.format);
+    font->setVersion(face.version);
+    font->setProductFileName(face.file); // its path, since the font is not online
+    return font;
+}
+
+/// Returns one group for each family, in the order of their names. Fonts have the identifiers from
+/// 1, then groups.
+Fonts groupsOf(std::vector<FontFace> faces) {
+    std::ranges::sort(faces);
+    Fonts groups;
+    std::int64_t id = 0;
+    for (auto first = faces.begin(); first != faces.end();) {
+        const auto last = std::find_if(first, faces.end(), [first](const FontFace& face) {
+            return face.family != first->family;
+        });
+        Fonts children;
+        std::transform(first, last, std::back_inserter(children),
+                       [&id](const FontFace& face) { return makeFont(face, ++id); });
+        auto group = FontItem::create({.groupTag = ""});
+        group->setProductSetName(first->family);
+        group->setChildren(std::move(children));
+        groups.push_back(std::move(group));
+        first = last;
+    }
+    for (const auto& group : groups)
+        group->setId(++id);
+    return groups;
+}
+
+ExitStatus scan(const ScanOptions& options) {
+    const Fonts groups =
+        groupsOf(options.folders.empty() ? installedFaces() : facesBelow(options.folders));
+    printJSONText(FontItem::getFontArrayText(groups));
+    return groups.empty() ? ExitStatus::nothingFound : ExitStatus::success;
+}
+
+} // namespace
+
+void addScan(CLI::App& application, Action& selected) {
+    auto [command, options] =
+        addCommand(application, selected,
+                   {.name = "scan",
+                    .description = "Print the fonts of this machine or of folders as a font list",
+                    .example = "velmo scan | velmo tree -"},
+                   &scan);
+    command
+        .add_option("DIR", options.folders,
+                    "Folders to look in and below; without one, the fonts that are installed")
+        ->type_name(folderType);
+}
+
+} // namespace velmo
