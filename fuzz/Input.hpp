@@ -7,6 +7,7 @@
 #include <stdexcept>
 #include <string>
 #include <string_view>
+#include <type_traits>
 
 /// Choices that the bytes of a fuzzer make. Behind the last byte, each choice is the first.
 class Input {
@@ -45,9 +46,15 @@ private:
     std::string_view m_bytes;
 };
 
-/// Throws unless the condition is true. No fuzzer catches that, so it ends there.
-inline void require(bool condition, const std::string& context) {
-    if (!condition)
+/// Throws unless the condition is true. No fuzzer catches that, so it ends there. The context is a
+/// text, or a function that makes one.
+template <class Context>
+void require(bool condition, const Context& context) {
+    if (condition)
+        return;
+    if constexpr (std::is_invocable_v<Context>)
+        throw std::logic_error(context());
+    else
         throw std::logic_error(context);
 }
 

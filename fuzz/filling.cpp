@@ -2,6 +2,8 @@
 // setters, and one that is filled as an element of an array.
 #include "Document.hpp"
 
+#include <tests/Sample.hpp>
+
 #include <VelmoCloudEntity/account/UserFontGroupMapItem.hpp>
 #include <VelmoCloudEntity/account/UserItem.hpp>
 #include <VelmoCloudEntity/catalogue/FontTagItem.hpp>
@@ -9,32 +11,11 @@
 #include <VelmoCloudEntity/font/FontItem.hpp>
 
 #include <PerchAppLibrary/json/Dictionary.hpp>
-#include <PerchAppLibrary/record/RecordSchema.hpp>
 
 using namespace PerchAppLibrary;
 using namespace VelmoCloudEntity;
 
 namespace {
-
-/// Properties of each type, whose defaults no document has.
-class Sample : public BaseEntity {
-    PERCH_RECORD(Sample, BaseEntity);
-
-    PERCH_PROPERTY(std::int64_t, Int, -7);
-    PERCH_PROPERTY(bool, On, true);
-    PERCH_PROPERTY(Near<bool>, Flag);
-    PERCH_PROPERTY(float, Float, -7.5F);
-    PERCH_PROPERTY(std::string, String, "kept");
-    PERCH_PROPERTY(Rare<std::string>, Sparse);
-    PERCH_PROPERTY(std::optional<std::string>, Optional, "kept");
-    PERCH_PROPERTY(std::vector<std::int64_t>, Ints, -7, -7);
-    PERCH_PROPERTY(std::vector<std::string>, Strings, "kept");
-    PERCH_PROPERTY(JSON, Any);
-    PERCH_PROPERTY(Records<Sample>, Samples);
-
-    PERCH_RECORD_END;
-};
-PERCH_RECORD_SCHEMA(Sample);
 
 template <class Record>
 struct BySetters : Record {

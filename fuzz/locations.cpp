@@ -63,11 +63,11 @@ std::string wellFormed(const std::string& text) { return literal::utf8(literal::
 void check(Input& input, Texts& texts) {
     const auto font = FontItem::create();
     const std::string name = address(input, texts), url = address(input, texts),
-                      folder = address(input, texts), tag = texts.fresh();
+                      folder = address(input, texts), set = texts.fresh(), tag = texts.fresh();
     font->setProductFileName(name);
     font->setProductFileUrl(url);
     font->setPreviewFileUrl(folder);
-    font->setProductSetName(tag);
+    font->setProductSetName(set);
     font->setVersion(url);
     font->setIsPrivate(input.oneIn(2));
     font->setIsOnline(input.oneIn(2));
@@ -75,6 +75,11 @@ void check(Input& input, Texts& texts) {
     requireEqual(path::append(folder, name), joined(folder, name), "joined");
     const std::string cache = ApplicationManager::tmpCachesDir();
     requireEqual(font->LocalFile(), font->IsOnline() ? joined(cache, name) : name, "LocalFile");
+    const std::string ofPublic = set + "/" + url + "/", ofPrivate = "own/" + folder + "/";
+    requireEqual(font->getRemoteFileUrl({.productFileUrlHeader = "p/",
+                                         .privateProductFileUrlHeader = "own/",
+                                         .userGuid = folder}),
+                 (font->IsPrivate() ? ofPrivate : "p/" + ofPublic) + name, name);
 
     requireEqual(url::percentEncodedForFragment(url), encoded(url), "encoded");
     require(url::parse("#" + encoded(url)).has_value(), "no fragment: " + url);
@@ -83,6 +88,7 @@ void check(Input& input, Texts& texts) {
     require(preview.has_value() == (cut(url) && expected), "preview of " + url);
     if (preview)
         requireEqual(preview->buffer(), expected->buffer(), "preview of " + url);
+    require(!preview || font->remotePreviewFile() == *preview, "remotePreviewFile of " + url);
 
     const std::optional<std::string> stem = cut(name);
     require(font->stem().has_value() == stem.has_value(), "stem of " + name);
@@ -90,17 +96,24 @@ void check(Input& input, Texts& texts) {
         return;
     requireEqual(wellFormed(*font->stem()), *stem, "stem of " + name);
     requireEqual(font->LocalPreviewFile(), joined(cache, *font->stem() + "_B.png"), name);
-    const bool isFixed = input.oneIn(2);
+    const FontItem::PreviewLabels labels{
+        .isFixed = input.oneIn(2), .previewTag = tag, .colorTag = "c", .fontSize = -3};
     const std::string clear = *font->stem() + "_" + tag + "_c_-3.png";
-    const std::string file = isFixed ? clear : md5(clear);
-    requireEqual(font->getLocalPreviewFile(isFixed, tag, "c", -3), joined(cache, file), name);
-    requireEqual(font->getRemotePreviewFile(isFixed, tag, "c", -3), joined(folder, file), name);
-    const std::string ofPublic = (isFixed ? "f/" : "p/") + tag + "/" + url + "/";
-    requireEqual(font->getRemotePreviewFile(isFixed, tag, "c", -3, "f/", "p/", "own/", folder),
-                 (font->IsPrivate() ? "own/" + folder + "/" : ofPublic) + file, name);
-    requireEqual(font->getRemoteFileUrl("p/", "own/", folder),
-                 font->IsPrivate() ? "own/" + folder + "/" + name
-                                   : "p/" + tag + "/" + url + "/" + name,
+    const std::string file = labels.isFixed.value ? clear : md5(clear);
+    requireEqual(font->getLocalPreviewFile(labels), joined(cache, file), name);
+    requireEqual(font->getRemotePreviewFile(labels), joined(folder, file), name);
+    requireEqual(font->getRemotePreviewFile({.isFixed = labels.isFixed,
+                                             .previewTag = tag,
+                                             .colorTag = "c",
+                                             .fontSize = -3,
+                                             .fixPreviewFileUrlHeader = "f/",
+                                             .previewFileUrlHeader = "p/",
+                                             .privatePreviewFileUrlHeader = "own/",
+                                             .userGuid = folder}),
+                 (font->IsPrivate()      ? ofPrivate
+                  : labels.isFixed.value ? "f/" + ofPublic
+                                         : "p/" + ofPublic) +
+                     file,
                  name);
 }
 

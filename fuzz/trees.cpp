@@ -10,7 +10,7 @@
 #include <PerchAppLibrary/text/Text.hpp>
 
 #include <array>
-#include <set>
+#include <functional>
 
 using namespace VelmoCloudEntity;
 using namespace PerchAppLibrary;
@@ -24,11 +24,13 @@ constexpr std::array setters{&FontItem::setProductName, &FontItem::setProductSet
 constexpr std::array keys{"ProductName", "ProductSetName", "ProductFileName", "displayName"};
 constexpr std::array<std::int64_t, 9> ids{0, 1, 2, 3, 64, 400'000, -1, INT64_MAX, INT64_MIN};
 
-/// A font one of whose names is not the stored one.
+/// A font whose accessors return other values than the stored ones: one of its names, and more.
 struct ClientFont : FontItem {
     using Base = FontItem;
     std::size_t overridden = 0;
     std::string name;
+    std::vector<std::int64_t> tags;
+    Fonts members;
     const std::string& pick(std::size_t index, const std::string& base) const {
         return index == overridden ? name : base;
     }
@@ -37,6 +39,13 @@ struct ClientFont : FontItem {
     const std::string& ProductFileName() const override { return pick(2, Base::ProductFileName()); }
     std::string DisplayName() const override { return pick(3, Base::DisplayName()); }
     const std::string& displayName() const override { return pick(4, Base::displayName()); }
+    std::int64_t Id() const override { return Base::Id() ^ 1; }
+    bool IsPrivate() const override { return !Base::IsPrivate(); }
+    bool IsAuthed() const override { return !Base::IsAuthed(); }
+    bool IsGroup() const override { return !Base::IsGroup(); }
+    const std::vector<std::int64_t>& Tags() const override { return tags; }
+    const Fonts& Children() const override { return members; }
+    void setChildren(Fonts fonts) override { members = std::move(fonts); }
 };
 
 /// Makes a tree, and keys that mostly come from its names.
@@ -91,6 +100,7 @@ private:
             auto client = FontItem::create<ClientFont>();
             client->overridden = input.below(5);
             client->name = name();
+            client->tags = someIds();
             font = client;
         }
         for (std::size_t which = 0; which < setters.size(); ++which)
@@ -100,6 +110,9 @@ private:
         font->setId(input.pick(ids));
         font->setIsPrivate(input.oneIn(3));
         font->setTags(someIds());
+        font->setIsActivated(input.oneIn(8));
+        font->setIsFavorited(input.oneIn(8));
+        font->setIsAuthed(input.oneIn(4));
         return font;
     }
 
@@ -108,7 +121,9 @@ private:
         const std::size_t most = input.oneIn(32) ? 80 : 5; // more than are prefetched at once
         for (std::size_t count = input.below(most) + (depth == 0 ? 1 : 0); count > 0; --count) {
             if (input.oneIn(8) && !made.empty()) {
-                result.push_back(input.pick(made));
+                const auto& shared = input.pick(made);
+                if (FontList::getFontCount({shared}) < 50) // else a tree could grow exponentially
+                    result.push_back(shared);
                 continue;
             }
             const auto item = font();
@@ -138,29 +153,31 @@ void collect(const Fonts& list, Fonts& leaves) {
 std::string described(const Fonts& list) {
     std::string text;
     for (const auto& font : list)
-        text += "\n" + toText(font->properties());
+        text += "\n" + (font ? toText(font->properties()) : "none");
     return text + "\n";
 }
 
+void requireEqual(const Fonts& given, const Fonts& expected, const std::string& query) {
+    require(given == expected,
+            [&] { return query + described(given) + "expected:" + described(expected); });
+}
+
 void search(const Fonts& list, const Fonts& all, const std::string& key) {
-    const auto expect = [&](const Fonts& given, const Fonts& expected, const char* query) {
-        require(given == expected, query + toText(toValue(key)) + described(given) +
-                                       described(expected) + described(all));
-    };
+    const std::string quoted = toText(toValue(key));
     for (const bool fuzzy : {false, true}) {
-        expect(FontList::getFontByName(list, key, fuzzy),
-               LiteralSearch::getFontByName(list, key, fuzzy), fuzzy ? "fuzzy name " : "name ");
-        expect(FontList::getFontByKey(list, key, fuzzy),
-               LiteralSearch::getFontByKey(list, key, fuzzy), fuzzy ? "fuzzy key " : "key ");
+        requireEqual(FontList::getFontByName(list, key, fuzzy),
+                     LiteralSearch::getFontByName(list, key, fuzzy), "by name " + quoted);
+        requireEqual(FontList::getFontByKey(list, key, fuzzy),
+                     LiteralSearch::getFontByKey(list, key, fuzzy), "by key " + quoted);
     }
     const auto given = FontList::getSearchResultFont(list, key);
     const auto expected = LiteralSearch::getSearchResultFont(list, key);
-    expect(given.first, expected.first, "whole key ");
-    expect(given.second, expected.second, "characters ");
+    requireEqual(given.first, expected.first, "whole key " + quoted);
+    requireEqual(given.second, expected.second, "characters " + quoted);
     for (const auto& font : all)
         require(FontList::isFontMatchedByCharacter(font, key) ==
                     LiteralSearch::isFontMatchedByCharacter(font, key),
-                "font by characters " + toText(toValue(key)) + described({font}));
+                [&] { return "font by characters " + quoted + described({font}); });
 }
 
 bool hasAll(const std::vector<std::int64_t>& held, const std::vector<std::int64_t>& sought) {
@@ -177,9 +194,13 @@ void lookUp(const Fonts& list, const Fonts& leaves, const std::vector<std::int64
     for (const std::int64_t id : sought) {
         tags.push_back(FontTagItem::create());
         tags.back()->setId(id);
+        tags.back()->setIsGroup(id % 2 == 0); // it counts by its own identifier
+        const auto first = std::ranges::find(list, id, &FontItem::Id);
+        requireEqual({FontList::getFontItemById(list, id)},
+                     {first == list.end() ? nullptr : *first}, "first by identifier");
     }
-    require(FontList::getFontById(list, sought) == byId, "by identifier" + described(leaves));
-    require(FontList::getFontByTags(list, tags) == byTags, "by tags" + described(leaves));
+    requireEqual(FontList::getFontById(list, sought), byId, "by identifiers");
+    requireEqual(FontList::getFontByTags(list, tags), byTags, "by tags");
     require(FontList::getFontCount(list) == std::ssize(leaves), "count");
 }
 
@@ -189,16 +210,27 @@ bool matches(const FontItem& font, const FontItem& reference) {
     return text::decomposed(font.ProductName()) == text::decomposed(reference.ProductName());
 }
 
-void mark(const Fonts& list, const Fonts& leaves, const Fonts& references) {
-    for (const auto& leaf : leaves)
-        leaf->setIsActivated(false);
+/// Returns the leaves that have the flag or match one of the references.
+Fonts marked(const Fonts& leaves, bool (FontItem::*flag)() const, const Fonts& references) {
+    Fonts result;
+    std::ranges::copy_if(leaves, std::back_inserter(result), [&](const auto& leaf) {
+        return std::invoke(flag, leaf) ||
+               std::ranges::any_of(
+                   references, [&](const auto& reference) { return matches(*leaf, *reference); });
+    });
+    return result;
+}
+
+void mark(const Fonts& list, const Fonts& leaves, const Fonts& references, const Fonts& others) {
+    const Fonts activated = marked(leaves, &FontItem::isActivated, references);
+    const Fonts favorited = marked(leaves, &FontItem::IsFavorited, others);
     FontList::setActivatedFont(list, references);
-    for (const auto& leaf : leaves)
-        require(leaf->IsActivated() == std::ranges::any_of(references,
-                                                           [&](const auto& reference) {
-                                                               return matches(*leaf, *reference);
-                                                           }),
-                "marks" + described({leaf}) + described(references));
+    FontList::setFavoritedFont(list, others);
+    requireEqual(FontList::getActivatedFont(list), activated, "activated");
+    require(FontList::getActivatedFontCount(list) == std::ssize(activated), "count of activated");
+    requireEqual(FontList::getFavoritedFont(list), favorited, "favorited");
+    requireEqual(FontList::getAuthorizedFont(list), marked(leaves, &FontItem::IsAuthed, {}),
+                 "authorized");
 }
 
 } // namespace
@@ -211,7 +243,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
         collect(tree.top, leaves);
         search(tree.top, tree.made, tree.key());
         lookUp(tree.top, leaves, tree.someIds());
-        mark(tree.top, leaves, tree.some());
+        mark(tree.top, leaves, tree.some(), tree.some());
         tree.rename(); // a query keeps a signature of the names that it has read
     }
     return 0;

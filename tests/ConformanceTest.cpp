@@ -146,76 +146,24 @@ TEST_F(Unicode, GraphemeBreaks) {
 }
 
 bool isDocument(const std::string& text) {
-    const std::vector<char> exact(text.begin(), text.end()); // a sanitizer sees reads behind it
-    const auto parses = [](auto&& given) {
-        try {
-            JSON::parse(std::forward<decltype(given)>(given));
-            return true;
-        } catch (const JSON::ParseError&) {
-            return false;
-        }
-    };
-    const bool isTaken = parses(std::string_view(exact.data(), exact.size()));
-    EXPECT_EQ(parses(std::string(text)), isTaken) << PrintToString(text);
-    return isTaken;
-}
-
-TEST(RFC8259, TakesDocumentsAndNoneCutOff) {
-    std::vector<std::string> texts = split(R"(0|-0|-0.0|10|1.5|1E1|1e+1|1e-1|0e0|0E+0|0e-0|1e00|0e01
-        |-12.0340E+056|123e65|0.4e00669999999999999999999|-0e99999999999999999999
-        |0.00000000000000000000000000000000000000000000000000000000000000000000000000000001
-        |123456789012345678901234567890.123456789012345678901234567890|true|false|null|""|" "|"\""
-        |"\\"|"\/"|"\b\f\n\r\t"|"\u0000"|"\u0022\u005C\u005c\u002F"|"\uaBcD\uEF09"|"\uD834\udd1e"
-        |"\uDBFF\uDFFF"|"\uFFFE\uFFFF\uFDD0\uFEFF"|"\\u12"|"\\\\"|"\\\""|"a/*b*/c//d#"|"'"|"[{,:]}"
-        |"é好𝄞"|"\uD888\u1234"|"\uDd1ea"|"\uD800\uD800\uDC00"|"\uDC00\uD800"|"\uD800\\uDC00"
-        |[ ]|{ }|[[]]|[{}]|{"a":[]}|[[],[[]],[[[]]]]|[1,"a",null,true,false,{},[]]|[ 1 , 2 ]
-        |{ "a" : 1 , "b" : 2 }|{"":0}|{" ":{"":{"":{}}}}|{"\u0000\"\\":""}|{"好":"好"}|{"a":1,"a":1}
-        |[0e1,-0,0.0]|["]"]|{"}":"{"}|[true,null]|[""]|[[[[[[[[[[[[[[[[[[[[["a"]]]]]]]]]]]]]]]]]]]]])",
-                                           '|');
-    for (const char* const content : {"\x7F", "\u009B", "\u2028\u2029", "\uFEFF", "\uFFFF",
-                                      "\uE000", "\U0010FFFF", "\uD7FF", "\u0800\U00010000"})
-        texts.push_back("\"" + std::string(content) + "\"");
-    for (std::string text : texts) {
-        EXPECT_TRUE(isDocument(text) && isDocument("\t\n\r " + text + " \t\n\r")) << text;
-        EXPECT_TRUE(isDocument("[" + text + "]") && isDocument("{\"a\":" + text + "}")) << text;
-        text.resize(text.find_last_not_of(" \n") + 1);
-        const bool isNumber = std::string("-0123456789").find(text.front()) != std::string::npos;
-        for (std::size_t size = 0; size < text.size() && !isNumber; ++size)
-            EXPECT_FALSE(isDocument(text.substr(0, size))) << text << " cut to " << size;
+    try {
+        JSON::parse(text);
+        return true;
+    } catch (const JSON::ParseError&) {
+        return false;
     }
 }
 
-TEST(RFC8259, RefusesOtherTextsAndSuchMembers) {
-    using namespace std::string_literals;
-    std::vector<std::string> texts = split(R"(-|+|+1|--1|-+1|00|-00|-01|012|0x1|0b1|1.|-1.|.1|-.1|.
-        |1.e1|1..2|1.2.3|1e|1E|1e+|1e-|1.5e|1ee2|1e1e1|1e1.5|1e+-1|e1|1a|-a|1 000|1_000|1,000|1f|1L
-        |1/2|1-2|- 1|1 .5|1. 5|1e 5|Infinity|-Infinity|NaN|-NaN|inf|１|True|TRUE|t|truee|true1|true""
-        |nulll|NULL|undefined|tr ue|truе|"|a"|'a'|abc|"\"|"\\\"|"\x41"|"\u"|"\u12"|"\u123"|"\u-123"
-        |"\u+123"|"\u 123"|"\u{41}"|"\uD800\u"|"\uD800\u1"|"\uD800\uDC0"|"\uD800\"|"\uD834\x"
-        |"\é"|"\u00é0"|"\uD800\uDC0é"|"a""b"|"a"b|“a”|\u0022a\u0022|\n|\|,|:|]|}|[|{|[,]|[,1]|[1,]
-        |[1,,2]|["a" "b"]|["a":1]|[1:2]|[1}|{"a":1]|[}|{]|[[]|[]]|[[1]|[1]]|{,}|{"a"}|{"a":}|{"a",1}
-        |{"a":1,}|{,"a":1}|{"a":1,,"b":2}|{"a":1 "b":2}|{:1}|{1:1}|{a:1}|{'a':1}|{null:1}|{[]:1}
-        |{{}:1}|{"a"::1}|{"a":1:2}|{"a":b}|{"a":1}}|{{"a":1}|[{]|{[]}|{"a":1,"b"}|{"a":1,2}|[]x|[] []
-        |{} {}|1 2|"a" "b"|{},|[],|,[]|[]:|[]#|// c
-        |/**/1|1/**/|1// c|[1/**/]|{"a"/**/:1}|# c|;|<a/>|*|$|(1)|[1;2]|{"a"=1}|{"a"=>1}|[...])",
-                                           '|');
-    for (const std::string& bytes : split(
-             "\x80 \xBF \xC0\xAF \xC1\xBF \xE0\x80\xAF \xE0\x9F\xBF \xED\xA0\x80 \xED\xBF\xBF \xFE "
-             "\xED\xA0\x81\xED\xB0\x80 \xF0\x8F\xBF\xBF \xF4\x90\x80\x80 \xF5\x80\x80\x80 \xA9\xC3 "
-             "\xF8\x88\x80\x80\x80 \xF0\x9D\x84 \xE5\xA5 \xE5\xA5\x41 \xE9 \xC3\xC3\xA9",
-             ' '))
-        for (const char* const end : {"", "a", "012345678901234567890123456789012345678901234567"})
-            texts.insert(texts.end(), {"\""s + end + bytes + end + "\"", "{\""s + bytes + "\":1}"});
-    std::string open(100'000, '['), openObjects;
-    for (int level = 0; level < 50'000; ++level)
-        openObjects += "[{\"\":";
-    texts.insert(texts.end(), {open, openObjects, "\xFF\xFE[\0]\0"s, "\xFE\xFF\0[\0]"s, "[\0]\0"s,
-                               "\0[\0]"s, "\xFE\xFF"s, "1\0"s, "\0"s, "\f1", "1\v", "\u00A01",
-                               "\u2060[]", "[\u2028]", "\u30001"});
-    for (const std::string& text : texts) {
-        EXPECT_FALSE(isDocument(text)) << PrintToString(text.substr(0, 99));
-        EXPECT_FALSE(isDocument("{\"a\":" + text + "}")) << PrintToString(text.substr(0, 99));
-    }
+TEST(RFC8259, TakesDocumentsAlone) {
+    for (const std::string& text : split(R"(0|-0.0|1E+1|1e-1|0e00|-12.0340E+056|null|""|"\"\\\/\b"
+        |"\u0000\uD834\udd1e"|"\uFFFE\uDBFF\uDFFF"|"\\u12"|"a/*b*/c//d#"|"\uD888\u1234"|"\uDC00"|[ ]
+        |[[],{"":[[]]}]|{ "a" : 1 , "a" : {} }|"{好:好}"|123456789012345678901234567890.12345)",
+                                         '|'))
+        EXPECT_TRUE(isDocument("\t\n\r " + text + " \t\n\r")) << text;
+    for (const std::string& text : split(R"(|-|+1|00|1.|.1|1e|1e+-1|0x1|NaN|True|nulll|'a'|"\x41"
+        |"\u12"|"\u{41}"|"a""b"|[1,]|[,1]|[1,,2]|[1}|{"a"}|{"a":1,}|{1:1}|{a:1}|[]x|{} {}|// c|[1/**/])",
+                                         '|'))
+        EXPECT_FALSE(isDocument(text)) << text;
 }
 
 TEST(RFC8259, TakesAnyByteWhereBoostJSONDoes) {
@@ -246,42 +194,19 @@ TEST(RFC1321, DigestsTheTestSuite) {
         EXPECT_EQ(md5(text), digest) << text;
 }
 
-TEST(RFC3986, TakesReferencesUnchanged) {
-    std::istringstream texts(
-        R"(ftp://ftp.is.co.za/rfc/rfc1808.txt http://www.ietf.org/rfc/rfc2396.txt
-        ldap://[2001:db8::7]/c=GB?objectClass?one mailto:John.Doe@example.com
-        news:comp.infosystems.www.servers.unix tel:+1-816-555-1212 telnet://192.0.2.16:80/
-        urn:oasis:names:specification:docbook:dtd:xml:4.1.2 http://a/b/c/d;p?q g:h g ./g g/ /g //g ?y
-        g?y #s g#s g?y#s ;x g;x g;x?y#s . ./ .. ../ ../g ../.. ../../ ../../g ../../../g
-        ../../../../g /./g /../g g. .g g.. ..g ./../g ./g/. g/./h g/../h g;x=1/./y g;x=1/../y g?y/./x
-        g?y/../x g#s/./x g#s/../x http:g)");
+TEST(RFC3986, TakesTheReferencesOfTheExamplesUnchanged) {
+    std::istringstream texts(R"(ftp://ftp.is.co.za/rfc/rfc1808.txt ldap://[2001:db8::7]/c=GB?a?one
+        mailto:John.Doe@example.com tel:+1-816-555-1212 telnet://192.0.2.16:80/ urn:oasis:names:4.1.2
+        http://a/b/c/d;p?q g:h g ./g g/ /g //g ?y g?y #s g#s g?y#s ;x g;x g;x?y#s . ./ .. ../ ../g ../..
+        ../../ ../../g ../../../g /./g /../g g. .g g.. ..g ./../g ./g/. g/./h g/../h g;x=1/./y
+        g;x=1/../y g?y/./x g?y/../x g#s/./x g#s/../x http:g)");
     for (std::string text; texts >> text;) {
         const auto url = url::parse(text);
         EXPECT_TRUE(url && url->buffer() == text) << text;
     }
-}
-
-TEST(RFC3986, RefusesOtherTexts) {
-    for (const std::string& text : split(
-             R"(%|%G0|a%2|//%zz|a:b:%|+a:b|.a:b|a_b:c|a[b]|?[|#a#b|//[|//[::1|//::1]|//[::1]a
-|//[::g]|//[1:2:3:4:5:6:7]|//[1::2::3]|//[::256.0.0.1]|//[vg.a]|//h:8a|//a@b@c| a|a b|"a"|a\b|{a}|宋)",
-             '|'))
-        EXPECT_FALSE(url::parse(text)) << text;
-}
-
-TEST(RFC3986, EncodesWhatAFragmentDoesNotTake) {
-    const std::string others = "-._~!$&'()*+,;=:@/?";
-    for (int byte = 0; byte < 256; ++byte) {
-        const std::string text(1, static_cast<char>(byte));
-        const bool isTaken =
-            byte < 128 && (std::isalnum(byte) || others.find(text) != std::string::npos);
-        std::array<char, 4> hexadecimal{};
-        std::snprintf(hexadecimal.data(), hexadecimal.size(), "%%%02X", byte);
-        const std::string encoded = url::percentEncodedForFragment(text);
-        EXPECT_EQ(encoded, isTaken ? text : byte < 128 ? hexadecimal.data() : "%EF%BF%BD") << byte;
-        EXPECT_TRUE(url::parse("#" + encoded)) << byte;
-        EXPECT_EQ(url::parse("#" + text).has_value(), isTaken) << byte;
-    }
+    for (const std::string& other :
+         split("%G0|a:b:%|+a:b|a[b]|#a#b|//::1]|//[1::2::3]|//h:8a|//a@b@c|a b|宋", '|'))
+        EXPECT_FALSE(url::parse(other)) << other;
 }
 
 } // namespace

@@ -41,7 +41,9 @@ TEST(JSON, RefusesWhatIsNoDocumentAndSaysWhereAndWhy) {
         {"[\xC2\x9B", 1, 2, "control character 155"},
         {"[\"\\q\"]", 1, 4, "unexpected \"q\""},
         {"[123456789012345678901234567890, x]", 1, 34, "unexpected \"x\""},
-        {nested(1025, "[", "", "]"), 1, 1025, "deeper than 1024"},
+        {"[\"\\ud800\\u1\"]", 1, 12, "expected hex digit"},
+        {"[\"\\ud800\\udc0\xC3\xA9\"]", 1, 14, "expected hex digit"},
+        {std::string(100'000, '['), 1, 1025, "deeper than 1024"},
         {nested(1025, "{\"a\":", "1", "}"), 1, 5121, "deeper than 1024"},
     };
     for (const auto& [text, line, column, reason] : cases)
@@ -116,24 +118,20 @@ TEST(JSON, GivesNullEmptyOrZeroForWhatAValueDoesNotHold) {
 
 TEST(JSON, StepsThroughAnArray) {
     const JSON json = JSON::parse(R"([1, [2, [3]], {"a": 4}, "5", true, null, 1.5])");
-    const std::vector<JSON> elements = json.arrayValue();
     using enum JSON::Type;
     const JSON::Type types[] = {number, array, dictionary, string, boolean, null, number};
-    std::string stepped, given, indexed;
-    std::int64_t index = 0;
+    std::string stepped;
+    std::size_t index = 0;
     for (const JSON& element : json) {
-        EXPECT_EQ(element.type(), types[index]) << index;
         stepped += toText(toValue(element)) + " ";
-        given += toText(toValue(elements.at(static_cast<std::size_t>(index)))) + " ";
-        indexed += toText(toValue(json[index++])) + " ";
+        EXPECT_EQ(element.type(), types[index]) << index;
+        EXPECT_EQ(element, json.arrayValue().at(index)) << index;
+        EXPECT_EQ(element, json[index++]);
     }
     EXPECT_EQ(stepped, R"(1 [2,[3]] {"a":4} "5" true null 1.5E0 )");
-    EXPECT_EQ(given + indexed, stepped + stepped);
     auto second = json.begin();
     second++;
     EXPECT_EQ(second->type(), array);
-    const JSON none = JSON::parse("[]");
-    EXPECT_EQ(none.begin(), none.end());
 }
 
 TEST(JSON, KeepsTheDocumentAliveAndTheLastOfARepeatedKey) {
@@ -149,23 +147,16 @@ static_assert(!std::is_convertible_v<JSON::Type, JSON> &&
               !std::is_convertible_v<long double, JSON>);
 
 TEST(JSON, IsMadeFromAValueAsFromItsText) {
-    using Double = std::numeric_limits<double>;
     const std::pair<JSON, std::string> rows[] = {
         {nullptr, "null"},
         {true, "true"},
-        {false, "false"},
         {static_cast<signed char>(-7), "-7"},
-        {std::numeric_limits<std::int64_t>::min(), "-9223372036854775808"},
         {std::numeric_limits<std::uint64_t>::max(), "18446744073709551615"},
         {2.0, "2.0"},
         {0.1F, "0.1"},
         {-0.0, "-0.0"},
-        {Double::denorm_min(), "5e-324"},
-        {Double::max(), "1.7976931348623157e308"},
-        {Double::quiet_NaN(), "null"},
         {-std::numeric_limits<float>::infinity(), "null"},
         {"", R"("")"},
-        {"{}", R"("{}")"},
         {std::string("\0\"\\\n", 4), R"("\u0000\"\\\n")"},
         {std::string_view("\xC3"), "\"\uFFFD\""}};
     for (const auto& [made, text] : rows) {

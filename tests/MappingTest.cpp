@@ -2,6 +2,7 @@
 #include <PerchAppLibrary/record/detail/NameIndex.hpp>
 
 #include "RecordTesting.hpp"
+#include "Sample.hpp"
 
 #include <algorithm>
 
@@ -9,25 +10,6 @@ using namespace PerchAppLibrary;
 using namespace std::string_view_literals;
 
 namespace {
-
-/// Properties of each kind. Their defaults differ from the values of the cases below.
-class Sample : public BaseEntity {
-    PERCH_RECORD(Sample, BaseEntity);
-
-    PERCH_PROPERTY(std::int64_t, Int, -7);
-    PERCH_PROPERTY(bool, On, true);
-    PERCH_PROPERTY(bool, Off);
-    PERCH_PROPERTY(float, Float, -7.5F);
-    PERCH_PROPERTY(std::string, String, "kept");
-    PERCH_PROPERTY(std::optional<std::string>, Optional, "kept");
-    PERCH_PROPERTY(std::vector<std::int64_t>, Ints, -7, -7);
-    PERCH_PROPERTY(std::vector<std::string>, Strings, "kept");
-    PERCH_PROPERTY(JSON, Any);
-    PERCH_PROPERTY(std::vector<std::shared_ptr<Sample>>, Samples);
-
-    PERCH_RECORD_END;
-};
-PERCH_RECORD_SCHEMA(Sample);
 
 /// Overrides an accessor, so that it is filled through its accessors.
 struct Overriding : Sample {
@@ -62,7 +44,6 @@ TEST(Mapping, ConvertsEachKindOfValueToEachKindOfPropertyOrLeavesItAlone) {
         {"1.0", R"(1 true 1E0 "1.0")"},
         {"-0.0", R"(0 false -0E0 "-0.0")"},
         {"1.10", R"(- - 1.1E0 "1.1")"},
-        {"-9.223372036854775808e18", "- - -9.223372E18 -"},
         {"9.223372036854775808e18", "- - 9.223372E18 -"},
         {"1e39", "- - - -"},
         {"9007199254740991.0", R"(9007199254740991 - 9.007199E15 "9007199254740991.0")"},
@@ -77,9 +58,7 @@ TEST(Mapping, ConvertsEachKindOfValueToEachKindOfPropertyOrLeavesItAlone) {
         {R"("1e-999")", R"(- - - "1e-999")"},
         {R"("0.0e-999")", R"(- - 0E0 "0.0e-999")"},
         {R"("12px")", R"(- - - "12px")"},
-        {R"(" 12")", R"(- - - " 12")"},
         {R"("+12")", R"(- - - "+12")"},
-        {R"("inf")", R"(- - - "inf")"},
         {R"("1")", R"(1 true 1E0 "1")"},
         {R"("0")", R"(0 false 0E0 "0")"},
         {R"("True")", R"(- true - "True")"},
@@ -91,8 +70,8 @@ TEST(Mapping, ConvertsEachKindOfValueToEachKindOfPropertyOrLeavesItAlone) {
         {"[1]", "- - - -"}};
     for (const auto& [text, expected] : rows)
         for (const auto& sample :
-             filledWith(text, {"Int", "On", "Off", "Float", "String", "Optional"})) {
-            const bool isKept = sample->On() != sample->Off();
+             filledWith(text, {"Int", "On", "Flag", "Float", "String", "Optional"})) {
+            const bool isKept = sample->On() != sample->Flag();
             const std::string flag = isKept ? "-" : toText(sample->value("On"));
             EXPECT_EQ(taken(*sample, "Int") + " " + flag + " " + taken(*sample, "Float") + " " +
                           taken(*sample, "String"),
@@ -150,9 +129,9 @@ TEST(Mapping, SetsEachPropertyOnceInTheirOrderAndTheLastOfARepeatedKeyHolds) {
 
 TEST(Mapping, LeavesExcludedKeysAlone) {
     const auto record = Sample::create();
-    record->setValue(JSON::parse(R"({"Id":1,"Int":2,"Off":true,"Token":"t","IsDisabled":true})"),
+    record->setValue(JSON::parse(R"({"Id":1,"Int":2,"Flag":true,"Token":"t","IsDisabled":true})"),
                      Excluded{"Int", "Unknown", "Id", "Token"});
-    EXPECT_EQ(changed(record), R"({"IsDisabled":true,"Off":true})");
+    EXPECT_EQ(changed(record), R"({"IsDisabled":true,"Flag":true})");
 }
 
 /// Looks a name up in each way: on memory that ends with it, without a guess, from the last guess,
@@ -169,7 +148,8 @@ std::size_t find(const NameIndex& index, std::string_view name, std::uint32_t& g
 }
 
 TEST(NameIndex, DistinguishesNamesOfAllLengths) {
-    std::vector<std::string> owned{"I",
+    std::vector<std::string> owned{"",
+                                   "I",
                                    "Id",
                                    "IdA",
                                    "IsGroup",
@@ -179,8 +159,7 @@ TEST(NameIndex, DistinguishesNamesOfAllLengths) {
                                    "ExceptionMessage",
                                    "GroupCollectionId",
                                    "GroupCollectionIdentifier",
-                                   {"Id\0", 3},
-                                   ""};
+                                   std::string("Id\0", 3)};
     for (std::size_t number = 0; number < 300; ++number)
         owned.push_back((number % 2 == 0 ? "PropertyOfARecord" : "P") + std::to_string(number));
     const std::vector<std::string_view> names(owned.begin(), owned.end());

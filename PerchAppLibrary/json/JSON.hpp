@@ -44,7 +44,6 @@ public:
     /// The kind of a value. No value is `unknown`; it is reserved.
     enum class Type : std::uint8_t { number, string, boolean, array, dictionary, null, unknown };
 
-    /// Thrown for a text that is not a JSON document. what() is "line L, column C: reason".
     class ParseError;
 
     /// The greatest depth of nested arrays and objects.
@@ -257,6 +256,7 @@ private:
     Place m_position{}; // a simdjson::dom::array::iterator
 };
 
+/// Thrown for a text that is not a JSON document. what() is "line L, column C: reason".
 class JSON::ParseError : public std::runtime_error {
 public:
     ParseError(std::size_t line, std::size_t column, std::string_view reason);

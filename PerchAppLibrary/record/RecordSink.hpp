@@ -38,11 +38,13 @@ protected:
     ~RecordReader() = default;
 };
 
-/// Satisfied if R inherits BaseEntity's mapping, or its setValue(json). A pointer to an override
-/// does not convert to a pointer to a member of BaseEntity.
+/// Satisfied if R inherits BaseEntity's mapping. A pointer to an override does not convert to a
+/// pointer to a member of BaseEntity.
 template <class R>
 concept UsesBaseMapping =
     requires(void (*take)(void (BaseEntity::*)(const JSON&, Excluded))) { take(&R::setValue); };
+
+/// Satisfied if R inherits BaseEntity's setValue(json).
 template <class R>
 concept UsesBaseSetValue =
     requires(void (*take)(void (BaseEntity::*)(const JSON&))) { take(&R::setValue); };

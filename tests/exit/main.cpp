@@ -20,8 +20,7 @@ namespace {
 /// Everything that reads static objects, as one text.
 std::string use(const FontList& fonts) {
     const FontList read = FontList::parse(R"([{"Id":2,"ProductName":"宋体 é","Token":"t"}])");
-    const auto user =
-        UserItem::create(JSON::parse(R"({"Guid":"u","Token":[18446744073709551616]})"));
+    const auto user = UserItem::parse(R"({"Guid":"u","Token":[18446744073709551616]})");
     const auto found = FontList::getSearchResultFont(fonts.List(), "É").second;
     return FontItem::getFontArrayText(fonts.List()) + toText(read.List()[0]->properties()) +
            toText(fonts.List()[0]->Dict()) + toText(user->Dict()) + fonts.List()[0]->OemTag() +

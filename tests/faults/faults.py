@@ -161,6 +161,9 @@ def defaults(line):
         yield match.end(2), match.end(2), default, "another default"
 
 
+# Random inputs of each property in fuzz/, as many as its test has or a part of them.
+PROPERTIES = {"documents": 4000, "filling": 10000, "locations": 5000, "text": 2500, "trees": 2000}
+
 KINDS = [conditions, returns, comparisons, connectives, numbers, statements]
 
 
@@ -262,7 +265,7 @@ def linesWithErrors(log):
 
 def build():
     """Builds the copy. Returns what the compiler printed, or None if there is no error."""
-    flags = f"-O1 -w -include {COPY}/faults.hpp"
+    flags = f"-std=c++20 -O1 -w -include {COPY}/faults.hpp"
     subprocess.run(["cmake", "-G", "Ninja", "-S", COPY, "-B", BUILD, "-DCMAKE_BUILD_TYPE=",
                     f"-DCMAKE_CXX_FLAGS={flags}"], check=True, stdout=subprocess.DEVNULL)
     built = subprocess.run(["cmake", "--build", BUILD, "--", "-k", "0"], capture_output=True,
@@ -327,6 +330,8 @@ def tried(number):
     velmo = ["bash", COPY / "tests/velmo.sh", BUILD / "tools/velmo/velmo", COPY / "samples"]
     others = {"velmo.sh": velmo, "own-record": [BUILD / "examples/own-record"],
               "first-program": [BUILD / "examples/first-program"]}
+    for name, runs in PROPERTIES.items():
+        others["fuzz-" + name] = [BUILD / f"fuzz/fuzz-{name}-replay", str(runs)]
     noticed += [name for name, command in others.items()
                 if finished(command, environment, 60)[1] != 0]
     return sorted(set(noticed))

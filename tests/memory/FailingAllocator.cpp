@@ -1,7 +1,6 @@
 #include "FailingAllocator.hpp"
 
 #include <cerrno>
-#include <cstddef>
 #include <cstdlib>
 #include <new>
 #include <utility>
@@ -27,11 +26,10 @@ bool failsInMalloc = true;
 #endif
 long blockCount = 0; // of operator new
 
-bool failsNow() {
-    if (left == 0 || --left > 0)
+bool failsNow(bool isInMalloc) {
+    if (isInMalloc != failsInMalloc || left == 0 || --left > 0)
         return false;
-    hasFailed = true;
-    return true;
+    return hasFailed = true;
 }
 
 } // namespace
@@ -56,11 +54,9 @@ bool failing::stop() {
 
 long failing::blocks() { return blockCount; }
 
-// Of all forms, so that none of a sanitizer's own meets one of these.
+// The forms that the others call, and those of which a sanitizer has its own.
 void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
-    if (!failsInMalloc && failsNow())
-        return nullptr;
-    void* const block = std::malloc(size == 0 ? 1 : size);
+    void* const block = failsNow(false) ? nullptr : std::malloc(size == 0 ? 1 : size);
     blockCount += block == nullptr ? 0 : 1;
     return block;
 }
@@ -73,15 +69,8 @@ void operator delete(void* block) noexcept {
     blockCount -= block == nullptr ? 0 : 1;
     std::free(block);
 }
-void* operator new[](std::size_t size) { return operator new(size); }
-void* operator new[](std::size_t size, const std::nothrow_t&) noexcept {
-    return operator new(size, std::nothrow);
-}
-void operator delete[](void* block) noexcept { operator delete(block); }
 void operator delete(void* block, std::size_t) noexcept { operator delete(block); }
-void operator delete[](void* block, std::size_t) noexcept { operator delete(block); }
 void operator delete(void* block, const std::nothrow_t&) noexcept { operator delete(block); }
-void operator delete[](void* block, const std::nothrow_t&) noexcept { operator delete(block); }
 
 #ifndef KEEPS_MALLOC
 // The C library's own functions have these second names. A program may define the first ones.
@@ -92,17 +81,15 @@ void* __libc_calloc(std::size_t count, std::size_t size);
 void* __libc_realloc(void* block, std::size_t size);
 void* __libc_memalign(std::size_t alignment, std::size_t size);
 
-void* malloc(std::size_t size) {
-    return failsInMalloc && failsNow() ? nullptr : __libc_malloc(size);
-}
+void* malloc(std::size_t size) { return failsNow(true) ? nullptr : __libc_malloc(size); }
 void* calloc(std::size_t count, std::size_t size) {
-    return failsInMalloc && failsNow() ? nullptr : __libc_calloc(count, size);
+    return failsNow(true) ? nullptr : __libc_calloc(count, size);
 }
 void* realloc(void* block, std::size_t size) {
-    return failsInMalloc && failsNow() ? nullptr : __libc_realloc(block, size);
+    return failsNow(true) ? nullptr : __libc_realloc(block, size);
 }
 void* aligned_alloc(std::size_t alignment, std::size_t size) {
-    return failsInMalloc && failsNow() ? nullptr : __libc_memalign(alignment, size);
+    return failsNow(true) ? nullptr : __libc_memalign(alignment, size);
 }
 int posix_memalign(void** block, std::size_t alignment, std::size_t size) {
     *block = aligned_alloc(alignment, size);

@@ -14,8 +14,8 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <cstdio>
-#include <functional>
 #include <iostream>
 #include <new>
 
@@ -61,34 +61,12 @@ std::string names(const Fonts& fonts) {
 
 std::string parse(const char* text) {
     failing::start();
-    const JSON json = JSON::parse(text);
-    return toText(toValue(json)) + (json == JSON::parse(text) ? "" : " differs");
-}
-
-std::string readFast() { return parse(fontText); }
-
-std::string readOtherNumbersAndHalvesOfCharacters() {
-    return parse(R"([1.5,7,18446744073709551616,-1e999,"\ud800 of a text of some length",1E-999])");
-}
-
-std::string readWhatIsNoDocument() {
-    failing::start();
     try {
-        return toText(toValue(JSON::parse(R"([123456789012345678901234567890, "unfinished])")));
+        const JSON json = JSON::parse(text);
+        return toText(toValue(json)) + (json == JSON::parse(text) ? "" : " differs");
     } catch (const JSON::ParseError& error) {
         return error.what();
     }
-}
-
-std::string makeJSON() {
-    failing::start();
-    return toText(toValue(JSON("a text of more than some characters"))) +
-           toText(toValue(JSON(0.1))) + toText(toValue(JSON::emptyString()));
-}
-
-std::string fill() {
-    failing::start();
-    return toText(toValue(FontList::parse(fontText).List()[1]->properties()));
 }
 
 /// Overrides an accessor, so that it is filled through its accessors.
@@ -96,14 +74,15 @@ struct ClientFont : FontItem {
     void setId(std::int64_t id) override { FontItem::setId(id); }
 };
 
-std::string refill() {
+std::string fill() {
     const JSON fonts = JSON::parse(fontText);
     failing::start();
     const auto font = FontItem::create(fonts[1]);
     const auto client = FontItem::create<ClientFont>(fonts[0]);
     font->setValue(fonts[0]);
     client->setValue(fonts[1], Excluded{"Children"});
-    return toText(font->properties()) + toText(client->properties());
+    return toText(font->properties()) + toText(client->properties()) +
+           toText(toValue(FontList::parse(fontText).List()[1]->properties()));
 }
 
 std::string mark() {
@@ -123,10 +102,6 @@ std::string search() {
            names(FontList::getFontByKey(fonts, "a PRODUCT set with a name", false)) +
            names(FontList::getFontByKey(fonts, "e\u0301tude", true)) + names(whole) +
            names(character);
-}
-
-std::string searchByCharacters() {
-    return names(FontList::getSearchResultFont(preparedFonts(), "体é").second);
 }
 
 std::string filterByTags() {
@@ -164,7 +139,8 @@ std::string readUser() {
     failing::start();
     const auto user = UserItem::create(JSON::parse(
         R"({"Guid":"a user's identifier","Token":{"any":["value of some length"]},"Tel":"1"})"));
-    return toText(user->Dict());
+    return toText(user->Dict()) + toText(toValue(JSON("a text of more than some characters"))) +
+           toText(toValue(JSON(0.1))) + toText(toValue(JSON::emptyString()));
 }
 
 std::string listErrors() {
@@ -172,123 +148,109 @@ std::string listErrors() {
     return ExceptionItem().Dict().at("002004")->msgDict().at("En");
 }
 
-using Scenario = std::string (*)();
-
 struct Case {
     const char* name;
-    Scenario run;
+    std::string (*scenario)();
 
     friend void PrintTo(const Case& each, std::ostream* stream) { *stream << each.name; }
 };
 
+constexpr Case cases[] = {
+    {"ReadFast", [] { return parse(fontText); }},
+    {"ReadOtherNumbersAndHalvesOfCharacters",
+     [] {
+         return parse(R"([18446744073709551616,-1e999,"\ud800 of a text of some length",1E-999])");
+     }},
+    {"ReadNoDocument", [] { return parse(R"([123456789012345678901234567890, "unfinished])"); }},
+    {"Fill", fill},
+    {"Mark", mark},
+    {"Search", search},
+    {"SearchByCharacters",
+     [] { return names(FontList::getSearchResultFont(preparedFonts(), "体é").second); }},
+    {"FilterByTags", filterByTags},
+    {"Write", write},
+    {"Locate", locate},
+    {"FindInstalledFont", findInstalledFont},
+    {"ReadUser", readUser},
+    {"ListErrors", listErrors}};
+
 /// What a forked process reports.
 struct Report {
-    bool isReached;     // whether an allocation has failed
-    char fault[256];    // empty if all is as it should be
-    std::size_t result; // hash of the text that the scenario gives
-    long blocks;        // that are left at the end
+    bool isReached; // whether an allocation has failed
+    long blocks;    // that are left at the end
+    std::array<char, 8192>
+        now; // what the scenario gives while an allocation fails, unless bad_alloc
+    std::array<char, 8192> later;
 };
 
-/// Runs the scenario while the allocation fails, and twice more. A success in spite of the failure
-/// must be a full one.
-void runWithFailure(Scenario scenario, long number, std::size_t expected, Report& report) {
-    const auto expect = [&](const std::string& text, const char* when) {
-        report.result = std::hash<std::string>()(text);
-        if (expected != 0 && report.result != expected)
-            std::snprintf(report.fault, sizeof report.fault, "%s: %.200s", when, text.c_str());
+/// Runs the scenario while the allocation fails, and twice more, in a process of its own, where
+/// nothing has been used before. Returns whether the process came to its end.
+bool runAlone(const Case& each, long number, Report& report) {
+    const auto run = [&]() noexcept {
+        const auto keep = [](auto& kept, const std::string& text) {
+            std::snprintf(kept.data(), kept.size(), "%s", text.c_str());
+        };
+        const long before = failing::blocks();
+        failing::arm(number);
+        try {
+            keep(report.now, each.scenario());
+        } catch (const std::bad_alloc&) { // NOLINT(bugprone-empty-catch): as it should be
+        }
+        report.isReached = failing::stop();
+        keep(report.later, each.scenario() + each.scenario());
+        report.blocks = failing::blocks() - before;
     };
-    const long before = failing::blocks();
-    failing::arm(number);
-    try {
-        const std::string text = scenario();
-        report.isReached = failing::stop();
-        expect(text, "with the failure");
-    } catch (const std::bad_alloc&) {
-        report.isReached = failing::stop();
-    } catch (const std::exception& error) {
-        report.isReached = failing::stop();
-        std::snprintf(report.fault, sizeof report.fault, "threw %.200s", error.what());
-    }
-    for (int again = 0; again < 2; ++again)
-        expect(scenario(), "afterwards");
-    report.blocks = failing::blocks() - before;
-}
-
-/// Runs it in a process of its own, where nothing has been used before. Returns whether the process
-/// came to its end.
-bool runAlone(Scenario scenario, long number, std::size_t expected, Report& report) {
-    report = {};
     const pid_t child = fork();
     if (child == 0) {
         alarm(20);
-        try {
-            runWithFailure(scenario, number, expected, report);
-        } catch (const std::exception& error) {
-            std::snprintf(report.fault, sizeof report.fault, "later threw %.200s", error.what());
-        }
+        run();
         _exit(0);
     }
     int status = 0;
     waitpid(child, &status, 0);
-    return WIFEXITED(status) && WEXITSTATUS(status) == 0;
+    return status == 0;
 }
 
 class OutOfMemory : public testing::TestWithParam<Case> {};
 
 TEST_P(OutOfMemory, GivesBadAllocAndLeavesAllUsableWhicheverAllocationFails) {
-    const Scenario scenario = GetParam().run;
-    auto& report = *static_cast<Report*>(
-        mmap(nullptr, sizeof(Report), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0));
-    ASSERT_TRUE(runAlone(scenario, 0, 0, report));
-    const auto [isReached, fault, expected, blocks] = report;
-    long number = 1;
-    for (;; ++number) {
-        const bool isOver = runAlone(scenario, number, expected, report);
-        EXPECT_TRUE(isOver) << "the process died at allocation " << number;
-        EXPECT_STREQ(report.fault, "") << "at allocation " << number;
-        EXPECT_TRUE(!isOver || report.blocks <= blocks)
-            << report.blocks - blocks << " blocks leaked at allocation " << number;
-        if (isOver && !report.isReached)
-            break;
-        ASSERT_LT(number, 10'000);
-    }
-    munmap(&report, sizeof report);
+    constexpr std::size_t size = 2 * sizeof(Report);
+    auto* const shared = static_cast<Report*>(
+        mmap(nullptr, size, PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0));
+    Report &report = shared[0], &expected = shared[1];
+    ASSERT_TRUE(runAlone(GetParam(), 0, expected));
+    long number = 0;
+    do {
+        report = {};
+        SCOPED_TRACE("at allocation " + std::to_string(++number));
+        ASSERT_TRUE(runAlone(GetParam(), number, report)) << "the process died";
+        EXPECT_TRUE(report.now[0] == '\0' || report.now == expected.now) << report.now.data();
+        EXPECT_STREQ(report.later.data(), expected.later.data());
+        EXPECT_LE(report.blocks, expected.blocks) << "blocks leaked";
+    } while (report.isReached && number < 10'000);
+    EXPECT_FALSE(report.isReached);
+    munmap(shared, size);
     std::cout << number - 1 << " allocations failed\n";
 }
-
-constexpr Case cases[] = {{"ReadFast", readFast},
-                          {"ReadOtherNumbers", readOtherNumbersAndHalvesOfCharacters},
-                          {"ReadNoDocument", readWhatIsNoDocument},
-                          {"MakeJSON", makeJSON},
-                          {"Fill", fill},
-                          {"Refill", refill},
-                          {"Mark", mark},
-                          {"Search", search},
-                          {"SearchByCharacters", searchByCharacters},
-                          {"FilterByTags", filterByTags},
-                          {"Write", write},
-                          {"Locate", locate},
-                          {"FindInstalledFont", findInstalledFont},
-                          {"ReadUser", readUser},
-                          {"ListErrors", listErrors}};
 
 INSTANTIATE_TEST_SUITE_P(All, OutOfMemory, testing::ValuesIn(cases),
                          [](const auto& each) { return each.param.name; });
 
 TEST(InterruptedRefill, LeavesNamesAndSearchInAgreement) {
-    const std::string longText(100, 'x');
-    const JSON json =
-        JSON::parse(R"({"ProductName":"abc","ProductSetName":")" + longText +
-                    R"(","displayName":"shown","Copyright":")" + longText +
-                    R"(","ProductFileName":"file.ttf","Children":[{"Id":1}],"Tags":[1]})");
+    const JSON json = JSON::parse(
+        R"({"ProductName":"Étude of a long name","ProductSetName":"a set of a long name","Tags":[1],
+            "displayName":"shown with a long name","ProductFileName":"a file of a long name",
+            "Children":[{"Id":1}],"Copyright":"a text that is not searched"})");
+    const std::pair<const char*, const std::string& (FontItem::*)() const> names[] = {
+        {"ProductName", &FontItem::ProductName},
+        {"ProductSetName", &FontItem::ProductSetName},
+        {"ProductFileName", &FontItem::ProductFileName},
+        {"displayName", &FontItem::displayName}};
     bool isDone = false;
     for (long step = 1; !isDone; ++step) {
         ASSERT_LT(step, 10'000);
         const auto font = FontItem::create();
-        const auto isFound = [&font](const std::string& key) {
-            return !FontList::getFontByKey({font}, key, true).empty();
-        };
-        EXPECT_FALSE(isFound("abc")); // so that the font knows its names
+        FontList::getFontByKey({font}, "Étude", true); // so that the font knows its names
         failing::arm(step);
         failing::start();
         try {
@@ -297,10 +259,12 @@ TEST(InterruptedRefill, LeavesNamesAndSearchInAgreement) {
         } catch (const std::bad_alloc&) { // NOLINT(bugprone-empty-catch): isDone stays false
         }
         failing::stop();
-        EXPECT_EQ(isFound("abc"), font->ProductName() == "abc") << "allocation " << step;
-        EXPECT_EQ(isFound("xxx"), font->ProductSetName() == longText) << "allocation " << step;
-        EXPECT_EQ(isFound("shown"), font->displayName() == "shown") << "allocation " << step;
-        EXPECT_EQ(isFound("file"), font->ProductFileName() == "file.ttf") << "allocation " << step;
+        for (const auto& [name, accessor] : names) {
+            const std::string text = json[name].as<std::string>().value();
+            EXPECT_EQ(!FontList::getFontByKey({font}, text, true).empty(),
+                      (*font.*accessor)() == text)
+                << name << " after allocation " << step;
+        }
         EXPECT_TRUE(!isDone || font->Tags().size() == 1) << font->Tags().size();
     }
 }

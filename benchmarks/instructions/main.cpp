@@ -9,9 +9,8 @@
 #include <cstdio>
 #include <fstream>
 #include <functional>
+#include <iterator>
 #include <map>
-#include <sstream>
-#include <stdexcept>
 
 #ifdef __GLIBC__
 #include <malloc.h>
@@ -26,19 +25,14 @@ using Work = std::function<void()>;
 
 std::string sample(const std::string& name) {
     std::ifstream file(VELMO_SAMPLES "/" + name);
-    std::ostringstream content;
-    content << file.rdbuf();
-    if (!file)
-        throw std::runtime_error("cannot read " + name);
-    return content.str();
+    return {std::istreambuf_iterator<char>(file), {}};
 }
 
 FontList fontList() { return FontList(JSON::parse(sample("font-list.json"))); }
 
 std::vector<std::int64_t> idsOf(const FontList& fonts) {
     std::vector<std::int64_t> ids;
-    forEachLeaf(fonts.List(),
-                [&ids](const std::shared_ptr<FontItem>& leaf) { ids.push_back(leaf->Id()); });
+    forEachLeaf(fonts.List(), [&ids](const auto& leaf) { ids.push_back(leaf->Id()); });
     return ids;
 }
 

@@ -1,0 +1,151 @@
+#!/usr/bin/env python3
+"""Prepares one file for Doxygen: filter.py FILE prints it.
+
+In a header, each macro of record/Record.hpp becomes the functions that it declares, with comments.
+In a guide, headings get identifiers, and links to them, to headers and to other files of the
+repository get the forms that the site needs. Lines keep their numbers.
+"""
+
+import os
+import re
+import sys
+
+MACRO = re.compile(r"^ *(PERCH_[A-Z_]+)\b(\((?:[^()]|\((?:[^()]|\([^()]*\))*\))*\))?;", re.M)
+
+ZEROS = {"std::int64_t": "0", "float": "0", "bool": "false", "PerchAppLibrary::JSON": "null"}
+
+
+def arguments(text):
+    """Splits the arguments of a macro at the commas outside of brackets."""
+    parts, depth = [""], 0
+    for character in text[1:-1]:
+        depth += (character in "(<{") - (character in ")>}")
+        if character == "," and depth == 0:
+            parts.append("")
+        else:
+            parts[-1] += character
+    return [" ".join(part.split()) for part in parts]
+
+
+def stored(line_type, name, setter, default):
+    plain = re.sub(r"^(?:Rare|Near)<(.*)>$", r"\1", line_type)
+    if default is None:
+        default = ZEROS.get(plain, "absent" if "optional" in plain else "empty")
+    note = f'Stored property of type `{plain}`. JSON key "{name}". Default: {default}.'
+    read = plain if plain in ("std::int64_t", "float", "bool") else f"const {plain}&"
+    return (f"virtual {read} {name}() const; /**< {note} */ "
+            f"virtual void {setter}({plain} newValue); /**< Sets {name}(). */")
+
+
+def record(name, has_defaults, has_json):
+    made = f"template <class R = {name}> static std::shared_ptr<R>"
+    functions = ["public:"]
+    if has_defaults:
+        functions.append(f"{made} create(); /**< Makes a record with the default of each property."
+                         f" create<R>() makes an R, a subclass of {name}. */")
+    if has_json:
+        functions.append(f"{made} create(const JSON& json); /**< Makes a record and fills it from"
+                         f" a JSON object. */ {made} parse(Text text); /**< Returns"
+                         " create(JSON::parse(text)). Throws JSON::ParseError if the text is"
+                         " malformed. */")
+    return " ".join(functions)
+
+
+def labels(owner, name, pairs):
+    given = ", ".join(f".{label} = ..." for label, _ in pairs)
+    setters = ", ".join(f"set{target}()" for _, target in pairs)
+    return (f"template <class R = {owner}> static std::shared_ptr<R> create({name} labels);"
+            f" /**< `create({{{given}}})` makes a record and calls {setters}. */")
+
+
+def header(text):
+    owner = re.search(r"\bclass (\w+)", text).group(1) if "PERCH_" in text else ""
+    has_json = "JSONFilling::none" not in text
+
+    def declaration(match):
+        macro, given = match.group(1), match.group(2)
+        words = arguments(given) if given else []
+        nonlocal owner
+        if macro in ("PERCH_RECORD", "PERCH_RECORD_FROM_JSON"):
+            owner = words[0]
+            result = record(owner, macro == "PERCH_RECORD", has_json)
+        elif macro == "PERCH_PROPERTY":
+            result = stored(words[0], words[1], "set" + words[1], *words[2:] or [None])
+        elif macro == "PERCH_PROPERTY_SET_BY":
+            result = stored(*words[:3], *words[3:] or [None])
+        elif macro == "PERCH_CONSTANT":
+            result = (f"virtual {words[0]} {words[1]}() const; /**< Constant property: `{words[2]}`"
+                      f" in all records; key \"{words[1]}\". */")
+        elif macro == "PERCH_COMPUTED":
+            result = f"virtual {words[0]} {words[1]}() const; /**< Computed property. */"
+        elif macro == "PERCH_LABELS":
+            result = labels(owner, words[0], [arguments(pair) for pair in words[1:]])
+        else:
+            result = "public:"
+        return result + "\n" * match.group(0).count("\n")
+
+    text = re.sub(r"(?m)^ *friend (class|struct) \w+;", "", text)
+    return MACRO.sub(declaration, text)
+
+
+def with_page(text):
+    """Marks the comment of a header, since Doxygen makes no page without one. Cuts off helpers."""
+    text = text.partition("\n// The macros above use the following ones.")[0]
+    text, count = re.subn(r"\n(\n(?:///.*\n)+(?:\n|namespace ))", r"\n/// @file\1", text, count=1)
+    return text if count else "/** @file */ " + text
+
+
+def page_id(path):
+    """The name of a guide's HTML file, without its ending."""
+    name = os.path.splitext(os.path.basename(path))[0]
+    return "index" if name == "README" else name
+
+
+def heading_id(page, heading):
+    """The identifier of a heading: the one by which web hosts of repositories link to it."""
+    return page + "-" + re.sub(r"[^\w\- ]", "", heading.lower()).strip().replace(" ", "-")
+
+
+def guide(path, text):
+    page = page_id(path)
+
+    def link(match):
+        label, target = " ".join(match.group(1).strip("`").split()), match.group(2)
+        if ":" in target:
+            return match.group(0)
+        target, _, fragment = target.partition("#")
+        file = os.path.normpath(os.path.join(os.path.dirname(path), target)) if target else path
+        lines = "\n" * match.group(0).count("\n")
+        if file.startswith("docs/") and file.endswith(".md"):
+            place = heading_id(page_id(file), fragment) if fragment else page_id(file)
+            return f'@ref {place} "{label}"{lines}'
+        if file.endswith(".hpp"):
+            return f'@ref {os.path.basename(file)} "{label}"{lines}'
+        return f"`{label}`{lines}" # a file that is not on the site
+
+    def heading(match):
+        if match.group(1) == "#":
+            return match.group(0) if page == "index" else f"{match.group(0)} {{#{page}}}"
+        return f"{match.group(0)} {{#{heading_id(page, match.group(2))}}}"
+
+    if not text.startswith("#"):
+        text = f"# {page.capitalize()}\n\n{text}"
+    parts = re.split(r"(^```.*?^```$)", text, flags=re.M | re.S)
+    for index in range(0, len(parts), 2): # what is not code
+        parts[index] = re.sub(r"(?<!!)\[([^\]]+)\]\(([^)\s]+)\)", link, parts[index])
+        parts[index] = re.sub(r"(?m)^(#+) (.*)$", heading, parts[index])
+    return "".join(parts)
+
+
+def main():
+    path = os.path.relpath(sys.argv[1])
+    with open(path, encoding="utf-8") as file:
+        text = file.read()
+    if path.endswith(".md"):
+        text = guide(path, text)
+    else:
+        text = with_page(text if path.endswith("record/Record.hpp") else header(text))
+    sys.stdout.write(text)
+
+
+main()

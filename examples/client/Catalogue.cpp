@@ -1,0 +1,97 @@
+#include "Catalogue.hpp"
+
+#include <VelmoCloudEntity/account/UserFontActivateMapItem.hpp>
+#include <VelmoCloudEntity/account/UserFontFavoriteMapItem.hpp>
+#include <VelmoCloudEntity/entity/RecordTree.hpp>
+
+#include <unordered_set>
+
+namespace client {
+
+using namespace VelmoCloudEntity;
+
+namespace {
+
+/// A null stands for a reply that the service does not have.
+void require(const JSON& reply, JSON::Type type, const char* message) {
+    if (reply.type() != type && !reply.isNull())
+        throw std::runtime_error(message);
+}
+
+} // namespace
+
+void Catalogue::readFonts(const JSON& reply) {
+    require(reply, JSON::Type::array, "this is no list of fonts");
+    m_fonts = FontList(reply);
+    m_fontCount = FontList::getFontCount(m_fonts.List());
+    m_passing.reset();
+    // The first search of a tree also computes the signatures of its names. No user waits for it
+    // here.
+    FontList::getFontByName(m_fonts.List(), "a", true);
+}
+
+void Catalogue::readTags(const JSON& reply) {
+    require(reply, JSON::Type::array, "this is no list of tags");
+    m_tags = FontTagList(reply);
+    m_passing.reset();
+}
+
+void Catalogue::markActivated(const JSON& reply) {
+    require(reply, JSON::Type::dictionary, "this is no map of fonts");
+    FontList::setActivatedFont(m_fonts.List(), UserFontActivateMapItem::create(reply)->FontList());
+}
+
+void Catalogue::markFavourites(const JSON& reply) {
+    require(reply, JSON::Type::dictionary, "this is no map of fonts");
+    FontList::setFavoritedFont(m_fonts.List(), UserFontFavoriteMapItem::create(reply)->FontList());
+}
+
+Found Catalogue::find(const std::string& key) {
+    const auto begin = std::chrono::steady_clock::now();
+    if (!m_passing)
+        m_passing = fontsPassingTags();
+    Found found;
+    if (key.empty())
+        found.fonts = *m_passing;
+    else
+        search(key, found);
+    found.duration = std::chrono::steady_clock::now() - begin;
+    found.count = FontList::getFontCount(found.fonts);
+    return found;
+}
+
+Fonts Catalogue::fontsPassingTags() const {
+    if (FontTagList::getCheckedFontTagList(tags()).empty())
+        return m_fonts.List();
+    std::vector<std::int64_t> ids;
+    forEachLeaf(m_fonts.List(), [&ids](const auto& font) { ids.push_back(font->Id()); });
+    Fonts passing = FontList::getFontById(m_fonts.List(),
+                                          FontTagList::getCheckedFontTagFontIdList(tags(), ids));
+    // Tags are for the catalogue's fonts. A private font may have the Id of one of these.
+    std::erase_if(passing, [](const auto& font) { return font->IsPrivate(); });
+    return passing;
+}
+
+void Catalogue::search(const std::string& key, Found& found) const {
+    auto [whole, byCharacter] = FontList::getSearchResultFont(*m_passing, key);
+    std::unordered_set<const FontItem*> seen(whole.size());
+    for (const auto& font : whole)
+        seen.insert(font.get());
+    found.wholeKey = whole.size();
+    found.fonts = std::move(whole);
+    for (auto& font : byCharacter)
+        if (!seen.contains(font.get()))
+            found.fonts.push_back(std::move(font));
+}
+
+void Catalogue::tick(FontTagItem& tag, bool isTicked) {
+    tag.setIsChecked(isTicked);
+    m_passing.reset();
+}
+
+void Catalogue::untickAll() {
+    FontTagList::setFontTagItemCheck(tags(), false);
+    m_passing.reset();
+}
+
+} // namespace client

@@ -1,0 +1,55 @@
+#pragma once
+
+#include <VelmoCloudEntity/catalogue/FontTagList.hpp>
+#include <VelmoCloudEntity/font/FontList.hpp>
+
+#include <chrono>
+#include <optional>
+
+namespace client {
+
+using PerchAppLibrary::JSON;
+using VelmoCloudEntity::FontItem;
+using VelmoCloudEntity::FontTagItem;
+using Fonts = VelmoCloudEntity::Records<FontItem>;
+using Tags = VelmoCloudEntity::Records<FontTagItem>;
+
+/// What a query found.
+struct Found {
+    Fonts fonts;                         // whole-key matches first; without a query, the tree
+    std::int64_t count = 0;              // number of leaf fonts
+    std::size_t wholeKey = 0;            // number of fonts that contain the whole key
+    std::chrono::nanoseconds duration{}; // of the query
+};
+
+/// The fonts and tags of the service, and the queries. The functions that read a reply throw
+/// std::runtime_error for one of another kind, and then change nothing.
+class Catalogue {
+public:
+    void readFonts(const JSON& reply);
+    void readTags(const JSON& reply);
+    void markActivated(const JSON& reply);
+    void markFavourites(const JSON& reply);
+
+    /// Returns the fonts that pass the ticked tags and contain the key, then those that contain a
+    /// character of it. Returns the tree of fonts if the key is empty and no tag is ticked.
+    Found find(const std::string& key);
+
+    const Tags& tags() const noexcept { return m_tags.List(); }
+    void tick(FontTagItem& tag, bool isTicked);
+    void untickAll();
+
+    std::int64_t fontCount() const noexcept { return m_fontCount; }
+    std::int64_t activatedCount() const { return m_fonts.getActivatedFontCount(m_fonts.List()); }
+
+private:
+    Fonts fontsPassingTags() const;
+    void search(const std::string& key, Found& found) const;
+
+    VelmoCloudEntity::FontList m_fonts;
+    VelmoCloudEntity::FontTagList m_tags;
+    std::int64_t m_fontCount = 0;
+    std::optional<Fonts> m_passing; // the fonts that pass the tags; nullopt after a change
+};
+
+} // namespace client

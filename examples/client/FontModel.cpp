@@ -1,0 +1,164 @@
+#include "FontModel.hpp"
+
+#include <VelmoCloudEntity/font/searchedCharacters.hpp>
+
+#include <PerchAppLibrary/text/Text.hpp>
+
+namespace client {
+namespace {
+
+constexpr int batch = 200;         // rows, more than a window shows
+constexpr qsizetype longest = 500; // characters of a text in a row
+
+bool isMark(int column) { return column == FontModel::activated || column == FontModel::favourite; }
+
+std::string textOf(const FontItem& font, int column) {
+    switch (column) {
+    case FontModel::name:
+        return font.DisplayName();
+    case FontModel::family:
+        return font.ProductSetName();
+    case FontModel::file:
+        return font.ProductFileName();
+    default:
+        return {};
+    }
+}
+
+bool isMarked(const FontItem& font, int column) {
+    return column == FontModel::activated ? font.IsActivated() : font.IsFavorited();
+}
+
+void mark(FontItem& font, int column, bool isMarked) {
+    if (column == FontModel::activated)
+        font.setActivated(isMarked); // of a group, all members
+    else
+        font.setIsFavorited(isMarked);
+}
+
+} // namespace
+
+std::unique_ptr<FontModel::Level> FontModel::levelOf(Level* outer, int row, Fonts fonts) {
+    const auto shown = static_cast<int>(std::min<std::size_t>(fonts.size(), batch));
+    return std::unique_ptr<Level>(new Level{outer, row, std::move(fonts), shown, {}});
+}
+
+void FontModel::setFound(Found found, const std::string& key) {
+    beginResetModel();
+    m_root = levelOf(nullptr, 0, std::move(found.fonts));
+    m_wholeKey = found.wholeKey;
+    m_key.clear();
+    m_characters.clear();
+    if (!key.empty())
+        m_key.emplace_back(key);
+    for (const std::string_view character : VelmoCloudEntity::searchedCharacters(key))
+        m_characters.emplace_back(character);
+    endResetModel();
+}
+
+FontModel::Level& FontModel::levelBelow(const QModelIndex& parent) const {
+    if (!parent.isValid())
+        return *m_root;
+    auto* const level = static_cast<Level*>(parent.internalPointer());
+    std::unique_ptr<Level>& below = level->opened[parent.row()];
+    if (!below)
+        below = levelOf(level, parent.row(), fontAt(parent)->Children());
+    return *below;
+}
+
+const std::shared_ptr<FontItem>& FontModel::fontAt(const QModelIndex& index) const {
+    const auto* const level = static_cast<const Level*>(index.internalPointer());
+    return level->fonts[static_cast<std::size_t>(index.row())];
+}
+
+QModelIndex FontModel::index(int row, int column, const QModelIndex& parent) const {
+    if (row < 0 || column < 0 || column >= columns || row >= rowCount(parent))
+        return {};
+    return createIndex(row, column, &levelBelow(parent));
+}
+
+QModelIndex FontModel::parent(const QModelIndex& child) const {
+    if (!child.isValid())
+        return {};
+    const auto* const level = static_cast<const Level*>(child.internalPointer());
+    return level->outer != nullptr ? createIndex(level->row, 0, level->outer) : QModelIndex();
+}
+
+int FontModel::rowCount(const QModelIndex& parent) const {
+    return hasChildren(parent) ? levelBelow(parent).shown : 0;
+}
+
+bool FontModel::hasChildren(const QModelIndex& parent) const {
+    if (!parent.isValid())
+        return !m_root->fonts.empty();
+    const FontItem& font = *fontAt(parent);
+    return parent.column() == 0 && font.IsGroup() && !font.Children().empty();
+}
+
+bool FontModel::canFetchMore(const QModelIndex& parent) const {
+    return hasChildren(parent) && std::cmp_less(rowCount(parent), levelBelow(parent).fonts.size());
+}
+
+void FontModel::fetchMore(const QModelIndex& parent) {
+    Level& level = levelBelow(parent);
+    const int more = std::min(batch, static_cast<int>(level.fonts.size()) - level.shown);
+    beginInsertRows(parent, level.shown, level.shown + more - 1);
+    level.shown += more;
+    endInsertRows();
+}
+
+QVariant FontModel::data(const QModelIndex& index, int role) const {
+    if (!index.isValid())
+        return {};
+    const FontItem& font = *fontAt(index);
+    if (role == Qt::DisplayRole && !isMark(index.column()))
+        return QString::fromStdString(textOf(font, index.column())).left(longest);
+    if (role == Qt::CheckStateRole && (flags(index) & Qt::ItemIsUserCheckable) != 0)
+        return isMarked(font, index.column()) ? Qt::Checked : Qt::Unchecked;
+    if (role == foundParts)
+        return QVariant::fromValue(rangesFound(index));
+    return {};
+}
+
+QList<FontModel::Range> FontModel::rangesFound(const QModelIndex& index) const {
+    const std::string text = textOf(*fontAt(index), index.column());
+    const auto unitsBefore = [&text](std::size_t end) {
+        return static_cast<int>(PerchAppLibrary::text::utf16Length({text.data(), end}));
+    };
+    QList<Range> ranges;
+    for (const auto& needle : std::cmp_less(index.row(), m_wholeKey) ? m_key : m_characters)
+        if (const auto part = needle.partOf(text)) {
+            const int begin = unitsBefore(part->begin);
+            ranges.append({begin, unitsBefore(part->end) - begin});
+        }
+    return ranges;
+}
+
+bool FontModel::setData(const QModelIndex& index, const QVariant& value, int role) {
+    if (role != Qt::CheckStateRole || (flags(index) & Qt::ItemIsUserCheckable) == 0)
+        return false;
+    mark(*fontAt(index), index.column(), value.toInt() == Qt::Checked);
+    // A font may be in several rows, and a group has a mark that its members make.
+    emit dataChanged(this->index(0, activated), this->index(m_root->shown - 1, favourite));
+    return true;
+}
+
+QVariant FontModel::headerData(int section, Qt::Orientation orientation, int role) const {
+    constexpr std::array titles{"Name", "Family", "File", "Activated", "Favourite"};
+    if (orientation != Qt::Horizontal || role != Qt::DisplayRole)
+        return {};
+    return QString(titles[static_cast<std::size_t>(section)]);
+}
+
+Qt::ItemFlags FontModel::flags(const QModelIndex& index) const {
+    Qt::ItemFlags flags = QAbstractItemModel::flags(index);
+    if (!index.isValid())
+        return flags;
+    const bool isGroup = fontAt(index)->IsGroup();
+    // A group is activated if its members are. It is no favourite itself.
+    if (index.column() == activated || (index.column() == favourite && !isGroup))
+        flags |= Qt::ItemIsUserCheckable;
+    return isGroup ? flags : flags | Qt::ItemNeverHasChildren;
+}
+
+} // namespace client

@@ -1,0 +1,77 @@
+#include "FontView.hpp"
+
+#include "FontModel.hpp"
+
+#include <QHeaderView>
+#include <QPainter>
+#include <QStyledItemDelegate>
+#include <QTextLayout>
+
+namespace client {
+namespace {
+
+QList<QTextLayout::FormatRange> marks(const QList<FontModel::Range>& ranges) {
+    QTextCharFormat format;
+    format.setFontWeight(QFont::Bold);
+    format.setForeground(Qt::black);
+    format.setBackground(QColor(0xff, 0xe0, 0x82));
+    QList<QTextLayout::FormatRange> marks;
+    for (const FontModel::Range& range : ranges)
+        marks.append({range.begin, range.size, format});
+    return marks;
+}
+
+/// Draws a text with its found parts marked.
+class FoundPartDelegate : public QStyledItemDelegate {
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+        return QStyledItemDelegate::sizeHint(option, index) + QSize(0, 2 * margin);
+    }
+
+    void paint(QPainter* painter, const QStyleOptionViewItem& option,
+               const QModelIndex& index) const override {
+        const auto found = index.data(FontModel::foundParts).value<QList<FontModel::Range>>();
+        if (found.empty())
+            return QStyledItemDelegate::paint(painter, option, index);
+        QStyleOptionViewItem item(option);
+        initStyleOption(&item, index);
+        const QString text = std::exchange(item.text, QString());
+        item.widget->style()->drawControl(QStyle::CE_ItemViewItem, &item, painter, item.widget);
+
+        const QRect area = item.rect.adjusted(margin, 0, -margin, 0);
+        QTextLayout layout(item.fontMetrics.elidedText(text, Qt::ElideRight, area.width()),
+                           item.font);
+        layout.setFormats(marks(found));
+        layout.beginLayout();
+        const QTextLine line = layout.createLine();
+        layout.endLayout();
+        painter->save();
+        painter->setClipRect(area);
+        const bool isSelected = item.state.testFlag(QStyle::State_Selected);
+        painter->setPen(
+            item.palette.color(isSelected ? QPalette::HighlightedText : QPalette::Text));
+        layout.draw(painter, {area.left() * 1.0, area.center().y() - line.height() / 2});
+        painter->restore();
+    }
+
+private:
+    static constexpr int margin = 3; // around a text
+};
+
+} // namespace
+
+FontView::FontView(QAbstractItemModel& model) {
+    setObjectName("fonts");
+    setUniformRowHeights(true);
+    setAlternatingRowColors(true);
+    setModel(&model);
+    setItemDelegate(new FoundPartDelegate(this));
+    header()->resizeSection(FontModel::name, 230);
+    header()->resizeSection(FontModel::family, 140);
+    header()->resizeSection(FontModel::file, 180);
+    header()->resizeSection(FontModel::activated, 75);
+}
+
+} // namespace client

@@ -1,0 +1,28 @@
+#include "Settings.hpp"
+
+#include "Replies.hpp"
+
+#include <PerchAppLibrary/json/Dictionary.hpp>
+
+#include <QDir>
+#include <QFileInfo>
+#include <QSaveFile>
+
+namespace client {
+
+void loadSettings(const QString& file, VelmoCloudEntity::ConfigItem& settings) {
+    const Reply content = readFile(file, file);
+    if (!content.isMissing)
+        settings.setValue(documentOf(content));
+}
+
+void saveSettings(const QString& file, VelmoCloudEntity::ConfigItem& settings) {
+    settings.setLastUseVersion(VELMO_VERSION);
+    const std::string text = PerchAppLibrary::toText(settings.Dict());
+    QDir().mkpath(QFileInfo(file).absolutePath());
+    QSaveFile device(file);
+    if (!device.open(QIODevice::WriteOnly) || device.write(text.c_str()) < 0 || !device.commit())
+        throw std::runtime_error(device.errorString().toStdString());
+}
+
+} // namespace client

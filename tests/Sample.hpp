@@ -1,0 +1,27 @@
+#pragma once
+
+#include <PerchAppLibrary/BaseEntity.hpp>
+#include <PerchAppLibrary/json/JSON.hpp>
+#include <PerchAppLibrary/record/RecordSchema.hpp>
+
+#include <VelmoCloudEntity/entity/Records.hpp>
+
+/// Properties of each type, with defaults that no document has.
+class Sample : public PerchAppLibrary::BaseEntity {
+    PERCH_RECORD(Sample, BaseEntity);
+
+    PERCH_PROPERTY(std::int64_t, Int, -7);
+    PERCH_PROPERTY(bool, On, true);
+    PERCH_PROPERTY(PerchAppLibrary::Near<bool>, Flag);
+    PERCH_PROPERTY(float, Float, -7.5F);
+    PERCH_PROPERTY(std::string, String, "kept");
+    PERCH_PROPERTY(PerchAppLibrary::Rare<std::string>, Sparse);
+    PERCH_PROPERTY(std::optional<std::string>, Optional, "kept");
+    PERCH_PROPERTY(std::vector<std::int64_t>, Ints, -7, -7);
+    PERCH_PROPERTY(std::vector<std::string>, Strings, "kept");
+    PERCH_PROPERTY(PerchAppLibrary::JSON, Any);
+    PERCH_PROPERTY(VelmoCloudEntity::Records<Sample>, Samples);
+
+    PERCH_RECORD_END;
+};
+PERCH_RECORD_SCHEMA(Sample);
