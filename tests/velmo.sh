@@ -42,12 +42,14 @@ expect_nothing() {
 # expect_highlight KEY FILE TEXT: searched for on a terminal, the text is printed with its colours.
 # script makes a terminal. A bare chroot may have script, but no terminal for it.
 if script -qc true /dev/null </dev/null >/dev/null 2>&1; then
+    on_terminal() { TERM=${TERM:-linux} script -qc "$1" /dev/null </dev/null; }
     expect_highlight() {
-        script -qc "'$velmo' search '$2' '$1'" /dev/null </dev/null | grep -qF "$3" ||
+        on_terminal "'$velmo' search '$2' '$1'" | grep -qF "$3" ||
             fail "search for '$1' on a terminal: no '$3'"
     }
 else
-    echo 'No terminal here: the colours of a search are not tested'
+    echo 'No terminal here: colours and progress are not tested'
+    on_terminal() { :; }
     expect_highlight() { :; }
 fi
 
@@ -88,6 +90,41 @@ expect 2 'bytes.json: line 1, column 19: bytes that are not UTF-8' \
 expect 2 'deep.json: line 1, column 1025: .*deeper than 1024' tree "$directory/deep.json"
 expect 2 'broken.json: line 2' list activated "$fonts" --activate "$directory/broken.json"
 expect 2 'standard input: line 1, column 1: the text is empty' tree -
+
+# Help as a word; the example of each command, on the samples.
+expect 0 '^velmo [0-9]+\.[0-9]' version
+expect 0 '^Usage: velmo tree ' help tree
+expect 2 'COMMAND: tre not in' help tre
+mapfile -t examples < <("$velmo" help | sed -n 's/^  \(velmo .*\)/\1/p')
+[ ${#examples[@]} = 13 ] || fail "13 examples"
+for example in "${examples[@]}"; do
+    (cd "$samples" && PATH=$(dirname "$velmo"):$PATH bash -o pipefail -c "$example" >/dev/null) ||
+        fail "$example"
+done
+
+# Colours.
+expect 2 '--color: some not in' tree "$fonts" --color some
+expect 0 $'^\033\\[1mTITLE' tree "$fonts" --color always
+expect 0 '^TITLE' tree "$fonts" --color auto
+expect_highlight 仿宋 "$fonts" $'\033[1;31m仿宋'
+expect_plain() { # VARIABLE OPTION
+    on_terminal "$1 '$velmo' tree '$fonts' $2" | grep -q $'\033' && fail "colours with $*"
+}
+expect_plain TERM=dumb ''
+expect_plain NO_COLOR=1 ''
+expect_plain TERM=linux '--color never'
+
+# A large document: its rows come in batches; a line tells how far it is read, on a terminal.
+printf '[{"Id":0}%s]' "$(printf ',{"Id":%d}' $(seq 2500))" >"$directory/many.json"
+[ "$("$velmo" tree "$directory/many.json" | grep -cE '^TITLE|^\(, \) +[0-9]+$|^2501 fonts')" = 2503 ] ||
+    fail "a tree of 2501 fonts"
+printf '{"FontList":[]%1200000s}' '' >"$directory/large.json"
+slow="(printf '[%1200000s'; sleep 0.6; printf ']') | '$velmo' tree - --activate '$directory/large.json'"
+shown=$(on_terminal "$slow >/dev/null")
+for part in 'standard input: 1 MB' ' MB' 'large.json: [#########' ': parsing 1 MB'; do
+    [ -z "$shown" ] || grep -qF -- "$part" <<<"$shown" || fail "progress: no $part in $shown"
+done
+[ -z "$(on_terminal "TERM=dumb; export TERM; $slow >/dev/null")" ] || fail "progress on TERM=dumb"
 
 # Well-formed documents of any shape.
 expect 0 '^\[\]$' tree "$directory/object.json" --json
@@ -259,6 +296,55 @@ grep -q . "$directory/out" && fail "a font that is not there has locations"
 "$velmo" locate "$directory/odd.json" 1 --json 2>/dev/null |
     grep -qF '"LocalPreviewFile":null,"remotePreviewFile":"https://h/a_B.png"' ||
     fail "null for a missing location"
+
+# Fonts of folders: one group for each family; what is damaged is named.
+dejavu=/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf
+mkdir -p "$directory/fonts/below"
+expect_nothing '[]' scan "$directory/fonts"
+expect 2 '/nonexistent: cannot be read: No such file' scan /nonexistent
+if [ -f $dejavu ]; then
+    cp $dejavu "$directory/fonts/below/A.TTF"
+    head -c 20000 $dejavu >"$directory/fonts/cut.ttf"
+    cp "$fonts" "$directory/fonts"
+    names='"ProductSetName":"DejaVu Sans","ProductName":"DejaVu Sans","PostscriptName":"DejaVuSans"'
+    expect 0 "$names,\"Format\":\"TTF\",\"Version\":\"2.37\",.*/fonts/below/A.TTF\"" \
+        scan "$directory/fonts" "$directory/fonts/below/A.TTF"
+    [ "$(cat "$directory/err")" = \
+        "velmo: warning: $directory/fonts/cut.ttf: is damaged or no font; it is left out" ] ||
+        fail "scan: $(cat "$directory/err")"
+    "$velmo" tree "$directory/out" | grep -q '^1 font, ' || fail "a scanned font twice"
+fi
+
+# Completions of bash: the words on the line, and what can be in place of the last one. The others
+# and the man page are only checked for their syntax, where there is a program for that.
+completed() {
+    COMP_WORDS=("$@") COMP_CWORD=$(($# - 1))
+    (cd "$samples" && _velmo && printf '%s' "${COMPREPLY[*]}")
+}
+made=$(dirname "$velmo")
+# shellcheck disable=SC1091
+source "$made/velmo.bash"
+while IFS='|' read -r line expected; do
+    # shellcheck disable=SC2086
+    got=$(eval "completed $line")
+    [ "$got" = "$expected" ] || fail "completion of $line: $got"
+done <<'END'
+velmo lo|lookup locate
+velmo help fi|find filter
+velmo list ''|activated authorized favorited
+velmo list --json --color never activated font-l|font-list.json
+velmo tree --color = al|always
+velmo tree --color =|auto always never
+velmo tree --activate act|activated-fonts.json
+velmo filter --ch|--check
+velmo read UserFontG|UserFontGroupMapItem
+velmo scan records r|records
+velmo locate font-list.json 3|
+END
+for check in "fish -n $made/velmo.fish" "zsh -n $made/_velmo" \
+    "groff -K utf8 -man -ww -z -rLL=100n $made/velmo.1"; do
+    ! command -v "${check%% *}" >/dev/null || [ -z "$($check 2>&1)" ] || fail "$check: $($check 2>&1)"
+done
 
 # No control character reaches the terminal, and a device that is full is reported.
 "$velmo" tree "$directory/odd.json" | grep -q $'\033' && fail "tree prints a control character"

@@ -10,9 +10,11 @@
 namespace velmo {
 namespace {
 
-constexpr std::chrono::milliseconds delay(500);
 constexpr std::chrono::milliseconds interval(100);
 constexpr std::uint64_t megabyte = 1'000'000;
+
+/// The reading of a smaller document is slow only if its writer is.
+constexpr std::uint64_t leastSize = megabyte;
 
 /// Returns the bar for the part of the size that was read, such as "[#####     ]  50 %".
 std::string bar(std::uint64_t read, std::uint64_t size) {
@@ -24,8 +26,14 @@ std::string bar(std::uint64_t read, std::uint64_t size) {
 
 } // namespace
 
-Progress::Progress(std::string name)
-    : m_name(std::move(name)), m_first(Clock::now() + delay), m_isTerminal(isTerminal(stderr)) {}
+const Progress::Clock::time_point Progress::s_begin = Clock::now();
+
+Progress::Progress(std::string name) : m_name(std::move(name)), m_isTerminal(isTerminal(stderr)) {}
+
+bool Progress::isDue() const {
+    constexpr std::chrono::milliseconds delay(500);
+    return m_isTerminal && m_read >= leastSize && Clock::now() - s_begin >= delay;
+}
 
 void Progress::setRead(std::uint64_t read) {
     m_read = read;

@@ -6,8 +6,8 @@
 
 namespace velmo {
 
-/// Shows on standard error how far a document is read, if that is a terminal and takes longer than
-/// half a second. The line is removed in the end.
+/// Shows on standard error, if that is a terminal, how far a large document is read. The line
+/// appears half a second after the program began, and is removed in the end.
 class Progress {
 public:
     /// Requires the name of the document in messages.
@@ -32,18 +32,17 @@ public:
 private:
     using Clock = std::chrono::steady_clock;
 
-    /// The reading of a smaller document is slow only if its writer is.
-    static constexpr std::uint64_t leastSize = 1'000'000;
-
-    bool isDue() const { return m_isTerminal && m_read >= leastSize && Clock::now() >= m_first; }
+    /// Returns whether the document is large and the program has run for half a second.
+    bool isDue() const;
 
     void show(const std::string& state);
 
     std::string m_name;
     std::uint64_t m_size = 0;
     std::uint64_t m_read = 0;
-    Clock::time_point m_first; ///< the line is not shown before
-    Clock::time_point m_next;  ///< setRead() does not show the line before
+    static const Clock::time_point s_begin; ///< when the program began
+
+    Clock::time_point m_next; ///< setRead() does not show the line before
     bool m_isTerminal;
     bool m_isShown = false;
 };
