@@ -33,8 +33,10 @@ public:
     void paint(QPainter* painter, const QStyleOptionViewItem& option,
                const QModelIndex& index) const override {
         const auto found = index.data(FontModel::foundParts).value<QList<FontModel::Range>>();
-        if (found.empty())
-            return QStyledItemDelegate::paint(painter, option, index);
+        if (found.empty()) {
+            QStyledItemDelegate::paint(painter, option, index);
+            return;
+        }
         QStyleOptionViewItem item(option);
         initStyleOption(&item, index);
         const QString text = std::exchange(item.text, QString());

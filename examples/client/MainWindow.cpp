@@ -16,11 +16,12 @@ namespace {
 struct Document {
     const char* name;
     void (Catalogue::*read)(const JSON& reply);
+    const char* standIn; // for a missing reply; null for one that is needed
 };
-constexpr std::array documents{Document{"font-list.json", &Catalogue::readFonts},
-                               Document{"font-tags.json", &Catalogue::readTags},
-                               Document{"activated-fonts.json", &Catalogue::markActivated},
-                               Document{"favorite-fonts.json", &Catalogue::markFavourites}};
+constexpr std::array documents{Document{"font-list.json", &Catalogue::readFonts, nullptr},
+                               Document{"font-tags.json", &Catalogue::readTags, "[]"},
+                               Document{"activated-fonts.json", &Catalogue::markActivated, "{}"},
+                               Document{"favorite-fonts.json", &Catalogue::markFavourites, "{}"}};
 
 /// Returns a widget with these in a row or column.
 QWidget* boxOf(QBoxLayout::Direction direction, std::initializer_list<QWidget*> widgets) {
@@ -34,8 +35,8 @@ QWidget* boxOf(QBoxLayout::Direction direction, std::initializer_list<QWidget*> 
 
 } // namespace
 
-MainWindow::MainWindow(const QString& settingsFile)
-    : m_settingsFile(settingsFile), m_settings(VelmoCloudEntity::ConfigItem::create()) {
+MainWindow::MainWindow(QString settingsFile)
+    : m_settingsFile(std::move(settingsFile)), m_settings(VelmoCloudEntity::ConfigItem::create()) {
     m_search->setObjectName("search");
     m_search->setPlaceholderText("Search names, in any script");
     m_source->setObjectName("source");
@@ -100,8 +101,9 @@ void MainWindow::receive(const std::vector<Reply>& replies) {
     QStringList problems;
     for (std::size_t i = 0; i < documents.size(); ++i)
         try {
-            const bool isAbsent = replies[i].isMissing && i > 0; // only the fonts are needed
-            (m_catalogue.*documents[i].read)(isAbsent ? JSON::null : documentOf(replies[i]));
+            const char* const standIn = replies[i].isMissing ? documents[i].standIn : nullptr;
+            (m_catalogue.*documents[i].read)(standIn != nullptr ? JSON::parse(standIn)
+                                                                : documentOf(replies[i]));
         } catch (const std::exception& error) {
             problems << replies[i].name + ": " + error.what();
         }
@@ -126,7 +128,7 @@ void MainWindow::find() {
 
 void MainWindow::showSelected() {
     const QModelIndex current = m_fonts->currentIndex();
-    m_panel->showFont(current.isValid() ? m_model.fontAt(current).get() : nullptr, *m_settings);
+    m_panel->showFont(current.isValid() ? FontModel::fontAt(current).get() : nullptr, *m_settings);
 }
 
 void MainWindow::resizePreview(int points) {

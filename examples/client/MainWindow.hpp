@@ -14,7 +14,7 @@ namespace client {
 class MainWindow : public QMainWindow {
 public:
     /// Reads the settings from this file, and keeps them there.
-    explicit MainWindow(const QString& settingsFile);
+    explicit MainWindow(QString settingsFile);
 
     /// Reads the replies of a folder or an address, and shows them. Reports in the window what
     /// cannot be read, and goes on with what it had.

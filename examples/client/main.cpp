@@ -35,11 +35,9 @@ int main(int argc, char** argv) {
             qputenv("QT_QPA_PLATFORM", "offscreen"); // needs no display
     const QApplication application(argc, argv);
     QApplication::setApplicationName("velmo-client");
-    QApplication::setApplicationVersion(VELMO_VERSION);
     const QString folder = QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation);
     QCommandLineParser options;
     options.addHelpOption();
-    options.addVersionOption();
     options.addPositionalArgument("source", "Folder of saved replies, or http:// address of them.");
     options.addOptions({{"search", "Search for a text.", "text"},
                         {"tag", "Tick a tag; may be repeated.", "name"},
