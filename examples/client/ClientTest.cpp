@@ -76,6 +76,9 @@ struct Client {
         ASSERT_EQ(rows.size(), 1) << tag;
         rows.front()->setCheckState(0, Qt::Checked);
     }
+    void select(int row) const {
+        part<QAbstractItemView>("fonts").setCurrentIndex(model().index(row, 0));
+    }
     void click(int row, FontModel::Column column) const {
         auto& fonts = part<QTreeView>("fonts");
         const QRect cell = fonts.visualRect(model().index(row, column));
@@ -147,7 +150,7 @@ TEST(Client, SwitchesMarksThatStay) {
 TEST(Client, DrawsAnInstalledFontInItself) {
     const Client client;
     client.type("DejaVu Sans Mono");
-    client.part<QAbstractItemView>("fonts").setCurrentIndex(client.model().index(0, 0));
+    client.select(0);
     EXPECT_EQ(client.part<QLabel>("preview").font().family(), "DejaVu Sans Mono");
     EXPECT_EQ(client.text("preview"), "DejaVu Sans Mono");
     expectIn("/DejaVuSansMono.ttf\n", client.text("details"));
@@ -163,8 +166,14 @@ TEST(Client, KeepsSettings) {
              contentOf(client.file("settings/settings.json")).toStdString());
     write(client.file("settings/settings.json"), "{\n oops");
     client.window = client.restart();
+    client.window->open(client.folder.path());
     expectIn("settings.json: line 2, column 2: ", client.text("message"));
     EXPECT_EQ(client.part<QSpinBox>().value(), 32);
+    write(client.file("settings/settings.json"), R"({"PreviewFontSize":1000000000})");
+    client.window = client.restart();
+    client.window->open(client.folder.path());
+    client.select(1);
+    EXPECT_EQ(client.part<QLabel>("preview").font().pointSize(), 96);
 }
 
 TEST(Client, ReportsABadReplyAndKeepsWhatItHad) {

@@ -70,10 +70,9 @@ FontView::FontView(QAbstractItemModel& model) {
     setAlternatingRowColors(true);
     setModel(&model);
     setItemDelegate(new FoundPartDelegate(this));
-    header()->resizeSection(FontModel::name, 230);
+    header()->resizeSection(FontModel::name, 220);
     header()->resizeSection(FontModel::family, 140);
-    header()->resizeSection(FontModel::file, 180);
-    header()->resizeSection(FontModel::activated, 75);
+    header()->resizeSection(FontModel::file, 170);
 }
 
 } // namespace client

@@ -30,10 +30,11 @@ private:
     void find();
     void showSelected();
     void resizePreview(int points);
-    void report(const QString& messages);
+    void report(const QStringList& messages);
 
     QString m_settingsFile;
     std::shared_ptr<VelmoCloudEntity::ConfigItem> m_settings;
+    QStringList m_settingsProblems;
     Catalogue m_catalogue;
     FontModel m_model;
     std::chrono::nanoseconds m_queryTime{};
