@@ -21,7 +21,6 @@ public:
     void open(const QString& source);
     bool isReading() const noexcept { return m_replies.isReading(); }
 
-    /// Returns the time that the last query took.
     std::chrono::nanoseconds queryTime() const noexcept { return m_queryTime; }
 
 private:
