@@ -44,7 +44,6 @@ public:
 
 private:
     Fonts fontsPassingTags() const;
-    void search(const std::string& key, Found& found) const;
 
     VelmoCloudEntity::FontList m_fonts;
     VelmoCloudEntity::FontTagList m_tags;

@@ -76,6 +76,9 @@ struct Client {
         ASSERT_EQ(rows.size(), 1) << tag;
         rows.front()->setCheckState(0, Qt::Checked);
     }
+    void select(int row) const {
+        part<QAbstractItemView>("fonts").setCurrentIndex(model().index(row, 0));
+    }
     void click(int row, FontModel::Column column) const {
         auto& fonts = part<QTreeView>("fonts");
         const QRect cell = fonts.visualRect(model().index(row, column));
@@ -147,7 +150,7 @@ TEST(Client, SwitchesMarksThatStay) {
 TEST(Client, DrawsAnInstalledFontInItself) {
     const Client client;
     client.type("DejaVu Sans Mono");
-    client.part<QAbstractItemView>("fonts").setCurrentIndex(client.model().index(0, 0));
+    client.select(0);
     EXPECT_EQ(client.part<QLabel>("preview").font().family(), "DejaVu Sans Mono");
     EXPECT_EQ(client.text("preview"), "DejaVu Sans Mono");
     expectIn("/DejaVuSansMono.ttf\n", client.text("details"));
@@ -163,8 +166,14 @@ TEST(Client, KeepsSettings) {
              contentOf(client.file("settings/settings.json")).toStdString());
     write(client.file("settings/settings.json"), "{\n oops");
     client.window = client.restart();
+    client.window->open(client.folder.path());
     expectIn("settings.json: line 2, column 2: ", client.text("message"));
     EXPECT_EQ(client.part<QSpinBox>().value(), 32);
+    write(client.file("settings/settings.json"), R"({"PreviewFontSize":1000000000})");
+    client.window = client.restart();
+    client.window->open(client.folder.path());
+    client.select(1);
+    EXPECT_EQ(client.part<QLabel>("preview").font().pointSize(), 96);
 }
 
 TEST(Client, ReportsABadReplyAndKeepsWhatItHad) {
@@ -175,7 +184,7 @@ TEST(Client, ReportsABadReplyAndKeepsWhatItHad) {
     };
     for (const auto& [text, message] : {
              std::pair{"[1,\n 2", "font-list.json: line 2, column 3: "},
-             {"{}", "font-list.json: this is no list of fonts"},
+             {"null", "font-list.json: this is no list of fonts"},
              {R"({"Exception":true,"ExceptionCode":"005001"})",
               "font-list.json: error 005001: 登录过期 / The user login has expired."},
              {R"({"ExceptionCode":"9","ExceptionMessage":"<b>x"})", "error 9: <b>x"},
@@ -202,13 +211,13 @@ TEST(Client, ReadsAServiceOverHTTP) {
         QTcpSocket* const socket = server.nextPendingConnection();
         QObject::connect(socket, &QTcpSocket::readyRead, socket, [&client, socket] {
             const QList<QByteArray> words = socket->readAll().split(' ');
-            const QByteArray content = contentOf(client.file(words.value(1).sliced(1)));
-            socket->write((content.isEmpty()              ? "HTTP/1.1 404 No"
-                           : content.startsWith(R"({"E)") ? "HTTP/1.1 401 No"
-                                                          : "HTTP/1.1 200 OK") +
-                          QByteArray("\r\nConnection: close\r\nContent-Type: ") +
-                          (content.isEmpty() ? "text/html" : "application/json") + "\r\n\r\n" +
-                          content);
+            const QByteArray content = contentOf(client.file(words.value(1).mid(1)));
+            QByteArray head = "HTTP/1.1 200 OK\r\nContent-Type: application/json";
+            if (content.isEmpty())
+                head = "HTTP/1.1 404 Not Found\r\nContent-Type: text/html";
+            else if (content.contains("Exception"))
+                head.replace("200 OK", "401 Unauthorized");
+            socket->write(head + "\r\nConnection: close\r\n\r\n" + content);
             socket->disconnectFromHost();
         });
     });
@@ -259,7 +268,7 @@ Times timesOf(const Client& client) {
                             text.sliced(std::min(i, text.size())).left(1));
             QApplication::sendEvent(&client.part<QLineEdit>("search"), &press);
             QApplication::processEvents();
-            times.processor.push_back(1000.0 * double(std::clock() - processorBegin) /
+            times.processor.push_back(1000.0 * static_cast<double>(std::clock() - processorBegin) /
                                       CLOCKS_PER_SEC);
             times.keystrokes.push_back(
                 Milliseconds(std::chrono::steady_clock::now() - begin).count());
