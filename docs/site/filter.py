@@ -60,13 +60,12 @@ def labels(owner, name, pairs):
 
 
 def header(text):
-    owner = re.search(r"\bclass (\w+)", text).group(1) if "PERCH_" in text else ""
+    owner = ""
     has_json = "JSONFilling::none" not in text
 
     def declaration(match):
-        macro, given = match.group(1), match.group(2)
-        words = arguments(given) if given else []
         nonlocal owner
+        macro, words = match.group(1), arguments(match.group(2) or "()")
         if macro in ("PERCH_RECORD", "PERCH_RECORD_FROM_JSON"):
             owner = words[0]
             result = record(owner, macro == "PERCH_RECORD", has_json)
