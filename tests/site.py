@@ -106,6 +106,8 @@ class Browser:
             file.write_bytes(base64.b64decode(json.load(reply)["value"]))
 
     def close(self):
+        """Ends Chromium, which would outlive chromedriver."""
+        urllib.request.urlopen(urllib.request.Request(self.address, method="DELETE")).close()
         self.driver.terminate()
         self.driver.wait()
 
