@@ -116,15 +116,17 @@ expect_plain TERM=linux '--color never'
 
 # A large document: its rows come in batches; a line tells how far it is read, on a terminal.
 printf '[{"Id":0}%s]' "$(printf ',{"Id":%d}' $(seq 2500))" >"$directory/many.json"
-[ "$("$velmo" tree "$directory/many.json" | grep -cE '^TITLE|^\(, \) +[0-9]+$|^2501 fonts')" = 2503 ] ||
+"$velmo" tree "$directory/many.json" >"$directory/out"
+[ "$(grep -cE '^TITLE|^\(, \) +[0-9]+$|^2501 fonts' "$directory/out")" = 2503 ] ||
     fail "a tree of 2501 fonts"
 printf '{"FontList":[]%1200000s}' '' >"$directory/large.json"
-slow="(printf '[%1200000s'; sleep 0.6; printf ']') | '$velmo' tree - --activate '$directory/large.json'"
-shown=$(on_terminal "$slow >/dev/null")
+slow="(printf '[%1200000s'; sleep 0.6; printf ']') |
+    '$velmo' tree - --activate '$directory/large.json' >/dev/null"
+shown=$(on_terminal "$slow")
 for part in 'standard input: 1 MB' ' MB' 'large.json: [#########' ': parsing 1 MB'; do
     [ -z "$shown" ] || grep -qF -- "$part" <<<"$shown" || fail "progress: no $part in $shown"
 done
-[ -z "$(on_terminal "TERM=dumb; export TERM; $slow >/dev/null")" ] || fail "progress on TERM=dumb"
+[ -z "$(on_terminal "TERM=dumb; export TERM; $slow")" ] || fail "progress on TERM=dumb"
 
 # Well-formed documents of any shape.
 expect 0 '^\[\]$' tree "$directory/object.json" --json
@@ -306,12 +308,15 @@ if [ -f $dejavu ]; then
     cp $dejavu "$directory/fonts/below/A.TTF"
     head -c 20000 $dejavu >"$directory/fonts/cut.ttf"
     cp "$fonts" "$directory/fonts"
+    name=$(printf 'd%.0s' $(seq 250)) # a path of over 4096 bytes cannot be opened
+    (cd "$directory/fonts" && for _ in $(seq 17); do mkdir "$name" && cd "$name" || exit; done)
     names='"ProductSetName":"DejaVu Sans","ProductName":"DejaVu Sans","PostscriptName":"DejaVuSans"'
     expect 0 "$names,\"Format\":\"TTF\",\"Version\":\"2.37\",.*/fonts/below/A.TTF\"" \
         scan "$directory/fonts" "$directory/fonts/below/A.TTF"
-    [ "$(cat "$directory/err")" = \
-        "velmo: warning: $directory/fonts/cut.ttf: is damaged or no font; it is left out" ] ||
-        fail "scan: $(cat "$directory/err")"
+    for warning in "$directory/fonts/cut.ttf: is damaged or no font; it is left out" \
+        'd/d*: cannot be read: File name too long'; do
+        grep -qx "velmo: warning: .*$warning" "$directory/err" || fail "scan: no $warning"
+    done
     "$velmo" tree "$directory/out" | grep -q '^1 font, ' || fail "a scanned font twice"
 fi
 
@@ -343,7 +348,9 @@ velmo locate font-list.json 3|
 END
 for check in "fish -n $made/velmo.fish" "zsh -n $made/_velmo" \
     "groff -K utf8 -man -ww -z -rLL=100n $made/velmo.1"; do
-    ! command -v "${check%% *}" >/dev/null || [ -z "$($check 2>&1)" ] || fail "$check: $($check 2>&1)"
+    command -v "${check%% *}" >/dev/null || continue
+    got=$($check 2>&1)
+    [ -z "$got" ] || fail "$check: $got"
 done
 
 # No control character reaches the terminal, and a device that is full is reported.

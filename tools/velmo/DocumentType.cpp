@@ -21,15 +21,15 @@ using PerchAppLibrary::BaseEntity;
 using PerchAppLibrary::JSON;
 using PerchAppLibrary::Value;
 
-constexpr std::string_view list = "a list";
-constexpr std::string_view object = "an object";
-constexpr std::string_view scalar = "a single value";
+constexpr std::string_view listKind = "a list";
+constexpr std::string_view objectKind = "an object";
+constexpr std::string_view scalarKind = "a single value";
 
 std::string_view kindOf(const JSON& json) {
     const JSON::Type type = json.type();
     if (type == JSON::Type::array)
-        return list;
-    return type == JSON::Type::dictionary ? object : scalar;
+        return listKind;
+    return type == JSON::Type::dictionary ? objectKind : scalarKind;
 }
 
 /// Returns the object, or the objects among the first elements of the list. Leaves out objects with
@@ -44,7 +44,7 @@ std::vector<JSON> firstRecords(const JSON& document) {
         records.push_back(element);
     }
     std::erase_if(records, [](const JSON& record) {
-        return kindOf(record) != object || record.count() > maxMembers;
+        return kindOf(record) != objectKind || record.count() > maxMembers;
     });
     return records;
 }
@@ -80,7 +80,7 @@ std::vector<const RecordType*> bestTypes(const std::vector<JSON>& records) {
 }
 
 /// Returns the name, with an article, of the type of a record or of a list of such records.
-std::string describe(const RecordType& record, bool inList) {
+std::string nameWithArticle(const RecordType& record, bool inList) {
     if (!inList)
         return (record.name.starts_with('E') ? "an " : "a ") + record.name;
     const auto found = std::ranges::find(recordTypes(), record.name, &RecordType::item);
@@ -90,22 +90,22 @@ std::string describe(const RecordType& record, bool inList) {
 /// Returns how the document differs from the expected type. Empty if it seems to be of that type.
 std::string describeDifference(const JSON& document, const RecordType& expected) {
     const std::string_view kind = kindOf(document);
-    if (kind == scalar ? document.isNull() : document.count() == 0)
+    if (kind == scalarKind ? document.isNull() : document.count() == 0)
         return "";
     const std::vector<JSON> records = firstRecords(document);
     const std::vector<const RecordType*> types = bestTypes(records);
     std::string names;
     for (const RecordType* const type : types)
-        names.append(names.empty() ? "" : " or ").append(describe(*type, kind == list));
+        names.append(names.empty() ? "" : " or ").append(nameWithArticle(*type, kind == listKind));
 
-    const std::string_view expectedKind = expected.item.empty() ? object : list;
+    const std::string_view expectedKind = expected.item.empty() ? objectKind : listKind;
     if (kind != expectedKind)
         return fmt::format("is {}{}, {} was expected", kind,
                            names.empty() ? "" : " that looks like " + names, expectedKind);
-    const RecordType& record = kind == list ? recordType(expected.item) : expected;
+    const RecordType& record = kind == listKind ? recordType(expected.item) : expected;
     if (types.empty() || fitOf(*types.front(), records).first <= fitOf(record, records).first)
         return "";
-    return fmt::format("looks like {}, not {}", names, describe(record, kind == list));
+    return fmt::format("looks like {}, not {}", names, nameWithArticle(record, kind == listKind));
 }
 
 /// Returns whether reading the document as a record of the type sets none of its own properties.

@@ -16,27 +16,34 @@ using Pattern = std::unique_ptr<FcPattern, decltype(&FcPatternDestroy)>;
 using FontSet = std::unique_ptr<FcFontSet, decltype(&FcFontSetDestroy)>;
 using ObjectSet = std::unique_ptr<FcObjectSet, decltype(&FcObjectSetDestroy)>;
 
-/// Returns the text of a property at an index, or null behind the last one.
-const char* textAt(const FcPattern* pattern, const char* property, int index) {
+/// Throws std::bad_alloc if a function of fontconfig that only allocates has failed.
+template <class Result>
+Result* allocated(Result* result) {
+    if (result == nullptr)
+        throw std::bad_alloc();
+    return result;
+}
+
+/// Returns the text of a property at an index. Empty if the pattern has none there.
+std::string_view textAt(const FcPattern* pattern, const char* property, int index) {
     FcChar8* text = nullptr;
-    if (FcPatternGetString(pattern, property, index, &text) != FcResultMatch)
-        return nullptr;
-    return reinterpret_cast<const char*>(text);
+    const FcResult result = FcPatternGetString(pattern, property, index, &text);
+    return result == FcResultMatch ? reinterpret_cast<const char*>(text) : std::string_view();
 }
 
 std::string firstText(const FcPattern* pattern, const char* property) {
-    const char* const text = textAt(pattern, property, 0);
-    return text == nullptr ? "" : text;
+    return std::string(textAt(pattern, property, 0));
 }
 
-/// Returns the English text of a property that has several languages, or else the first. The order
-/// of the languages depends on those of the user.
+/// Returns the English text of a property that has several languages, or else the first. Fontconfig
+/// orders them by the languages of the user.
 std::string englishText(const FcPattern* pattern, const char* property, const char* languages) {
-    for (int index = 0; const char* const language = textAt(pattern, languages, index); ++index)
-        if (std::string_view(language).starts_with("en"))
-            if (const char* const text = textAt(pattern, property, index))
-                return text;
-    return firstText(pattern, property);
+    int index = 0;
+    while (!textAt(pattern, languages, index).empty() &&
+           !textAt(pattern, languages, index).starts_with("en"))
+        ++index;
+    const std::string_view text = textAt(pattern, property, index);
+    return text.empty() ? firstText(pattern, property) : std::string(text);
 }
 
 std::string formatOf(const FcPattern* pattern) {
@@ -49,8 +56,7 @@ std::string formatOf(const FcPattern* pattern) {
 /// Returns the version, which fontconfig has in units of 1/65536, such as "2.37" or "1.001".
 std::string versionOf(const FcPattern* pattern) {
     int version = 0;
-    if (FcPatternGetInteger(pattern, FC_FONTVERSION, 0, &version) != FcResultMatch)
-        return "";
+    FcPatternGetInteger(pattern, FC_FONTVERSION, 0, &version);
     std::string text = fmt::format("{:.3f}", version / 65536.0);
     if (text.ends_with('0'))
         text.pop_back();
@@ -61,48 +67,45 @@ std::string versionOf(const FcPattern* pattern) {
 /// their own.
 bool isVariable(const FcPattern* pattern) {
     FcBool variable = FcFalse;
-    return FcPatternGetBool(pattern, FC_VARIABLE, 0, &variable) == FcResultMatch &&
-           variable != FcFalse;
+    FcPatternGetBool(pattern, FC_VARIABLE, 0, &variable);
+    return variable != FcFalse;
+}
+
+FontFace faceOf(const FcPattern* pattern) {
+    const std::string family = englishText(pattern, FC_FAMILY, FC_FAMILYLANG);
+    const std::string fullName = englishText(pattern, FC_FULLNAME, FC_FULLNAMELANG);
+    return {family,
+            fullName.empty() ? family : fullName,
+            firstText(pattern, FC_POSTSCRIPT_NAME),
+            formatOf(pattern),
+            versionOf(pattern),
+            firstText(pattern, FC_FILE)};
 }
 
 std::vector<FontFace> facesOf(const FcFontSet& fonts) {
     std::vector<FontFace> faces;
-    for (int index = 0; index < fonts.nfont; ++index) {
-        const FcPattern* const pattern = fonts.fonts[index];
-        if (isVariable(pattern))
-            continue;
-        FontFace face{englishText(pattern, FC_FAMILY, FC_FAMILYLANG),
-                      englishText(pattern, FC_FULLNAME, FC_FULLNAMELANG),
-                      firstText(pattern, FC_POSTSCRIPT_NAME),
-                      formatOf(pattern),
-                      versionOf(pattern),
-                      firstText(pattern, FC_FILE)};
-        if (face.fullName.empty())
-            face.fullName = face.family;
-        faces.push_back(std::move(face));
-    }
+    for (int index = 0; index < fonts.nfont; ++index)
+        if (!isVariable(fonts.fonts[index]))
+            faces.push_back(faceOf(fonts.fonts[index]));
     return faces;
 }
 
 } // namespace
 
 std::vector<FontFace> installedFaces() {
-    const Pattern any(FcPatternCreate(), &FcPatternDestroy);
-    const ObjectSet wanted(FcObjectSetBuild(FC_FAMILY, FC_FAMILYLANG, FC_FULLNAME, FC_FULLNAMELANG,
-                                            FC_POSTSCRIPT_NAME, FC_FONTFORMAT, FC_FONTVERSION,
-                                            FC_FILE, FC_INDEX, FC_VARIABLE, nullptr),
-                           &FcObjectSetDestroy);
-    if (!any || !wanted)
-        throw std::bad_alloc();
-    const FontSet fonts(FcFontList(nullptr, any.get(), wanted.get()), &FcFontSetDestroy);
-    return fonts ? facesOf(*fonts) : std::vector<FontFace>();
+    const Pattern any(allocated(FcPatternCreate()), &FcPatternDestroy);
+    const ObjectSet wanted(
+        allocated(FcObjectSetBuild(FC_FAMILY, FC_FAMILYLANG, FC_FULLNAME, FC_FULLNAMELANG,
+                                   FC_POSTSCRIPT_NAME, FC_FONTFORMAT, FC_FONTVERSION, FC_FILE,
+                                   FC_INDEX, FC_VARIABLE, nullptr)),
+        &FcObjectSetDestroy);
+    const FontSet fonts(allocated(FcFontList(nullptr, any.get(), wanted.get())), &FcFontSetDestroy);
+    return facesOf(*fonts);
 }
 
 std::vector<FontFace> facesIn(const std::string& file) {
-    const FontSet fonts(FcFontSetCreate(), &FcFontSetDestroy);
-    if (!fonts)
-        throw std::bad_alloc();
-    constexpr unsigned int all = static_cast<unsigned int>(-1); // fonts in the file
+    const FontSet fonts(allocated(FcFontSetCreate()), &FcFontSetDestroy);
+    constexpr auto all = static_cast<unsigned int>(-1); // fonts in the file
     FcFreeTypeQueryAll(reinterpret_cast<const FcChar8*>(file.c_str()), all, nullptr, nullptr,
                        fonts.get());
     return facesOf(*fonts);

@@ -9,6 +9,8 @@
 #include <algorithm>
 #include <cctype>
 #include <filesystem>
+#include <iterator>
+#include <set>
 #include <system_error>
 
 namespace velmo {
@@ -32,7 +34,7 @@ bool hasFontExtension(const fs::path& file) {
 
 /// Adds the font files in the folder and in the folders below it. Does not follow links to folders,
 /// which may lead in a circle. Warns of a folder that cannot be read.
-void addFiles(std::vector<std::string>& files, const fs::path& folder) {
+void addFiles(std::set<std::string>& files, const fs::path& folder) {
     std::error_code error;
     for (auto entry = fs::directory_iterator(folder, error); entry != fs::directory_iterator();
          entry.increment(error)) {
@@ -40,7 +42,7 @@ void addFiles(std::vector<std::string>& files, const fs::path& folder) {
         if (entry->is_directory(ignored) && !entry->is_symlink(ignored))
             addFiles(files, entry->path());
         else if (entry->is_regular_file(ignored) && hasFontExtension(entry->path()))
-            files.push_back(entry->path().string());
+            files.insert(entry->path().string());
     }
     if (error)
         warn(fmt::format("warning: {}: cannot be read: {}", folder.string(), error.message()));
@@ -49,20 +51,17 @@ void addFiles(std::vector<std::string>& files, const fs::path& folder) {
 /// Returns the fonts in the files of the folders, or in files that are given themselves. Warns of
 /// each file that is no font, and leaves it out.
 std::vector<FontFace> facesBelow(const std::vector<std::string>& folders) {
-    std::vector<std::string> files;
+    std::set<std::string> files; // folders may overlap
     for (const std::string& folder : folders) {
         std::error_code error;
-        const fs::file_status status = fs::status(folder, error);
-        if (!fs::exists(status))
+        const fs::path path = fs::canonical(folder, error);
+        if (error)
             throw Failure(folder + ": cannot be read: " + error.message());
-        if (fs::is_directory(status))
-            addFiles(files, fs::absolute(folder));
+        if (fs::is_directory(path, error))
+            addFiles(files, path);
         else
-            files.push_back(fs::absolute(folder).string());
+            files.insert(path.string());
     }
-    std::ranges::sort(files);
-    const auto repeated = std::ranges::unique(files); // folders may overlap
-    files.erase(repeated.begin(), repeated.end());
     std::vector<FontFace> faces;
     for (const std::string& file : files) {
         const std::vector<FontFace> inFile = facesIn(file);

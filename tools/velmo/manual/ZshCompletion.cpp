@@ -29,6 +29,7 @@ std::vector<std::string> specificationsOf(const Parameter& option) {
     const std::string repeated =
         option.isRepeated ? "*" : "(" + join(option.names, " ") + ")"; // else it excludes itself
     std::vector<std::string> specifications;
+    specifications.reserve(option.names.size());
     for (const std::string& name : option.names)
         specifications.push_back(quoted(repeated + name +
                                         (option.kind == Parameter::Kind::flag ? "" : "=") + "[" +
