@@ -40,7 +40,6 @@ public:
     void untickAll();
 
     std::int64_t fontCount() const noexcept { return m_fontCount; }
-    std::int64_t activatedCount() const { return m_fonts.getActivatedFontCount(m_fonts.List()); }
 
 private:
     Fonts fontsPassingTags() const;

@@ -66,6 +66,9 @@ struct Client {
     std::string cell(int row, int column) const {
         return model().index(row, column).data().toString().toStdString();
     }
+    bool isMarked(int row, FontModel::Column column) const {
+        return model().index(row, column).data(Qt::CheckStateRole).toInt() == Qt::Checked;
+    }
     void type(const char* key) const {
         part<QLineEdit>("search").clear();
         QTest::keyClicks(&part<QLineEdit>("search"), key);
@@ -101,7 +104,7 @@ TEST(Client, FiltersWithEachKeyAndMarksWhatItFound) {
     client.type("BÖL");
     expectIn("0 with the whole key", client.text("status"));
     client.type("ito i");
-    expectIn("1 with the whole key; 22 activated; the query took ", client.text("status"));
+    expectIn("1 with the whole key; the query took ", client.text("status"));
     EXPECT_EQ(client.cell(0, 0), "Carlito Italic");
     const auto rangesOf = [&client](int row) {
         return client.model()
@@ -134,17 +137,14 @@ TEST(Client, FiltersByTickedTags) {
 TEST(Client, SwitchesMarksThatStay) {
     const Client client;
     client.click(0, FontModel::activated); // a group of two
-    expectIn("; 22 activated", client.text("status"));
     client.type("abeezee");
-    expectIn("; 24 activated", client.text("status"));
     client.click(1, FontModel::favourite);
     client.type("");
     client.type("abeezee");
-    const auto marked = [&client](int row, FontModel::Column column) {
-        return client.model().index(row, column).data(Qt::CheckStateRole).toInt() == Qt::Checked;
-    };
-    EXPECT_TRUE(marked(0, FontModel::activated) && marked(1, FontModel::activated));
-    EXPECT_TRUE(!marked(0, FontModel::favourite) && marked(1, FontModel::favourite));
+    for (const int row : {0, 1})
+        EXPECT_TRUE(client.isMarked(row, FontModel::activated)) << row;
+    EXPECT_FALSE(client.isMarked(0, FontModel::favourite));
+    EXPECT_TRUE(client.isMarked(1, FontModel::favourite));
 }
 
 TEST(Client, DrawsAnInstalledFontInItself) {
@@ -193,7 +193,7 @@ TEST(Client, ReportsABadReplyAndKeepsWhatItHad) {
         write(client.file("font-list.json"), text);
         open();
         expectIn(message, client.text("message"));
-        expectIn("376 of 376 fonts; 22 activated", client.text("status"));
+        expectIn("376 of 376 fonts; ", client.text("status"));
     }
     for (const QString& name : names)
         QFile::remove(client.file(name));
@@ -229,7 +229,10 @@ TEST(Client, ReadsAServiceOverHTTP) {
     client.click(0, FontModel::activated);
     ASSERT_TRUE(open(address));
     EXPECT_EQ(client.text("message"), "");
-    expectIn("376 of 376 fonts; 22 activated", client.text("status"));
+    EXPECT_FALSE(client.isMarked(0, FontModel::activated)) << "as the service has it";
+    client.type("anuphan l");
+    EXPECT_TRUE(client.isMarked(0, FontModel::activated));
+    client.type("");
     QFile::remove(client.file("font-tags.json"));
     write(client.file("font-list.json"), R"({"Exception":true,"ExceptionCode":"002001"})");
     ASSERT_TRUE(open(address + "/"));

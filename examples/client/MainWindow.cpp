@@ -119,9 +119,7 @@ void MainWindow::find() {
     QString status = QString("%1 of %2 fonts").arg(found.count).arg(m_catalogue.fontCount());
     if (!key.empty())
         status += QString(", %1 with the whole key").arg(found.wholeKey);
-    m_status->setText(status + QString("; %1 activated; the query took %2 µs")
-                                   .arg(m_catalogue.activatedCount())
-                                   .arg(m_queryTime.count() / 1000));
+    m_status->setText(status + QString("; the query took %1 µs").arg(m_queryTime.count() / 1000));
     m_model.setFound(std::move(found), key);
     showSelected();
 }

@@ -17,7 +17,7 @@ public:
     explicit MainWindow(QString settingsFile);
 
     /// Reads the replies of a folder or an address, and shows them. Reports in the window what
-    /// cannot be read, and goes on with what it had.
+    /// cannot be read, and goes on with what it had. Does nothing while it is reading.
     void open(const QString& source);
     bool isReading() const noexcept { return m_replies.isReading(); }
 
