@@ -42,7 +42,7 @@ expect_nothing() {
 # expect_highlight KEY FILE TEXT: searched for on a terminal, the text is printed with its colours.
 # script makes a terminal. A bare chroot may have script, but no terminal for it.
 if script -qc true /dev/null </dev/null >/dev/null 2>&1; then
-    on_terminal() { TERM=${TERM:-linux} script -qc "$1" /dev/null </dev/null; }
+    on_terminal() { NO_COLOR= TERM=linux script -qc "$1" /dev/null </dev/null; }
     expect_highlight() {
         on_terminal "'$velmo' search '$2' '$1'" | grep -qF "$3" ||
             fail "search for '$1' on a terminal: no '$3'"

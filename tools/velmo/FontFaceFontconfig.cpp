@@ -10,6 +10,7 @@
 #include <memory>
 #include <new>
 #include <string_view>
+#include <utility>
 
 namespace velmo {
 namespace {
@@ -49,10 +50,11 @@ std::string englishText(const FcPattern* pattern, const char* property, const ch
 }
 
 std::string formatOf(const FcPattern* pattern) {
-    const std::string format = firstText(pattern, FC_FONTFORMAT);
-    if (format == "TrueType")
-        return "TTF";
-    return format == "CFF" ? "OTF" : format;
+    std::string format = firstText(pattern, FC_FONTFORMAT);
+    for (const auto& [name, extension] : {std::pair("TrueType", "TTF"), std::pair("CFF", "OTF")})
+        if (format == name)
+            format = extension;
+    return format;
 }
 
 /// Returns the version, which fontconfig has in units of 1/65536, such as "2.37" or "1.001".
