@@ -123,7 +123,7 @@ printf '{"FontList":[]%1200000s}' '' >"$directory/large.json"
 slow="(printf '[%1200000s'; sleep 0.6; printf ']') |
     '$velmo' tree - --activate '$directory/large.json' >/dev/null"
 shown=$(on_terminal "$slow")
-for part in 'standard input: 1 MB' ' MB' 'large.json: [#########' ': parsing 1 MB'; do
+for part in 'standard input: 1 MB' 'large.json: [#########' ': parsing 1 MB'; do
     [ -z "$shown" ] || grep -qF -- "$part" <<<"$shown" || fail "progress: no $part in $shown"
 done
 [ -z "$(on_terminal "TERM=dumb; export TERM; $slow")" ] || fail "progress on TERM=dumb"
