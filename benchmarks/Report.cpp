@@ -146,7 +146,7 @@ std::string growthChartOf(const std::vector<Median>& medians, const std::string&
         lines += fmt::format("<text x='475' y='{:.1f}' {}</text>\n", height, label);
     }
     for (const Median& point : sides.begin()->second)
-        lines += fmt::format("<text x='{:.1f}' y='360' text-anchor='middle'>{} fonts</text>\n",
+        lines += fmt::format("<text x='{:.1f}' y='384' text-anchor='middle'>{} fonts</text>\n",
                              x(point), point.fonts);
-    return svgOf(380, fmt::format("{}: nanoseconds per font (both axes logarithmic)", work), lines);
+    return svgOf(400, fmt::format("{}: nanoseconds per font (both axes logarithmic)", work), lines);
 }

@@ -3,12 +3,13 @@
 #include <iterator>
 #include <sstream>
 
+namespace {
+
+/// Returns the parts of the text that blanks separate.
 std::vector<std::string> split(const char* text) {
     std::istringstream stream(text);
     return {std::istream_iterator<std::string>(stream), {}};
 }
-
-namespace {
 
 const std::vector<std::string> scalars = split(
     "null true false 0 -0 1 -12 0.0 -0.0 1.0 1.10 3e2 -5E-1 9007199254740991.0 9007199254740993 "

@@ -6,9 +6,6 @@
 #include <string_view>
 #include <vector>
 
-/// Returns the parts of the text that blanks separate.
-std::vector<std::string> split(const char* text);
-
 /// Returns a JSON object some of whose members have the keys. Its values are of any kind: numbers
 /// at the limits of their types, texts that convert to numbers, escapes, nested values.
 std::string makeObject(Input& input, const std::vector<std::string_view>& keys);

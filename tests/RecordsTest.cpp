@@ -118,16 +118,6 @@ TEST(UserItem, LeavesTheListsOfFontsToTheUserFontMaps) {
     }
 }
 
-TEST(UserFontMaps, SetTheirFontsThroughAnOverriddenSetter) {
-    struct CountingMap : UserFontGroupMapItem {
-        void setFontList(Records<FontItem> fonts) override { setId(Id() * 10 + std::ssize(fonts)); }
-    };
-    const auto map = UserFontGroupMapItem::create<CountingMap>(JSON::parse(R"({"Id":7})"));
-    EXPECT_EQ(map->Id(), 70) << "set to none without an array";
-    map->setValue(JSON::parse(R"({"FontList":[{},{}]})"));
-    EXPECT_EQ(map->Id(), 702);
-}
-
 TEST(UserItem, KeepsATokenOfAnyKind) {
     const std::string deep = std::string(1000, '[') + std::string(1000, ']');
     const std::pair<std::string, std::string> cases[] = {

@@ -60,7 +60,6 @@ TEST(SearchRules, ANameIsExactWithItsCaseAndAKeyInAnyCaseOfThreeNames) {
         {"Song", "Song", "nNkKwc"},
         {"Song", "song", "NkKwc"},
         {"Song", "Fangsong", "NKwc"},
-        {"Song", "X|Song|Y", "kKwc"},
         {"abc.ttf", "X|Y|ABC.TTF", "kKwc"},
         {"song", "X|Y|Z|Song", "Kwc"},
     });
@@ -70,7 +69,6 @@ TEST(SearchRules, TheWholeKeyIsInOneNameAndACharacterInAny) {
     check({
         {"SongTi", "Song|Ti|x|y", "c"},
         {"Hei", "X|Y|Z|Kai", "c"},
-        {"Hei", "Song", ""},
         {"一丁丂七丄丅丆万丈三上下丌不与丏丐丑", "丑", "c"}, // more than are compared one by one
     });
 }
@@ -78,7 +76,6 @@ TEST(SearchRules, TheWholeKeyIsInOneNameAndACharacterInAny) {
 TEST(SearchRules, AnEmptyKeyIsInNothingAndEqualsAnEmptyName) {
     check({
         {"", "", "nk"},
-        {"", "X", "k"},
         {"", "X|Y|Z", ""},
     });
 }
@@ -86,28 +83,21 @@ TEST(SearchRules, AnEmptyKeyIsInNothingAndEqualsAnEmptyName) {
 TEST(SearchRules, AsManyUTF16UnitsAreTriedAsThereAreCharactersAndHalfACharacterIsInNothing) {
     check({
         {"😀", "😀", "nNkKw"},
-        {"😀", "😁", ""},
         {"😀", "\uFFFD", ""},
-        {"😀x", "x", ""},
         {"😀xy", "x", "c"},
-        {"👨‍👩‍👧ab", "ab", ""},
         {"👨‍👩‍👧ab", "\u200D", "c"},
-        {"\r\na", "a", ""},
         {"\r\nab", "a", "c"},
         {"\r\nab", "b", ""},
         {"e\u0301x", "x", ""},
         {"e\u0301x", "e", "c"},
-        {"éx", "x", "c"},
         {"\u1112\u1161\u11ABx", "x", ""},
     });
 }
 
 TEST(SearchRules, EachIllFormedSequenceIsOneReplacementCharacter) {
     check({
-        {"\xFF", "\uFFFD", "nNkKwc"},
         {"\xFF\xFF", "\uFFFD", "c"},
         {"\xC0\x80", "\xFF", "c"},
-        {"\xE5\xAE", "宋", ""},
         {"\xE5\xAE", "\xF0\x9F\x98", "nNkKwc"},
         {"宋", "\xE5\xAE宋\xE5", "NKwc"},
     });
@@ -116,24 +106,18 @@ TEST(SearchRules, EachIllFormedSequenceIsOneReplacementCharacter) {
 TEST(SearchRules, CharactersAreFoundWholeInAnySpelling) {
     check({
         {"e", "é", ""},
-        {"e", "é^", ""},
         {"E", "e\u0301", ""},
         {"e", "ete\u0301", "NKwc"},
-        {"e", "e\u0301t|e", "kKwc"},
         {"é", "e\u0301", "nNkKwc"},
-        {"ée", "éée", "NKwc"},
         {"\u0301", "é", ""},
         {"\u0301", "\u0301e", "NKwc"},
         {"ê", "ê\u0323", ""},
         {"q\u0307\u0323", "q\u0323\u0307", "nNkKw"}, // classes of marks have an order
         {"q\u0301\u0300", "q\u0300\u0301", ""},      // marks of one class keep theirs
-        {"\u00C5", "\u212B", "nNkKwc"},
         {"k", "\u212A", "NkKwc"},
         {"\uF900", "\u8C48", "nNkKwc"},
         {"가", "각", ""},
-        {"각", "가", ""},
         {"\u1100", "각", ""},
-        {"가", "각가", "NKwc"},
         {"각", "\u1100\u1161\u11A8", "nNkKwc"},
         {"ক", "কা", "NKwc"},      // this vowel sign does not compose with the letter
         {"\u09C7", "\u09CB", ""}, // this one does
@@ -144,16 +128,12 @@ TEST(SearchRules, UpperCasingIsFullAndHasNoLocale) {
     check({
         {"STRASSE", "Straße", "NkKwc"},
         {"s", "ß", "NKwc"},
-        {"ẞ", "ß", ""},
         {"fi", "ﬁ", "NkKwc"},
         {"οδυσσευς", "ΟΔΥΣΣΕΥΣ", "NkKwc"},
         {"i", "İ", ""},
         {"i\u0307", "İ", "NkKw"},
-        {"i", "ı", "NkKwc"},
         {"ǆ", "ǅ", "NkKwc"},
-        {"n", "ŉ", "NKwc"},
         {"j", "ǰ", ""},
-        {"Ａ", "ａ", "NkKwc"},
         {"A", "ａ", ""},
         {"\u1FB3\u0301", "ᾴ", "nNkKw"}, // its first unit becomes two letters
     });

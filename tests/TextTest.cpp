@@ -1,8 +1,6 @@
 #include <PerchAppLibrary/text/Needle.hpp>
 #include <PerchAppLibrary/text/Text.hpp>
 
-#include "literal/LiteralText.hpp"
-
 #include <gtest/gtest.h>
 
 #include <string>
@@ -30,25 +28,6 @@ TEST(Text, FindsNoLongNeedleInWhatAnEarlierTextLeft) {
     EXPECT_TRUE(needle.isIn(text));
     text.assign(std::string_view(longer).substr(0, longer.size() - 1));
     EXPECT_FALSE(needle.isIn(text));
-}
-
-TEST(Text, ComparedFormsOfEachCharacterAreThoseOfICU) {
-    // The first text that is not plain is folded as a whole, the others by character, with a cache.
-    ComparedText insensitive, sensitive(Case::sensitive);
-    for (UChar32 codePoint = 1; codePoint < 0x30000; ++codePoint) {
-        const std::string character = literal::utf8(icu::UnicodeString(codePoint));
-        for (const std::string& text :
-             {"a" + character + "\u5B8B", "\u0327" + character + "\u0301"})
-            for (ComparedText* const compared : {&insensitive, &sensitive}) {
-                const auto form = compared == &sensitive
-                                      ? literal::decomposed(literal::unicode(text))
-                                      : literal::folded(literal::unicode(text));
-                compared->assign(text);
-                ASSERT_EQ(compared->bytes(), literal::utf8(form)) << "U+" << std::hex << codePoint;
-                ASSERT_TRUE(!compared->isPlain() || literal::composed(form) == form)
-                    << "U+" << std::hex << codePoint << " may not be cut off";
-            }
-    }
 }
 
 TEST(Text, GivesThePartOfTheOriginalThatWasFound) {

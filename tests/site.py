@@ -18,7 +18,7 @@ import urllib.parse
 import urllib.request
 
 WIDTHS = {"telephone": 400, "desktop": 1400}
-SHOWN = ["index", "getting-started", "records", "architecture", "performance",
+SHOWN = ["index", "getting-started", "examples", "records", "architecture", "performance",
          "classVelmoCloudEntity_1_1FontItem"]
 
 
@@ -88,13 +88,16 @@ class Browser:
         return self.post("/execute/sync", script=script, args=[])
 
     def wait_for_search(self, name, seconds=10):
-        """Returns whether the frame of the search comes to show a name."""
-        frame = self.post("/element", using="css selector", value="#MSearchResults")
+        """Returns whether the results of the search come to show a name, in any case. Old Doxygens
+        show them in a frame."""
+        results = self.post("/element", using="css selector", value="#MSearchResults")
+        is_frame = self.run("return document.getElementById('MSearchResults').tagName") == "IFRAME"
         end, is_found = time.monotonic() + seconds, False
         while not is_found and time.monotonic() < end:
             time.sleep(0.2)
-            self.post("/frame", id=frame)
-            is_found = name in self.run("return document.body.innerText")
+            if is_frame:
+                self.post("/frame", id=results)
+            is_found = name.lower() in self.run("return document.body.innerText").lower()
             self.post("/frame", id=None)
         return is_found
 
@@ -103,6 +106,8 @@ class Browser:
             file.write_bytes(base64.b64decode(json.load(reply)["value"]))
 
     def close(self):
+        """Ends Chromium, which would outlive chromedriver."""
+        urllib.request.urlopen(urllib.request.Request(self.address, method="DELETE")).close()
         self.driver.terminate()
         self.driver.wait()
 

@@ -3,9 +3,10 @@
 
 In a header, each macro of record/Record.hpp becomes the functions that it declares, with comments.
 In a guide, headings get identifiers, and links to them, to headers and to other files of the
-repository get the forms that the site needs. Lines keep their numbers.
+repository get the forms that the site needs. The list of examples gets their sources.
 """
 
+import glob
 import os
 import re
 import sys
@@ -59,13 +60,12 @@ def labels(owner, name, pairs):
 
 
 def header(text):
-    owner = re.search(r"\bclass (\w+)", text).group(1) if "PERCH_" in text else ""
+    owner = ""
     has_json = "JSONFilling::none" not in text
 
     def declaration(match):
-        macro, given = match.group(1), match.group(2)
-        words = arguments(given) if given else []
         nonlocal owner
+        macro, words = match.group(1), arguments(match.group(2) or "()")
         if macro in ("PERCH_RECORD", "PERCH_RECORD_FROM_JSON"):
             owner = words[0]
             result = record(owner, macro == "PERCH_RECORD", has_json)
@@ -97,8 +97,10 @@ def with_page(text):
 
 def page_id(path):
     """The name of a guide's HTML file, without its ending."""
-    name = os.path.splitext(os.path.basename(path))[0]
-    return "index" if name == "README" else name
+    folder, name = os.path.split(os.path.splitext(path)[0])
+    if name != "README":
+        return name
+    return "index" if folder == "docs" else os.path.basename(folder)
 
 
 def heading_id(page, heading):
@@ -116,7 +118,9 @@ def guide(path, text):
         target, _, fragment = target.partition("#")
         file = os.path.normpath(os.path.join(os.path.dirname(path), target)) if target else path
         lines = "\n" * match.group(0).count("\n")
-        if file.startswith("docs/") and file.endswith(".md"):
+        if re.match(r"examples/[\w-]+\.cpp$", file):
+            return f'@ref {heading_id("examples", os.path.basename(file))} "{label}"{lines}'
+        if re.match(r"docs/.*\.md$|examples/README\.md$", file):
             place = heading_id(page_id(file), fragment) if fragment else page_id(file)
             return f'@ref {place} "{label}"{lines}'
         if file.endswith(".hpp"):
@@ -130,6 +134,10 @@ def guide(path, text):
 
     if not text.startswith("#"):
         text = f"# {page.capitalize()}\n\n{text}"
+    if page == "examples":
+        for file in sorted(glob.glob("examples/*.cpp")):
+            with open(file, encoding="utf-8") as source:
+                text += f"\n## {os.path.basename(file)}\n\n```cpp\n{source.read()}```\n"
     parts = re.split(r"(^```.*?^```$)", text, flags=re.M | re.S)
     for index in range(0, len(parts), 2): # what is not code
         parts[index] = re.sub(r"(?<!!)\[([^\]]+)\]\(([^)\s]+)\)", link, parts[index])

@@ -12,10 +12,24 @@ using namespace VelmoCloudEntity;
 
 namespace {
 
-/// A null stands for a reply that the service does not have.
 void require(const JSON& reply, JSON::Type type, const char* message) {
-    if (reply.type() != type && !reply.isNull())
+    if (reply.type() != type)
         throw std::runtime_error(message);
+}
+
+/// Returns the fonts that contain the key, then those that contain a character of it.
+Found search(const Fonts& fonts, const std::string& key) {
+    auto [whole, byCharacter] = FontList::getSearchResultFont(fonts, key);
+    std::unordered_set<const FontItem*> seen(whole.size());
+    for (const auto& font : whole)
+        seen.insert(font.get());
+    Found found;
+    found.wholeKey = whole.size();
+    found.fonts = std::move(whole);
+    for (auto& font : byCharacter)
+        if (!seen.contains(font.get()))
+            found.fonts.push_back(std::move(font));
+    return found;
 }
 
 } // namespace
@@ -25,8 +39,7 @@ void Catalogue::readFonts(const JSON& reply) {
     m_fonts = FontList(reply);
     m_fontCount = FontList::getFontCount(m_fonts.List());
     m_passing.reset();
-    // The first search of a tree also computes the signatures of its names. No user waits for it
-    // here.
+    // The first search computes the signatures of all names. Here, nobody waits for a key.
     FontList::getFontByName(m_fonts.List(), "a", true);
 }
 
@@ -50,11 +63,7 @@ Found Catalogue::find(const std::string& key) {
     const auto begin = std::chrono::steady_clock::now();
     if (!m_passing)
         m_passing = fontsPassingTags();
-    Found found;
-    if (key.empty())
-        found.fonts = *m_passing;
-    else
-        search(key, found);
+    Found found = key.empty() ? Found{.fonts = *m_passing} : search(*m_passing, key);
     found.duration = std::chrono::steady_clock::now() - begin;
     found.count = FontList::getFontCount(found.fonts);
     return found;
@@ -70,18 +79,6 @@ Fonts Catalogue::fontsPassingTags() const {
     // Tags are for the catalogue's fonts. A private font may have the Id of one of these.
     std::erase_if(passing, [](const auto& font) { return font->IsPrivate(); });
     return passing;
-}
-
-void Catalogue::search(const std::string& key, Found& found) const {
-    auto [whole, byCharacter] = FontList::getSearchResultFont(*m_passing, key);
-    std::unordered_set<const FontItem*> seen(whole.size());
-    for (const auto& font : whole)
-        seen.insert(font.get());
-    found.wholeKey = whole.size();
-    found.fonts = std::move(whole);
-    for (auto& font : byCharacter)
-        if (!seen.contains(font.get()))
-            found.fonts.push_back(std::move(font));
 }
 
 void Catalogue::tick(FontTagItem& tag, bool isTicked) {

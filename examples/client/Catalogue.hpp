@@ -40,11 +40,9 @@ public:
     void untickAll();
 
     std::int64_t fontCount() const noexcept { return m_fontCount; }
-    std::int64_t activatedCount() const { return m_fonts.getActivatedFontCount(m_fonts.List()); }
 
 private:
     Fonts fontsPassingTags() const;
-    void search(const std::string& key, Found& found) const;
 
     VelmoCloudEntity::FontList m_fonts;
     VelmoCloudEntity::FontTagList m_tags;

@@ -40,7 +40,7 @@ void mark(FontItem& font, int column, bool isMarked) {
 
 std::unique_ptr<FontModel::Level> FontModel::levelOf(Level* outer, int row, Fonts fonts) {
     const auto shown = static_cast<int>(std::min<std::size_t>(fonts.size(), batch));
-    return std::unique_ptr<Level>(new Level{outer, row, std::move(fonts), shown, {}});
+    return std::make_unique<Level>(Level{outer, row, std::move(fonts), shown, {}});
 }
 
 void FontModel::setFound(Found found, const std::string& key) {
@@ -66,7 +66,7 @@ FontModel::Level& FontModel::levelBelow(const QModelIndex& parent) const {
     return *below;
 }
 
-const std::shared_ptr<FontItem>& FontModel::fontAt(const QModelIndex& index) const {
+const std::shared_ptr<FontItem>& FontModel::fontAt(const QModelIndex& index) {
     const auto* const level = static_cast<const Level*>(index.internalPointer());
     return level->fonts[static_cast<std::size_t>(index.row())];
 }

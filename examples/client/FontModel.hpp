@@ -30,7 +30,7 @@ public:
     void setFound(Found found, const std::string& key);
 
     /// Returns the font or group of a row. Requires a valid index.
-    const std::shared_ptr<FontItem>& fontAt(const QModelIndex& index) const;
+    static const std::shared_ptr<FontItem>& fontAt(const QModelIndex& index);
 
     QModelIndex index(int row, int column, const QModelIndex& parent = {}) const override;
     QModelIndex parent(const QModelIndex& child) const override;

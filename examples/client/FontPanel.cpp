@@ -25,7 +25,7 @@ void FontPanel::showFont(const FontItem* font, const VelmoCloudEntity::ConfigIte
     setVisible(font != nullptr);
     if (font == nullptr)
         return;
-    const QFont drawn = drawnWith(*font, double(settings.PreviewFontSize()));
+    const QFont drawn = drawnWith(*font, static_cast<double>(settings.PreviewFontSize()));
     m_preview->setFont(drawn);
     m_preview->setText(QString::fromStdString(font->PreviewText()));
     m_details->setText(QString::fromStdString(font->TreeNodeTitle()) + ", drawn in " +

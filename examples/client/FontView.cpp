@@ -33,8 +33,10 @@ public:
     void paint(QPainter* painter, const QStyleOptionViewItem& option,
                const QModelIndex& index) const override {
         const auto found = index.data(FontModel::foundParts).value<QList<FontModel::Range>>();
-        if (found.empty())
-            return QStyledItemDelegate::paint(painter, option, index);
+        if (found.empty()) {
+            QStyledItemDelegate::paint(painter, option, index);
+            return;
+        }
         QStyleOptionViewItem item(option);
         initStyleOption(&item, index);
         const QString text = std::exchange(item.text, QString());
@@ -68,10 +70,9 @@ FontView::FontView(QAbstractItemModel& model) {
     setAlternatingRowColors(true);
     setModel(&model);
     setItemDelegate(new FoundPartDelegate(this));
-    header()->resizeSection(FontModel::name, 230);
+    header()->resizeSection(FontModel::name, 220);
     header()->resizeSection(FontModel::family, 140);
-    header()->resizeSection(FontModel::file, 180);
-    header()->resizeSection(FontModel::activated, 75);
+    header()->resizeSection(FontModel::file, 170);
 }
 
 } // namespace client

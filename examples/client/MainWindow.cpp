@@ -16,11 +16,12 @@ namespace {
 struct Document {
     const char* name;
     void (Catalogue::*read)(const JSON& reply);
+    const char* standIn; // for a missing reply; null for one that is needed
 };
-constexpr std::array documents{Document{"font-list.json", &Catalogue::readFonts},
-                               Document{"font-tags.json", &Catalogue::readTags},
-                               Document{"activated-fonts.json", &Catalogue::markActivated},
-                               Document{"favorite-fonts.json", &Catalogue::markFavourites}};
+constexpr std::array documents{Document{"font-list.json", &Catalogue::readFonts, nullptr},
+                               Document{"font-tags.json", &Catalogue::readTags, "[]"},
+                               Document{"activated-fonts.json", &Catalogue::markActivated, "{}"},
+                               Document{"favorite-fonts.json", &Catalogue::markFavourites, "{}"}};
 
 /// Returns a widget with these in a row or column.
 QWidget* boxOf(QBoxLayout::Direction direction, std::initializer_list<QWidget*> widgets) {
@@ -34,23 +35,22 @@ QWidget* boxOf(QBoxLayout::Direction direction, std::initializer_list<QWidget*> 
 
 } // namespace
 
-MainWindow::MainWindow(const QString& settingsFile)
-    : m_settingsFile(settingsFile), m_settings(VelmoCloudEntity::ConfigItem::create()) {
+MainWindow::MainWindow(QString settingsFile)
+    : m_settingsFile(std::move(settingsFile)), m_settings(VelmoCloudEntity::ConfigItem::create()) {
     m_search->setObjectName("search");
     m_search->setPlaceholderText("Search names, in any script");
     m_source->setObjectName("source");
-    m_source->setPlaceholderText("Folder of replies, or http://...");
     m_message->setObjectName("message");
     m_message->setTextFormat(Qt::PlainText);
     m_message->setWordWrap(true);
     m_message->setStyleSheet("background: #ffdad6; color: black; padding: 6px");
     m_status->setObjectName("status");
-    report("");
     try {
         loadSettings(m_settingsFile, *m_settings);
     } catch (const std::exception& error) {
-        report(m_settingsFile + ": " + error.what());
+        m_settingsProblems << m_settingsFile + ": " + error.what();
     }
+    report(m_settingsProblems);
     makeWidgets();
     connect(m_search, &QLineEdit::textChanged, this, &MainWindow::find);
     connect(m_source, &QLineEdit::returnPressed, this, [this] { open(m_source->text()); });
@@ -62,6 +62,7 @@ void MainWindow::makeWidgets() {
     auto* const size = new QSpinBox;
     size->setRange(6, 96);
     size->setValue(static_cast<int>(m_settings->PreviewFontSize()));
+    m_settings->setPreviewFontSize(size->value()); // in the range
     size->setSuffix(" pt");
     connect(size, &QSpinBox::valueChanged, this, &MainWindow::resizePreview);
     m_tags = new TagPanel(m_catalogue, [this] { find(); });
@@ -81,7 +82,7 @@ void MainWindow::makeWidgets() {
     columns->addWidget(fonts);
     columns->setSizes({220, 780});
     auto* const top = boxOf(QBoxLayout::LeftToRight, {m_search, m_source, size});
-    top->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+    columns->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
     setCentralWidget(boxOf(QBoxLayout::TopToBottom, {top, m_message, columns}));
     centralWidget()->layout()->setContentsMargins(8, 8, 8, 0);
     statusBar()->addWidget(m_status);
@@ -97,15 +98,16 @@ void MainWindow::open(const QString& source) {
 }
 
 void MainWindow::receive(const std::vector<Reply>& replies) {
-    QStringList problems;
+    QStringList problems = m_settingsProblems;
     for (std::size_t i = 0; i < documents.size(); ++i)
         try {
-            const bool isAbsent = replies[i].isMissing && i > 0; // only the fonts are needed
-            (m_catalogue.*documents[i].read)(isAbsent ? JSON::null : documentOf(replies[i]));
+            const char* const standIn = replies[i].isMissing ? documents[i].standIn : nullptr;
+            (m_catalogue.*documents[i].read)(standIn != nullptr ? JSON::parse(standIn)
+                                                                : documentOf(replies[i]));
         } catch (const std::exception& error) {
             problems << replies[i].name + ": " + error.what();
         }
-    report(problems.join('\n'));
+    report(problems);
     m_tags->showTags();
     find();
 }
@@ -117,16 +119,14 @@ void MainWindow::find() {
     QString status = QString("%1 of %2 fonts").arg(found.count).arg(m_catalogue.fontCount());
     if (!key.empty())
         status += QString(", %1 with the whole key").arg(found.wholeKey);
-    m_status->setText(status + QString("; %1 activated; the query took %2 µs")
-                                   .arg(m_catalogue.activatedCount())
-                                   .arg(m_queryTime.count() / 1000));
+    m_status->setText(status + QString("; the query took %1 µs").arg(m_queryTime.count() / 1000));
     m_model.setFound(std::move(found), key);
     showSelected();
 }
 
 void MainWindow::showSelected() {
     const QModelIndex current = m_fonts->currentIndex();
-    m_panel->showFont(current.isValid() ? m_model.fontAt(current).get() : nullptr, *m_settings);
+    m_panel->showFont(current.isValid() ? FontModel::fontAt(current).get() : nullptr, *m_settings);
 }
 
 void MainWindow::resizePreview(int points) {
@@ -134,13 +134,13 @@ void MainWindow::resizePreview(int points) {
     try {
         saveSettings(m_settingsFile, *m_settings);
     } catch (const std::exception& error) {
-        report(m_settingsFile + ": " + error.what());
+        report({m_settingsFile + ": " + error.what()});
     }
     showSelected();
 }
 
-void MainWindow::report(const QString& messages) {
-    m_message->setText(messages);
+void MainWindow::report(const QStringList& messages) {
+    m_message->setText(messages.join('\n'));
     m_message->setVisible(!messages.isEmpty());
 }
 

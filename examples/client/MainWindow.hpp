@@ -14,14 +14,13 @@ namespace client {
 class MainWindow : public QMainWindow {
 public:
     /// Reads the settings from this file, and keeps them there.
-    explicit MainWindow(const QString& settingsFile);
+    explicit MainWindow(QString settingsFile);
 
     /// Reads the replies of a folder or an address, and shows them. Reports in the window what
-    /// cannot be read, and goes on with what it had.
+    /// cannot be read, and goes on with what it had. Does nothing while it is reading.
     void open(const QString& source);
     bool isReading() const noexcept { return m_replies.isReading(); }
 
-    /// Returns the time that the last query took.
     std::chrono::nanoseconds queryTime() const noexcept { return m_queryTime; }
 
 private:
@@ -30,10 +29,11 @@ private:
     void find();
     void showSelected();
     void resizePreview(int points);
-    void report(const QString& messages);
+    void report(const QStringList& messages);
 
     QString m_settingsFile;
     std::shared_ptr<VelmoCloudEntity::ConfigItem> m_settings;
+    QStringList m_settingsProblems;
     Catalogue m_catalogue;
     FontModel m_model;
     std::chrono::nanoseconds m_queryTime{};

@@ -17,14 +17,15 @@ void Replies::read(const QString& source, const QStringList& names, Receiver rec
     const bool isAddress = source.startsWith("http://") || source.startsWith("https://");
     for (const QString& name : names)
         m_replies.push_back(isAddress ? Reply{name} : readFile(source + "/" + name, name));
-    if (!isAddress)
-        return m_receiver(m_replies);
-    for (Reply& reply : m_replies)
-        get(source + (source.endsWith('/') ? "" : "/") + reply.name, reply);
+    if (isAddress)
+        for (Reply& reply : m_replies)
+            get(source + (source.endsWith('/') ? "" : "/") + reply.name, reply);
+    else
+        m_receiver(m_replies);
 }
 
 void Replies::get(const QString& address, Reply& reply) {
-    constexpr qint64 maxBytes = 256 * 1024 * 1024;
+    constexpr qint64 maxBytes = 1LL << 28;
     QNetworkRequest request{QUrl(address)};
     request.setTransferTimeout(); // half a minute without a byte
     QNetworkReply* const answer = m_network.get(request);

@@ -20,7 +20,6 @@ QString labelOf(const FontTagItem& tag) {
 TagPanel::TagPanel(Catalogue& catalogue, std::function<void()> onChange) : m_catalogue(catalogue) {
     setObjectName("tags");
     setHeaderHidden(true);
-    setUniformRowHeights(true);
     connect(this, &QTreeWidget::itemChanged, this, [this, onChange](QTreeWidgetItem* row) {
         auto* const tag = static_cast<FontTagItem*>(row->data(0, tagRole).value<void*>());
         m_catalogue.tick(*tag, row->checkState(0) == Qt::Checked);

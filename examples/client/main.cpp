@@ -10,39 +10,39 @@ namespace {
 /// Shows the window, or draws it into a file. Returns the exit status of the process.
 int run(client::MainWindow& window, const QCommandLineParser& options) {
     window.resize(1000, 700);
-    window.show();
+    window.findChild<QLineEdit*>("search")->setText(options.value("search"));
     window.open(options.positionalArguments().value(0, "samples"));
+    if (!options.isSet("screenshot")) {
+        window.show();
+        return QApplication::exec();
+    }
     while (window.isReading())
         QApplication::processEvents(QEventLoop::WaitForMoreEvents);
-    window.findChild<QLineEdit*>("search")->setText(options.value("search"));
     auto& tags = *window.findChild<QTreeWidget*>("tags");
     for (const QString& tag : options.values("tag"))
         for (auto* const row : tags.findItems(tag + " (", Qt::MatchStartsWith | Qt::MatchRecursive))
             row->setCheckState(0, Qt::Checked);
     auto& fonts = *window.findChild<QAbstractItemView*>("fonts");
     fonts.setCurrentIndex(fonts.model()->index(0, 0));
-    if (!options.isSet("screenshot"))
-        return QApplication::exec();
-    QApplication::processEvents();
-    return window.grab().save(options.value("screenshot")) ? EXIT_SUCCESS : EXIT_FAILURE;
+    if (window.grab().save(options.value("screenshot")))
+        return EXIT_SUCCESS;
+    qWarning("%s cannot be written", qPrintable(options.value("screenshot")));
+    return EXIT_FAILURE;
 }
 
 } // namespace
 
 int main(int argc, char** argv) {
     for (int i = 1; i < argc; ++i)
-        if (QString(argv[i]).startsWith("--screenshot"))
+        if (QString(argv[i]).startsWith("--screenshot") || QString(argv[i]) == "--help")
             qputenv("QT_QPA_PLATFORM", "offscreen"); // needs no display
     const QApplication application(argc, argv);
-    QApplication::setApplicationName("velmo-client");
-    QApplication::setApplicationVersion(VELMO_VERSION);
     const QString folder = QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation);
     QCommandLineParser options;
     options.addHelpOption();
-    options.addVersionOption();
     options.addPositionalArgument("source", "Folder of saved replies, or http:// address of them.");
     options.addOptions({{"search", "Search for a text.", "text"},
-                        {"tag", "Tick a tag; may be repeated.", "name"},
+                        {"tag", "Tick a tag of the screenshot; may be repeated.", "name"},
                         {"screenshot", "Draw the window into a PNG file, and end.", "file"},
                         {"settings", "File of the settings.", "file", folder + "/settings.json"}});
     options.process(application);
