@@ -5,9 +5,12 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
+#include <iterator>
 #include <memory>
 #include <new>
 #include <string_view>
+#include <utility>
 
 namespace velmo {
 namespace {
@@ -47,10 +50,11 @@ std::string englishText(const FcPattern* pattern, const char* property, const ch
 }
 
 std::string formatOf(const FcPattern* pattern) {
-    const std::string format = firstText(pattern, FC_FONTFORMAT);
-    if (format == "TrueType")
-        return "TTF";
-    return format == "CFF" ? "OTF" : format;
+    std::string format = firstText(pattern, FC_FONTFORMAT);
+    for (const auto& [name, extension] : {std::pair("TrueType", "TTF"), std::pair("CFF", "OTF")})
+        if (format == name)
+            format = extension;
+    return format;
 }
 
 /// Returns the version, which fontconfig has in units of 1/65536, such as "2.37" or "1.001".
@@ -71,11 +75,21 @@ bool isVariable(const FcPattern* pattern) {
     return variable != FcFalse;
 }
 
+/// Returns the full name. The instances of a variable font have only that of their family, which
+/// gets the name of their style.
+std::string fullNameOf(const FcPattern* pattern, const std::string& family) {
+    const std::string name = englishText(pattern, FC_FULLNAME, FC_FULLNAMELANG);
+    const std::string style = englishText(pattern, FC_STYLE, FC_STYLELANG);
+    constexpr std::string_view plain[] = {"", "Regular", "Book", "Normal", "Roman"};
+    const bool isPlain = std::ranges::find(plain, style) != std::end(plain);
+    const bool isOfFamily = name.empty() || name == family;
+    return isOfFamily ? family + (isPlain ? "" : " " + style) : name;
+}
+
 FontFace faceOf(const FcPattern* pattern) {
     const std::string family = englishText(pattern, FC_FAMILY, FC_FAMILYLANG);
-    const std::string fullName = englishText(pattern, FC_FULLNAME, FC_FULLNAMELANG);
     return {family,
-            fullName.empty() ? family : fullName,
+            fullNameOf(pattern, family),
             firstText(pattern, FC_POSTSCRIPT_NAME),
             formatOf(pattern),
             versionOf(pattern),
@@ -95,9 +109,9 @@ std::vector<FontFace> facesOf(const FcFontSet& fonts) {
 std::vector<FontFace> installedFaces() {
     const Pattern any(allocated(FcPatternCreate()), &FcPatternDestroy);
     const ObjectSet wanted(
-        allocated(FcObjectSetBuild(FC_FAMILY, FC_FAMILYLANG, FC_FULLNAME, FC_FULLNAMELANG,
-                                   FC_POSTSCRIPT_NAME, FC_FONTFORMAT, FC_FONTVERSION, FC_FILE,
-                                   FC_INDEX, FC_VARIABLE, nullptr)),
+        allocated(FcObjectSetBuild(FC_FAMILY, FC_FAMILYLANG, FC_FULLNAME, FC_FULLNAMELANG, FC_STYLE,
+                                   FC_STYLELANG, FC_POSTSCRIPT_NAME, FC_FONTFORMAT, FC_FONTVERSION,
+                                   FC_FILE, FC_INDEX, FC_VARIABLE, nullptr)),
         &FcObjectSetDestroy);
     const FontSet fonts(allocated(FcFontList(nullptr, any.get(), wanted.get())), &FcFontSetDestroy);
     return facesOf(*fonts);

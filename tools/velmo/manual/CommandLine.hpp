@@ -36,7 +36,7 @@ struct Command {
 /// The definition of the command line, as the makers of the man page and completions need it.
 struct CommandLine {
     Command program;
-    std::string footer; ///< paragraphs about all commands, one in each line
+    std::string footer; ///< about all commands
     std::vector<Command> commands;
 };
 

@@ -61,7 +61,7 @@ constexpr const char* environment =
     ".SH ENVIRONMENT\n"
     ".TP\n.B NO_COLOR\nIf it is set and not empty, output is not coloured.\n"
     ".TP\n.B TERM\nIf it is \"dumb\", output is not coloured, and there is no progress bar.\n"
-    ".PP\nThe option \\fB\\-\\-color\\fR has precedence over both.\n";
+    ".PP\nThe option \\fB\\-\\-color\\fR takes precedence over both for colours.\n";
 
 } // namespace
 
@@ -78,7 +78,8 @@ std::string manPage(const CommandLine& definition) {
     text += ".SH COMMANDS\n";
     for (const Command& command : definition.commands)
         text += section(command);
-    return text + ".SH EXIT STATUS\n" + roff(definition.footer) + "\n" + environment;
+    return text + ".SH EXIT STATUS\n" + roff(replaceAll(definition.footer, '\n', " ")) + "\n" +
+           environment;
 }
 
 } // namespace velmo
