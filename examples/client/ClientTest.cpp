@@ -242,6 +242,8 @@ TEST(Client, ReadsAServiceOverHTTP) {
     ASSERT_TRUE(open(address));
     expectIn("font-list.json: Connection refused", client.text("message"));
     expectIn("376 of 376 fonts", client.text("status"));
+    client.window->open(address); // the window closes while it reads
+    EXPECT_TRUE(client.window->isReading());
 }
 
 namespace {
