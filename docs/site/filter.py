@@ -120,7 +120,7 @@ def guide(path, text):
         lines = "\n" * match.group(0).count("\n")
         if re.match(r"examples/[\w-]+\.cpp$", file):
             return f'@ref {heading_id("examples", os.path.basename(file))} "{label}"{lines}'
-        if re.match(r"docs/.*\.md$|examples/README\.md$", file):
+        if re.match(r"docs/.*\.md$|examples/(client/)?README\.md$", file):
             place = heading_id(page_id(file), fragment) if fragment else page_id(file)
             return f'@ref {place} "{label}"{lines}'
         if file.endswith(".hpp"):
