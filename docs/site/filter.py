@@ -140,6 +140,8 @@ def guide(path, text):
                 text += f"\n## {os.path.basename(file)}\n\n```cpp\n{source.read()}```\n"
     parts = re.split(r"(^```.*?^```$)", text, flags=re.M | re.S)
     for index in range(0, len(parts), 2): # what is not code
+        # Doxygen looks for an image by its name.
+        parts[index] = re.sub(r"(!\[[^\]]+\]\()[^)\s]*/([^)\s]+\))", r"\1\2", parts[index])
         parts[index] = re.sub(r"(?<!!)\[([^\]]+)\]\(([^)\s]+)\)", link, parts[index])
         parts[index] = re.sub(r"(?m)^(#+) (.*)$", heading, parts[index])
     return "".join(parts)
