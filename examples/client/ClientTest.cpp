@@ -1,6 +1,8 @@
 // Drives the client without a display. With --measure, prints the times of keystrokes.
 #include "MainWindow.hpp"
 
+#include <VelmoCloudEntity/version.hpp>
+
 #include <QAbstractItemModelTester>
 #include <QApplication>
 #include <QDir>
