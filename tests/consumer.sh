@@ -22,7 +22,7 @@ by_cmake() { # WAY [OPTIONS]
     local way=$1
     shift
     cmake -G Ninja -S "$source/tests/consumer" -B "$work/$way" -DCMAKE_PREFIX_PATH="$prefix" \
-        -DCMAKE_CXX_COMPILER="$compiler" -DCMAKE_BUILD_TYPE=Release -DWAY="$way" \
+        -DCMAKE_CXX_COMPILER="$compiler" -DCMAKE_BUILD_TYPE=Release -DCMAKE_UNITY_BUILD=ON -DWAY="$way" \
         -DSOURCE="$source" -DEXAMPLE="$example" "$@" &&
         cmake --build "$work/$way" --target consumer
 }

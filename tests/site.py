@@ -18,7 +18,7 @@ import urllib.parse
 import urllib.request
 
 WIDTHS = {"telephone": 400, "desktop": 1400}
-SHOWN = ["index", "getting-started", "examples", "records", "architecture", "performance",
+SHOWN = ["index", "getting-started", "client", "records", "architecture", "performance",
          "classVelmoCloudEntity_1_1FontItem"]
 
 

@@ -120,7 +120,7 @@ def guide(path, text):
         lines = "\n" * match.group(0).count("\n")
         if re.match(r"examples/[\w-]+\.cpp$", file):
             return f'@ref {heading_id("examples", os.path.basename(file))} "{label}"{lines}'
-        if re.match(r"docs/.*\.md$|examples/README\.md$", file):
+        if re.match(r"docs/.*\.md$|examples/(client/)?README\.md$", file):
             place = heading_id(page_id(file), fragment) if fragment else page_id(file)
             return f'@ref {place} "{label}"{lines}'
         if file.endswith(".hpp"):
@@ -140,6 +140,8 @@ def guide(path, text):
                 text += f"\n## {os.path.basename(file)}\n\n```cpp\n{source.read()}```\n"
     parts = re.split(r"(^```.*?^```$)", text, flags=re.M | re.S)
     for index in range(0, len(parts), 2): # what is not code
+        # Doxygen looks for an image by its name.
+        parts[index] = re.sub(r"(!\[[^\]]+\]\()[^)\s]*/([^)\s]+\))", r"\1\2", parts[index])
         parts[index] = re.sub(r"(?<!!)\[([^\]]+)\]\(([^)\s]+)\)", link, parts[index])
         parts[index] = re.sub(r"(?m)^(#+) (.*)$", heading, parts[index])
     return "".join(parts)

@@ -1,6 +1,8 @@
 // Drives the client without a display. With --measure, prints the times of keystrokes.
 #include "MainWindow.hpp"
 
+#include <VelmoCloudEntity/version.hpp>
+
 #include <QAbstractItemModelTester>
 #include <QApplication>
 #include <QDir>
@@ -242,6 +244,8 @@ TEST(Client, ReadsAServiceOverHTTP) {
     ASSERT_TRUE(open(address));
     expectIn("font-list.json: Connection refused", client.text("message"));
     expectIn("376 of 376 fonts", client.text("status"));
+    client.window->open(address); // the window closes while it reads
+    EXPECT_TRUE(client.window->isReading());
 }
 
 namespace {

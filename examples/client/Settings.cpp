@@ -2,6 +2,8 @@
 
 #include "Replies.hpp"
 
+#include <VelmoCloudEntity/version.hpp>
+
 #include <PerchAppLibrary/json/Dictionary.hpp>
 
 #include <QDir>
