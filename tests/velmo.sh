@@ -3,6 +3,7 @@
 set -u
 velmo=$1
 samples=$2
+made=$(dirname "$velmo") # the folder of what is made from the definition of the command line
 fonts=$samples/font-list.json
 activated=$samples/activated-fonts.json
 tags=$samples/font-tags.json
@@ -91,14 +92,14 @@ expect 2 'deep.json: line 1, column 1025: .*deeper than 1024' tree "$directory/d
 expect 2 'broken.json: line 2' list activated "$fonts" --activate "$directory/broken.json"
 expect 2 'standard input: line 1, column 1: the text is empty' tree -
 
-# Help as a word; the example of each command, on the samples.
+# Help as a word; the example of each command, which the man page shows, on the samples.
 expect 0 '^velmo [0-9]+\.[0-9]' version
-expect 0 '^Usage: velmo tree ' help tree
+expect 0 'velmo tree .OPTIONS. FILE$' help tree
 expect 2 'COMMAND: tre not in' help tre
-mapfile -t examples < <("$velmo" help | sed -n 's/^  \(velmo .*\)/\1/p')
+mapfile -t examples < <(sed -n '/^\.nf/{n;s/\\-/-/g;p}' "$made/velmo.1")
 [ ${#examples[@]} = 13 ] || fail "13 examples"
 for example in "${examples[@]}"; do
-    (cd "$samples" && PATH=$(dirname "$velmo"):$PATH bash -o pipefail -c "$example" >/dev/null) ||
+    (cd "$samples" && PATH=$made:$PATH bash -o pipefail -c "$example" >/dev/null) ||
         fail "$example"
 done
 
@@ -326,7 +327,6 @@ completed() {
     COMP_WORDS=("$@") COMP_CWORD=$(($# - 1))
     (cd "$samples" && _velmo && printf '%s' "${COMPREPLY[*]}")
 }
-made=$(dirname "$velmo")
 # shellcheck disable=SC1091
 source "$made/velmo.bash"
 while IFS='|' read -r line expected; do

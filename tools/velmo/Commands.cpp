@@ -2,9 +2,7 @@
 
 #include "Terminal.hpp"
 
-#include <CLI/App.hpp>
-#include <CLI/Config.hpp>
-#include <CLI/Formatter.hpp>
+#include <CLI/CLI.hpp>
 
 #include <algorithm>
 #include <charconv>

@@ -5,7 +5,7 @@
 
 #include <PerchAppLibrary/json/Dictionary.hpp>
 
-#include <CLI/CLI.hpp>
+#include <CLI/App.hpp>
 #include <fmt/format.h>
 
 namespace velmo {

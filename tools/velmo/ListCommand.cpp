@@ -1,7 +1,7 @@
 #include "Commands.hpp"
 #include "FontView.hpp"
 
-#include <CLI/CLI.hpp>
+#include <CLI/App.hpp>
 
 #include <map>
 
