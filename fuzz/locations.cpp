@@ -102,6 +102,7 @@ void check(Input& input, Texts& texts) {
     const std::string file = labels.isFixed.value ? clear : md5(clear);
     requireEqual(font->getLocalPreviewFile(labels), joined(cache, file), name);
     requireEqual(font->getRemotePreviewFile(labels), joined(folder, file), name);
+    const std::string header = labels.isFixed.value ? "f/" : "p/";
     requireEqual(font->getRemotePreviewFile({.isFixed = labels.isFixed,
                                              .previewTag = tag,
                                              .colorTag = "c",
@@ -110,11 +111,7 @@ void check(Input& input, Texts& texts) {
                                              .previewFileUrlHeader = "p/",
                                              .privatePreviewFileUrlHeader = "own/",
                                              .userGuid = folder}),
-                 (font->IsPrivate()      ? ofPrivate
-                  : labels.isFixed.value ? "f/" + ofPublic
-                                         : "p/" + ofPublic) +
-                     file,
-                 name);
+                 (font->IsPrivate() ? ofPrivate : header + ofPublic) + file, name);
 }
 
 } // namespace
