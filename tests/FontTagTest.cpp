@@ -147,25 +147,4 @@ TEST(FontTag, TakesManyTagsInLinearTime) {
     EXPECT_EQ(group->CheckedFontTagFontIdList(), (Ids{0, 60}));
 }
 
-TEST(FontTag, OperationsAndDestructionManageAnyDepth) {
-    for (const bool isGroup : {true, false}) {
-        const auto leaf = FontTagItem::create();
-        Tags list{leaf};
-        for (int level = 0; level < 100'000; ++level) {
-            const auto outer = FontTagItem::create();
-            outer->setIsGroup(isGroup);
-            outer->setIsChecked(true);
-            outer->setFontIdList({2});
-            outer->setChildren(std::move(list));
-            list = {outer};
-        }
-        FontTagList::setFontTagItemCheck(list, true);
-        EXPECT_EQ(leaf->IsChecked(), isGroup);
-        EXPECT_EQ(collected(list), isGroup ? Tags{leaf} : list);
-        EXPECT_EQ(filtered(list, {3, 2}), Ids{2});
-        list.clear();
-        EXPECT_EQ(leaf.use_count(), 1);
-    }
-}
-
 } // namespace

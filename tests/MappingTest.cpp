@@ -1,4 +1,3 @@
-#include <PerchAppLibrary/record/detail/KeyOrder.hpp>
 #include <PerchAppLibrary/record/detail/NameIndex.hpp>
 
 #include "RecordTesting.hpp"
@@ -174,17 +173,6 @@ TEST(NameIndex, DistinguishesNamesOfAllLengths) {
             EXPECT_EQ(find(index, other, guess), names.size()) << other;
         }
     }
-}
-
-TEST(KeyOrder, ForgetsTheKeysOfAnotherClass) {
-    const NameIndex names(std::vector{"Id"sv}), others(std::vector{"Token"sv});
-    KeyOrder order;
-    order.startRecord(names);
-    order.first() = order.after(3) = 7;
-    order.startRecord(names);
-    EXPECT_EQ(order.first() + order.after(3), 14U);
-    order.startRecord(others);
-    EXPECT_EQ(order.first() + order.after(3), 0U);
 }
 
 } // namespace

@@ -118,26 +118,6 @@ TEST(UserItem, LeavesTheListsOfFontsToTheUserFontMaps) {
     }
 }
 
-TEST(UserItem, KeepsATokenOfAnyKind) {
-    const std::string deep = std::string(1000, '[') + std::string(1000, ']');
-    const std::pair<std::string, std::string> cases[] = {
-        {R"("a\u0000\"\u5fae")", R"("a\u0000\"微")"},
-        {R"("")", R"("")"},
-        {"18446744073709551616", "1.8446744073709552E19"},
-        {R"({"b" : [1, {"a": null, "": []}], "a": {}})", R"({"b":[1,{"a":null,"":[]}],"a":{}})"},
-        {deep, deep},
-        {"null", "null"}};
-    const auto again = UserItem::create();
-    EXPECT_EQ(toText(again->value("sms_token")), R"("")");
-    for (const auto& [text, expected] : cases) {
-        const auto user = UserItem::create(JSON::parse("{\"sms_token\":" + text + "}"));
-        EXPECT_EQ(toText(user->Dict().at("sms_token")), expected);
-        again->setSms_token(user->sms_token());
-        again->setValue(JSON::parse(R"({"Tel":"2"})")); // without a token
-        EXPECT_EQ(toText(again->getDict({"sms_token"})), "{\"sms_token\":" + expected + "}");
-    }
-}
-
 TEST(UserItem, GivesTheNamedPropertiesInTheirOrder) {
     const auto user = UserItem::create({.guid = "g", .tel = "t"});
     user->setUriList({"b", "a"});

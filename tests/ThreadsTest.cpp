@@ -15,8 +15,7 @@ using namespace PerchAppLibrary;
 // on first use. The thread sanitizer finds what equal results do not show.
 namespace {
 
-/// Fonts and groups whose names need each way of comparing texts: so many that the first searches
-/// overlap.
+/// Fonts and groups whose names need each way of comparing texts: enough for searches to overlap.
 std::string fontsText() {
     const std::string names[] = {"Song",          "宋体Bold",      "Étude",  "E\u0301tude",
                                  "Straße",        "각진굴림",      "\u1FB3", "ﬁne",
