@@ -229,6 +229,7 @@ TEST(Declaration, FillsArraysAfterAllOtherPropertiesAndExcludesThemFromTheMappin
     EXPECT_EQ(album->keys + album->Guid(), "Fonts Parts set before");
     album->fill(JSON(), Excluded{"Value"});
     EXPECT_EQ(album->keys, "Fonts Parts Value Fonts Parts ");
+    EXPECT_EQ(makeRecords<WatchedAlbum>(JSON::parse("[{}]")).at(0)->keys, "Fonts Parts ");
 }
 
 TEST(Declaration, EmptiesAnArrayWhoseGetterIsOverridden) {
