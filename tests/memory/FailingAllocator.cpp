@@ -54,7 +54,7 @@ bool failing::stop() {
 
 long failing::blocks() { return blockCount; }
 
-// The forms that the others call, and those of which a sanitizer has its own.
+// The standard library defines the other forms by these, and a sanitizer has forms of its own.
 void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
     void* const block = failsNow(false) ? nullptr : std::malloc(size == 0 ? 1 : size);
     blockCount += block == nullptr ? 0 : 1;

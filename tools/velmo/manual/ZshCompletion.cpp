@@ -4,7 +4,7 @@
 namespace velmo {
 namespace {
 
-/// Returns the end of a specification for the value of the parameter: its name, then how it is
+/// Returns the end of the form of zsh for the value of the parameter: its name, then how it is
 /// completed. Empty for a flag.
 std::string valueOf(const Parameter& parameter) {
     switch (parameter.kind) {
@@ -22,29 +22,28 @@ std::string valueOf(const Parameter& parameter) {
     return "";
 }
 
-/// Returns the specifications of the option, one for each of its names.
-std::vector<std::string> specificationsOf(const Parameter& option) {
+/// Returns what _arguments takes for the option: a form for each of its names.
+std::vector<std::string> formsOf(const Parameter& option) {
     const std::string description =
         replaceAll(replaceAll(option.description, '[', "\\["), ']', "\\]");
     const std::string repeated =
         option.isRepeated ? "*" : "(" + join(option.names, " ") + ")"; // else it excludes itself
-    std::vector<std::string> specifications;
-    specifications.reserve(option.names.size());
+    std::vector<std::string> forms;
+    forms.reserve(option.names.size());
     for (const std::string& name : option.names)
-        specifications.push_back(quoted(repeated + name +
-                                        (option.kind == Parameter::Kind::flag ? "" : "=") + "[" +
-                                        description + "]" + valueOf(option)));
-    return specifications;
+        forms.push_back(quoted(repeated + name + (option.kind == Parameter::Kind::flag ? "" : "=") +
+                               "[" + description + "]" + valueOf(option)));
+    return forms;
 }
 
-/// Returns a call of _arguments with the parameters of the command and more specifications.
+/// Returns a call of _arguments with the parameters of the command and more forms.
 std::string callFor(const Command& command, const std::vector<std::string>& more) {
     std::vector<std::string> words{"_arguments -C"};
-    const auto append = [&words](const std::vector<std::string>& specifications) {
-        words.insert(words.end(), specifications.begin(), specifications.end());
+    const auto append = [&words](const std::vector<std::string>& forms) {
+        words.insert(words.end(), forms.begin(), forms.end());
     };
     for (const Parameter& option : command.options)
-        append(specificationsOf(option));
+        append(formsOf(option));
     std::size_t position = 0;
     for (const Parameter& argument : command.arguments)
         append(
