@@ -79,3 +79,23 @@ std::string makeObject(Input& input, const std::vector<std::string_view>& keys) 
     appendObject(document, input, keys, 0);
     return document;
 }
+
+std::string makeDocument(Input& input, const std::vector<std::string_view>& keys) {
+    std::string bytes(input.rest());
+    if (input.isAtEnd() || input.below(256) < 128)
+        return bytes;
+    std::string text = "[";
+    for (std::size_t count = input.below(4); count > 0; --count)
+        text += makeObject(input, keys) + (count > 1 ? "," : "");
+    text += ']';
+    const std::size_t place = input.below(text.size());
+    if (input.oneIn(16))
+        text.resize(place);
+    else if (input.oneIn(3)) {
+        using namespace std::string_view_literals;
+        constexpr std::string_view others =
+            " \n\0\"\\{}[]:,0-.eE+u\x1F\x80\xBF\xC0\xE5\xED\xF4\xFF/a"sv;
+        text.replace(place, input.below(2), input.below(2), input.pick(others));
+    }
+    return text;
+}

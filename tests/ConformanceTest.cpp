@@ -1,4 +1,7 @@
-#include <PerchAppLibrary/json/JSON.hpp>
+#include "BothRoads.hpp"
+
+#include <VelmoCloudEntity/font/FontList.hpp>
+
 #include <PerchAppLibrary/md5.hpp>
 #include <PerchAppLibrary/platform/URL.hpp>
 #include <PerchAppLibrary/text/ComparedText.hpp>
@@ -146,12 +149,13 @@ TEST_F(Unicode, GraphemeBreaks) {
             << row[0]; // "÷" ends with the byte B7
 }
 
-bool isDocument(const std::string& text) {
-    try {
-        JSON::parse(text);
-        return true;
-    } catch (const JSON::ParseError&) {
-        return false;
+/// Tests whether the text alone, and as a value in a list, is a document.
+void expectDocument(const std::string& text, bool isDocument) {
+    for (const std::string& tested :
+         {"\t\n\r " + text + " \t\n\r", "[{\"x\":" + text + "},{\"ProductName\":" + text + "}]"}) {
+        const std::string outcome = BothRoads<VelmoCloudEntity::FontList>::byDocument(tested);
+        EXPECT_EQ(outcome.find("line ") == std::string::npos, isDocument) << tested;
+        EXPECT_EQ(BothRoads<VelmoCloudEntity::FontList>::directly(tested), outcome) << tested;
     }
 }
 
@@ -160,11 +164,11 @@ TEST(RFC8259, TakesDocumentsAlone) {
         |"\u0000\uD834\udd1e"|"\uFFFE\uDBFF\uDFFF"|"\\u12"|"a/*b*/c//d#"|"\uD888\u1234"|"\uDC00"|[ ]
         |[[],{"":[[]]}]|{ "a" : 1 , "a" : {} }|"{好:好}"|123456789012345678901234567890.12345)",
                                          '|'))
-        EXPECT_TRUE(isDocument("\t\n\r " + text + " \t\n\r")) << text;
+        expectDocument(text, true);
     for (const std::string& text : split(R"(|-|+1|00|1.|.1|1e|1e+-1|0x1|NaN|True|nulll|'a'|"\x41"
         |"\u12"|"\u{41}"|"a""b"|[1,]|[,1]|[1,,2]|[1}|{"a"}|{"a":1,}|{1:1}|{a:1}|[]x|{} {}|// c|[1/**/])",
                                          '|'))
-        EXPECT_FALSE(isDocument(text)) << text;
+        expectDocument(text, false);
 }
 
 TEST(RFC1321, DigestsTheTestSuite) {

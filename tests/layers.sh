@@ -16,7 +16,7 @@ includes() {
 }
 
 awk -F'\t' '
-    function folder(path) { sub(/(\/detail)?\/[^\/]*$/, "", path); return path }
+    function folder(path) { sub(/\/(detail\/.*|[^\/]*)$/, "", path); return path }
     function complain(why) { print $1 ": includes <" $2 ">, but " why; failed = 1 }
     # Returns whether a word of the list is the path, its folder, or ends in "/" and begins the path.
     function allows(list, path, words, n, i) {

@@ -7,6 +7,7 @@
 #include <PerchAppLibrary/json/detail/JSONFallback.hpp>
 #include <PerchAppLibrary/json/detail/JSONLimits.hpp>
 #include <PerchAppLibrary/json/detail/JSONText.hpp>
+#include <PerchAppLibrary/json/detail/Stages.hpp>
 #include <PerchAppLibrary/platform/detail/Memory.hpp>
 
 #include <algorithm>
@@ -43,16 +44,6 @@ void allocate(dom::document& document, std::size_t length, std::size_t structura
         makeBuffer<std::uint8_t>(length / 3 * 5 + 5 + 2 * simdjson::SIMDJSON_PADDING);
 }
 
-/// True if allocate() was tested with this version of the parser. Other versions allocate their own
-/// buffers.
-constexpr bool isAllocationTested =
-#ifdef PERCH_PLAIN_READER // for tests
-    false;
-#else
-    simdjson::SIMDJSON_VERSION_MAJOR == 3 &&
-    (simdjson::SIMDJSON_VERSION_MINOR == 0 || simdjson::SIMDJSON_VERSION_MINOR == 12);
-#endif
-
 /// Runs the parser's two stages through its internal interface, with allocate() between them.
 simdjson::error_code parseInStages(dom::parser& parser, std::string_view text,
                                    dom::document& document) {
@@ -79,8 +70,8 @@ std::optional<JSON> read(std::string_view text, std::size_t depth, simdjson::err
     const auto document = std::make_shared<dom::document>();
     error = parser.allocate(std::max(text.size(), simdjson::SIMDJSON_PADDING), depth);
     if (!error)
-        error = isAllocationTested ? parseInStages(parser, text, *document)
-                                   : parsePlainly(parser, text, *document);
+        error = areStagesTested ? parseInStages(parser, text, *document)
+                                : parsePlainly(parser, text, *document);
     if (error == simdjson::MEMALLOC)
         throw std::bad_alloc();
     if (error)

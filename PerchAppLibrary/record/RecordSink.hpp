@@ -7,6 +7,8 @@
 #include <concepts>
 #include <cstddef>
 #include <memory>
+#include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -23,6 +25,9 @@ public:
 
     /// Appends the record that the create(json) of the class returns.
     virtual void addFrom(const JSON& json) = 0;
+
+    virtual void shrinkToFit() = 0;
+    virtual void clear() = 0;
 
 protected:
     ~RecordSink() = default;
@@ -84,11 +89,24 @@ public:
             records.push_back(Item::template create<Item>(json));
     }
 
+    void shrinkToFit() override { records.shrink_to_fit(); }
+    void clear() override { records.clear(); }
+
     std::vector<std::shared_ptr<Item>> records;
 };
 
 /// Reads one record for each element of the JSON array, or with `onlyObjects` for each that is an
 /// object, into the sink. Reads nothing from any other value. Linear.
 void readRecords(const JSON& json, bool onlyObjects, RecordSink& sink);
+
+/// Does readRecords(JSON::parse(text), onlyObjects, sink), but nearly always without a document: it
+/// fills the records while it reads the text. If it then finds a fault, it destroys them and parses
+/// a document. So it must not be used for a class with constructors or overrides of a client, who
+/// could notice. Throws JSON::ParseError if the text is malformed.
+void parseRecords(std::string_view text, bool onlyObjects, RecordSink& sink);
+void parseRecords(std::string&& text, bool onlyObjects, RecordSink& sink);
+inline void parseRecords(const char* text, bool onlyObjects, RecordSink& sink) {
+    parseRecords(std::string_view(text), onlyObjects, sink);
+}
 
 } // namespace PerchAppLibrary

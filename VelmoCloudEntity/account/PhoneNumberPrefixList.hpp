@@ -10,6 +10,7 @@ class PhoneNumberPrefixList
     : public LowercaseRecordList<PhoneNumberPrefixList, PhoneNumberPrefixItem> {
 public:
     using LowercaseRecordList::LowercaseRecordList;
+    static constexpr auto parsing = Parsing::direct;
 };
 
 } // namespace VelmoCloudEntity

@@ -9,6 +9,7 @@ namespace VelmoCloudEntity {
 class FontCollectionList : public RecordList<FontCollectionList, FontCollectionItem> {
 public:
     using RecordList::RecordList;
+    static constexpr auto parsing = Parsing::direct;
 };
 
 } // namespace VelmoCloudEntity

@@ -9,6 +9,7 @@ namespace VelmoCloudEntity {
 class FontSearchList : public RecordList<FontSearchList, FontSearchItem> {
 public:
     using RecordList::RecordList;
+    static constexpr auto parsing = Parsing::direct;
 };
 
 } // namespace VelmoCloudEntity

@@ -16,6 +16,7 @@ namespace VelmoCloudEntity {
 class FontTagList : public RecordList<FontTagList, FontTagItem> {
 public:
     using RecordList::RecordList;
+    static constexpr auto parsing = Parsing::direct;
 
     /// Returns the ticked plain tags, in the order of the tree, at any depth of groups. The
     /// sub-tags of a plain tag are not read.

@@ -9,6 +9,7 @@ namespace VelmoCloudEntity {
 class UrlList : public LowercaseRecordList<UrlList, UrlItem> {
 public:
     using LowercaseRecordList::LowercaseRecordList;
+    static constexpr auto parsing = Parsing::direct;
 };
 
 } // namespace VelmoCloudEntity

@@ -33,6 +33,7 @@ class FontTagItem; // completed by VelmoCloudEntity/catalogue/FontTagItem.hpp
 class FontList : public RecordList<FontList, FontItem, Elements::objects> {
 public:
     using RecordList::RecordList;
+    static constexpr auto parsing = Parsing::direct;
 
     /// Returns the fonts whose IsActivated is true.
     static Records<FontItem> getActivatedFont(const Records<FontItem>& list);

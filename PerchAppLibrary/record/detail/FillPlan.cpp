@@ -1,6 +1,7 @@
 #include <PerchAppLibrary/record/detail/FillPlan.hpp>
 
 #include <algorithm>
+#include <concepts>
 #include <string_view>
 #include <variant>
 
@@ -32,7 +33,10 @@ FillAction directActionOf(const Property& property) {
                 case Place::none:
                     break;
                 }
-            return {FillAction::defer, nullptr};
+            if constexpr (std::same_as<Access, RecordsAccess>)
+                return {FillAction::fillRecords, &access};
+            else
+                return {FillAction::defer, nullptr};
         },
         property.access);
 }

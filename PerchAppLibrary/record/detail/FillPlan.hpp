@@ -15,10 +15,20 @@ struct FillAction {
     /// Ignores the value, defers it until the property's turn, or stores it in its place at once.
     /// Each type of Property::access has a kind for its fields, from fillFirstField, in their
     /// order.
-    enum Kind : std::uint8_t { ignore, defer, fillFlag, fillSparseText, fillFirstField };
+    enum Kind : std::uint8_t {
+        ignore,
+        defer,
+        fillFlag,
+        fillSparseText,
+        fillRecords,
+        fillFirstField
+    };
 
     std::uint8_t kind;
-    const void* access; // the FieldAccess<T> of an action that stores a value, else null
+    const void* access; // of the property, if the action stores a value, else null
+
+    /// True for the actions that store a value even if the property is excluded.
+    bool ignoresState() const noexcept { return kind >= fillFlag && kind != fillRecords; }
 };
 
 /// The plan by which the records of a class are filled. Immutable.

@@ -58,17 +58,15 @@ struct FieldPlace {
     void set(T&& value) { field = std::move(value); }
 
     template <class Source, class Element>
-    bool take(const Source& source, Element element) {
-        if constexpr (std::integral<T>) {
-            return source.get(element, field);
-        } else if constexpr (std::same_as<T, std::string>) {
+    bool take(Source& source, Element element) {
+        if constexpr (std::same_as<T, std::string>) {
             std::string_view text;
             if (!source.get(element, text))
                 return false;
             field.append(text);
             return true;
         } else {
-            return false;
+            return source.get(element, field);
         }
     }
 };
@@ -87,7 +85,7 @@ struct FlagPlace {
     void set(bool value) noexcept { PlaceAccess::setFlag(record, slot, value); }
 
     template <class Source, class Element>
-    bool take(const Source& source, Element element) {
+    bool take(Source& source, Element element) {
         bool value = false;
         if (!source.get(element, value))
             return false;
@@ -110,7 +108,7 @@ struct SparsePlace {
     void set(std::string&& text) { PlaceAccess::setText(record, slot, std::move(text)); }
 
     template <class Source, class Element>
-    bool take(const Source& source, Element element) {
+    bool take(Source& source, Element element) {
         std::string_view text;
         if (!source.get(element, text))
             return false;

@@ -4,6 +4,9 @@
 #include <PerchAppLibrary/json/detail/JSONElement.hpp>
 #include <PerchAppLibrary/record/detail/RecordFiller.hpp>
 
+#include <concepts>
+#include <string_view>
+
 namespace PerchAppLibrary {
 namespace {
 
@@ -13,6 +16,8 @@ public:
     using Element = simdjson::dom::element;
 
     explicit DocumentSource(JSON json) noexcept : m_json(std::move(json)) {}
+
+    static constexpr bool readsInOrder = false;
 
     /// Returns the JSON itself, or nullopt for JSON::null, which belongs to no document.
     std::optional<Element> root() const noexcept { return JSONElement::of(m_json); }
@@ -39,17 +44,20 @@ public:
     }
 
     /// Returns the number of elements, which the parser counts up to 0xFFFFFF.
-    static std::optional<std::size_t> elementCount(Element element) noexcept {
+    static std::size_t sizeHint(Element element) noexcept {
         simdjson::dom::array elements;
-        return element.get(elements) == simdjson::SUCCESS ? std::optional(elements.size())
-                                                          : std::nullopt;
+        return element.get(elements) == simdjson::SUCCESS ? elements.size() : 0;
     }
 
+    static bool isArray(Element element) noexcept { return element.is_array(); }
     static bool isObject(Element element) noexcept { return element.is_object(); }
 
     template <class T>
     bool get(Element element, T& value) const noexcept {
-        return element.get(value) == simdjson::SUCCESS;
+        if constexpr (std::integral<T> || std::same_as<T, std::string_view>)
+            return element.get(value) == simdjson::SUCCESS;
+        else
+            return false; // convert() reads it
     }
 
     template <class T>
@@ -68,24 +76,24 @@ private:
 } // namespace
 
 void readRecords(const JSON& json, bool onlyObjects, RecordSink& sink) {
-    const DocumentSource source(json);
+    DocumentSource source(json);
     if (const auto root = source.root())
         RecordFiller(source).readInto(sink, *root, onlyObjects);
 }
 
 void mapRecord(BaseEntity& record, const JSON& json, const Excluded& excluded) {
-    const DocumentSource source(json);
+    DocumentSource source(json);
     if (const auto root = source.root())
         RecordFiller(source).map(record, *root, excluded);
 }
 
 void fillRecord(BaseEntity& record, const JSON& json, const Excluded& excluded) {
-    const DocumentSource source(json);
+    DocumentSource source(json);
     RecordFiller(source).fill(record, source.root(), excluded);
 }
 
 void fillArray(const RecordsAccess& access, BaseEntity& record, const JSON& json) {
-    const DocumentSource source(json);
+    DocumentSource source(json);
     RecordFiller(source).fillArray(access, record, source.root());
 }
 

@@ -1,0 +1,55 @@
+#include <PerchAppLibrary/record/RecordSink.hpp>
+
+#include <PerchAppLibrary/json/detail/Stages.hpp>
+#include <PerchAppLibrary/record/detail/RecordFiller.hpp>
+#include <PerchAppLibrary/record/detail/direct/TokenSource.hpp>
+
+namespace PerchAppLibrary {
+namespace {
+
+/// Puts the parser's padding behind a text, for as long as it lives.
+class Padding {
+public:
+    explicit Padding(std::string& text) : m_text(text), m_size(text.size()) {
+        text.append(simdjson::SIMDJSON_PADDING, ' ');
+    }
+    Padding(const Padding&) = delete;
+    Padding& operator=(const Padding&) = delete;
+    ~Padding() { m_text.resize(m_size); }
+
+    std::string_view text() const noexcept { return std::string_view(m_text).substr(0, m_size); }
+
+private:
+    std::string& m_text;
+    std::size_t m_size;
+};
+
+/// Returns false at a fault, with some records in the sink.
+bool readDirectly(std::string& text, bool onlyObjects, RecordSink& sink) {
+    const Padding padding(text);
+    try {
+        TokenSource source(padding.text());
+        RecordFiller(source).readInto(sink, source.root(), onlyObjects);
+        source.finish();
+    } catch (const TokenSource::Fault&) {
+        return false;
+    }
+    return true;
+}
+
+} // namespace
+
+void parseRecords(std::string&& text, bool onlyObjects, RecordSink& sink) {
+    if (areStagesTested && readDirectly(text, onlyObjects, sink))
+        return;
+    sink.clear();
+    readRecords(JSON::parse(std::move(text)), onlyObjects, sink);
+}
+
+void parseRecords(std::string_view text, bool onlyObjects, RecordSink& sink) {
+    std::string copy;
+    copy.reserve(text.size() + simdjson::SIMDJSON_PADDING);
+    parseRecords(std::move(copy.append(text)), onlyObjects, sink);
+}
+
+} // namespace PerchAppLibrary

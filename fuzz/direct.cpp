@@ -1,0 +1,43 @@
+// Fuzzes the list wrappers: one that is read straight from a text equals one that is read from the
+// document, and a text that is no document gives an equal error.
+#include "Document.hpp"
+
+#include <tests/BothRoads.hpp>
+
+#include <VelmoCloudEntity/account/PhoneNumberPrefixList.hpp>
+#include <VelmoCloudEntity/catalogue/FontCollectionList.hpp>
+#include <VelmoCloudEntity/catalogue/FontSearchList.hpp>
+#include <VelmoCloudEntity/catalogue/FontTagList.hpp>
+#include <VelmoCloudEntity/entity/UrlList.hpp>
+#include <VelmoCloudEntity/font/FontList.hpp>
+
+#include <PerchAppLibrary/record/RecordSchema.hpp>
+
+#include <array>
+
+using namespace VelmoCloudEntity;
+
+namespace {
+
+template <class List, class Item>
+void check(Input& input) {
+    std::vector<std::string_view> keys;
+    for (const auto& property : Item().schema().properties())
+        keys.push_back(property.name);
+    const std::string text = makeDocument(input, keys);
+    requireEqual(BothRoads<List>::directly(text), BothRoads<List>::byDocument(text), text);
+}
+
+} // namespace
+
+int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    Input input(data, size);
+    constexpr std::array checks{check<FontList, FontItem>,
+                                check<FontTagList, FontTagItem>,
+                                check<FontCollectionList, FontCollectionItem>,
+                                check<FontSearchList, FontSearchItem>,
+                                check<PhoneNumberPrefixList, PhoneNumberPrefixItem>,
+                                check<UrlList, UrlItem>};
+    input.pick(checks)(input);
+    return 0;
+}

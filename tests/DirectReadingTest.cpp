@@ -1,0 +1,140 @@
+// Reading a list wrapper straight from a text gives what the document gives.
+#include "BothRoads.hpp"
+
+#include <VelmoCloudEntity/catalogue/FontTagList.hpp>
+#include <VelmoCloudEntity/font/FontList.hpp>
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <string_view>
+
+using namespace VelmoCloudEntity;
+using PerchAppLibrary::JSON;
+
+namespace {
+
+template <class List = FontList>
+void expectEqual(const std::string& text) {
+    EXPECT_EQ(BothRoads<List>::directly(text), BothRoads<List>::byDocument(text)) << text;
+}
+
+// Everything that a reply may have, in few bytes: spaces, escapes, a repeated key, an unknown
+// member, values of other kinds, fonts in groups.
+const std::string reply = R"( [{"Id":7,"Product\u004eame":"\u5b8b\/\ud83d\ude00é","Tags":[1,-2],
+"IsFree":true , "ApplyHot":"5","Ordinal":1.5e1,"x":{"y":[null,"\\",-0.5E+3,{}]}, "Children":[]},3,
+{"IsGroup":true,"Children":[{"Id":1}],"Id":-9,"Children":[{"Id":2,"Tags":["3"],"displayName":""},{}
+]}] )";
+
+TEST(DirectReading, AgreesOnEachTruncationAndEachFlippedBit) {
+    ASSERT_EQ(FontList::parse(reply).size(), 2U);
+    ASSERT_EQ(FontList::parse(reply)[1]->Children().size(), 2U);
+    for (std::size_t size = 0; size <= reply.size(); ++size)
+        expectEqual(reply.substr(0, size));
+    for (std::size_t bit = 0; bit < reply.size() * 8; ++bit) {
+        std::string flipped = reply;
+        flipped[bit / 8] = static_cast<char>(flipped[bit / 8] ^ (1 << bit % 8));
+        expectEqual(flipped);
+    }
+}
+
+TEST(DirectReading, AgreesOnEachValueInEachPlace) {
+    constexpr std::array<std::string_view, 54> values{"null",
+                                                      "true",
+                                                      "false",
+                                                      "truex",
+                                                      "tru",
+                                                      "nul",
+                                                      "0",
+                                                      "-0",
+                                                      "-",
+                                                      "00",
+                                                      "-01",
+                                                      "1.",
+                                                      ".5",
+                                                      "1.5",
+                                                      "1e3",
+                                                      "1e",
+                                                      "1e+",
+                                                      "-1E-2",
+                                                      "1e999",
+                                                      "-1e-999",
+                                                      "123456789012345678",
+                                                      "1234567890123456789",
+                                                      "9223372036854775807",
+                                                      "9223372036854775808",
+                                                      "-9223372036854775808",
+                                                      "18446744073709551616",
+                                                      "+1",
+                                                      "0x1",
+                                                      "1 2",
+                                                      "1\"x\"",
+                                                      "\"x\"1",
+                                                      "\"\"",
+                                                      "\"12\"",
+                                                      "\"1.0\"",
+                                                      "\"TRUE\"",
+                                                      R"("\u0000\n\"")",
+                                                      R"("\x")",
+                                                      R"("\u12")",
+                                                      R"("\ud800")",
+                                                      R"("\udc00\ud800")",
+                                                      "\"\xC0\"",
+                                                      "\"\x01\"",
+                                                      "\"",
+                                                      "[]",
+                                                      "[1,2]",
+                                                      "[1,]",
+                                                      "[,1]",
+                                                      "[1",
+                                                      "[1,\"2\",3.0]",
+                                                      "[[1]]",
+                                                      "{}",
+                                                      R"({"a":1})",
+                                                      R"({"a":1,})",
+                                                      "{1:2}"};
+    for (const std::string place :
+         {"$", "[$]", "[$,{}]", R"([{"Id":1},$])", R"([{"$":1}])", R"([{"Id":$}])",
+          R"([{"Id":5,"Id":$}])", R"([{"IsFree":$}])", R"([{"isActivated":$}])",
+          R"([{"ProductName":$}])", R"([{"OemTag":$,"x":1}])", R"([{"Tags":$}])",
+          R"([{"Tags":[1],"Tags":$}])", R"([{"Children":$}])",
+          R"([{"Children":[{}],"Children":$,"Id":1}])", R"([{"x":$}])", R"([{"x":[{"y":$}]}])",
+          R"([{"Id":1 $}])"})
+        for (const std::string_view value : values) {
+            std::string text = place;
+            expectEqual(text.replace(place.find('$'), 1, value));
+        }
+}
+
+TEST(DirectReading, AgreesAtEachDepth) {
+    for (const std::string key : {"Children", "x", "Id"})
+        for (const std::size_t depth :
+             {30, 31, 32, 33, 62, 63, 64, 65, 511, 512, 513, 1023, 1024}) {
+            std::string text = "[";
+            for (std::size_t level = 1; level < depth; ++level)
+                text += "{\"IsGroup\":true,\"" + key + "\":[";
+            for (std::size_t level = 1; level < depth; ++level)
+                text += "]}";
+            expectEqual(text + "]");
+            expectEqual<FontTagList>(text + "]");
+            expectEqual(std::string(depth, '[') + std::string(depth, ']'));
+        }
+}
+
+/// Counts the records of a client's class that were made.
+struct Counted : FontItem {
+    Counted() { ++made; }
+    static inline int made = 0;
+};
+struct CountedList : RecordList<CountedList, Counted> {
+    using RecordList::RecordList;
+};
+
+TEST(DirectReading, MakesNoRecordOfAClientBeforeTheTextIsChecked) {
+    EXPECT_THROW(CountedList::parse("[{},{},}"), JSON::ParseError);
+    EXPECT_EQ(Counted::made, 0);
+    EXPECT_EQ(CountedList::parse("[{},{}]").size(), 2U);
+    EXPECT_EQ(Counted::made, 2);
+}
+
+} // namespace
