@@ -133,7 +133,7 @@ TEST(Mapping, LeavesExcludedKeysAlone) {
     EXPECT_EQ(changed(record), R"({"IsDisabled":true,"Flag":true})");
 }
 
-/// Looks a name up in each way: on memory that ends with it, without a guess, from the last guess,
+/// Looks a name up in each way: on memory that ends with it, on readable memory, by the last guess,
 /// and from the slot where that lookup ended.
 std::size_t find(const NameIndex& index, std::string_view name, std::uint32_t& guess) {
     const std::vector<char> alone(name.begin(), name.end());
@@ -141,8 +141,11 @@ std::size_t find(const NameIndex& index, std::string_view name, std::uint32_t& g
     std::vector<char> readable(name.begin(), name.end());
     readable.resize(std::max(name.size(), NameIndex::headSize), 'x'); // must not matter
     EXPECT_EQ(index.findReadable({readable.data(), name.size()}), found) << name;
-    for (int look = 0; look < 2; ++look)
-        EXPECT_EQ(index.findReadable({readable.data(), name.size()}, guess), found) << name;
+    const std::string_view padded(readable.data(), name.size());
+    EXPECT_TRUE(!index.isAt(guess, padded) || index.indexAt(guess) == found) << name;
+    guess = index.slotOf(padded);
+    EXPECT_EQ(index.indexAt(guess), found) << name;
+    EXPECT_EQ(index.isAt(guess, padded), found != index.find("?") && name.size() <= 16) << name;
     return found;
 }
 

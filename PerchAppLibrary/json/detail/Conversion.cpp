@@ -8,8 +8,10 @@
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <concepts>
 #include <limits>
 #include <locale>
+#include <type_traits>
 
 namespace PerchAppLibrary {
 namespace {
@@ -106,20 +108,21 @@ bool toText(double number, std::string& value) {
 }
 
 template <class Real>
-bool convertReal(dom::element element, Real& value) {
-    switch (element.type()) {
-    case Kind::INT64:
-    case Kind::UINT64:
-    case Kind::DOUBLE:
-        return toReal(element.get_double().value_unsafe(), value);
-    case Kind::STRING:
-        return toReal(element.get_string().value_unsafe(), value);
-    case Kind::BOOL:
-        value = element.get_bool().value_unsafe() ? Real(1) : Real(0);
-        return true;
-    default:
-        return false;
-    }
+bool convertReal(const Scalar& scalar, Real& value) {
+    return std::visit(
+        [&value]<class T>(const T& given) {
+            if constexpr (std::same_as<T, bool>) {
+                value = given ? Real(1) : Real(0);
+                return true;
+            } else if constexpr (std::is_arithmetic_v<T>) {
+                return toReal(static_cast<double>(given), value);
+            } else if constexpr (std::same_as<T, std::string_view>) {
+                return toReal(given, value);
+            } else {
+                return false;
+            }
+        },
+        scalar);
 }
 
 template <class Element>
@@ -141,71 +144,113 @@ bool convertArray(dom::element element, std::vector<Element>& value) {
 std::string shortestDecimal(float number) { return shortestDecimalOf(number); }
 std::string shortestDecimal(double number) { return shortestDecimalOf(number); }
 
-bool convertOtherKind(dom::element element, std::int64_t& value) {
+Scalar scalarOf(dom::element element) {
     switch (element.type()) {
+    case Kind::INT64:
+        return element.get_int64().value_unsafe();
+    case Kind::UINT64:
+        return element.get_uint64().value_unsafe();
     case Kind::DOUBLE:
-        return toInteger(element.get_double().value_unsafe(), value);
+        return element.get_double().value_unsafe();
     case Kind::STRING:
-        return toInteger(element.get_string().value_unsafe(), value);
+        return element.get_string().value_unsafe();
     case Kind::BOOL:
-        value = element.get_bool().value_unsafe() ? 1 : 0;
-        return true;
+        return element.get_bool().value_unsafe();
+    case Kind::NULL_VALUE:
+        return nullptr;
     default:
-        return false;
+        return std::monostate();
     }
 }
 
-bool convertOtherKind(dom::element element, bool& value) {
-    if (std::string_view text; element.get(text) == simdjson::SUCCESS) {
+std::optional<Scalar> scalarOfNumber(std::string_view number) {
+    const char* const end = number.data() + number.size();
+    if (number.find_first_of(".eE") == std::string_view::npos) {
+        std::int64_t integer = 0;
+        if (std::from_chars(number.data(), end, integer).ec == std::errc())
+            return integer;
+        std::uint64_t greater = 0;
+        if (std::from_chars(number.data(), end, greater).ec == std::errc())
+            return greater;
+        return std::nullopt;
+    }
+    double real = 0;
+    fast_float::from_chars(number.data(), end, real);
+    return std::isfinite(real) ? std::optional<Scalar>(real) : std::nullopt;
+}
+
+bool convertScalar(const Scalar& scalar, std::int64_t& value) {
+    if (const auto* const integer = std::get_if<std::int64_t>(&scalar)) {
+        value = *integer;
+        return true;
+    }
+    if (const auto* const flag = std::get_if<bool>(&scalar)) {
+        value = *flag ? 1 : 0;
+        return true;
+    }
+    if (const auto* const real = std::get_if<double>(&scalar))
+        return toInteger(*real, value);
+    const auto* const text = std::get_if<std::string_view>(&scalar);
+    return text != nullptr && toInteger(*text, value);
+}
+
+bool convertScalar(const Scalar& scalar, bool& value) {
+    if (const auto* const flag = std::get_if<bool>(&scalar)) {
+        value = *flag;
+        return true;
+    }
+    if (const auto* const text = std::get_if<std::string_view>(&scalar)) {
         const bool isTrue =
-            text == "1" || boost::algorithm::iequals(text, "true", std::locale::classic());
-        if (!isTrue && text != "0" &&
-            !boost::algorithm::iequals(text, "false", std::locale::classic()))
+            *text == "1" || boost::algorithm::iequals(*text, "true", std::locale::classic());
+        if (!isTrue && *text != "0" &&
+            !boost::algorithm::iequals(*text, "false", std::locale::classic()))
             return false;
         value = isTrue;
         return true;
     }
     std::int64_t number = 0;
-    if (!convertElement(element, number) || (number != 0 && number != 1))
+    if (!convertScalar(scalar, number) || (number != 0 && number != 1))
         return false;
     value = number == 1;
     return true;
 }
 
-bool convertOtherKind(dom::element element, std::string& value) {
-    switch (element.type()) {
-    case Kind::INT64:
-        value.clear();
-        appendNumber(value, element.get_int64().value_unsafe());
-        return true;
-    case Kind::UINT64:
-        value.clear();
-        appendNumber(value, element.get_uint64().value_unsafe());
-        return true;
-    case Kind::DOUBLE:
-        return toText(element.get_double().value_unsafe(), value);
-    case Kind::BOOL:
-        value = element.get_bool().value_unsafe() ? "true" : "false";
-        return true;
-    default:
-        return false;
-    }
+bool convertScalar(const Scalar& scalar, std::string& value) {
+    return std::visit(
+        [&value]<class T>(const T& given) {
+            if constexpr (std::same_as<T, std::string_view>) {
+                value.assign(given);
+                return true;
+            } else if constexpr (std::same_as<T, bool>) {
+                value = given ? "true" : "false";
+                return true;
+            } else if constexpr (std::integral<T>) {
+                value.clear();
+                appendNumber(value, given);
+                return true;
+            } else if constexpr (std::same_as<T, double>) {
+                return toText(given, value);
+            } else {
+                return false;
+            }
+        },
+        scalar);
 }
 
-bool convertElement(dom::element element, std::optional<std::string>& value) {
-    if (element.is_null()) {
+bool convertScalar(const Scalar& scalar, std::optional<std::string>& value) {
+    if (std::holds_alternative<std::nullptr_t>(scalar)) {
         value.reset();
         return true;
     }
     std::string text;
-    if (!convertElement(element, text))
+    if (!convertScalar(scalar, text))
         return false;
     value = std::move(text);
     return true;
 }
 
-bool convertElement(dom::element element, float& value) { return convertReal(element, value); }
-bool convertElement(dom::element element, double& value) { return convertReal(element, value); }
+bool convertScalar(const Scalar& scalar, float& value) { return convertReal(scalar, value); }
+bool convertScalar(const Scalar& scalar, double& value) { return convertReal(scalar, value); }
 bool convertElement(dom::element element, std::vector<std::int64_t>& value) {
     return convertArray(element, value);
 }

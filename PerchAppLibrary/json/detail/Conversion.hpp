@@ -4,10 +4,12 @@
 
 #include <simdjson.h>
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <variant>
 #include <vector>
 
 /// The conversions of JSON::as() and of filling, for elements of the parser. Each function stores
@@ -19,30 +21,32 @@ namespace PerchAppLibrary {
 std::string shortestDecimal(float number);
 std::string shortestDecimal(double number);
 
-/// Convert an element of another kind than the type of `value`.
-bool convertOtherKind(simdjson::dom::element element, std::int64_t& value);
-bool convertOtherKind(simdjson::dom::element element, bool& value);
-bool convertOtherKind(simdjson::dom::element element, std::string& value);
+/// A null, Boolean, number or text. Of an array or object, a monostate.
+using Scalar = std::variant<std::monostate, std::nullptr_t, bool, std::int64_t, std::uint64_t,
+                            double, std::string_view>;
 
-inline bool convertElement(simdjson::dom::element element, std::int64_t& value) {
-    return element.get(value) == simdjson::SUCCESS || convertOtherKind(element, value);
+/// The text of the result lives as long as the document.
+Scalar scalarOf(simdjson::dom::element element);
+
+/// Returns the number that the parser reads from the text. Returns nullopt for a number that it
+/// cannot represent. Requires a number of JSON.
+std::optional<Scalar> scalarOfNumber(std::string_view number);
+
+bool convertScalar(const Scalar& scalar, std::int64_t& value);
+bool convertScalar(const Scalar& scalar, bool& value);
+bool convertScalar(const Scalar& scalar, float& value);
+bool convertScalar(const Scalar& scalar, double& value);
+bool convertScalar(const Scalar& scalar, std::string& value);
+bool convertScalar(const Scalar& scalar, std::optional<std::string>& value);
+
+template <class T>
+concept ConvertsFromScalar =
+    requires(const Scalar& scalar, T& value) { convertScalar(scalar, value); };
+
+template <ConvertsFromScalar T>
+bool convertElement(simdjson::dom::element element, T& value) {
+    return convertScalar(scalarOf(element), value);
 }
-
-inline bool convertElement(simdjson::dom::element element, bool& value) {
-    return element.get(value) == simdjson::SUCCESS || convertOtherKind(element, value);
-}
-
-inline bool convertElement(simdjson::dom::element element, std::string& value) {
-    std::string_view text;
-    if (element.get(text) != simdjson::SUCCESS)
-        return convertOtherKind(element, value);
-    value.assign(text);
-    return true;
-}
-
-bool convertElement(simdjson::dom::element element, float& value);
-bool convertElement(simdjson::dom::element element, double& value);
-bool convertElement(simdjson::dom::element element, std::optional<std::string>& value);
 bool convertElement(simdjson::dom::element element, std::vector<std::int64_t>& value);
 bool convertElement(simdjson::dom::element element, std::vector<std::string>& value);
 bool convertElement(simdjson::dom::element element, JSON& value);

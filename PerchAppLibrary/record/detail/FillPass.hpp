@@ -111,30 +111,45 @@ private:
 
     void fillPlaces(Element element, KeyOrder* order) {
         const Effects effects{*this};
-        if (order == nullptr)
+        if (order != nullptr && order->startRecord(m_plan.names()))
+            visitMembersInOrder(element, *order);
+        else
             visitMembers(element, [&names = m_plan.names()](std::string_view key) {
                 return names.findReadable(key);
             });
-        else
-            visitMembersInOrder(element, *order);
     }
 
     template <class Find>
     void visitMembers(Element element, Find find) {
         m_filler.source().forEachMember(element, [&](std::string_view key, Element member) {
-            const std::uint32_t index = find(key);
+            std::uint32_t index = find(key);
+            if (index == m_schema.properties().size()) [[unlikely]]
+                index = findUnescaped(key, index);
             handlers[m_actions[index].kind](*this, m_actions[index], index, member);
         });
     }
 
+    /// Looks up a key that is no name as it is spelled. An escape is longer than what it stands
+    /// for.
+    std::uint32_t findUnescaped(std::string_view spelled, std::uint32_t unknown) {
+        const std::string_view key = m_filler.source().unescapedKey(spelled);
+        return key.size() == spelled.size() ? unknown : m_plan.names().findReadable(key);
+    }
+
     void visitMembersInOrder(Element element, KeyOrder& order) {
-        order.startRecord(m_plan.names());
+        const NameIndex& names = m_plan.names();
+        std::size_t wrongGuesses = 0;
         std::uint32_t* guess = &order.first();
         visitMembers(element, [&](std::string_view key) {
-            const std::uint32_t index = m_plan.names().findReadable(key, *guess);
-            guess = &order.after(*guess);
-            return index;
+            if (!names.isAt(*guess, key)) [[unlikely]] {
+                *guess = names.slotOf(key);
+                ++wrongGuesses;
+            }
+            const std::uint32_t slot = *guess;
+            guess = &order.after(slot);
+            return names.indexAt(slot);
         });
+        order.endRecord(wrongGuesses);
     }
 
     void callEffects() {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 
 namespace PerchAppLibrary {
@@ -14,13 +15,25 @@ public:
     // NOLINTNEXTLINE(modernize-use-equals-default): does not set m_after to zero for each record
     KeyOrder() noexcept {}
 
-    /// Clears the order if it is that of another class, whose index has other slots.
-    void startRecord(const NameIndex& names) noexcept {
-        if (m_names == &names)
-            return;
-        m_names = &names;
-        m_first = 0;
-        m_after.fill(0);
+    /// Clears the order if it is that of another class, whose index has other slots. Returns
+    /// whether to guess the keys of this record.
+    bool startRecord(const NameIndex& names) noexcept {
+        if (m_names != &names) {
+            m_names = &names;
+            m_first = 0;
+            m_after.fill(0);
+            m_unguessed = 0;
+        }
+        return m_unguessed == 0 || m_unguessed-- == 0;
+    }
+
+    /// Takes how many guesses of a record were wrong. If many were, the next records are not
+    /// guessed, since a wrong guess takes more time than looking up the key.
+    void endRecord(std::size_t wrongGuesses) noexcept {
+        constexpr std::size_t many = 6;
+        constexpr std::uint32_t pause = 15;
+        if (wrongGuesses > many)
+            m_unguessed = pause;
     }
 
     /// Returns the slot of the last object's first key, for the caller to read and set.
@@ -33,6 +46,7 @@ public:
 private:
     const NameIndex* m_names = nullptr;
     std::uint32_t m_first = 0;
+    std::uint32_t m_unguessed = 0;          // how many records not to guess
     std::array<std::uint32_t, 256> m_after; // startRecord() sets it; a larger index shares entries
 };
 

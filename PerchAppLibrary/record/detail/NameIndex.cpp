@@ -22,19 +22,6 @@ NameIndex::NameIndex(std::span<const std::string_view> names)
     }
 }
 
-std::uint32_t NameIndex::slotOf(std::string_view name, Head head) const noexcept {
-    std::size_t slot = firstSlot(head);
-    while (m_entries[slot].index != m_count && !m_entries[slot].matches(name, head))
-        slot = next(slot);
-    return static_cast<std::uint32_t>(slot);
-}
-
-std::uint32_t NameIndex::findAndGuess(std::string_view readable,
-                                      std::uint32_t& guess) const noexcept {
-    guess = slotOf(readable, headOfReadable(readable));
-    return m_entries[guess].index;
-}
-
 NameIndex::Head NameIndex::headOf(std::string_view name) noexcept {
     std::array<char, headSize> bytes{};
     name.copy(bytes.data(), bytes.size());

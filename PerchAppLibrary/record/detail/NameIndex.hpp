@@ -35,13 +35,19 @@ public:
         return find(name, headOfReadable(name));
     }
 
-    /// Like findReadable(name), but tries slot `guess` first and stores the slot found in it.
-    /// Requires a guess of zero, or one stored by this index. Never guesses a name of more than
-    /// headSize bytes.
-    std::uint32_t findReadable(std::string_view name, std::uint32_t& guess) const noexcept {
-        const Entry& guessed = m_entries[guess];
-        return guessed.isShortName(name) ? guessed.index : findAndGuess(name, guess);
+    /// Returns whether the slot is that of this name. Always false for a name of more than headSize
+    /// bytes. Requires headSize readable bytes, and slot zero or one that slotOf() returned.
+    bool isAt(std::uint32_t slot, std::string_view name) const noexcept {
+        return m_entries[slot].isShortName(name);
     }
+
+    /// Returns the slot of the name, or an empty slot. Requires headSize readable bytes.
+    std::uint32_t slotOf(std::string_view name) const noexcept {
+        return slotOf(name, headOfReadable(name));
+    }
+
+    /// Returns what find() returns for the name in this slot.
+    std::uint32_t indexAt(std::uint32_t slot) const noexcept { return m_entries[slot].index; }
 
 private:
     /// The first 16 bytes of a name, padded with zeros.
@@ -98,22 +104,22 @@ private:
     }
 
     std::uint32_t find(std::string_view name, Head head) const noexcept {
-        const Entry& first = m_entries[firstSlot(head)];
-        return first.matches(name, head) ? first.index : m_entries[slotOf(name, head)].index;
+        return indexAt(slotOf(name, head));
     }
 
-    std::uint32_t findAndGuess(std::string_view readable, std::uint32_t& guess) const noexcept;
-
-    /// Returns the slot of the name, or an empty slot.
-    std::uint32_t slotOf(std::string_view name, Head head) const noexcept;
+    std::uint32_t slotOf(std::string_view name, Head head) const noexcept {
+        std::size_t slot = firstSlot(head);
+        while (m_entries[slot].index != m_count && !m_entries[slot].matches(name, head))
+            [[unlikely]]
+            slot = (slot + 1) % m_entries.size();
+        return static_cast<std::uint32_t>(slot);
+    }
 
     std::size_t firstSlot(Head head) const noexcept {
         constexpr text::Word goldenRatio = 0x9E3779B97F4A7C15U; // 2^64 / phi: spreads close values
         return static_cast<std::size_t>((head.first ^ std::rotl(head.second, 31)) * goldenRatio >>
                                         m_shift);
     }
-
-    std::size_t next(std::size_t slot) const noexcept { return (slot + 1) % m_entries.size(); }
 
     std::uint32_t m_count;
     std::vector<Entry> m_entries; // always has an empty slot, where a failing lookup ends

@@ -19,6 +19,7 @@ namespace PerchAppLibrary {
 /// A Source reads a document. It has a type Element and these members:
 ///
 ///     bool forEachMember(Element, visit); // visit(key, element); false if not an object
+///     std::string_view unescapedKey(std::string_view key); // if forEachMember() does not unescape
 ///     void forEachElement(Element, visit);
 ///     bool isArray(Element);
 ///     bool isObject(Element);

@@ -35,6 +35,8 @@ public:
         return true;
     }
 
+    static std::string_view unescapedKey(std::string_view key) noexcept { return key; }
+
     template <class Visitor>
     void forEachElement(Element element, Visitor visit) const {
         simdjson::dom::array elements;

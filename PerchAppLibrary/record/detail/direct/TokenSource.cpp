@@ -76,41 +76,45 @@ bool TokenSource::get(Element element, std::vector<std::int64_t>& numbers) {
 void TokenSource::findBackslash(const char* from) {
     const char* const end = m_text.data() + m_text.size();
     const void* const found = std::memchr(from, '\\', static_cast<std::size_t>(end - from));
-    m_searchedFrom = from;
-    m_backslash = found != nullptr ? static_cast<const char*>(found) : end;
+    m_plainBegin = from;
+    m_plainEnd = found != nullptr ? static_cast<const char*>(found) : end;
 }
 
-std::string_view TokenSource::unescape(std::string_view spelledContent) {
+std::string_view TokenSource::unescape(std::string_view content) {
     // The parser copies whole blocks.
-    const std::size_t size = spelledContent.size() + 2 * simdjson::SIMDJSON_PADDING;
+    const std::size_t size = content.size() + 2 * simdjson::SIMDJSON_PADDING;
     if (m_unescaped.size() < size)
         m_unescaped.resize(size);
     std::uint8_t* const begin = m_unescaped.data();
-    const std::uint8_t* const end = parseString(*m_stages, bytesOf(spelledContent.data()), begin);
+    const std::uint8_t* const end = parseString(*m_stages, bytesOf(content.data()), begin);
     if (end == nullptr)
         fail();
-    return {reinterpret_cast<const char*>(begin), static_cast<std::size_t>(end - begin)};
+    const auto length = static_cast<std::size_t>(end - begin);
+    // Where many texts have escapes, a search before each would take longer than this.
+    if (length == content.size() && content.data() > m_plainEnd)
+        findBackslash(content.data() + content.size());
+    return {reinterpret_cast<const char*>(begin), length};
 }
 
-bool TokenSource::isNumber(Element element) const noexcept {
-    const char* character = at(element);
-    character += *character == '-' ? 1 : 0;
-    const char* end = endOfDigits(character);
-    if (end == character || (*character == '0' && end - character > 1))
-        return false;
+std::string_view TokenSource::number(Element element) const noexcept {
+    const char* const begin = at(element);
+    const char* digits = begin + (*begin == '-' ? 1 : 0);
+    const char* end = endOfDigits(digits);
+    if (end == digits || (*digits == '0' && end - digits > 1))
+        return {};
     if (*end == '.') {
-        character = end + 1;
-        end = endOfDigits(character);
-        if (end == character)
-            return false;
+        digits = end + 1;
+        end = endOfDigits(digits);
+        if (end == digits)
+            return {};
     }
     if (*end == 'e' || *end == 'E') {
-        character = end + (end[1] == '+' || end[1] == '-' ? 2 : 1);
-        end = endOfDigits(character);
-        if (end == character)
-            return false;
+        digits = end + (end[1] == '+' || end[1] == '-' ? 2 : 1);
+        end = endOfDigits(digits);
+        if (end == digits)
+            return {};
     }
-    return isBehindScalar(*end);
+    return isBehindScalar(*end) ? std::string_view(begin, end) : std::string_view();
 }
 
 void TokenSource::skip() {
@@ -123,24 +127,47 @@ void TokenSource::skip() {
         forEachElement(element, [](Element) {});
         return;
     case '{':
-        forEachMember(element, [](std::string_view, Element) {});
+        forEachMember(element, [this](std::string_view key, Element) { unescaped(key); });
         return;
     default:
-        if (!isNumber(element) && !isWord(element, "true") && !isWord(element, "false") &&
-            !isWord(element, "null"))
+        if (!isWord(element, "true") && !isWord(element, "false") && !isWord(element, "null") &&
+            number(element).empty())
             fail();
     }
     m_next = element + 1;
 }
 
-simdjson::dom::element TokenSource::parse(Element element) {
+Scalar TokenSource::readScalar() {
+    const Element element = m_next;
+    if (isArray(element) || isObject(element)) {
+        skip();
+        return std::monostate();
+    }
+    m_next = element + 1;
+    if (begins(element, '"'))
+        return unescaped(spelled(element));
+    if (isWord(element, "true"))
+        return true;
+    if (isWord(element, "false"))
+        return false;
+    if (isWord(element, "null"))
+        return nullptr;
+    const std::string_view spelledNumber = number(element);
+    if (spelledNumber.empty())
+        fail();
+    if (const std::optional<Scalar> value = scalarOfNumber(spelledNumber))
+        return *value;
+    fail();
+}
+
+simdjson::dom::element TokenSource::parse() {
+    const Element element = m_next;
     skip(); // finds the end
-    const std::size_t size = *m_next - *element;
     constexpr int depth = static_cast<int>(JSON::maximumDepth) - maximumDepth;
     simdjson::dom::element parsed;
     if (m_parser.max_depth() != depth && m_parser.allocate(simdjson::SIMDJSON_PADDING, depth))
         fail();
-    if (m_parser.parse(at(element), size, false).get(parsed))
+    if (m_parser.parse(at(element), *m_next - *element, false).get(parsed))
         fail();
     return parsed;
 }

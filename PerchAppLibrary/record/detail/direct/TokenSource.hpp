@@ -53,11 +53,13 @@ public:
             if (!begins(key, '"') || !begins(key + 1, ':')) [[unlikely]]
                 fail();
             m_next = key + 2;
-            visit(unescaped(spelled(key)), key + 2);
+            visit(spelled(key), key + 2);
             skipUnread(key + 2);
         });
         return true;
     }
+
+    std::string_view unescapedKey(std::string_view key) { return unescaped(key); }
 
     template <class Visitor>
     void forEachElement(Element array, Visitor visit) {
@@ -108,7 +110,10 @@ public:
     template <class T>
     bool convert(Element element, T& value) {
         const Visit position(*this, element);
-        return convertElement(parse(element), value);
+        if constexpr (ConvertsFromScalar<T>)
+            return convertScalar(readScalar(), value);
+        else
+            return convertElement(parse(), value);
     }
 
     /// Throws Fault: a class that overrides how it is filled takes documents.
@@ -183,21 +188,14 @@ private:
 
     /// Returns the content itself if it has no escapes, else a text that lives until the next call.
     /// NameIndex::headSize bytes are readable from the begin of either.
-    std::string_view unescaped(std::string_view spelledContent) {
-        return hasEscape(spelledContent) ? unescape(spelledContent) : spelledContent;
+    std::string_view unescaped(std::string_view content) {
+        const bool isPlain =
+            content.data() >= m_plainBegin && content.data() + content.size() <= m_plainEnd;
+        return isPlain ? content : unescape(content);
     }
 
-    bool hasEscape(std::string_view content) {
-        const char* const end = content.data() + content.size();
-        if (content.data() < m_searchedFrom) [[unlikely]] // read again
-            return content.find('\\') != std::string_view::npos;
-        if (content.data() > m_backslash)
-            findBackslash(content.data());
-        return m_backslash < end;
-    }
-
+    std::string_view unescape(std::string_view content);
     void findBackslash(const char* from);
-    std::string_view unescape(std::string_view spelledContent);
 
     /// A number or word ends before a separator or white space.
     static bool isBehindScalar(char character) noexcept {
@@ -239,12 +237,14 @@ private:
         return isNegative ? -value : value;
     }
 
-    bool isNumber(Element element) const noexcept;
-    void skip();
+    /// Returns the number that stands there, or nothing if none does.
+    std::string_view number(Element element) const noexcept;
 
-    /// Reads the next value by the parser as a document of its own, which lives until the next
-    /// call.
-    simdjson::dom::element parse(Element element);
+    /// Read the next value: without its content, as a scalar whose text lives until the next one is
+    /// read, or by the parser as a document of its own, which lives until the next call.
+    void skip();
+    Scalar readScalar();
+    simdjson::dom::element parse();
 
     /// Deep enough for usual documents, and few frames on the stack.
     static constexpr int maximumDepth = 64;
@@ -254,8 +254,8 @@ private:
     Element m_next = nullptr;
     Element m_end = nullptr;
     int m_depth = 0;
-    const char* m_searchedFrom; // From here to m_backslash, there is no backslash.
-    const char* m_backslash;
+    const char* m_plainBegin; // A part of the text without backslashes
+    const char* m_plainEnd;
     std::vector<std::uint8_t> m_unescaped;
     std::vector<std::int64_t> m_numbers;
     simdjson::dom::parser m_parser;
