@@ -3,8 +3,10 @@
 #include <VelmoCloudEntity/font/FontList.hpp>
 
 #include <cstddef>
+#include <functional>
 #include <memory>
 #include <string>
+#include <utility>
 
 /// A font list as the service sends it: the bundled sample, repeated.
 struct FontDocument {
@@ -15,8 +17,35 @@ struct FontDocument {
 /// Returns the sample, repeated until it has at least this many leaf fonts.
 FontDocument repeatedSample(std::size_t minFonts);
 
-/// Returns a copy of the text as a reply, with capacity for the padding that simdjson requires.
-std::string reply(const FontDocument& document);
+/// A document in a file, for the programs that are measured in processes of their own. The file is
+/// written when it is first asked for.
+class DocumentFile {
+public:
+    DocumentFile(std::string path, std::size_t fonts, std::function<std::string()> text)
+        : m_path(std::move(path)), m_fonts(fonts), m_text(std::move(text)) {}
+
+    /// Returns the path of the file. Throws std::runtime_error if it cannot be written.
+    const std::string& path() const;
+
+    /// Returns the number of leaf fonts.
+    std::size_t fonts() const { return m_fonts; }
+
+private:
+    std::string m_path;
+    std::size_t m_fonts;
+    std::function<std::string()> m_text;
+};
+
+/// Ways in which the documents of a service may differ from the sample.
+enum class Shape {
+    shuffledKeys,  // in each font another order of the keys
+    missingKeys,   // in each font another third of the keys is missing
+    unknownKeys,   // eight more keys in each font, with values of all kinds
+    prettyPrinted, // one value in a line
+};
+
+/// Returns the document with each font in this shape. The groups and their members stay.
+std::string reshaped(const std::string& text, Shape shape);
 
 using Fonts = VelmoCloudEntity::Records<VelmoCloudEntity::FontItem>;
 
@@ -31,8 +60,12 @@ struct FontTree {
 // Each function registers the comparisons of one kind of work. A side whose result differs from
 // that of the sides before it is reported as an error and not timed.
 
-/// Registers loading a document: the library, and common JSON readers that fill a plain struct.
-void registerLoad(const std::shared_ptr<const FontDocument>& document);
+/// Registers loading a document, in processes of their own: the library, and common JSON readers
+/// that fill a plain struct. Also a client's whole process, the first search, and exports.
+void registerLoad(const std::shared_ptr<const DocumentFile>& document);
+
+/// Registers loading a document of another shape.
+void registerShape(const std::string& shape, const std::shared_ptr<const DocumentFile>& document);
 
 /// Registers writing fonts as JSON: the library, and nlohmann/json, RapidJSON and Boost.JSON from a
 /// plain struct.

@@ -1,11 +1,13 @@
 #include "Benchmarks.hpp"
 
-#include "Loaders.hpp"
+#include "programs/OurClient.hpp"
 
 #include <VelmoCloudEntity/entity/RecordTree.hpp>
 
+#include <filesystem>
 #include <fstream>
 #include <sstream>
+#include <stdexcept>
 
 using VelmoCloudEntity::FontItem;
 using VelmoCloudEntity::FontList;
@@ -27,11 +29,14 @@ FontDocument repeatedSample(std::size_t minFonts) {
     return document;
 }
 
-std::string reply(const FontDocument& document) {
-    std::string text;
-    text.reserve(document.text.size() + 64);
-    text = document.text;
-    return text;
+const std::string& DocumentFile::path() const {
+    if (!std::filesystem::exists(m_path)) {
+        std::ofstream file(m_path, std::ios::binary);
+        file << m_text();
+        if (!file.flush())
+            throw std::runtime_error("cannot write " + m_path);
+    }
+    return m_path;
 }
 
 FontTree::FontTree(const FontDocument& document)

@@ -1,6 +1,9 @@
 #include "Benchmarks.hpp"
 #include "Comparison.hpp"
-#include "Loaders.hpp"
+#include "programs/Loaders.hpp"
+#include "programs/OurClient.hpp"
+#include "programs/Program.hpp"
+#include "programs/WriteRapidJSON.hpp"
 
 #include <PerchAppLibrary/json/Dictionary.hpp>
 
@@ -9,21 +12,10 @@
 #include <boost/json/object.hpp>
 #include <boost/json/serialize.hpp>
 #include <nlohmann/json.hpp>
-#include <rapidjson/stringbuffer.h>
-#include <rapidjson/writer.h>
 
 namespace {
 
 using VelmoCloudEntity::FontItem;
-
-/// Calls `visit(key, field)` for each field that an export contains, but Children.
-template <class Visitor>
-void forEachExported(PlainFont& font, Visitor&& visit) {
-    forEachField(font, [&](std::string_view key, auto& field) {
-        if (key != "displayName" && key != "previewText" && key != "isActivated")
-            visit(key, field);
-    });
-}
 
 /// Keeps the order of keys, unlike nlohmann::json.
 using Json = nlohmann::ordered_json;
@@ -62,39 +54,11 @@ boost::json::array boostArrayOf(const PlainFonts& fonts, const boost::json::stor
     return array;
 }
 
-using Writer = rapidjson::Writer<rapidjson::StringBuffer>;
-
-void write(Writer& writer, std::int64_t number) { writer.Int64(number); }
-void write(Writer& writer, bool flag) { writer.Bool(flag); }
-void write(Writer& writer, const std::string& text) {
-    writer.String(text.data(), static_cast<rapidjson::SizeType>(text.size()));
-}
-void write(Writer& writer, const std::vector<std::int64_t>& numbers) {
-    writer.StartArray();
-    for (const std::int64_t number : numbers)
-        writer.Int64(number);
-    writer.EndArray();
-}
-void write(Writer& writer, const PlainFonts& fonts) {
-    writer.StartArray();
-    for (const auto& font : fonts) {
-        writer.StartObject();
-        forEachExported(*font, [&](std::string_view key, const auto& field) {
-            writer.Key(key.data(), static_cast<rapidjson::SizeType>(key.size()));
-            write(writer, field);
-        });
-        writer.Key("Children");
-        write(writer, font->Children);
-        writer.EndObject();
-    }
-    writer.EndArray();
-}
-
 } // namespace
 
 void registerExport(const std::shared_ptr<const FontDocument>& document) {
     const auto fonts = std::make_shared<const Fonts>(loadOurs(document->text).List());
-    const auto plain = std::make_shared<const PlainFonts>(loadOnDemand(reply(*document)));
+    const auto plain = std::make_shared<const PlainFonts>(loadOnDemand(padded(document->text)));
     const auto digest = std::hash<std::string>();
 
     Comparison dictionaries("Dict and its text", document->fonts);
@@ -121,16 +85,9 @@ void registerExport(const std::shared_ptr<const FontDocument>& document) {
     Comparison texts("export", document->fonts);
     texts.add("VelmoCloudEntity", [fonts] { return FontItem::getFontArrayText(*fonts); }, digest);
     texts.add(
-        "RapidJSON's writer by hand",
-        [plain] {
-            rapidjson::StringBuffer buffer;
-            Writer writer(buffer);
-            write(writer, *plain);
-            return buffer;
-        },
+        "RapidJSON's writer by hand", [plain] { return writeRapidJSON(*plain); },
         [](const rapidjson::StringBuffer& buffer) {
-            return std::hash<std::string_view>()(
-                {buffer.GetString(), buffer.GetSize()}); // equals the hash of a std::string
+            return std::hash<std::string_view>()(viewOf(buffer)); // equals that of a std::string
         });
     texts.add("nlohmann/json", [plain] { return jsonOf(*plain).dump(); }, digest);
 }

@@ -1,117 +1,137 @@
 #include "Benchmarks.hpp"
+#include "ChildProcess.hpp"
 #include "Comparison.hpp"
-#include "Loaders.hpp"
 
-#include <malloc.h>
-
-#include <chrono>
+#include <algorithm>
+#include <exception>
 #include <functional>
+#include <span>
+#include <stdexcept>
+#include <string>
 
 namespace {
 
-using VelmoCloudEntity::FontItem;
-using VelmoCloudEntity::FontList;
-
-std::size_t heapInUse() {
-    const struct mallinfo2 info = mallinfo2();
-    return info.uordblks + info.hblkhd; // bytes in the heap and in separate mappings
-}
-
-/// A hash of every field of every font. Loaders with different digests are not compared.
-class Digest {
-public:
-    void add(std::string_view text) { mix(std::hash<std::string_view>()(text)); }
-    void add(std::int64_t number) { mix(std::hash<std::int64_t>()(number)); }
-    void add(bool flag) { mix(flag ? 3 : 5); }
-    void add(const std::vector<std::int64_t>& numbers) {
-        for (const std::int64_t number : numbers)
-            add(number);
-    }
-    std::size_t value() const { return m_value; }
-
-private:
-    void mix(std::size_t hash) { m_value = (m_value ^ hash) * 0x9E3779B97F4A7C15U; }
-
-    std::size_t m_value = 0;
+/// A side that is compared, and its program.
+struct Side {
+    const char* name;
+    const char* program;
+    bool isMain = true; // also measured with 600,000 fonts, and with documents of other shapes
 };
 
-void addAll(Digest& digest, const PlainFonts& fonts) {
-    for (const auto& font : fonts) {
-        forEachField(*font, [&](const char*, const auto& field) { digest.add(field); });
-        addAll(digest, font->Children);
-    }
+constexpr Side loaders[] = {
+    {"VelmoCloudEntity", "velmo-load-Ours"},
+    {"simdjson on-demand by hand", "velmo-load-OnDemand"},
+    {"simdjson document by hand", "velmo-load-DOM", false},
+#ifdef VELMO_BENCH_YYJSON
+    {"yyjson by hand", "velmo-load-Yyjson"},
+#endif
+#ifdef VELMO_BENCH_GLAZE
+    {"glaze", "velmo-load-Glaze"},
+#endif
+    {"RapidJSON SAX by hand", "velmo-load-RapidJSONSAX"},
+    {"RapidJSON", "velmo-load-RapidJSON", false},
+    {"Boost.JSON", "velmo-load-BoostJSON", false},
+    {"Qt", "velmo-load-Qt", false},
+    {"nlohmann/json", "velmo-load-Nlohmann", false},
+};
+
+constexpr Side exporters[] = {
+    {"VelmoCloudEntity", "velmo-export-Ours"},
+    {"RapidJSON's writer by hand", "velmo-export-RapidJSON"},
+#ifdef VELMO_BENCH_GLAZE
+    {"glaze", "velmo-export-Glaze"},
+#endif
+};
+
+/// A kind of work, and the arguments for it before and after the file.
+struct Work {
+    const char* name;
+    const char* mode;
+    const char* option = "";
+};
+
+constexpr Work loads[] = {
+    {"load, kept heap", "warm", "--kept-heap"},
+    {"load, default heap", "warm"},
+    {"first load", "first"},
+    {"taking down", "teardown"},
+};
+constexpr Work checkFields{"check", "check"};
+
+using Document = std::shared_ptr<const DocumentFile>;
+
+ChildProcess run(const Side& side, const Work& work, const Document& document) {
+    return {side.program, {work.mode, document->path(), work.option}};
 }
 
-void addAll(Digest& digest, const VelmoCloudEntity::Records<FontItem>& fonts) {
-    for (const auto& font : fonts) {
-#define FIELD(Name) digest.add(font->Name())
-        FIELD(Guid), FIELD(Id), FIELD(IsDisabled), FIELD(ErrorCode), FIELD(Exception),
-            FIELD(ExceptionCode), FIELD(ExceptionMessage), FIELD(TimeStamp), FIELD(DateStamp),
-            FIELD(Token), FIELD(ApplyHot), FIELD(Ordinal), FIELD(NameOrdinal), FIELD(AppendOrdinal),
-            FIELD(UserOrdinal), FIELD(TopClassify), FIELD(ProductSetId), FIELD(ProductSetName),
-            FIELD(ProductName), FIELD(PostscriptName), FIELD(displayName), FIELD(Format),
-            FIELD(Version), FIELD(Copyright), FIELD(ProductFileName), FIELD(ProductFileUrl),
-            FIELD(PreviewFileUrl), FIELD(previewText), FIELD(RegisterKey), FIELD(IsOnline),
-            FIELD(IsPreOnly), FIELD(IsAuthed), FIELD(IsFree), FIELD(FreeTag), FIELD(IsFontAuth),
-            FIELD(IsMemberFont), FIELD(IsPrivate), FIELD(OemTag), FIELD(isActivated),
-            FIELD(IsFavorited), FIELD(IsRecommended), FIELD(IsNewly), FIELD(FontKey),
-            FIELD(IsGroup), FIELD(GroupTag), FIELD(GroupCollectionId), FIELD(Tags),
-            FIELD(DateStampBegin), FIELD(DateStampEnd), FIELD(TopCount);
-#undef FIELD
-        addAll(digest, font->Children());
-    }
+/// Returns a hash of what the program prints, without its peak memory.
+std::size_t digestOf(const ChildProcess& child) {
+    const std::size_t end = child.output.rfind("peak ");
+    return std::hash<std::string>()(child.output.substr(0, end));
 }
 
-std::size_t digestOf(const PlainFonts& fonts) {
-    Digest digest;
-    addAll(digest, fonts);
-    return digest.value();
+/// Returns a test whether a side has the digest of the others. The test may serve several works.
+auto consistencyOf(const Comparison& comparison, const Side& side, const Work& check,
+                   const Document& document) {
+    return comparison.consistencyCheck(side.name,
+                                       [=] { return digestOf(run(side, check, document)); });
 }
 
-std::size_t digestOf(const FontList& fonts) {
-    Digest digest;
-    addAll(digest, fonts.List());
-    return digest.value();
+/// Registers a row: a side's program does one kind of work, in a new process each time.
+template <class IsConsistent>
+void addRow(const Side& side, const Work& work, const std::string& name, const Document& document,
+            const IsConsistent& isConsistent) {
+    const auto time = [=](benchmark::State& state) {
+        try {
+            if (!isConsistent())
+                throw std::runtime_error("the result differs from that of another side");
+            const auto fonts = static_cast<double>(document->fonts());
+            for (auto _ : state) {
+                const ChildProcess child = run(side, work, document);
+                state.SetIterationTime(child.figure("seconds").value_or(child.seconds));
+                if (const auto bytes = child.figure("bytes"))
+                    state.counters["bytes/font"] = *bytes / fonts;
+                if (const auto peak = child.figure("peak"))
+                    state.counters["peak MB"] = *peak / 1e6;
+            }
+        } catch (const std::exception& error) {
+            state.SkipWithError(error.what());
+        }
+    };
+    const std::size_t fontsOfRun = work.mode == std::string("warm") ? 30'000 : 100'000;
+    const std::size_t iterations = std::max<std::size_t>(1, fontsOfRun / document->fonts());
+    const Comparison comparison(name, document->fonts());
+    benchmark::RegisterBenchmark(comparison.benchmarkName(side.name).c_str(), time)
+        ->UseManualTime()
+        ->Iterations(static_cast<benchmark::IterationCount>(iterations))
+        ->Unit(benchmark::kMillisecond);
 }
 
-/// Times the load, without the copy of the text and the destruction of the tree. Counts the heap
-/// bytes of the tree after the document is destroyed.
-template <class Fonts>
-void timeLoad(benchmark::State& state, Fonts (*load)(std::string), const FontDocument& document) {
-    double bytes = 0;
-    for (auto _ : state) {
-        std::string text = reply(document);
-        const std::size_t before = heapInUse() - text.capacity();
-        const auto start = std::chrono::steady_clock::now();
-        const Fonts fonts = load(std::move(text));
-        const auto end = std::chrono::steady_clock::now();
-        bytes = static_cast<double>(heapInUse() - before);
-        state.SetIterationTime(std::chrono::duration<double>(end - start).count());
-    }
-    state.counters["bytes/font"] = bytes / static_cast<double>(document.fonts);
+/// Registers rows of sides that agree on what `check` prints.
+void addRows(std::span<const Side> sides, bool onlyMain, std::span<const Work> works,
+             const Work& check, const std::string& suffix, const Document& document) {
+    const Comparison checked(check.name, document->fonts());
+    for (const Work& work : works)
+        for (const Side& side : sides)
+            if (side.isMain || !onlyMain)
+                addRow(side, work, work.name + suffix, document,
+                       consistencyOf(checked, side, check, document));
 }
 
 } // namespace
 
-void registerLoad(const std::shared_ptr<const FontDocument>& document) {
-    const Comparison loading("load", document->fonts);
-    const auto add = [&](const std::string& side, auto load) {
-        const auto isConsistent = loading.consistencyCheck(
-            side, [document, load] { return digestOf(load(reply(*document))); });
-        const auto time = [document, load, isConsistent](benchmark::State& state) {
-            if (!isConsistent())
-                state.SkipWithError("the fonts differ from those of another side");
-            timeLoad(state, load, *document);
-        };
-        benchmark::RegisterBenchmark(loading.benchmarkName(side).c_str(), time)
-            ->UseManualTime()
-            ->Unit(benchmark::kMillisecond);
-    };
-    add("VelmoCloudEntity", &loadOurs);
-    add("simdjson on-demand by hand", &loadOnDemand);
-    add("simdjson document by hand", &loadDOM);
-    add("RapidJSON", &loadRapidJSON);
-    add("Boost.JSON", &loadBoostJSON);
-    add("Qt", &loadQt);
-    add("nlohmann/json", &loadNlohmann);
+void registerLoad(const Document& document) {
+    const bool onlyMain = document->fonts() > 100'000;
+    addRows(loaders, onlyMain, loads, checkFields, "", document);
+    constexpr Work whole{"whole process", "process"};
+    addRows(loaders, onlyMain, {&whole, 1}, whole, "", document);
+    constexpr Work exporting{"export, default heap", "time"};
+    addRows(exporters, onlyMain, {&exporting, 1}, checkFields, "", document);
+    for (const char* const mode : {"first", "next"})
+        addRow({mode, "velmo-search"}, {"first search", mode}, "first search", document,
+               [] { return true; });
+}
+
+void registerShape(const std::string& shape, const Document& document) {
+    addRows(loaders, true, std::span(loads).first(2), checkFields, ", " + shape, document);
 }

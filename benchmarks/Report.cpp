@@ -43,8 +43,9 @@ std::string svgOf(double height, const std::string& title, const std::string& co
 
 std::string markdownOf(const std::vector<Median>& medians) {
     std::string table =
-        "| work | fonts | side | ms | its time / ours | bytes/font | our bytes / its |\n"
-        "|---|---:|---|---:|---:|---:|---:|\n";
+        "| work | fonts | side | ms | its time / ours | bytes/font | our bytes / its | "
+        "peak MB |\n"
+        "|---|---:|---|---:|---:|---:|---:|---:|\n";
     const Median* ours = nullptr;
     for (const Median& median : medians) {
         if (ours == nullptr || ours->work != median.work || ours->fonts != median.fonts)
@@ -53,10 +54,14 @@ std::string markdownOf(const std::vector<Median>& medians) {
             fmt::format("| {} | {} | {} | {:.2f} | {:.2f} |", median.work, median.fonts,
                         median.side, median.milliseconds, median.milliseconds / ours->milliseconds);
         if (median.bytesPerFont > 0)
-            table += fmt::format(" {:.0f} | {:.2f} |\n", median.bytesPerFont,
+            table += fmt::format(" {:.0f} | {:.2f} |", median.bytesPerFont,
                                  ours->bytesPerFont / median.bytesPerFont);
         else
-            table += " | |\n";
+            table += " | |";
+        if (median.peakMegabytes > 0)
+            table += fmt::format(" {:.0f} |\n", median.peakMegabytes);
+        else
+            table += " |\n";
     }
     return table;
 }
@@ -68,7 +73,8 @@ std::string jsonOf(const std::vector<Median>& medians) {
                                             {"fonts", median.fonts},
                                             {"side", median.side},
                                             {"milliseconds", median.milliseconds},
-                                            {"bytesPerFont", median.bytesPerFont}});
+                                            {"bytesPerFont", median.bytesPerFont},
+                                            {"peakMegabytes", median.peakMegabytes}});
     return boost::json::serialize(array) + "\n";
 }
 
@@ -121,8 +127,9 @@ std::string growthChartOf(const std::vector<Median>& medians, const std::string&
                     to = nanosecondsPerFont(slowest)](const Median& point) {
         return 330 - 260 * place(nanosecondsPerFont(point), from, to);
     };
-    static constexpr const char* colours[] = {"#aa3377", "#66ccee", "#228833",
-                                              "#ccbb44", "#ee6677", "#2266aa"};
+    static constexpr const char* colours[] = {"#aa3377", "#66ccee", "#228833", "#ccbb44",
+                                              "#ee6677", "#2266aa", "#888888", "#994400",
+                                              "#003355", "#77bb99"};
     std::string lines;
     std::multimap<double, std::string> labels; // by y coordinate
     std::size_t index = 0;

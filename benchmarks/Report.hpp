@@ -11,7 +11,8 @@ struct Median {
     std::int64_t fonts;
     std::string side;
     double milliseconds;
-    double bytesPerFont; // heap after the work, or 0 if not measured
+    double bytesPerFont;  // heap after the work, or 0 if not measured
+    double peakMegabytes; // the most memory of a whole process, or 0 if not measured
 };
 
 /// Returns a Markdown table: the time of each side, and its ratio to the time of the library.

@@ -3,20 +3,23 @@
 // --results=FOLDER, which writes the table to that folder as Markdown and as JSON, with charts.
 #include "Benchmarks.hpp"
 #include "Report.hpp"
+#include "programs/Program.hpp"
 
 #include <benchmark/benchmark.h>
 
-#include <malloc.h>
-
 #include <algorithm>
 #include <cstdio>
+#include <cstdlib>
 #include <exception>
 #include <filesystem>
 #include <fstream>
+#include <memory>
 #include <optional>
 #include <stdexcept>
 #include <string>
 #include <string_view>
+#include <system_error>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -33,11 +36,10 @@ public:
             const std::string& name = run.run_name.function_name;
             const std::size_t workEnd = name.find('/');
             const std::size_t fontsEnd = name.find('/', workEnd + 1);
-            const auto bytes = run.counters.find("bytes/font");
             m_medians.push_back({run.family_index, name.substr(0, workEnd),
                                  std::stoll(name.substr(workEnd + 1)), name.substr(fontsEnd + 1),
-                                 run.GetAdjustedRealTime(),
-                                 bytes == run.counters.end() ? 0.0 : double{bytes->second}});
+                                 run.GetAdjustedRealTime(), counter(run, "bytes/font"),
+                                 counter(run, "peak MB")});
         }
     }
 
@@ -52,6 +54,12 @@ public:
     bool hasFailed() const { return m_hasFailed; }
 
 private:
+    /// Returns the value of a counter, or 0 if there is none.
+    static double counter(const Run& run, const char* name) {
+        const auto found = run.counters.find(name);
+        return found == run.counters.end() ? 0.0 : double{found->second};
+    }
+
     bool m_hasFailed = false;
     std::vector<Median> m_medians; // in the order in which the benchmarks ended
 };
@@ -67,31 +75,67 @@ void writeResults(const std::filesystem::path& folder, const std::vector<Median>
     std::filesystem::create_directories(folder);
     write(folder / "results.md", markdownOf(medians));
     write(folder / "results.json", jsonOf(medians));
-    for (const std::string work : {"load", "export"}) {
-        write(folder / (work + "-throughput.svg"), throughputChartOf(medians, work));
-        write(folder / (work + "-growth.svg"), growthChartOf(medians, work));
+    for (const auto& [name, work] :
+         {std::pair<std::string, std::string>("load", "load, kept heap"), {"export", "export"}}) {
+        write(folder / (name + "-throughput.svg"), throughputChartOf(medians, work));
+        write(folder / (name + "-growth.svg"), growthChartOf(medians, work));
     }
 }
 
-void registerAll() {
+/// A folder for documents, which is removed at the end.
+class TemporaryFolder {
+public:
+    TemporaryFolder() {
+        std::string path = std::filesystem::temp_directory_path() / "velmo-bench-XXXXXX";
+        if (mkdtemp(path.data()) == nullptr)
+            throw std::runtime_error("cannot make the folder " + path);
+        m_path = path;
+    }
+    TemporaryFolder(const TemporaryFolder&) = delete;
+    TemporaryFolder& operator=(const TemporaryFolder&) = delete;
+    ~TemporaryFolder() {
+        std::error_code ignored;
+        std::filesystem::remove_all(m_path, ignored);
+    }
+    const std::filesystem::path& path() const { return m_path; }
+
+private:
+    std::filesystem::path m_path;
+};
+
+std::shared_ptr<const DocumentFile> fileOf(const std::shared_ptr<const FontDocument>& document,
+                                           const std::filesystem::path& folder) {
+    return std::make_shared<DocumentFile>(folder / std::to_string(document->fonts), document->fonts,
+                                          [document] { return document->text; });
+}
+
+void registerShapes(const std::shared_ptr<const FontDocument>& document,
+                    const std::filesystem::path& folder) {
+    const std::pair<std::string, Shape> shapes[] = {{"shuffled keys", Shape::shuffledKeys},
+                                                    {"missing keys", Shape::missingKeys},
+                                                    {"unknown keys", Shape::unknownKeys},
+                                                    {"pretty-printed", Shape::prettyPrinted}};
+    for (const auto& each : shapes)
+        registerShape(each.first, std::make_shared<DocumentFile>(
+                                      folder / (std::to_string(document->fonts) + " " + each.first),
+                                      document->fonts, [document, shape = each.second] {
+                                          return reshaped(document->text, shape);
+                                      }));
+}
+
+void registerAll(const std::filesystem::path& folder) {
     registerRecords();
     registerTagFilter();
     for (const std::size_t fonts : {6'000U, 60'000U, 600'000U}) {
         const auto document = std::make_shared<const FontDocument>(repeatedSample(fonts));
         const auto tree = std::make_shared<const FontTree>(*document);
-        registerLoad(document);
+        registerLoad(fileOf(document, folder));
+        if (fonts < 100'000)
+            registerShapes(document, folder);
         registerExport(document);
         registerSearch(tree);
         registerLookup(tree);
     }
-}
-
-/// Makes the heap keep freed memory. Otherwise each repetition of a load or an export takes new
-/// pages from the system. On a virtual machine their cost varies tenfold with what ran before,
-/// which hides the differences between the sides.
-void keepFreedMemory() {
-    mallopt(M_MMAP_MAX, 0);        // NOLINT(concurrency-mt-unsafe): no thread runs yet
-    mallopt(M_TRIM_THRESHOLD, -1); // NOLINT(concurrency-mt-unsafe)
 }
 
 /// Removes `--results=FOLDER` from the arguments. Returns the folder, or nullopt if there is none.
@@ -121,7 +165,8 @@ int main(int argc, char** argv) {
     int count = static_cast<int>(arguments.size());
     benchmark::Initialize(&count, arguments.data());
     try {
-        registerAll();
+        const TemporaryFolder folder;
+        registerAll(folder.path());
         MedianReporter reporter;
         benchmark::RunSpecifiedBenchmarks(&reporter);
         std::printf("\nMedians of one interleaved run\n\n%s",

@@ -2,15 +2,11 @@
 
 #include "PlainFont.hpp"
 
-#include <VelmoCloudEntity/font/FontList.hpp>
-
 #include <string>
 
-/// The compared ways of loading a font list. Each function takes the text of a reply, with capacity
-/// for the padding that simdjson requires, and returns the whole tree.
-
-/// Loads with the library.
-VelmoCloudEntity::FontList loadOurs(std::string text);
+/// The ways of loading a font list that the library is compared with. Each function takes the text
+/// of a reply, with capacity for the padding that simdjson requires, and returns the whole tree. It
+/// throws an exception if the text is malformed.
 
 /// Loads with simdjson on-demand, by readMember().
 PlainFonts loadOnDemand(std::string text);
@@ -22,8 +18,17 @@ PlainFonts loadDOM(std::string text);
 /// Loads with nlohmann/json, which looks up each field by its key.
 PlainFonts loadNlohmann(std::string text);
 
-/// Loads with RapidJSON in situ, by readMember().
+/// Loads with RapidJSON's document in situ, by readMember().
 PlainFonts loadRapidJSON(std::string text);
+
+/// Loads with RapidJSON's SAX reader in situ, by readMember().
+PlainFonts loadRapidJSONSAX(std::string text);
+
+/// Loads with yyjson in situ, by readMember().
+PlainFonts loadYyjson(std::string text);
+
+/// Loads with glaze, which finds the fields by reflection.
+PlainFonts loadGlaze(std::string text);
 
 /// Loads with Boost.JSON in a monotonic resource, by readMember().
 PlainFonts loadBoostJSON(std::string text);

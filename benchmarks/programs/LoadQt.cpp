@@ -4,6 +4,8 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 
+#include <stdexcept>
+
 namespace {
 
 void read(const QJsonValue& value, std::int64_t& field) { field = value.toInteger(); }
@@ -34,5 +36,10 @@ PlainFonts fontsFrom(const QJsonArray& array) {
 
 PlainFonts loadQt(std::string text) {
     const auto size = static_cast<qsizetype>(text.size());
-    return fontsFrom(QJsonDocument::fromJson(QByteArray::fromRawData(text.data(), size)).array());
+    QJsonParseError error;
+    const auto document =
+        QJsonDocument::fromJson(QByteArray::fromRawData(text.data(), size), &error);
+    if (error.error != QJsonParseError::NoError)
+        throw std::runtime_error(error.errorString().toStdString());
+    return fontsFrom(document.array());
 }

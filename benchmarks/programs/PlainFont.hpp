@@ -1,7 +1,5 @@
 #pragma once
 
-#include <PerchAppLibrary/record/Record.hpp>
-
 #include <cstddef>
 #include <cstdint>
 #include <memory>
@@ -9,8 +7,8 @@
 #include <string_view>
 #include <vector>
 
-/// The struct that a developer would write without the library: the fields of a FontItem in their
-/// order, without accessors, and shared members.
+/// The struct that a developer would write without the library: the fields of a FontItem in the
+/// order of its export, without accessors, and shared members.
 struct PlainFont {
     std::string Guid;
     std::int64_t Id = 0;
@@ -59,10 +57,10 @@ struct PlainFont {
     std::string GroupTag;
     std::int64_t GroupCollectionId = 0;
     std::vector<std::int64_t> Tags;
-    std::vector<std::shared_ptr<PlainFont>> Children;
     std::string DateStampBegin;
     std::string DateStampEnd;
     std::int64_t TopCount = 0;
+    std::vector<std::shared_ptr<PlainFont>> Children;
 };
 
 using PlainFonts = std::vector<std::shared_ptr<PlainFont>>;
@@ -122,6 +120,15 @@ void forEachField(PlainFont& font, Visitor&& visit) {
     visit("TopCount", font.TopCount);
 }
 
+/// Calls `visit(key, field)` for each field that an export contains, but Children.
+template <class Visitor>
+void forEachExported(PlainFont& font, Visitor&& visit) {
+    forEachField(font, [&](std::string_view key, auto& field) {
+        if (key != "displayName" && key != "previewText" && key != "isActivated")
+            visit(key, field);
+    });
+}
+
 /// Calls `read(field)` for the field with this key, if there is one. Loaders that iterate over the
 /// members of an object call it. Tests the length of the key first, since few keys have equal
 /// lengths.
@@ -129,31 +136,91 @@ template <class Read>
 void readMember(PlainFont& font, std::string_view key, Read&& read) {
 #define FIELD(Name)   \
     if (key == #Name) \
-        return read(font.Name);
-#define FIELDS(length, ...)                     \
-    case length:                                \
-        PERCH_FOR_EACH_NAME(FIELD, __VA_ARGS__) \
-        break
+    return read(font.Name)
     switch (key.size()) {
-        FIELDS(2, Id);
-        FIELDS(4, Tags, Guid);
-        FIELDS(5, Token);
-        FIELDS(6, Format, IsFree, OemTag);
-        FIELDS(7, Ordinal, Version, IsNewly, FontKey, IsGroup, FreeTag);
-        FIELDS(8, ApplyHot, IsOnline, IsAuthed, TopCount, Children, GroupTag);
-        FIELDS(9, Copyright, IsPrivate, IsPreOnly, ErrorCode, Exception, TimeStamp, DateStamp);
-        FIELDS(10, IsDisabled, IsFontAuth);
-        FIELDS(11, NameOrdinal, TopClassify, ProductName, RegisterKey, IsFavorited, UserOrdinal,
-               displayName, previewText, isActivated);
-        FIELDS(12, ProductSetId, IsMemberFont, DateStampEnd);
-        FIELDS(13, AppendOrdinal, IsRecommended, ExceptionCode);
-        FIELDS(14, ProductSetName, PostscriptName, ProductFileUrl, PreviewFileUrl, DateStampBegin);
-        FIELDS(15, ProductFileName);
-        FIELDS(16, ExceptionMessage);
-        FIELDS(17, GroupCollectionId);
+    case 2:
+        FIELD(Id);
+        break;
+    case 4:
+        FIELD(Tags);
+        FIELD(Guid);
+        break;
+    case 5:
+        FIELD(Token);
+        break;
+    case 6:
+        FIELD(Format);
+        FIELD(IsFree);
+        FIELD(OemTag);
+        break;
+    case 7:
+        FIELD(Ordinal);
+        FIELD(Version);
+        FIELD(IsNewly);
+        FIELD(FontKey);
+        FIELD(IsGroup);
+        FIELD(FreeTag);
+        break;
+    case 8:
+        FIELD(ApplyHot);
+        FIELD(IsOnline);
+        FIELD(IsAuthed);
+        FIELD(TopCount);
+        FIELD(Children);
+        FIELD(GroupTag);
+        break;
+    case 9:
+        FIELD(Copyright);
+        FIELD(IsPrivate);
+        FIELD(IsPreOnly);
+        FIELD(ErrorCode);
+        FIELD(Exception);
+        FIELD(TimeStamp);
+        FIELD(DateStamp);
+        break;
+    case 10:
+        FIELD(IsDisabled);
+        FIELD(IsFontAuth);
+        break;
+    case 11:
+        FIELD(NameOrdinal);
+        FIELD(TopClassify);
+        FIELD(ProductName);
+        FIELD(RegisterKey);
+        FIELD(IsFavorited);
+        FIELD(UserOrdinal);
+        FIELD(displayName);
+        FIELD(previewText);
+        FIELD(isActivated);
+        break;
+    case 12:
+        FIELD(ProductSetId);
+        FIELD(IsMemberFont);
+        FIELD(DateStampEnd);
+        break;
+    case 13:
+        FIELD(AppendOrdinal);
+        FIELD(IsRecommended);
+        FIELD(ExceptionCode);
+        break;
+    case 14:
+        FIELD(ProductSetName);
+        FIELD(PostscriptName);
+        FIELD(ProductFileUrl);
+        FIELD(PreviewFileUrl);
+        FIELD(DateStampBegin);
+        break;
+    case 15:
+        FIELD(ProductFileName);
+        break;
+    case 16:
+        FIELD(ExceptionMessage);
+        break;
+    case 17:
+        FIELD(GroupCollectionId);
+        break;
     default:
         break;
     }
-#undef FIELDS
 #undef FIELD
 }

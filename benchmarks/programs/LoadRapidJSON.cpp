@@ -1,6 +1,9 @@
 #include "Loaders.hpp"
 
 #include <rapidjson/document.h>
+#include <rapidjson/error/en.h>
+
+#include <stdexcept>
 
 namespace {
 
@@ -32,6 +35,8 @@ void read(const Value& array, PlainFonts& fonts) {
 PlainFonts loadRapidJSON(std::string text) {
     rapidjson::Document document;
     document.ParseInsitu(text.data()); // the fastest way: strings stay in the text
+    if (document.HasParseError())
+        throw std::runtime_error(rapidjson::GetParseError_En(document.GetParseError()));
     PlainFonts fonts;
     read(document, fonts);
     return fonts;
