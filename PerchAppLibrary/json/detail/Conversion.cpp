@@ -125,6 +125,12 @@ bool convertReal(const Scalar& scalar, Real& value) {
         scalar);
 }
 
+const char* endOfDigits(const char* from) noexcept {
+    while (*from >= '0' && *from <= '9')
+        ++from;
+    return from;
+}
+
 template <class Element>
 bool convertArray(dom::element element, std::vector<Element>& value) {
     dom::array elements;
@@ -161,6 +167,26 @@ Scalar scalarOf(dom::element element) {
     default:
         return std::monostate();
     }
+}
+
+std::string_view leadingNumber(const char* text) noexcept {
+    const char* digits = text + (*text == '-' ? 1 : 0);
+    const char* end = endOfDigits(digits);
+    if (end == digits || (*digits == '0' && end - digits > 1))
+        return {};
+    if (*end == '.') {
+        digits = end + 1;
+        end = endOfDigits(digits);
+        if (end == digits)
+            return {};
+    }
+    if (*end == 'e' || *end == 'E') {
+        digits = end + (end[1] == '+' || end[1] == '-' ? 2 : 1);
+        end = endOfDigits(digits);
+        if (end == digits)
+            return {};
+    }
+    return {text, end};
 }
 
 std::optional<Scalar> scalarOfNumber(std::string_view number) {

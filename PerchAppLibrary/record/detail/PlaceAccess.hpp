@@ -63,7 +63,10 @@ struct FieldPlace {
             std::string_view text;
             if (!source.get(element, text))
                 return false;
-            field.append(text);
+            if (text.size() <= field.capacity())
+                field.append(text);
+            else
+                field = std::string(text); // append() would allocate more than it needs
             return true;
         } else {
             return source.get(element, field);

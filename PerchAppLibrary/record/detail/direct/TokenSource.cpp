@@ -1,12 +1,18 @@
 #include <PerchAppLibrary/record/detail/direct/TokenSource.hpp>
 
-#include <PerchAppLibrary/platform/detail/Memory.hpp>
+#include <PerchAppLibrary/json/detail/JSONFallback.hpp>
 
 #include <algorithm>
 #include <new>
 
 namespace PerchAppLibrary {
 namespace {
+
+#ifndef PERCH_WINDOW_SIZE // tests have smaller windows
+#define PERCH_WINDOW_SIZE (1U << 18)
+#endif
+/// The usual size of a window, which stays in the cache.
+constexpr std::size_t windowSize = PERCH_WINDOW_SIZE;
 
 const std::uint8_t* bytesOf(const char* text) {
     return reinterpret_cast<const std::uint8_t*>(text);
@@ -21,52 +27,88 @@ std::uint8_t* parseString(const Stages& stages, const std::uint8_t* from, std::u
         return stages.parse_string(from, to);
 }
 
-const char* endOfDigits(const char* from) noexcept {
-    while (*from >= '0' && *from <= '9')
-        ++from;
-    return from;
+/// Throws std::bad_alloc if memory ran out.
+bool isError(simdjson::error_code error) {
+    if (error == simdjson::MEMALLOC)
+        throw std::bad_alloc();
+    return error != simdjson::SUCCESS;
+}
+
+/// Returns the part of the text up to a comma behind which another string or object begins, so that
+/// it is probably not in a string. Returns the whole text if it is short, and nothing if there is
+/// no such comma in the second half of `size` bytes.
+std::string_view windowOf(std::string_view text, std::size_t size) {
+    if (text.size() <= size)
+        return text;
+    for (std::size_t end = size; end > size / 2; --end) {
+        if (text[end - 1] != ',')
+            continue;
+        const std::size_t next = text.find_first_not_of(" \t\r\n", end);
+        if (next != std::string_view::npos && (text[next] == '"' || text[next] == '{'))
+            return text.substr(0, end);
+    }
+    return {};
 }
 
 } // namespace
 
-TokenSource::TokenSource(std::string_view text) : m_text(text) {
+TokenSource::TokenSource(std::string_view text) : m_text(text), m_window(text.substr(0, 0)) {
     const simdjson::implementation& reader = *simdjson::get_active_implementation();
     if (reader.name() == "fallback") // for old processors; its first stage does not check UTF-8
         fail();
-    const std::size_t capacity = std::max(text.size(), simdjson::SIMDJSON_PADDING);
-    if (const auto error = reader.create_dom_parser_implementation(capacity, 1, m_stages))
-        error == simdjson::MEMALLOC ? throw std::bad_alloc() : fail();
-    memory::preferLargePages(m_stages->structural_indexes.get(),
-                             text.size() * sizeof(std::uint32_t));
-    if (m_stages->stage1(bytesOf(text.data()), text.size(), simdjson::stage1_mode::regular))
+    if (isError(reader.create_dom_parser_implementation(simdjson::SIMDJSON_PADDING, 1, m_stages)))
         fail();
-    m_next = m_stages->structural_indexes.get();
-    m_end = m_next + m_stages->n_structural_indexes;
-    findBackslash(text.data());
+    findTokens();
 }
 
-void TokenSource::finish() {
-    skipUnread(m_stages->structural_indexes.get());
+void TokenSource::finish(Element root) {
+    skipUnread(root);
     if (m_next != m_end)
         fail();
+}
+
+void TokenSource::findTokens() {
+    const char* const begin = m_window.data() + m_window.size();
+    const std::string_view left = m_text.substr(static_cast<std::size_t>(begin - m_text.data()));
+    // A window that ends in a string, or nowhere, is too small.
+    for (std::size_t size = windowSize;; size *= 2) {
+        m_window = windowOf(left, size);
+        const simdjson::error_code error =
+            m_window.empty() ? simdjson::UNCLOSED_STRING : runFirstStage();
+        if (!error)
+            break;
+        if (error != simdjson::UNCLOSED_STRING || m_window.size() == left.size())
+            fail();
+    }
+    m_next = m_stages->structural_indexes.get();
+    m_end = m_next + m_stages->n_structural_indexes;
+    findBackslash(begin);
+}
+
+simdjson::error_code TokenSource::runFirstStage() {
+    const std::size_t capacity = std::max(m_window.size(), simdjson::SIMDJSON_PADDING);
+    if (m_stages->capacity() < capacity && isError(m_stages->set_capacity(capacity)))
+        fail();
+    return m_stages->stage1(bytesOf(m_window.data()), m_window.size(),
+                            simdjson::stage1_mode::regular);
 }
 
 bool TokenSource::get(Element element, std::vector<std::int64_t>& numbers) {
     if (!isArray(element))
         return false;
     m_numbers.clear();
-    Element next = element + 1;
-    if (!begins(next, ']')) {
+    Token next = m_next + 1;
+    if (*at(next) != ']') {
         do {
-            const std::optional<std::int64_t> number = plainInteger(next);
+            const std::optional<std::int64_t> number = plainInteger(at(next));
             if (!number)
                 return false;
             m_numbers.push_back(*number);
             next += 2;
-        } while (begins(next - 1, ','));
+        } while (*at(next - 1) == ',');
         --next;
     }
-    if (!begins(next, ']'))
+    if (*at(next) != ']')
         return false;
     numbers.assign(m_numbers.begin(), m_numbers.end());
     m_next = next + 1;
@@ -74,7 +116,7 @@ bool TokenSource::get(Element element, std::vector<std::int64_t>& numbers) {
 }
 
 void TokenSource::findBackslash(const char* from) {
-    const char* const end = m_text.data() + m_text.size();
+    const char* const end = m_window.data() + m_window.size();
     const void* const found = std::memchr(from, '\\', static_cast<std::size_t>(end - from));
     m_plainBegin = from;
     m_plainEnd = found != nullptr ? static_cast<const char*>(found) : end;
@@ -96,78 +138,58 @@ std::string_view TokenSource::unescape(std::string_view content) {
     return {reinterpret_cast<const char*>(begin), length};
 }
 
-std::string_view TokenSource::number(Element element) const noexcept {
-    const char* const begin = at(element);
-    const char* digits = begin + (*begin == '-' ? 1 : 0);
-    const char* end = endOfDigits(digits);
-    if (end == digits || (*digits == '0' && end - digits > 1))
-        return {};
-    if (*end == '.') {
-        digits = end + 1;
-        end = endOfDigits(digits);
-        if (end == digits)
-            return {};
-    }
-    if (*end == 'e' || *end == 'E') {
-        digits = end + (end[1] == '+' || end[1] == '-' ? 2 : 1);
-        end = endOfDigits(digits);
-        if (end == digits)
-            return {};
-    }
-    return isBehindScalar(*end) ? std::string_view(begin, end) : std::string_view();
-}
-
 void TokenSource::skip() {
-    const Element element = m_next;
-    switch (*at(element)) {
-    case '"':
-        unescaped(spelled(element));
-        break;
-    case '[':
+    const Element element = at(m_next);
+    if (isArray(element))
         forEachElement(element, [](Element) {});
-        return;
-    case '{':
+    else if (isObject(element))
         forEachMember(element, [this](std::string_view key, Element) { unescaped(key); });
-        return;
-    default:
-        if (!isWord(element, "true") && !isWord(element, "false") && !isWord(element, "null") &&
-            number(element).empty())
-            fail();
-    }
-    m_next = element + 1;
+    else
+        readScalar(element);
 }
 
-Scalar TokenSource::readScalar() {
-    const Element element = m_next;
+Scalar TokenSource::readScalar(Element element) {
+    const bool isNew = isNext(element);
     if (isArray(element) || isObject(element)) {
-        skip();
+        isNew ? skip() : fail();
         return std::monostate();
     }
-    m_next = element + 1;
-    if (begins(element, '"'))
-        return unescaped(spelled(element));
-    if (isWord(element, "true"))
-        return true;
-    if (isWord(element, "false"))
-        return false;
+    std::string_view text;
+    if (*element == '"')
+        text = unescaped(isNew ? content(m_next) : contentOf(element));
+    m_next += isNew ? 1 : 0;
+    if (*element == '"')
+        return text;
+    if (const std::optional<std::int64_t> integer = plainInteger(element))
+        return *integer;
     if (isWord(element, "null"))
         return nullptr;
-    const std::string_view spelledNumber = number(element);
-    if (spelledNumber.empty())
+    if (const bool isTrue = isWord(element, "true"); isTrue || isWord(element, "false"))
+        return isTrue;
+    const std::string_view number = leadingNumber(element);
+    if (number.empty() || !isBehindScalar(element[number.size()]))
         fail();
-    if (const std::optional<Scalar> value = scalarOfNumber(spelledNumber))
-        return *value;
-    fail();
+    const std::optional<Scalar> value = scalarOfNumber(number);
+    if (!value)
+        fail();
+    return *value;
 }
 
-simdjson::dom::element TokenSource::parse() {
-    const Element element = m_next;
+std::string_view TokenSource::contentOf(Element string) const {
+    const auto begin = static_cast<std::size_t>(string - m_text.data());
+    return m_text.substr(begin + 1, fallback::endOfString(m_text, begin) - begin - 2);
+}
+
+simdjson::dom::element TokenSource::parse(Element element) {
+    if (!isNext(element))
+        fail();
     skip(); // finds the end
     constexpr int depth = static_cast<int>(JSON::maximumDepth) - maximumDepth;
     simdjson::dom::element parsed;
     if (m_parser.max_depth() != depth && m_parser.allocate(simdjson::SIMDJSON_PADDING, depth))
         fail();
-    if (m_parser.parse(at(element), *m_next - *element, false).get(parsed))
+    const auto size = static_cast<std::size_t>(at(m_next) - element);
+    if (m_parser.parse(element, size, false).get(parsed))
         fail();
     return parsed;
 }

@@ -2,6 +2,7 @@
 
 #include <PerchAppLibrary/json/JSON.hpp>
 #include <PerchAppLibrary/json/detail/Conversion.hpp>
+#include <PerchAppLibrary/text/detail/Digits.hpp>
 
 #include <cstddef>
 #include <cstdint>
@@ -17,11 +18,11 @@ namespace PerchAppLibrary {
 ///
 /// The parser's first stage finds the tokens: the brackets, colons and commas, and the begin of
 /// each string, number and word. It also checks UTF-8, the quotation marks and that strings have no
-/// control characters. The rest of the grammar is checked here, at each token.
+/// control characters. It runs over one window of the text after the other, which stays in the
+/// cache until its tokens are read. The rest of the grammar is checked here, at each token.
 ///
-/// Values are read one after the other. The source keeps the position behind the last one. Who
-/// visits a value may read it or not; if not, the source skips it. A value may be read again later,
-/// which does not change the position.
+/// Values are read in their order. Who visits a value may read it or not; if not, the source skips
+/// it. Of the values before, only scalars can be read again.
 ///
 /// Throws Fault at a fault in the text, and at what is too unusual to read here. JSON::parse()
 /// decides then.
@@ -29,32 +30,32 @@ class TokenSource {
 public:
     struct Fault {};
 
-    /// The position of a value's first token. Each token is an offset in the text.
-    using Element = const std::uint32_t*;
+    /// The begin of a value in the text.
+    using Element = const char*;
 
-    /// Runs the first stage. Requires SIMDJSON_PADDING readable bytes behind the text.
+    /// Requires SIMDJSON_PADDING readable blanks behind the text.
     explicit TokenSource(std::string_view text);
 
     /// A RecordFiller must fill arrays of records where they are, not after the other properties.
     static constexpr bool readsInOrder = true;
 
-    Element root() const noexcept { return m_next; }
+    Element root() const noexcept { return at(m_next); }
 
     /// Throws Fault unless the whole text has been read.
-    void finish();
+    void finish(Element root);
 
     template <class Visitor>
     bool forEachMember(Element object, Visitor visit) {
-        if (!begins(object, '{'))
+        if (!isObject(object))
             return false;
-        const Visit position(*this, object);
-        forEachUntil('}', [&] {
-            const Element key = m_next;
-            if (!begins(key, '"') || !begins(key + 1, ':')) [[unlikely]]
+        forEachUntil('}', object, [&] {
+            const Token key = m_next;
+            if (*at(key) != '"' || *at(key + 1) != ':') [[unlikely]]
                 fail();
             m_next = key + 2;
-            visit(spelled(key), key + 2);
-            skipUnread(key + 2);
+            const Element value = at(m_next);
+            visit(content(key), value);
+            skipUnread(value);
         });
         return true;
     }
@@ -63,16 +64,15 @@ public:
 
     template <class Visitor>
     void forEachElement(Element array, Visitor visit) {
-        const Visit position(*this, array);
-        forEachUntil(']', [&] {
-            const Element element = m_next;
+        forEachUntil(']', array, [&] {
+            const Element element = at(m_next);
             visit(element);
             skipUnread(element);
         });
     }
 
-    bool isArray(Element element) const noexcept { return begins(element, '['); }
-    bool isObject(Element element) const noexcept { return begins(element, '{'); }
+    static bool isArray(Element element) noexcept { return *element == '['; }
+    static bool isObject(Element element) noexcept { return *element == '{'; }
 
     /// Returns a guess, since nothing counts the elements. More than one, since growing takes time.
     static std::size_t sizeHint(Element /*array*/) noexcept { return 8; }
@@ -83,78 +83,60 @@ public:
         if (!plain) [[unlikely]]
             return false;
         number = *plain;
-        m_next = element + 1;
+        ++m_next;
         return true;
     }
     bool get(Element element, bool& flag) {
-        const bool isTrue = isWord(element, "true");
-        if (!isTrue && !isWord(element, "false")) [[unlikely]]
+        // Not by isWord(), whose branches the processor cannot predict.
+        const bool isTrue = std::memcmp(element, "true", 4) == 0;
+        const bool isFalse = std::memcmp(element, "false", 5) == 0;
+        if (isTrue == isFalse || !isBehindScalar(element[isTrue ? 4 : 5])) [[unlikely]]
             return false;
         flag = isTrue;
-        m_next = element + 1;
+        ++m_next;
         return true;
     }
     bool get(Element element, std::string_view& text) {
-        if (!begins(element, '"')) [[unlikely]]
+        if (*element != '"') [[unlikely]]
             return false;
-        text = unescaped(spelled(element));
-        m_next = element + 1;
+        text = unescaped(content(m_next));
+        ++m_next;
         return true;
     }
     bool get(Element element, std::vector<std::int64_t>& numbers);
     template <class T>
     bool get(Element /*element*/, T& /*value*/) {
-        return false; // convert() reads it
+        return false;
     }
 
     template <class T>
     bool convert(Element element, T& value) {
-        const Visit position(*this, element);
         if constexpr (ConvertsFromScalar<T>)
-            return convertScalar(readScalar(), value);
+            return convertScalar(readScalar(element), value);
         else
-            return convertElement(parse(), value);
+            return convertElement(parse(element), value);
     }
 
     /// Throws Fault: a class that overrides how it is filled takes documents.
     [[noreturn]] static JSON toJSON(Element /*element*/) { fail(); }
 
 private:
-    /// Visits a value. If it is not the next value, returns to the position before.
-    class Visit {
-    public:
-        Visit(TokenSource& source, Element element)
-            : m_source(source), m_back(source.m_next == element ? nullptr : source.m_next) {
-            source.m_next = element;
-        }
-        Visit(const Visit&) = delete;
-        Visit& operator=(const Visit&) = delete;
-        ~Visit() {
-            if (m_back != nullptr)
-                m_source.m_next = m_back;
-        }
-
-    private:
-        TokenSource& m_source;
-        Element m_back;
-    };
+    /// The offset of a token in the window.
+    using Token = const std::uint32_t*;
 
     [[noreturn]] static void fail() { throw Fault(); }
 
-    const char* at(Element element) const noexcept { return m_text.data() + *element; }
+    /// Behind the last token is a blank, which begins none.
+    const char* at(Token token) const noexcept { return m_window.data() + *token; }
 
-    /// Behind the last token, no character begins a token.
-    bool begins(Element element, char character) const noexcept {
-        return *at(element) == character;
-    }
+    bool isNext(Element element) const noexcept { return element == at(m_next); }
 
-    /// Reads an array or object, from its opening bracket. Calls `read()` at each element or
-    /// member.
+    /// Reads an array or object, the next value. Calls `read()` at each element or member.
     template <class Read>
-    void forEachUntil(char bracket, Read read) {
-        if (++m_depth > maximumDepth) [[unlikely]]
+    void forEachUntil(char bracket, Element begin, Read read) {
+        if (!isNext(begin) || ++m_depth > maximumDepth) [[unlikely]]
             fail();
-        if (begins(++m_next, bracket)) {
+        if (*at(++m_next) == bracket) {
             ++m_next;
         } else {
             do
@@ -166,19 +148,24 @@ private:
 
     bool goesOn(char bracket) {
         const char separator = *at(m_next++);
-        if (separator != ',' && separator != bracket) [[unlikely]]
+        if (separator == ',') {
+            if (m_next == m_end) [[unlikely]]
+                findTokens();
+            return true;
+        }
+        if (separator != bracket) [[unlikely]]
             fail();
-        return separator == ',';
+        return false;
     }
 
     void skipUnread(Element element) {
-        if (m_next == element)
+        if (isNext(element))
             skip();
     }
 
-    /// Returns the content of a string, between the quotation marks. Between its end and the next
-    /// token is only white space.
-    std::string_view spelled(Element string) const noexcept {
+    /// Returns what is between the quotation marks of a string. Between its end and the next token
+    /// is only white space.
+    std::string_view content(Token string) const noexcept {
         const char* const begin = at(string) + 1;
         const char* end = at(string + 1) - 1;
         while (*end != '"')
@@ -195,6 +182,10 @@ private:
     }
 
     std::string_view unescape(std::string_view content);
+
+    /// Returns the content of a string that was read before.
+    std::string_view contentOf(Element string) const;
+
     void findBackslash(const char* from);
 
     /// A number or word ends before a separator or white space.
@@ -214,47 +205,46 @@ private:
     }
 
     template <std::size_t Size>
-    bool isWord(Element element, const char (&word)[Size]) const noexcept {
-        const char* const begin = at(element);
-        return std::memcmp(begin, word, Size - 1) == 0 && isBehindScalar(begin[Size - 1]);
+    static bool isWord(Element element, const char (&word)[Size]) noexcept {
+        return std::memcmp(element, word, Size - 1) == 0 && isBehindScalar(element[Size - 1]);
     }
 
-    /// Returns an integer that is spelled in the usual way, with so few digits that it cannot
-    /// overflow.
-    std::optional<std::int64_t> plainInteger(Element element) const noexcept {
-        constexpr std::ptrdiff_t mostDigits = 18;
-        const char* digit = at(element);
-        const bool isNegative = *digit == '-';
-        digit += isNegative ? 1 : 0;
-        const char* const first = digit;
-        std::int64_t value = 0;
-        for (; *digit >= '0' && *digit <= '9' && digit - first < mostDigits; ++digit)
-            value = value * 10 + (*digit - '0');
-        const std::ptrdiff_t digits = digit - first;
-        if (digits == 0 || (*first == '0' && (digits > 1 || isNegative)) || !isBehindScalar(*digit))
-            [[unlikely]]
+    /// Returns an integer that is spelled in the usual way, with at most 18 digits.
+    static std::optional<std::int64_t> plainInteger(Element element) noexcept {
+        const bool isNegative = *element == '-';
+        const char* const first = element + (isNegative ? 1 : 0);
+        const auto [count, value] = text::leadingDigits(first);
+        if (count == 0 || (*first == '0' && (count > 1 || isNegative)) ||
+            !isBehindScalar(first[count])) [[unlikely]]
             return std::nullopt;
         return isNegative ? -value : value;
     }
 
-    /// Returns the number that stands there, or nothing if none does.
-    std::string_view number(Element element) const noexcept;
+    /// Moves the window behind itself, and finds its tokens.
+    void findTokens();
+    simdjson::error_code runFirstStage();
 
-    /// Read the next value: without its content, as a scalar whose text lives until the next one is
-    /// read, or by the parser as a document of its own, which lives until the next call.
+    /// Skips the next value.
     void skip();
-    Scalar readScalar();
-    simdjson::dom::element parse();
+
+    /// Reads a value, or returns a monostate for an array or object. A text lives until the next
+    /// one is read.
+    Scalar readScalar(Element element);
+
+    /// Reads the next value by the parser as a document of its own, which lives until the next
+    /// call.
+    simdjson::dom::element parse(Element element);
 
     /// Deep enough for usual documents, and few frames on the stack.
     static constexpr int maximumDepth = 64;
 
     std::string_view m_text;
+    std::string_view m_window; // A part of the text. Each but the last ends with a comma.
     std::unique_ptr<simdjson::internal::dom_parser_implementation> m_stages;
-    Element m_next = nullptr;
-    Element m_end = nullptr;
+    Token m_next = nullptr;
+    Token m_end = nullptr;
     int m_depth = 0;
-    const char* m_plainBegin; // A part of the text without backslashes
+    const char* m_plainBegin; // a part of the text without backslashes
     const char* m_plainEnd;
     std::vector<std::uint8_t> m_unescaped;
     std::vector<std::int64_t> m_numbers;

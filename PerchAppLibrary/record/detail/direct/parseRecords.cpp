@@ -29,8 +29,9 @@ bool readDirectly(std::string& text, bool onlyObjects, RecordSink& sink) {
     const Padding padding(text);
     try {
         TokenSource source(padding.text());
-        RecordFiller(source).readInto(sink, source.root(), onlyObjects);
-        source.finish();
+        const TokenSource::Element root = source.root();
+        RecordFiller(source).readInto(sink, root, onlyObjects);
+        source.finish(root);
     } catch (const TokenSource::Fault&) {
         return false;
     }
