@@ -58,7 +58,7 @@ void takeDown(const std::string& file) {
 void startClient(const std::string& file) {
     const Loaded fonts = VELMO_LOAD(readFile(file));
     std::vector<std::int64_t> activated;
-    for (std::int64_t id = 3; id <= 3000; id += 3)
+    for (std::int64_t id = 1; id <= 6000; id += 3)
         activated.push_back(id);
     activate(fonts, activated);
     const std::string found = textOfFound(fonts, "sans");
