@@ -136,46 +136,89 @@ template <class Read>
 void readMember(PlainFont& font, std::string_view key, Read&& read) {
 #define FIELD(Name)   \
     if (key == #Name) \
-        return read(font.Name);
+    return read(font.Name)
     switch (key.size()) {
     case 2:
-        FIELD(Id) break;
+        FIELD(Id);
+        break;
     case 4:
-        FIELD(Tags) FIELD(Guid) break;
+        FIELD(Tags);
+        FIELD(Guid);
+        break;
     case 5:
-        FIELD(Token) break;
+        FIELD(Token);
+        break;
     case 6:
-        FIELD(Format) FIELD(IsFree) FIELD(OemTag) break;
+        FIELD(Format);
+        FIELD(IsFree);
+        FIELD(OemTag);
+        break;
     case 7:
-        FIELD(Ordinal)
-        FIELD(Version) FIELD(IsNewly) FIELD(FontKey) FIELD(IsGroup) FIELD(FreeTag) break;
+        FIELD(Ordinal);
+        FIELD(Version);
+        FIELD(IsNewly);
+        FIELD(FontKey);
+        FIELD(IsGroup);
+        FIELD(FreeTag);
+        break;
     case 8:
-        FIELD(ApplyHot)
-        FIELD(IsOnline) FIELD(IsAuthed) FIELD(TopCount) FIELD(Children) FIELD(GroupTag) break;
+        FIELD(ApplyHot);
+        FIELD(IsOnline);
+        FIELD(IsAuthed);
+        FIELD(TopCount);
+        FIELD(Children);
+        FIELD(GroupTag);
+        break;
     case 9:
-        FIELD(Copyright)
-        FIELD(IsPrivate) FIELD(IsPreOnly) FIELD(ErrorCode) FIELD(Exception) FIELD(TimeStamp)
-            FIELD(DateStamp) break;
+        FIELD(Copyright);
+        FIELD(IsPrivate);
+        FIELD(IsPreOnly);
+        FIELD(ErrorCode);
+        FIELD(Exception);
+        FIELD(TimeStamp);
+        FIELD(DateStamp);
+        break;
     case 10:
-        FIELD(IsDisabled) FIELD(IsFontAuth) break;
+        FIELD(IsDisabled);
+        FIELD(IsFontAuth);
+        break;
     case 11:
-        FIELD(NameOrdinal)
-        FIELD(TopClassify) FIELD(ProductName) FIELD(RegisterKey) FIELD(IsFavorited)
-            FIELD(UserOrdinal) FIELD(displayName) FIELD(previewText) FIELD(isActivated) break;
+        FIELD(NameOrdinal);
+        FIELD(TopClassify);
+        FIELD(ProductName);
+        FIELD(RegisterKey);
+        FIELD(IsFavorited);
+        FIELD(UserOrdinal);
+        FIELD(displayName);
+        FIELD(previewText);
+        FIELD(isActivated);
+        break;
     case 12:
-        FIELD(ProductSetId) FIELD(IsMemberFont) FIELD(DateStampEnd) break;
+        FIELD(ProductSetId);
+        FIELD(IsMemberFont);
+        FIELD(DateStampEnd);
+        break;
     case 13:
-        FIELD(AppendOrdinal) FIELD(IsRecommended) FIELD(ExceptionCode) break;
+        FIELD(AppendOrdinal);
+        FIELD(IsRecommended);
+        FIELD(ExceptionCode);
+        break;
     case 14:
-        FIELD(ProductSetName)
-        FIELD(PostscriptName) FIELD(ProductFileUrl) FIELD(PreviewFileUrl)
-            FIELD(DateStampBegin) break;
+        FIELD(ProductSetName);
+        FIELD(PostscriptName);
+        FIELD(ProductFileUrl);
+        FIELD(PreviewFileUrl);
+        FIELD(DateStampBegin);
+        break;
     case 15:
-        FIELD(ProductFileName) break;
+        FIELD(ProductFileName);
+        break;
     case 16:
-        FIELD(ExceptionMessage) break;
+        FIELD(ExceptionMessage);
+        break;
     case 17:
-        FIELD(GroupCollectionId) break;
+        FIELD(GroupCollectionId);
+        break;
     default:
         break;
     }
