@@ -60,6 +60,8 @@ constexpr Work checkFields{"check", "check"};
 
 using Document = std::shared_ptr<const DocumentFile>;
 
+bool isLarge(const Document& document) { return document->fonts() > 100'000; }
+
 ChildProcess run(const Side& side, const Work& work, const Document& document) {
     return {side.program, {work.mode, document->path(), work.option}};
 }
@@ -101,10 +103,12 @@ void addRow(const Side& side, const Work& work, const std::string& name, const D
     const std::size_t fontsOfRun = work.mode == std::string("warm") ? 30'000 : 100'000;
     const std::size_t iterations = std::max<std::size_t>(1, fontsOfRun / document->fonts());
     const Comparison comparison(name, document->fonts());
-    benchmark::RegisterBenchmark(comparison.benchmarkName(side.name).c_str(), time)
-        ->UseManualTime()
-        ->Iterations(static_cast<benchmark::IterationCount>(iterations))
-        ->Unit(benchmark::kMillisecond);
+    benchmark::internal::Benchmark* const row =
+        benchmark::RegisterBenchmark(comparison.benchmarkName(side.name).c_str(), time);
+    row->UseManualTime()->Unit(benchmark::kMillisecond);
+    row->Iterations(static_cast<benchmark::IterationCount>(iterations));
+    if (isLarge(document))
+        row->Repetitions(3); // each takes seconds
 }
 
 /// Registers rows of sides that agree on what `check` prints.
@@ -121,7 +125,7 @@ void addRows(std::span<const Side> sides, bool onlyMain, std::span<const Work> w
 } // namespace
 
 void registerLoad(const Document& document) {
-    const bool onlyMain = document->fonts() > 100'000;
+    const bool onlyMain = isLarge(document);
     addRows(loaders, onlyMain, loads, checkFields, "", document);
     constexpr Work whole{"whole process", "process"};
     addRows(loaders, onlyMain, {&whole, 1}, whole, "", document);
