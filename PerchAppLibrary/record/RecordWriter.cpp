@@ -1,6 +1,7 @@
 #include <PerchAppLibrary/record/RecordWriter.hpp>
 
 #include <PerchAppLibrary/fatalError.hpp>
+#include <PerchAppLibrary/platform/detail/Memory.hpp>
 #include <PerchAppLibrary/record/detail/PlaceAccess.hpp>
 
 #include <algorithm>
@@ -91,6 +92,19 @@ Dictionary RecordWriter::dictionary(const BaseEntity& record, const Storage& sto
     dictionary.reserve(m_members.size() + 1);
     writeTo(record, DictionarySink{dictionary});
     return dictionary;
+}
+
+void reserveForList(std::string& text, std::size_t written, std::size_t count) {
+    constexpr std::size_t most = 16;
+    if (written != std::max<std::size_t>(count / 64, 1) && written != count / 8)
+        return;
+    const std::size_t perRecord = text.size() / written + 1;
+    const std::size_t whole = perRecord * count + perRecord * count / 32;
+    const std::size_t reserved = std::min(whole, text.size() * most);
+    if (reserved <= text.capacity())
+        return;
+    text.reserve(reserved);
+    memory::preferLargePages(text.data(), text.capacity());
 }
 
 void RecordWriter::write(const BaseEntity& record, std::string& text) const {

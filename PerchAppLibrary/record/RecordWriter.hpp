@@ -2,6 +2,7 @@
 
 #include <PerchAppLibrary/json/DictionaryFwd.hpp>
 
+#include <cstddef>
 #include <string>
 #include <vector>
 
@@ -33,5 +34,11 @@ private:
     const RecordSchema& m_schema;
     std::vector<const Property*> m_members; // the properties to write, in their order
 };
+
+/// Reserves memory for the text of a list of `count` records. Goes after each record that is
+/// appended, with the number of records so far. After a part of the list, reserves what the rest
+/// takes at the size of this part, since growing a text step by step copies it to new pages each
+/// time. Reserves at most 16 times the size of the text.
+void reserveForList(std::string& text, std::size_t written, std::size_t count);
 
 } // namespace PerchAppLibrary

@@ -23,6 +23,9 @@ public:
     /// Adds a text. Requires Case::insensitive. Linear.
     void add(const ComparedText& folded) noexcept;
 
+    /// Adds an ASCII text, which folding only upper-cases, so it is not copied.
+    void addASCII(std::string_view text) noexcept;
+
     /// Returns false only if no text of this contains the text of `part`. Requires that `part` is
     /// of one text.
     bool covers(const TextSignature& part) const noexcept {
@@ -46,6 +49,9 @@ public:
 
 private:
     friend class CachedSignature;
+
+    template <class Fold>
+    void addBytes(std::string_view bytes, Fold fold) noexcept;
 
     /// The characters from space to ']'. Few others occur, since folded ASCII has no small letters.
     static constexpr char firstCharacter = ' ';
@@ -77,6 +83,10 @@ public:
         for (std::size_t word = 0; word < 2; ++word)
             signature.m_pairs[word] = m_words[word + 1].load(std::memory_order_relaxed);
         return signature;
+    }
+
+    bool isKnown() const noexcept {
+        return (m_words[0].load(std::memory_order_relaxed) & knownBit) != 0;
     }
 
     /// Makes the next get() compute the signature again.

@@ -117,6 +117,8 @@ std::string FontItem::getFontArrayText(const Records<FontItem>& list) {
         }
         if (level.next > 0)
             text += ',';
+        if (level.next > 0 && level.fonts == &list)
+            PerchAppLibrary::reserveForList(text, level.next, list.size());
         const FontItem& font = *(*level.fonts)[level.next++];
         if (!isExactly(font)) { // A subclass may override Dict() and the accessors.
             text += PerchAppLibrary::toText(font.Dict());

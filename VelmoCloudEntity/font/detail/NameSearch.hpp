@@ -28,8 +28,9 @@ bool matches(const FontItem& font, Query query) {
 /// One walk over a tree of fonts for one or more queries.
 ///
 /// The signature decides most fonts. It lies beside the fields that every walk reads, whereas each
-/// name has a place of its own in memory. So the walk collects the undecided fonts in batches, and
-/// prefetches the names of a batch before it reads the first of them.
+/// name has a place of its own in memory. So the walk collects the undecided fonts, and those whose
+/// signature is not known yet, in batches, and prefetches the names of a batch before it reads the
+/// first of them.
 template <NameQuery... Queries>
 class NameSearch {
 public:
@@ -55,6 +56,7 @@ private:
     struct Candidate {
         std::shared_ptr<FontItem> leaf;
         Verdicts verdicts;
+        bool hasVerdicts; // false if the signature was not known
     };
 
     /// Returns the verdicts by the signature of the font. They are undecided if it has none.
@@ -70,12 +72,13 @@ private:
 
     /// Adds the leaf to the batch unless the signature rules it out for all queries.
     void add(const std::shared_ptr<FontItem>& leaf) {
-        const Verdicts verdicts = signatureVerdicts(*leaf);
+        const bool isKnown = leaf->nameSignature().isKnown() || !FontNames::hasSignature(*leaf);
+        const Verdicts verdicts = isKnown ? signatureVerdicts(*leaf) : Verdicts();
         if (isRejected(verdicts))
             return;
         if (isUndecided(verdicts))
             leaf->prefetchNames();
-        m_batch[m_batchSize++] = {leaf, verdicts};
+        m_batch[m_batchSize++] = {leaf, verdicts, isKnown};
         if (m_batchSize == m_batch.size())
             finishBatch();
     }
@@ -86,6 +89,9 @@ private:
         for (const Candidate& candidate : batch)
             if (isUndecided(candidate.verdicts))
                 candidate.leaf->prefetchTexts();
+        for (Candidate& candidate : batch)
+            if (!candidate.hasVerdicts)
+                candidate.verdicts = signatureVerdicts(*candidate.leaf);
         for (const Candidate& candidate : batch)
             collect(candidate, std::index_sequence_for<Queries...>());
         m_batchSize = 0;
