@@ -4,39 +4,58 @@
 
 namespace PerchAppLibrary::text {
 
-template <class Fold>
-void TextSignature::addBytes(std::string_view bytes, Fold fold) noexcept {
-    // In registers, since each bit would wait for the one before it in memory.
-    std::uint64_t characters = m_characters;
-    std::uint64_t low = m_pairs[0];
-    std::uint64_t high = m_pairs[1];
-    std::uint32_t pair = 0;
-    for (std::size_t at = 0; at < bytes.size(); ++at) {
-        const char byte = fold(bytes[at]);
-        if (byte >= firstCharacter && byte < endCharacter) [[likely]]
-            characters |= std::uint64_t{1} << static_cast<unsigned>(byte - firstCharacter);
-        pair = (pair << 8U | static_cast<std::uint8_t>(byte)) & 0xFFFFU;
-        if (at == 0)
-            continue;
-        constexpr std::uint32_t goldenRatio = 0x9E3779B9U;    // 2^32 / phi: spreads close values
-        const std::uint32_t hash = pair * goldenRatio >> 25U; // seven bits
-        const std::uint64_t bit = std::uint64_t{1} << (hash & 63U);
-        const std::uint64_t inHigh = -static_cast<std::uint64_t>(hash >> 6U);
-        low |= bit & ~inHigh;
-        high |= bit & inHigh;
+/// Adds bytes in registers, since each bit would wait for the one before it in memory.
+class TextSignature::Adder {
+public:
+    explicit Adder(TextSignature& signature) : m_signature(signature) {}
+    Adder(const Adder&) = delete;
+    Adder& operator=(const Adder&) = delete;
+    ~Adder() {
+        m_signature.m_characters |= m_characters;
+        m_signature.m_pairs[0] |= m_low;
+        m_signature.m_pairs[1] |= m_high;
     }
-    m_characters = characters;
-    m_pairs = {low, high};
-}
+
+    void add(char character) noexcept {
+        const auto byte = static_cast<std::uint8_t>(character);
+        constexpr std::uint32_t goldenRatio = 0x9E3779B9U; // 2^32 / phi: spreads close values
+        if (byte >= firstCharacter && byte < endCharacter) [[likely]]
+            m_characters |= std::uint64_t{1} << static_cast<unsigned>(byte - firstCharacter);
+        const std::uint32_t hash = (m_before | byte) * goldenRatio >> 25U; // seven bits
+        const std::uint64_t bit = m_one << (hash & 63U);
+        const std::uint64_t inHigh = -static_cast<std::uint64_t>(hash >> 6U);
+        m_low |= bit & ~inHigh;
+        m_high |= bit & inHigh;
+        m_before = std::uint32_t{byte} << 8U;
+        m_one = 1;
+    }
+
+private:
+    TextSignature& m_signature;
+    std::uint64_t m_characters = 0;
+    std::uint64_t m_low = 0;
+    std::uint64_t m_high = 0;
+    std::uint64_t m_one = 0; // zero for the first byte, which ends no pair
+    std::uint32_t m_before = 0;
+};
 
 void TextSignature::add(const ComparedText& folded) noexcept {
     if (!folded.isPlain())
         m_characters &= ~plainBit;
-    addBytes(folded.bytes(), [](char byte) { return byte; });
+    Adder adder(*this);
+    for (const char byte : folded.bytes())
+        adder.add(byte);
 }
 
 void TextSignature::addASCII(std::string_view text) noexcept {
-    addBytes(text, [](char byte) { return upperCasedASCII(byte); });
+    Adder adder(*this);
+    for (; text.size() >= wordSize; text.remove_prefix(wordSize)) {
+        const Word word = upperCasedASCII(loadWord(text.data()));
+        for (std::size_t index = 0; index < wordSize; ++index)
+            adder.add(byteOf(word, index));
+    }
+    for (const char byte : text)
+        adder.add(upperCasedASCII(byte));
 }
 
 void CachedSignature::store(const TextSignature& signature) const noexcept {

@@ -50,8 +50,7 @@ public:
 private:
     friend class CachedSignature;
 
-    template <class Fold>
-    void addBytes(std::string_view bytes, Fold fold) noexcept;
+    class Adder;
 
     /// The characters from space to ']'. Few others occur, since folded ASCII has no small letters.
     static constexpr char firstCharacter = ' ';

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <bit>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
@@ -19,6 +20,13 @@ inline Word loadWord(const char* bytes) noexcept {
     Word word;
     std::memcpy(&word, bytes, wordSize);
     return word;
+}
+
+/// Returns the byte that loadWord() loads from this offset.
+constexpr char byteOf(Word word, std::size_t offset) noexcept {
+    const std::size_t place =
+        std::endian::native == std::endian::little ? offset : wordSize - 1 - offset;
+    return static_cast<char>(word >> 8 * place);
 }
 
 inline void storeWord(char* bytes, Word word) noexcept { std::memcpy(bytes, &word, wordSize); }

@@ -9,7 +9,7 @@ namespace PerchAppLibrary {
 namespace {
 
 #ifndef PERCH_WINDOW_SIZE // tests have smaller windows
-#define PERCH_WINDOW_SIZE (1U << 18)
+#define PERCH_WINDOW_SIZE (1U << 19)
 #endif
 /// The usual size of a window, which stays in the cache.
 constexpr std::size_t windowSize = PERCH_WINDOW_SIZE;

@@ -126,7 +126,7 @@ private:
 
     [[noreturn]] static void fail() { throw Fault(); }
 
-    /// Behind the last token is a blank, which begins none.
+    /// Behind the last token of the text is a blank, which begins none.
     const char* at(Token token) const noexcept { return m_window.data() + *token; }
 
     bool isNext(Element element) const noexcept { return element == at(m_next); }
@@ -190,18 +190,8 @@ private:
 
     /// A number or word ends before a separator or white space.
     static bool isBehindScalar(char character) noexcept {
-        switch (character) {
-        case ',':
-        case '}':
-        case ']':
-        case ' ':
-        case '\n':
-        case '\r':
-        case '\t':
-            return true;
-        default:
-            return false;
-        }
+        return character == ',' || character == '}' || character == ']' || character == ' ' ||
+               character == '\n' || character == '\r' || character == '\t';
     }
 
     template <std::size_t Size>
