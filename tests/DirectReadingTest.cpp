@@ -109,7 +109,7 @@ TEST(DirectReading, AgreesOnEachValueInEachPlace) {
 TEST(DirectReading, AgreesAtEachDepth) {
     for (const std::string key : {"Children", "x", "Id"})
         for (const std::size_t depth :
-             {30, 31, 32, 33, 62, 63, 64, 65, 511, 512, 513, 1023, 1024}) {
+             {30U, 31U, 32U, 33U, 62U, 63U, 64U, 65U, 511U, 512U, 513U, 1023U, 1024U}) {
             std::string text = "[";
             for (std::size_t level = 1; level < depth; ++level)
                 text += "{\"IsGroup\":true,\"" + key + "\":[";

@@ -4,6 +4,7 @@
 
 #include <simdjson.h>
 
+#include <concepts>
 #include <cstddef>
 #include <cstdint>
 #include <optional>
@@ -49,6 +50,9 @@ concept ConvertsFromScalar =
 
 template <ConvertsFromScalar T>
 bool convertElement(simdjson::dom::element element, T& value) {
+    if constexpr (std::integral<T>) // the usual case, in line
+        if (element.get(value) == simdjson::SUCCESS)
+            return true;
     return convertScalar(scalarOf(element), value);
 }
 bool convertElement(simdjson::dom::element element, std::vector<std::int64_t>& value);

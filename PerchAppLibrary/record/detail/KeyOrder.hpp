@@ -24,7 +24,10 @@ public:
             m_after.fill(0);
             m_unguessed = 0;
         }
-        return m_unguessed == 0 || m_unguessed-- == 0;
+        if (m_unguessed == 0)
+            return true;
+        --m_unguessed;
+        return false;
     }
 
     /// Takes how many guesses of a record were wrong. If many were, the next records are not
