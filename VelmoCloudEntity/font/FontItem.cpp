@@ -107,6 +107,8 @@ std::string FontItem::getFontArrayText(const Records<FontItem>& list) {
     std::vector<Level> levels{{&list, 0}};
     while (true) {
         Level& level = levels.back();
+        if (level.fonts == &list && level.next > 0)
+            PerchAppLibrary::reserveForList(text, level.next, list.size());
         if (level.next == level.fonts->size()) {
             text += ']';
             levels.pop_back();
@@ -117,8 +119,6 @@ std::string FontItem::getFontArrayText(const Records<FontItem>& list) {
         }
         if (level.next > 0)
             text += ',';
-        if (level.next > 0 && level.fonts == &list)
-            PerchAppLibrary::reserveForList(text, level.next, list.size());
         const FontItem& font = *(*level.fonts)[level.next++];
         if (!isExactly(font)) { // A subclass may override Dict() and the accessors.
             text += PerchAppLibrary::toText(font.Dict());

@@ -4,9 +4,10 @@
 #include <PerchAppLibrary/record/detail/FillPass.hpp>
 #include <PerchAppLibrary/record/detail/KeyOrder.hpp>
 
-#include <array>
 #include <cstddef>
+#include <memory>
 #include <optional>
+#include <vector>
 
 namespace PerchAppLibrary {
 
@@ -75,7 +76,7 @@ private:
     using Arrays = typename Pass::Arrays;
 
     /// Runs the mapping and returns the arrays that are left to fill. Not inlined, so the large
-    /// frame of a pass is not on the stack while nested records are filled.
+    /// frame of a pass is not on the stack while these arrays are filled.
     [[gnu::noinline]] Arrays runPass(BaseEntity& record, std::optional<Element> element,
                                      const Excluded& excluded) {
         Pass pass(*this, record, 0);
@@ -85,11 +86,18 @@ private:
         return pass.arrays();
     }
 
-    /// Like runPass(), but for one of many objects. Keeps one order of keys for even depths and one
-    /// for odd, since groups and their members alternate.
+    /// Returns the order of keys in the objects at this depth. An array may be filled in the middle
+    /// of the pass over the object that has it, so no two depths share an order.
+    KeyOrder& orderAt(std::size_t depth) {
+        while (m_orders.size() <= depth)
+            m_orders.push_back(std::make_unique<KeyOrder>());
+        return *m_orders[depth];
+    }
+
+    /// Like runPass(), but for one of many objects.
     [[gnu::noinline]] Arrays runPass(BaseEntity& record, Element element, std::size_t depth) {
         Pass pass(*this, record, depth + 1);
-        pass.run(element, &m_orders[depth % m_orders.size()]);
+        pass.run(element, &orderAt(depth));
         return pass.arrays();
     }
 
@@ -130,7 +138,7 @@ private:
     };
 
     Source& m_source;
-    std::array<KeyOrder, 2> m_orders;
+    std::vector<std::unique_ptr<KeyOrder>> m_orders; // by depth
 };
 
 } // namespace PerchAppLibrary

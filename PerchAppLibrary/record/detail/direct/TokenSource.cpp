@@ -54,6 +54,8 @@ std::string_view windowOf(std::string_view text, std::size_t size) {
 
 TokenSource::TokenSource(std::string_view text) : m_text(text), m_window(text.substr(0, 0)) {
     const simdjson::implementation& reader = *simdjson::get_active_implementation();
+    if (text.size() > simdjson::SIMDJSON_MAXSIZE_BYTES)
+        fail();
     if (reader.name() == "fallback") // for old processors; its first stage does not check UTF-8
         fail();
     if (isError(reader.create_dom_parser_implementation(simdjson::SIMDJSON_PADDING, 1, m_stages)))
