@@ -1,6 +1,7 @@
 // Reading a list wrapper straight from a text gives what the document gives.
 #include "BothRoads.hpp"
 
+#include <VelmoCloudEntity/account/UserFontMap.hpp>
 #include <VelmoCloudEntity/catalogue/FontTagList.hpp>
 #include <VelmoCloudEntity/font/FontList.hpp>
 
@@ -119,6 +120,20 @@ TEST(DirectReading, AgreesAtEachDepth) {
             expectEqual<FontTagList>(text + "]");
             expectEqual(std::string(depth, '[') + std::string(depth, ']'));
         }
+}
+
+/// A class in which another nests two levels, so that records of both have even depths.
+struct MapList : RecordList<MapList, UserFontMap> {
+    using RecordList::RecordList;
+    static constexpr auto parsing = Parsing::direct;
+};
+
+TEST(DirectReading, KeepsTheOrdersOfKeysOfNestedClassesApart) {
+    const std::string fonts = R"(:[{"IsGroup":true,"Children":[{"TopCount":1,"Tags":[],"Id":2}]}])";
+    std::string text = "[";
+    for (const std::string key : {"FontList", "\u0046ontList", "F\u006fntLis\u0074", "x"})
+        text += R"({"UserGuid":"1",")" + key + '"' + fonts + R"(,"UserGuid":"2"},)";
+    expectEqual<MapList>(text + "{}]");
 }
 
 /// Counts the records of a client's class that were made.
