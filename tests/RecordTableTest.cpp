@@ -278,4 +278,12 @@ TEST(RecordList, IsARangeAndOutlivesATemporary) {
     EXPECT_EQ(std::tuple(list.size(), list.empty(), list[1]->Id()), std::tuple(2U, false, 2));
 }
 
+TEST(Export, WritesManyLargeDictionariesInLinearTime) {
+    const auto group = FontItem::create();
+    group->setIsGroup(true);
+    group->setChildren({8, FontItem::create()});
+    const Records<FontItem> groups(20'000, group);
+    EXPECT_EQ(toText(FontItem::getFontArray(groups)), FontItem::getFontArrayText(groups));
+}
+
 } // namespace

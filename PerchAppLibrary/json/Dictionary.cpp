@@ -87,11 +87,13 @@ void appendText(std::string& text, const Source& source) {
     char buffer[4096];
     boost::json::serializer serializer;
     serializer.reset(&source);
+    const std::size_t start = text.size(); // A factor of the whole text would take quadratic time.
     text.append(serializer.read(buffer));
     while (!serializer.done()) {
         const std::size_t begin = text.size();
-        text.resize(2 * begin);
-        text.resize(begin + serializer.read(&text[begin], begin).size());
+        const std::size_t size = begin - start;
+        text.resize(begin + size);
+        text.resize(begin + serializer.read(&text[begin], size).size());
     }
 }
 
