@@ -61,7 +61,13 @@ void checkSearch(const std::string& given, const std::string& key) {
     const bool isIn = contains(given, unicode(key));
     const std::string context = given + "\nkey: " + key;
     require(needle.isIn(searched) == isIn, context);
-    const text::TextSignature signature(searched.folded());
+    text::TextSignature signature(searched.folded());
+    if (searched.isASCII()) {
+        const text::TextSignature folded = signature;
+        signature = text::TextSignature();
+        signature.addASCII(given);
+        require(signature.covers(folded) && folded.covers(signature), context);
+    }
     require(needle.verdict(signature).value_or(isIn) == isIn, context);
     const auto place = needle.find(searched);
     require(place.has_value() == isIn, context);

@@ -1,5 +1,6 @@
 #include <PerchAppLibrary/text/Needle.hpp>
 #include <PerchAppLibrary/text/Text.hpp>
+#include <PerchAppLibrary/text/TextSignature.hpp>
 
 #include <gtest/gtest.h>
 
@@ -10,6 +11,7 @@ using text::Case;
 using text::ComparedText;
 using text::Needle;
 using text::SearchedText;
+using text::TextSignature;
 
 namespace {
 
@@ -73,6 +75,27 @@ TEST(Text, FindsAndDecomposesLongTextsInLinearTime) {
     EXPECT_FALSE(contains(accents, accents.substr(1, many))) << "it begins with a mark";
     EXPECT_TRUE(contains(accents, accents.substr(0, many / 2 * 3)));
     EXPECT_TRUE(Needle("b").partOf(accents + "b"));
+}
+
+TEST(Text, HasASignatureThatCoversItsPartsAndFewOthers) {
+    const std::string letters = "The quick Fox-jumps_over a LAZY dog"; // several words and a rest
+    int covered = 0, others = 0;
+    for (std::size_t size = 1; size <= letters.size(); ++size) {
+        const std::string whole = letters.substr(0, size);
+        const TextSignature folded{ComparedText(whole)};
+        TextSignature unfolded;
+        unfolded.addASCII(whole);
+        for (std::size_t begin = 0; begin < size; ++begin) {
+            const std::string part = whole.substr(begin);
+            const TextSignature ofPart{ComparedText(part)};
+            EXPECT_TRUE(folded.covers(ofPart) && unfolded.covers(ofPart)) << whole << '/' << part;
+            const TextSignature other{ComparedText(std::string(part.rbegin(), part.rend()))};
+            EXPECT_EQ(folded.covers(other), unfolded.covers(other)) << whole << '/' << part;
+            covered += part.size() > 1 && folded.covers(other) ? 1 : 0;
+            others += part.size() > 1 ? 1 : 0;
+        }
+    }
+    EXPECT_LT(covered * 20, others);
 }
 
 TEST(Text, CountsColumns) {

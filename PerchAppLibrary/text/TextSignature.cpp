@@ -4,58 +4,88 @@
 
 namespace PerchAppLibrary::text {
 
-/// Adds bytes in registers, since each bit would wait for the one before it in memory.
+namespace {
+
+/// For each byte of the word but the last, the hash of it and the byte behind it, in seven bits.
+constexpr Word pairHashes(Word word) noexcept {
+    const Word bytes = word & ~highBits;
+    const Word fourfold = (bytes & repeated(0x1F)) << 2U;
+    return (((bytes + fourfold) & ~highBits) + bytesBehind(bytes)) & ~highBits;
+}
+
+/// For each of the two words of the filter, the bit of each hash in it.
+constexpr auto pairBits = [] {
+    std::array<std::array<std::uint64_t, 128>, 2> bits{};
+    for (std::size_t hash = 0; hash < 128; ++hash)
+        bits[hash / 64][hash] = std::uint64_t{1} << hash % 64;
+    return bits;
+}();
+
+} // namespace
+
+/// Collects bits of its own, which the compiler keeps in registers. Looks them up, since shifts of
+/// two words take more instructions.
 class TextSignature::Adder {
 public:
-    explicit Adder(TextSignature& signature) : m_signature(signature) {}
-    Adder(const Adder&) = delete;
-    Adder& operator=(const Adder&) = delete;
-    ~Adder() {
-        m_signature.m_characters |= m_characters;
-        m_signature.m_pairs[0] |= m_low;
-        m_signature.m_pairs[1] |= m_high;
+    /// Adds the text. `fold` folds a word of it.
+    template <class Fold>
+    void add(std::string_view text, Fold&& fold) noexcept {
+        if (text.size() < wordSize) {
+            Word word = 0;
+            std::memcpy(&word, text.data(), text.size());
+            add(fold(word), text.size());
+            return;
+        }
+        // A pair is in one word, so each word begins with the last byte of the word before it.
+        const char* const last = text.data() + text.size() - wordSize;
+        for (const char* at = text.data(); at < last; at += wordSize - 1)
+            add(fold(loadWord(at)), wordSize);
+        add(fold(loadWord(last)), wordSize);
     }
 
-    void add(char character) noexcept {
-        const auto byte = static_cast<std::uint8_t>(character);
-        constexpr std::uint32_t goldenRatio = 0x9E3779B9U; // 2^32 / phi: spreads close values
-        if (byte >= firstCharacter && byte < endCharacter) [[likely]]
-            m_characters |= std::uint64_t{1} << static_cast<unsigned>(byte - firstCharacter);
-        const std::uint32_t hash = (m_before | byte) * goldenRatio >> 25U; // seven bits
-        const std::uint64_t bit = m_one << (hash & 63U);
-        const std::uint64_t inHigh = -static_cast<std::uint64_t>(hash >> 6U);
-        m_low |= bit & ~inHigh;
-        m_high |= bit & inHigh;
-        m_before = std::uint32_t{byte} << 8U;
-        m_one = 1;
+    void addTo(TextSignature& signature) const noexcept {
+        signature.m_characters |= m_characters;
+        for (std::size_t word = 0; word < 2; ++word)
+            signature.m_pairs[word] |= m_pairs[word];
     }
 
 private:
-    TextSignature& m_signature;
+    static constexpr auto characterBits = [] {
+        std::array<std::uint64_t, 256> bits{};
+        for (char character = firstCharacter; character < endCharacter; ++character)
+            bits[static_cast<std::uint8_t>(character)] = std::uint64_t{1}
+                                                         << (character - firstCharacter);
+        return bits;
+    }();
+
+    /// Adds the first bytes of the word.
+    void add(Word word, std::size_t size) noexcept {
+        const Word hashes = pairHashes(word);
+        for (std::size_t index = 0; index < size; ++index)
+            m_characters |= characterBits[static_cast<std::uint8_t>(byteOf(word, index))];
+        for (std::size_t index = 0; index + 1 < size; ++index) {
+            const auto hash = static_cast<std::uint8_t>(byteOf(hashes, index));
+            m_pairs[0] |= pairBits[0][hash];
+            m_pairs[1] |= pairBits[1][hash];
+        }
+    }
+
     std::uint64_t m_characters = 0;
-    std::uint64_t m_low = 0;
-    std::uint64_t m_high = 0;
-    std::uint64_t m_one = 0; // zero for the first byte, which ends no pair
-    std::uint32_t m_before = 0;
+    std::array<std::uint64_t, 2> m_pairs{};
 };
 
 void TextSignature::add(const ComparedText& folded) noexcept {
     if (!folded.isPlain())
         m_characters &= ~plainBit;
-    Adder adder(*this);
-    for (const char byte : folded.bytes())
-        adder.add(byte);
+    Adder adder;
+    adder.add(folded.bytes(), [](Word word) { return word; });
+    adder.addTo(*this);
 }
 
 void TextSignature::addASCII(std::string_view text) noexcept {
-    Adder adder(*this);
-    for (; text.size() >= wordSize; text.remove_prefix(wordSize)) {
-        const Word word = upperCasedASCII(loadWord(text.data()));
-        for (std::size_t index = 0; index < wordSize; ++index)
-            adder.add(byteOf(word, index));
-    }
-    for (const char byte : text)
-        adder.add(upperCasedASCII(byte));
+    Adder adder;
+    adder.add(text, [](Word word) { return upperCasedASCII(word); });
+    adder.addTo(*this);
 }
 
 void CachedSignature::store(const TextSignature& signature) const noexcept {

@@ -266,8 +266,10 @@ class FontItem : public PerchAppLibrary::BaseEntity {
     /// Prefetches the characters of the stored names. Reads the strings.
     void prefetchTexts() const noexcept {
         for (const std::string* const name :
-             {&m_ProductName, &m_ProductSetName, &m_ProductFileName})
+             {&m_ProductName, &m_ProductSetName, &m_ProductFileName}) {
             PerchAppLibrary::prefetch(name->data());
+            PerchAppLibrary::prefetch(name->data() + name->size());
+        }
     }
 
     /// Labels of getRemoteFileUrl(). The functions that take labels call the virtual functions

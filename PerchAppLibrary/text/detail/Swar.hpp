@@ -29,6 +29,12 @@ constexpr char byteOf(Word word, std::size_t offset) noexcept {
     return static_cast<char>(word >> 8 * place);
 }
 
+/// Returns the word with each byte replaced by the one that loadWord() loads behind it. The last
+/// byte becomes zero.
+constexpr Word bytesBehind(Word word) noexcept {
+    return std::endian::native == std::endian::little ? word >> 8U : word << 8U;
+}
+
 inline void storeWord(char* bytes, Word word) noexcept { std::memcpy(bytes, &word, wordSize); }
 
 /// Calls `visit(offset, word)` for words that cover the text. The last word may overlap the one
