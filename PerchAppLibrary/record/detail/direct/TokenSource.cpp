@@ -27,11 +27,12 @@ std::uint8_t* parseString(const Stages& stages, const std::uint8_t* from, std::u
         return stages.parse_string(from, to);
 }
 
-/// Throws std::bad_alloc if memory ran out.
-bool isError(simdjson::error_code error) {
+/// Throws std::bad_alloc if memory ran out, and Fault at another error.
+void check(simdjson::error_code error) {
     if (error == simdjson::MEMALLOC)
         throw std::bad_alloc();
-    return error != simdjson::SUCCESS;
+    if (error != simdjson::SUCCESS)
+        throw TokenSource::Fault();
 }
 
 /// Returns the part of the text up to a comma behind which another string or object begins, so that
@@ -54,12 +55,10 @@ std::string_view windowOf(std::string_view text, std::size_t size) {
 
 TokenSource::TokenSource(std::string_view text) : m_text(text), m_window(text.substr(0, 0)) {
     const simdjson::implementation& reader = *simdjson::get_active_implementation();
-    if (text.size() > simdjson::SIMDJSON_MAXSIZE_BYTES)
+    // The fallback is for old processors. Its first stage does not check UTF-8.
+    if (text.size() > simdjson::SIMDJSON_MAXSIZE_BYTES || reader.name() == "fallback")
         fail();
-    if (reader.name() == "fallback") // for old processors; its first stage does not check UTF-8
-        fail();
-    if (isError(reader.create_dom_parser_implementation(simdjson::SIMDJSON_PADDING, 1, m_stages)))
-        fail();
+    check(reader.create_dom_parser_implementation(simdjson::SIMDJSON_PADDING, 1, m_stages));
     findTokens();
 }
 
@@ -76,7 +75,7 @@ void TokenSource::findTokens() {
     for (std::size_t size = windowSize;; size *= 2) {
         m_window = windowOf(left, size);
         const simdjson::error_code error =
-            m_window.empty() ? simdjson::UNCLOSED_STRING : runFirstStage();
+            m_window.empty() ? simdjson::UNCLOSED_STRING : runFirstStage(size);
         if (!error)
             break;
         if (error != simdjson::UNCLOSED_STRING || m_window.size() == left.size())
@@ -87,10 +86,13 @@ void TokenSource::findTokens() {
     findBackslash(begin);
 }
 
-simdjson::error_code TokenSource::runFirstStage() {
-    const std::size_t capacity = std::max(m_window.size(), simdjson::SIMDJSON_PADDING);
-    if (m_stages->capacity() < capacity && isError(m_stages->set_capacity(capacity)))
-        fail();
+simdjson::error_code TokenSource::runFirstStage(std::size_t windowLimit) {
+    // Room for the largest window at once: a buffer of tokens that is freed between records leaves
+    // a hole there, and glibc then takes twice as long to destroy the records.
+    const std::size_t capacity =
+        std::max(std::min(windowLimit, m_text.size()), simdjson::SIMDJSON_PADDING);
+    if (m_stages->capacity() < capacity)
+        check(m_stages->set_capacity(capacity));
     return m_stages->stage1(bytesOf(m_window.data()), m_window.size(),
                             simdjson::stage1_mode::regular);
 }
@@ -188,11 +190,10 @@ simdjson::dom::element TokenSource::parse(Element element) {
     skip(); // finds the end
     constexpr int depth = static_cast<int>(JSON::maximumDepth) - maximumDepth;
     simdjson::dom::element parsed;
-    if (m_parser.max_depth() != depth && m_parser.allocate(simdjson::SIMDJSON_PADDING, depth))
-        fail();
+    if (m_parser.max_depth() != depth)
+        check(m_parser.allocate(simdjson::SIMDJSON_PADDING, depth));
     const auto size = static_cast<std::size_t>(at(m_next) - element);
-    if (m_parser.parse(element, size, false).get(parsed))
-        fail();
+    check(m_parser.parse(element, size, false).get(parsed));
     return parsed;
 }
 

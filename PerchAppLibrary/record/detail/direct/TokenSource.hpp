@@ -212,7 +212,7 @@ private:
 
     /// Moves the window behind itself, and finds its tokens.
     void findTokens();
-    simdjson::error_code runFirstStage();
+    simdjson::error_code runFirstStage(std::size_t windowLimit);
 
     /// Skips the next value.
     void skip();
