@@ -3,6 +3,7 @@
 #include "Document.hpp"
 
 #include <tests/BothRoads.hpp>
+#include <tests/Sample.hpp>
 
 #include <VelmoCloudEntity/account/PhoneNumberPrefixList.hpp>
 #include <VelmoCloudEntity/catalogue/FontCollectionList.hpp>
@@ -37,7 +38,8 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
                                 check<FontCollectionList, FontCollectionItem>,
                                 check<FontSearchList, FontSearchItem>,
                                 check<PhoneNumberPrefixList, PhoneNumberPrefixItem>,
-                                check<UrlList, UrlItem>};
+                                check<UrlList, UrlItem>,
+                                check<SampleList, Sample>};
     input.pick(checks)(input);
     return 0;
 }

@@ -11,6 +11,7 @@
 #include <VelmoCloudEntity/font/FontItem.hpp>
 
 #include <PerchAppLibrary/json/Dictionary.hpp>
+#include <PerchAppLibrary/record/RecordSchema.hpp>
 
 using namespace PerchAppLibrary;
 using namespace VelmoCloudEntity;

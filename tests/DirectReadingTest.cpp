@@ -1,14 +1,18 @@
 // Reading a list wrapper straight from a text gives what the document gives.
 #include "BothRoads.hpp"
+#include "Sample.hpp"
 
 #include <VelmoCloudEntity/account/UserFontMap.hpp>
 #include <VelmoCloudEntity/catalogue/FontTagList.hpp>
 #include <VelmoCloudEntity/font/FontList.hpp>
 
+#include <PerchAppLibrary/record/RecordSchema.hpp>
+
 #include <gtest/gtest.h>
 
-#include <array>
-#include <string_view>
+#include <sstream>
+#include <string>
+#include <vector>
 
 using namespace VelmoCloudEntity;
 using PerchAppLibrary::JSON;
@@ -39,61 +43,23 @@ TEST(DirectReading, AgreesOnEachTruncationAndEachFlippedBit) {
     }
 }
 
+/// Returns values, sound and broken ones.
+std::vector<std::string> manyValues() {
+    std::istringstream text(
+        "null|true|false|truex|tru|nul|"
+        "0|-0|-|00|-01|1.|.5|1.5|1e3|1e|1e+|-1E-2|1e999|-1e-999|+1|0x1|1 2|"
+        "123456789012345678|1234567890123456789|9223372036854775807|9223372036854775808|"
+        "-9223372036854775808|18446744073709551616|1\"x\"|"
+        "\"x\"1|\"\"|\"12\"|\"1.0\"|\"TRUE\"|\"\\u0000\\n\\\"\"|\"\\x\"|\"\\u12\"|\"\\ud800\"|"
+        "\"\\udc00\\ud800\"|\"\xC0\"|\"\x01\"|\"|"
+        "[]|[1,2]|[1,]|[,1]|[1|[1,\"2\",3.0]|[[1]]|{}|{\"a\":1}|{\"a\":1,}|{1:2}");
+    std::vector<std::string> values;
+    for (std::string value; std::getline(text, value, '|');)
+        values.push_back(value);
+    return values;
+}
+
 TEST(DirectReading, AgreesOnEachValueInEachPlace) {
-    constexpr std::array<std::string_view, 54> values{"null",
-                                                      "true",
-                                                      "false",
-                                                      "truex",
-                                                      "tru",
-                                                      "nul",
-                                                      "0",
-                                                      "-0",
-                                                      "-",
-                                                      "00",
-                                                      "-01",
-                                                      "1.",
-                                                      ".5",
-                                                      "1.5",
-                                                      "1e3",
-                                                      "1e",
-                                                      "1e+",
-                                                      "-1E-2",
-                                                      "1e999",
-                                                      "-1e-999",
-                                                      "123456789012345678",
-                                                      "1234567890123456789",
-                                                      "9223372036854775807",
-                                                      "9223372036854775808",
-                                                      "-9223372036854775808",
-                                                      "18446744073709551616",
-                                                      "+1",
-                                                      "0x1",
-                                                      "1 2",
-                                                      "1\"x\"",
-                                                      "\"x\"1",
-                                                      "\"\"",
-                                                      "\"12\"",
-                                                      "\"1.0\"",
-                                                      "\"TRUE\"",
-                                                      R"("\u0000\n\"")",
-                                                      R"("\x")",
-                                                      R"("\u12")",
-                                                      R"("\ud800")",
-                                                      R"("\udc00\ud800")",
-                                                      "\"\xC0\"",
-                                                      "\"\x01\"",
-                                                      "\"",
-                                                      "[]",
-                                                      "[1,2]",
-                                                      "[1,]",
-                                                      "[,1]",
-                                                      "[1",
-                                                      "[1,\"2\",3.0]",
-                                                      "[[1]]",
-                                                      "{}",
-                                                      R"({"a":1})",
-                                                      R"({"a":1,})",
-                                                      "{1:2}"};
     for (const std::string place :
          {"$", "[$]", "[$,{}]", R"([{"Id":1},$])", R"([{"$":1}])", R"([{"Id":$}])",
           R"([{"Id":5,"Id":$}])", R"([{"IsFree":$}])", R"([{"isActivated":$}])",
@@ -101,9 +67,20 @@ TEST(DirectReading, AgreesOnEachValueInEachPlace) {
           R"([{"Tags":[1],"Tags":$}])", R"([{"Children":$}])",
           R"([{"Children":[{}],"Children":$,"Id":1}])", R"([{"x":$}])", R"([{"x":[{"y":$}]}])",
           R"([{"Id":1 $}])"})
-        for (const std::string_view value : values) {
+        for (const std::string& value : manyValues()) {
             std::string text = place;
             expectEqual(text.replace(place.find('$'), 1, value));
+        }
+}
+
+TEST(DirectReading, AgreesOnEachValueOfEachKindOfProperty) {
+    for (const auto& property : Sample().schema().properties())
+        for (const std::string& value : manyValues()) {
+            const std::string member = "\"" + std::string(property.name) + "\":";
+            const std::string last = member + value;
+            expectEqual<SampleList>("[{" + last + ",\"Int\":1}]");
+            expectEqual<SampleList>("[{" + member + "true," + last + "},{" + last + "," + member +
+                                    "[{\"a\":[1]}]}]");
         }
 }
 
@@ -134,6 +111,35 @@ TEST(DirectReading, KeepsTheOrdersOfKeysOfNestedClassesApart) {
     for (const std::string key : {"FontList", "\u0046ontList", "F\u006fntLis\u0074", "x"})
         text += R"({"UserGuid":"1",")" + key + '"' + fonts + R"(,"UserGuid":"2"},)";
     expectEqual<MapList>(text + "{}]");
+}
+
+/// A class that decides how it is filled.
+class Doubled : public PerchAppLibrary::BaseEntity {
+    PERCH_RECORD(Doubled, BaseEntity);
+    PERCH_PROPERTY(std::int64_t, Number);
+    PERCH_RECORD_END;
+
+public:
+    void setValue(const JSON& json) override {
+        setNumber(2 * json["Number"].as<std::int64_t>().value_or(0));
+    }
+};
+class Pair : public PerchAppLibrary::BaseEntity {
+    PERCH_RECORD(Pair, BaseEntity);
+    PERCH_PROPERTY(Records<Doubled>, Members);
+    PERCH_RECORD_END;
+};
+PERCH_RECORD_SCHEMA(Doubled);
+PERCH_RECORD_SCHEMA(Pair);
+struct PairList : RecordList<PairList, Pair> {
+    using RecordList::RecordList;
+    static constexpr auto parsing = Parsing::direct;
+};
+
+TEST(DirectReading, GivesADocumentToAClassThatDecidesHowItIsFilled) {
+    const std::string text = R"([{"Members":[{"Number":1},{"Number":2}]}])";
+    expectEqual<PairList>(text);
+    EXPECT_EQ(PairList::parse(text)[0]->Members()[1]->Number(), 4);
 }
 
 /// Counts the records of a client's class that were made.

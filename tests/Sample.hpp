@@ -2,8 +2,8 @@
 
 #include <PerchAppLibrary/BaseEntity.hpp>
 #include <PerchAppLibrary/json/JSON.hpp>
-#include <PerchAppLibrary/record/RecordSchema.hpp>
 
+#include <VelmoCloudEntity/entity/RecordList.hpp>
 #include <VelmoCloudEntity/entity/Records.hpp>
 
 /// Properties of each type, with defaults that no document has.
@@ -24,4 +24,8 @@ class Sample : public PerchAppLibrary::BaseEntity {
 
     PERCH_RECORD_END;
 };
-PERCH_RECORD_SCHEMA(Sample);
+
+struct SampleList : VelmoCloudEntity::RecordList<SampleList, Sample> {
+    using RecordList::RecordList;
+    static constexpr auto parsing = VelmoCloudEntity::Parsing::direct;
+};

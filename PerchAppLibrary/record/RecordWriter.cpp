@@ -103,10 +103,7 @@ void reserveForList(std::string& text, std::size_t written, std::size_t count) {
         return;
     const std::size_t perRecord = text.size() / written + 1;
     const std::size_t whole = perRecord * count + perRecord * count / 32;
-    const std::size_t reserved = std::min(whole, text.size() * most);
-    if (reserved <= text.capacity())
-        return;
-    text.reserve(reserved);
+    text.reserve(std::min(whole, text.size() * most));
     memory::preferLargePages(text.data(), text.capacity());
 }
 

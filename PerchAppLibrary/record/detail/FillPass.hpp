@@ -54,7 +54,10 @@ public:
     FillPass(const FillPass&) = delete;
     FillPass& operator=(const FillPass&) = delete;
 
-    void exclude(const Excluded& excluded) {
+    /// Not for a source that reads in order, since fillRecords() fills excluded arrays as well.
+    void exclude(const Excluded& excluded)
+        requires(!Source::readsInOrder)
+    {
         for (const std::string& key : excluded.keys())
             if (const std::size_t index = m_schema.find(key); index != RecordSchema::notFound) {
                 m_states[index] = FillState::excluded;
@@ -63,7 +66,10 @@ public:
             }
     }
 
-    void excludeArrays() {
+    /// Like exclude().
+    void excludeArrays()
+        requires(!Source::readsInOrder)
+    {
         for (const std::size_t index : m_plan.arrays())
             m_states[index] = FillState::excluded;
     }
@@ -196,8 +202,6 @@ private:
 
     static void fillRecords(FillPass& pass, const FillAction& action, std::size_t index,
                             Element element) {
-        if (pass.m_states[index] == FillState::excluded)
-            return;
         pass.m_states[index] = FillState::filled;
         pass.m_filler.fillArray(*static_cast<const RecordsAccess*>(action.access), pass.m_record,
                                 element, pass.m_arrayDepth, pass.m_isOverridden);

@@ -1,0 +1,5 @@
+#include "Sample.hpp"
+
+#include <PerchAppLibrary/record/RecordSchema.hpp>
+
+PERCH_RECORD_SCHEMA(Sample);
