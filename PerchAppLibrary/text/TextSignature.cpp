@@ -3,7 +3,6 @@
 #include <PerchAppLibrary/text/detail/Swar.hpp>
 
 namespace PerchAppLibrary::text {
-
 namespace {
 
 /// For each byte of the word but the last, the hash of it and the byte behind it, in seven bits.
@@ -14,7 +13,7 @@ constexpr Word pairHashes(Word word) noexcept {
 }
 
 /// For each of the two words of the filter, the bit of each hash in it.
-constexpr auto pairBits = [] {
+constexpr auto bitOfPair = [] {
     std::array<std::array<std::uint64_t, 128>, 2> bits{};
     for (std::size_t hash = 0; hash < 128; ++hash)
         bits[hash / 64][hash] = std::uint64_t{1} << hash % 64;
@@ -30,6 +29,8 @@ public:
     /// Adds the text. `fold` folds a word of it.
     template <class Fold>
     void add(std::string_view text, Fold&& fold) noexcept {
+        if (text.empty())
+            return;
         if (text.size() < wordSize) {
             Word word = 0;
             std::memcpy(&word, text.data(), text.size());
@@ -50,7 +51,7 @@ public:
     }
 
 private:
-    static constexpr auto characterBits = [] {
+    static constexpr auto bitOfCharacter = [] {
         std::array<std::uint64_t, 256> bits{};
         for (char character = firstCharacter; character < endCharacter; ++character)
             bits[static_cast<std::uint8_t>(character)] = std::uint64_t{1}
@@ -62,11 +63,11 @@ private:
     void add(Word word, std::size_t size) noexcept {
         const Word hashes = pairHashes(word);
         for (std::size_t index = 0; index < size; ++index)
-            m_characters |= characterBits[static_cast<std::uint8_t>(byteOf(word, index))];
+            m_characters |= bitOfCharacter[static_cast<std::uint8_t>(byteOf(word, index))];
         for (std::size_t index = 0; index + 1 < size; ++index) {
             const auto hash = static_cast<std::uint8_t>(byteOf(hashes, index));
-            m_pairs[0] |= pairBits[0][hash];
-            m_pairs[1] |= pairBits[1][hash];
+            m_pairs[0] |= bitOfPair[0][hash];
+            m_pairs[1] |= bitOfPair[1][hash];
         }
     }
 
