@@ -108,7 +108,7 @@ struct MapList : RecordList<MapList, UserFontMap> {
 TEST(DirectReading, KeepsTheOrdersOfKeysOfNestedClassesApart) {
     const std::string fonts = R"(:[{"IsGroup":true,"Children":[{"TopCount":1,"Tags":[],"Id":2}]}])";
     std::string text = "[";
-    for (const std::string key : {"FontList", "\u0046ontList", "F\u006fntLis\u0074", "x"})
+    for (const std::string key : {"FontList", R"(\u0046ontList)", R"(F\u006fntLis\u0074)", "x"})
         text += R"({"UserGuid":"1",")" + key + '"' + fonts + R"(,"UserGuid":"2"},)";
     expectEqual<MapList>(text + "{}]");
 }
