@@ -96,10 +96,12 @@ Dictionary RecordWriter::dictionary(const BaseEntity& record, const Storage& sto
 
 void reserveForList(std::string& text, std::size_t written, std::size_t count) {
     constexpr std::size_t most = 9;
-    if (written == count && text.capacity() / 2 > text.size())
-        text.shrink_to_fit();
-    if (written == count ||
-        (written != std::max<std::size_t>(count / 64, 1) && written != count / 8))
+    if (written == count) {
+        if (text.capacity() / 2 > text.size())
+            text.shrink_to_fit();
+        return;
+    }
+    if (written != std::max<std::size_t>(count / 64, 1) && written != count / 8)
         return;
     const std::size_t perRecord = text.size() / written + 1;
     const std::size_t whole = perRecord * count + perRecord * count / 32;
