@@ -35,7 +35,7 @@ BaseEntity::~BaseEntity() = default;
 const RecordSchema& BaseEntity::schema() const {
     static const NoDestructor<RecordSchema> schema("BaseEntity", typeid(BaseEntity), nullptr,
                                                    PropertyCollector<BaseEntity>::collect(),
-                                                   Overrides{});
+                                                   Overrides{}, perchEffect);
     return *schema;
 }
 

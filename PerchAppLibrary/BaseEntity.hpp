@@ -176,7 +176,7 @@ protected:
     }
 
     /// The defaults for a class without PERCH_ON_CHANGE.
-    static consteval EffectOfChange perchEffectOf(std::string_view /*name*/) { return nullptr; }
+    static constexpr EffectOfChange perchEffect = nullptr;
     static void perchChanged(std::string_view /*name*/) noexcept {}
 
     /// Returns all stored properties but the excluded ones. The `Dict` of a class starts from this.

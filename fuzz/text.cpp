@@ -7,7 +7,6 @@
 #include <PerchAppLibrary/text/Needle.hpp>
 #include <PerchAppLibrary/text/NeedleSet.hpp>
 #include <PerchAppLibrary/text/Text.hpp>
-#include <PerchAppLibrary/text/detail/ByteMatches.hpp>
 
 #include <unicode/locid.h>
 
@@ -96,18 +95,6 @@ void checkSet(Input& input, Texts& texts, const std::string& given) {
     require(set.anyIn(searched) == isIn, given + "\nkeys: " + keys);
 }
 
-/// Tests the search for two bytes, in blocks and byte by byte.
-void checkBytes(Input& input, const std::string& given) {
-    const std::string_view bytes = std::string_view(given).substr(0, text::ByteMatches::most);
-    if (bytes.empty())
-        return;
-    const text::SoughtByte first(input.pick(given), input.oneIn(2));
-    const text::SoughtByte last(input.pick(given), input.oneIn(2));
-    const text::ByteMatches found = text::matchesOf(bytes, first, last);
-    const text::ByteMatches expected = text::matchesByByte(bytes, first, last);
-    require(found.first == expected.first && found.last == expected.last, given);
-}
-
 } // namespace
 
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
@@ -124,7 +111,6 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
         checkParts(input, given);
         checkSearch(given, texts.respelled(input.oneIn(4) ? texts.fresh() : texts.part(given)));
         checkSet(input, texts, given);
-        checkBytes(input, given);
     } while (!input.isAtEnd());
     return 0;
 }

@@ -7,7 +7,6 @@
 #include <PerchAppLibrary/json/detail/JSONFallback.hpp>
 #include <PerchAppLibrary/json/detail/JSONLimits.hpp>
 #include <PerchAppLibrary/json/detail/JSONText.hpp>
-#include <PerchAppLibrary/json/detail/Stages.hpp>
 #include <PerchAppLibrary/platform/detail/Memory.hpp>
 
 #include <algorithm>
@@ -21,46 +20,13 @@ namespace {
 
 namespace dom = simdjson::dom;
 
-/// Returns an uninitialised array for the parser to write from front to back. Asks for large pages,
-/// since page faults would take as long as the parsing.
-template <class Element>
-std::unique_ptr<Element[]> makeBuffer(std::size_t size) {
-    std::unique_ptr<Element[]> buffer(new Element[size]);
-    memory::preferLargePages(buffer.get(), size * sizeof(Element));
-    return buffer;
-}
-
-/// Allocates the buffers that the parser's second stage writes, by the results of the first. The
-/// parser itself would allocate eight bytes for each byte of text, several times the need.
-void allocate(dom::document& document, std::size_t length, std::size_t structuralCount) {
-    // Each structural character (a bracket, a colon, a comma or the begin of a scalar) adds at most
-    // one word to the tape, except the begin of a number, which adds two. The comma behind a
-    // number, or behind the arrays that end with it, adds none. Only the last number may lack a
-    // comma, so it needs one more word. The root adds two words.
-    document.tape = makeBuffer<std::uint64_t>(structuralCount + 3);
-    // An empty string takes three bytes of text, `"",`, and five of the buffer, a length and a
-    // zero. The parser copies strings in whole blocks, so the buffer has padding.
-    document.string_buf =
-        makeBuffer<std::uint8_t>(length / 3 * 5 + 5 + 2 * simdjson::SIMDJSON_PADDING);
-}
-
-/// Runs the parser's two stages through its internal interface, with allocate() between them.
-simdjson::error_code parseInStages(dom::parser& parser, std::string_view text,
-                                   dom::document& document) {
-    simdjson::internal::dom_parser_implementation& stages = *parser.implementation;
-    memory::preferLargePages(stages.structural_indexes.get(), text.size() * sizeof(std::uint32_t));
-    const auto* const bytes = reinterpret_cast<const std::uint8_t*>(text.data());
-    if (const auto error = stages.stage1(bytes, text.size(), simdjson::stage1_mode::regular))
-        return error;
-    allocate(document, text.size(), stages.n_structural_indexes);
-    return stages.stage2(document);
-}
-
-simdjson::error_code parsePlainly(dom::parser& parser, std::string_view text,
-                                  dom::document& document) {
-    if (text.starts_with("\xEF\xBB\xBF")) // The parser would skip a byte order mark.
-        return simdjson::TAPE_ERROR;
-    return parser.parse_into_document(document, text.data(), text.size(), false).error();
+/// Allocates the buffers that the parser writes, with large pages, since page faults would take as
+/// long as the parsing.
+simdjson::error_code allocate(dom::document& document, std::size_t size) {
+    const simdjson::error_code error = document.allocate(size);
+    memory::preferLargePages(document.tape.get(), size * sizeof(std::uint64_t));
+    memory::preferLargePages(document.string_buf.get(), size);
+    return error;
 }
 
 /// Parses a text. Returns nullopt and sets `error` if the parser rejects it. Throws std::bad_alloc
@@ -68,10 +34,14 @@ simdjson::error_code parsePlainly(dom::parser& parser, std::string_view text,
 std::optional<JSON> read(std::string_view text, std::size_t depth, simdjson::error_code& error) {
     dom::parser parser;
     const auto document = std::make_shared<dom::document>();
-    error = parser.allocate(std::max(text.size(), simdjson::SIMDJSON_PADDING), depth);
+    const std::size_t size = std::max(text.size(), simdjson::SIMDJSON_PADDING);
+    error = parser.allocate(size, depth);
     if (!error)
-        error = areStagesTested ? parseInStages(parser, text, *document)
-                                : parsePlainly(parser, text, *document);
+        error = allocate(*document, size);
+    if (!error && text.starts_with("\xEF\xBB\xBF")) // The parser would skip a byte order mark.
+        error = simdjson::TAPE_ERROR;
+    if (!error)
+        error = parser.parse_into_document(*document, text.data(), text.size(), false).error();
     if (error == simdjson::MEMALLOC)
         throw std::bad_alloc();
     if (error)

@@ -21,11 +21,11 @@ class BaseEntity;
 template <int Line>
 struct At {};
 
-/// Called after a change of a property.
+/// Called after a change of properties.
 using EffectOfChange = void (*)(BaseEntity& record);
 
-/// A stored property: its name, its virtual accessors, its field if the value is in one, and the
-/// effect of a change, or null. The setter of a constant is null.
+/// A stored property: its name, its virtual accessors, and its field if the value is in one. The
+/// setter of a constant is null.
 template <class Record, class T, Place itsPlace>
 struct StoredProperty {
     static constexpr Place place = itsPlace;
@@ -33,7 +33,6 @@ struct StoredProperty {
     ReadType<T> (Record::*get)() const;
     void (Record::*set)(T);
     T Record::* field;
-    EffectOfChange effect;
 };
 
 /// A property that its getter computes.

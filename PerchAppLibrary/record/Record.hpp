@@ -125,8 +125,7 @@ public:                                                                         
     onePropertyPerLine(PerchAppLibrary::At<__LINE__>) {                                            \
         PERCH_ASSERT_IN_LIST(Name)                                                                 \
         return {#Name, &Self::Name, &Self::Setter,                                                 \
-                PerchAppLibrary::fieldPointer<PerchAppLibrary::ValueOf<Type>>(&Self::m_##Name),    \
-                Self::perchEffectOf(#Name)};                                                       \
+                PerchAppLibrary::fieldPointer<PerchAppLibrary::ValueOf<Type>>(&Self::m_##Name)};   \
     }                                                                                              \
     PERCH_CHECKED_IN_SCHEMA(PerchAppLibrary::ValueOf<Type>, Name, Setter)                          \
     static_assert(true)
@@ -145,7 +144,7 @@ public:                                                                         
     static consteval PerchAppLibrary::StoredProperty<Self, Type, PerchAppLibrary::Place::none> \
     onePropertyPerLine(PerchAppLibrary::At<__LINE__>) {                                        \
         PERCH_ASSERT_IN_LIST(Name)                                                             \
-        return {#Name, &Self::Name, nullptr, nullptr, nullptr};                                \
+        return {#Name, &Self::Name, nullptr, nullptr};                                         \
     }                                                                                          \
     static_assert(true)
 
@@ -163,26 +162,21 @@ public:                                                                         
 /// Calls `Effect()`, a noexcept member function, after any change of these properties of the class,
 /// to drop a cached value. One call may follow several changes, or none, but the last call comes
 /// after the last change. Goes below the properties, once in a class.
-#define PERCH_ON_CHANGE(Effect, ...)                                                        \
-protected:                                                                                  \
-    PERCH_FOR_EACH_NAME(PERCH_ASSERT_OWN, __VA_ARGS__)                                      \
-    static constexpr bool perchHasEffect(std::string_view name) {                           \
-        return false PERCH_FOR_EACH_NAME(PERCH_OR_IS, __VA_ARGS__);                         \
-    }                                                                                       \
-    static void perchCallEffect(PerchAppLibrary::BaseEntity& record) {                      \
-        static_assert(noexcept(static_cast<Self&>(record).Effect()),                        \
-                      #Effect " of PERCH_ON_CHANGE must be noexcept");                      \
-        static_cast<Self&>(record).Effect();                                                \
-    }                                                                                       \
-    static consteval PerchAppLibrary::EffectOfChange perchEffectOf(std::string_view name) { \
-        return perchHasEffect(name) ? &Self::perchCallEffect : nullptr;                     \
-    }                                                                                       \
-    void perchChanged(std::string_view name) {                                              \
-        if (perchHasEffect(name))                                                           \
-            this->Effect();                                                                 \
-    }                                                                                       \
-                                                                                            \
-public:                                                                                     \
+#define PERCH_ON_CHANGE(Effect, ...)                                                       \
+protected:                                                                                 \
+    PERCH_FOR_EACH_NAME(PERCH_ASSERT_OWN, __VA_ARGS__)                                     \
+    static void perchCallEffect(PerchAppLibrary::BaseEntity& record) {                     \
+        static_assert(noexcept(static_cast<Self&>(record).Effect()),                       \
+                      #Effect " of PERCH_ON_CHANGE must be noexcept");                     \
+        static_cast<Self&>(record).Effect();                                               \
+    }                                                                                      \
+    static constexpr PerchAppLibrary::EffectOfChange perchEffect = &Self::perchCallEffect; \
+    void perchChanged(std::string_view name) {                                             \
+        if (false PERCH_FOR_EACH_NAME(PERCH_OR_IS, __VA_ARGS__))                           \
+            this->Effect();                                                                \
+    }                                                                                      \
+                                                                                           \
+public:                                                                                    \
     static_assert(true)
 
 /// Declares a `create` with labels: PERCH_LABELS(PersonLabels, (name, Name), (age, Age)) gives

@@ -32,16 +32,27 @@ Excluded namesOfArrays(std::span<const Property> properties) {
     return names.empty() ? Excluded() : Excluded(std::move(names));
 }
 
+std::vector<EffectOfChange> inheritedAndOwn(const RecordSchema* base, EffectOfChange own) {
+    std::vector<EffectOfChange> effects;
+    if (base != nullptr)
+        effects.assign(base->effects().begin(), base->effects().end());
+    if (own != nullptr && std::ranges::find(effects, own) == effects.end())
+        effects.push_back(own);
+    return effects;
+}
+
 } // namespace
 
 RecordSchema::RecordSchema(std::string_view className, const std::type_info& type,
-                           const RecordSchema* base, std::vector<Property> own, Overrides overrides)
+                           const RecordSchema* base, std::vector<Property> own, Overrides overrides,
+                           EffectOfChange effect)
     : m_className(className),
       m_type(&type),
       m_overrides(overrides),
       m_ownCount(own.size()),
       m_properties(inheritedAndOwn(base, std::move(own))),
       m_arrays(namesOfArrays(m_properties)),
+      m_effects(inheritedAndOwn(base, effect)),
       m_fillPlan(std::make_unique<const FillPlan>(m_properties, overrides.setters)),
       m_writer(std::make_unique<const RecordWriter>(*this, Excluded())) {}
 

@@ -31,7 +31,6 @@ struct FieldAccess {
     Place place;
     T BaseEntity::* field; // null unless the place is Place::field
     unsigned slot;         // number of a flag or of a sparse text, else 0
-    EffectOfChange effect; // null if a change has none
 };
 
 /// Access to a stored array of records of one class.
@@ -87,10 +86,10 @@ struct Overrides {
 class RecordSchema {
 public:
     /// Stores the properties of the base, if it is not null, and then the class's own. An own
-    /// property replaces one of the base with this name. Requires that the base's schema outlives
-    /// this one.
+    /// property replaces one of the base with this name. Takes the nearest PERCH_ON_CHANGE of the
+    /// class and its bases, or null. Requires that the base's schema outlives this one.
     RecordSchema(std::string_view className, const std::type_info& type, const RecordSchema* base,
-                 std::vector<Property> own, Overrides overrides);
+                 std::vector<Property> own, Overrides overrides, EffectOfChange effect);
     RecordSchema(const RecordSchema&) = delete;
     RecordSchema& operator=(const RecordSchema&) = delete;
     ~RecordSchema();
@@ -122,6 +121,10 @@ public:
     /// time.
     std::size_t find(std::string_view name) const noexcept;
 
+    /// Returns the functions to call after fields were filled: each PERCH_ON_CHANGE of the class
+    /// and its bases.
+    std::span<const EffectOfChange> effects() const noexcept { return m_effects; }
+
     /// Returns the plan by which records of the class are filled.
     const FillPlan& fillPlan() const noexcept { return *m_fillPlan; }
 
@@ -135,6 +138,7 @@ private:
     std::size_t m_ownCount;
     std::vector<Property> m_properties;
     Excluded m_arrays;
+    std::vector<EffectOfChange> m_effects;
     std::unique_ptr<const FillPlan> m_fillPlan;
     std::unique_ptr<const RecordWriter> m_writer;
 };
@@ -201,11 +205,8 @@ private:
         if constexpr (place == Place::flag || place == Place::sparse)
             slot = slotNumber<place, Record, Line>;
         return FieldAccess<T>{static_cast<ReadType<T> (BaseEntity::*)() const>(property.get),
-                              static_cast<void (BaseEntity::*)(T)>(property.set),
-                              place,
-                              static_cast<T BaseEntity::*>(property.field),
-                              slot,
-                              property.effect};
+                              static_cast<void (BaseEntity::*)(T)>(property.set), place,
+                              static_cast<T BaseEntity::*>(property.field), slot};
     }
 
     template <int Line, class Item, Place place>
@@ -258,7 +259,7 @@ private:
         static const PerchAppLibrary::NoDestructor<PerchAppLibrary::RecordSchema> schema(       \
             #Class, typeid(PerchAppLibrary::Concrete<Class>), &Base::schema(),                  \
             PerchAppLibrary::PropertyCollector<Class>::collect(),                               \
-            PerchAppLibrary::PropertyCollector<Class>::overrides());                            \
+            PerchAppLibrary::PropertyCollector<Class>::overrides(), Class::perchEffect);        \
         return *schema;                                                                         \
     }                                                                                           \
     static_assert(true)

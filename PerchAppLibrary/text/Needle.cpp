@@ -1,18 +1,10 @@
 #include <PerchAppLibrary/text/Needle.hpp>
 
-#include <PerchAppLibrary/text/detail/ByteMatches.hpp>
 #include <PerchAppLibrary/text/detail/ICU.hpp>
 #include <PerchAppLibrary/text/detail/Swar.hpp>
 
-#include <algorithm>
-#include <bit>
-
 namespace PerchAppLibrary::text {
 namespace {
-
-/// The greatest size at which comparing the whole needle at each candidate is faster than the
-/// linear search.
-constexpr std::size_t longestShortNeedle = ByteMatches::most / 2;
 
 /// Returns, for each prefix of the needle, the length of its longest proper prefix that is also its
 /// suffix. With these, a search reads each byte of the text once (Knuth, Morris and Pratt).
@@ -40,90 +32,41 @@ std::size_t endOfPiece(std::string_view text, std::size_t begin) {
 
 } // namespace
 
-/// The first and the last byte of a needle, to find in folded texts and in unfolded ASCII.
-struct Needle::Ends {
-    struct Pair {
-        SoughtByte first;
-        SoughtByte last;
-    };
-
-    explicit Ends(std::string_view needle)
-        : ofFolded{{needle.front(), false}, {needle.back(), false}},
-          ofASCII{{needle.front(), true}, {needle.back(), true}} {}
-
-    Pair ofFolded;
-    Pair ofASCII;
-};
-
-namespace {
-
-/// Returns the first offset where both ends of the needle match and `isMatch(offset)` is true, or
-/// npos if there is none.
-template <class EndsPair, class Test>
-std::size_t findShort(std::string_view text, std::size_t length, const EndsPair& ends,
-                      Test isMatch) {
-    for (std::size_t begin = 0; begin + length <= text.size();
-         begin += ByteMatches::most - length + 1) {
-        const ByteMatches matches =
-            matchesOf(text.substr(begin, ByteMatches::most), ends.first, ends.last);
-        std::uint64_t candidates = matches.first & (matches.last >> (length - 1));
-        for (; candidates != 0; candidates &= candidates - 1) { // clears the lowest bit
-            const auto bit = static_cast<std::size_t>(std::countr_zero(candidates));
-            if (isMatch(begin + bit))
-                return begin + bit;
-        }
-    }
-    return std::string_view::npos;
-}
-
-} // namespace
-
 Needle::Needle(std::string_view text)
     : m_text(text),
       m_signature(m_text),
       m_isASCII(isASCII(m_text.bytes())),
-      m_isExact(TextSignature::isExact(m_text.bytes())) {
-    const std::string_view needle = m_text.bytes();
-    if (needle.size() > longestShortNeedle)
-        m_borders = bordersOf(needle);
-    else if (!needle.empty())
-        m_ends = std::make_unique<Ends>(needle);
-}
+      m_isExact(TextSignature::isExact(m_text.bytes())),
+      m_borders(bordersOf(m_text.bytes())) {}
 
-Needle::Needle(Needle&& other) noexcept = default;
-Needle::~Needle() = default;
-
-std::size_t Needle::findInASCII(std::string_view text) const {
+template <class Fold, class Test>
+std::size_t Needle::search(std::string_view text, Fold fold, Test isMatch) const {
     const std::string_view needle = m_text.bytes();
-    return findShort(text, needle.size(), m_ends->ofASCII, [text, needle](std::size_t offset) {
-        return std::ranges::equal(text.substr(offset, needle.size()), needle, {},
-                                  [](char byte) { return upperCasedASCII(byte); });
-    });
-}
-
-std::size_t Needle::findInFolded(const ComparedText& text) const {
-    const std::string_view needle = m_text.bytes();
-    if (text.isPlain() && !m_text.isPlain())
+    if (needle.empty())
         return notFound;
-    if (!m_ends)
-        return m_borders.empty() ? notFound : findLong(text); // the empty needle has neither
-    return findShort(text.bytes(), needle.size(), m_ends->ofFolded, [&](std::size_t offset) {
-        return text.bytes().substr(offset, needle.size()) == needle && isWhole(text, offset);
-    });
-}
-
-std::size_t Needle::findLong(const ComparedText& text) const {
-    const std::string_view within = text.bytes();
-    const std::string_view sought = m_text.bytes();
     std::size_t matched = 0;
-    for (std::size_t end = 0; end < within.size();) {
-        while (matched > 0 && (matched == sought.size() || within[end] != sought[matched]))
+    for (std::size_t end = 0; end < text.size();) {
+        const char byte = fold(text[end++]);
+        while (matched > 0 && (matched == needle.size() || byte != needle[matched]))
             matched = m_borders[matched - 1];
-        matched += within[end++] == sought[matched] ? 1 : 0;
-        if (matched == sought.size() && isWhole(text, end - matched))
+        matched += byte == needle[matched] ? 1 : 0;
+        if (matched == needle.size() && isMatch(end - matched))
             return end - matched;
     }
     return notFound;
+}
+
+std::size_t Needle::findInASCII(std::string_view text) const {
+    return search(
+        text, [](char byte) { return upperCasedASCII(byte); }, [](std::size_t) { return true; });
+}
+
+std::size_t Needle::findInFolded(const ComparedText& text) const {
+    if (text.isPlain() && !m_text.isPlain())
+        return notFound;
+    return search(
+        text.bytes(), [](char byte) { return byte; },
+        [&](std::size_t offset) { return isWhole(text, offset); });
 }
 
 bool Needle::isWhole(const ComparedText& text, std::size_t offset) const {

@@ -5,7 +5,6 @@
 #include <PerchAppLibrary/text/TextSignature.hpp>
 
 #include <cstddef>
-#include <memory>
 #include <optional>
 #include <string_view>
 #include <vector>
@@ -23,8 +22,6 @@ class Needle {
 public:
     /// Takes any bytes; each ill-formed sequence counts as U+FFFD. Linear.
     explicit Needle(std::string_view text);
-    Needle(Needle&& other) noexcept; // for vectors of Needle
-    ~Needle();
 
     bool isEmpty() const noexcept { return m_text.bytes().empty(); }
 
@@ -59,7 +56,6 @@ public:
     std::optional<Part> partOf(std::string_view text) const;
 
 private:
-    struct Ends;
     static constexpr std::size_t notFound = std::string_view::npos;
 
     std::size_t offsetIn(SearchedText& text) const {
@@ -67,20 +63,24 @@ private:
             return findInFolded(text.folded());
         if (!m_isASCII || m_text.bytes().size() > text.source().size())
             return notFound;
-        return m_ends ? findInASCII(text.source()) : findInFolded(text.folded());
+        return findInASCII(text.source());
     }
 
     std::size_t findInASCII(std::string_view text) const;
     std::size_t findInFolded(const ComparedText& text) const;
-    std::size_t findLong(const ComparedText& text) const;
+
+    /// Returns the first offset at which the needle occurs and `isMatch(offset)` is true. `fold`
+    /// folds a byte of the text.
+    template <class Fold, class Test>
+    std::size_t search(std::string_view text, Fold fold, Test isMatch) const;
+
     bool isWhole(const ComparedText& text, std::size_t offset) const;
 
     ComparedText m_text;
     TextSignature m_signature;
     bool m_isASCII;
     bool m_isExact;                     // whether a signature of plain texts decides it
-    std::unique_ptr<const Ends> m_ends; // null unless the needle is short
-    std::vector<std::size_t> m_borders; // empty unless the needle is long
+    std::vector<std::size_t> m_borders; // of each prefix, see bordersOf()
 };
 
 } // namespace PerchAppLibrary::text

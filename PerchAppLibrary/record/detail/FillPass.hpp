@@ -109,10 +109,13 @@ private:
 
     enum class FillState : std::uint8_t { untouched, excluded, deferred, filled };
 
-    /// Calls the effects of the properties that were filled, even after an exception.
+    /// Calls the effects of the class, also after an exception. A setter calls them itself.
     struct Effects {
         FillPass& pass;
-        ~Effects() { pass.callEffects(); }
+        ~Effects() {
+            for (const EffectOfChange call : pass.m_schema.effects())
+                call(pass.m_record);
+        }
     };
 
     void fillPlaces(Element element, KeyOrder* order) {
@@ -156,15 +159,6 @@ private:
             return names.indexAt(slot);
         });
         order.endRecord(wrongGuesses);
-    }
-
-    void callEffects() {
-        const auto isFilled = [this](std::size_t index) {
-            return m_states[index] == FillState::filled;
-        };
-        for (const FillPlan::Effect& effect : m_plan.effects())
-            if (std::ranges::any_of(effect.properties, isFilled))
-                effect.call(m_record);
     }
 
     void setDeferred() {

@@ -1,6 +1,5 @@
 #include <PerchAppLibrary/record/detail/FillPlan.hpp>
 
-#include <algorithm>
 #include <concepts>
 #include <string_view>
 #include <variant>
@@ -41,17 +40,6 @@ FillAction directActionOf(const Property& property) {
         property.access);
 }
 
-EffectOfChange effectOf(const Property& property) {
-    return std::visit(
-        []<class Access>(const Access& access) -> EffectOfChange {
-            if constexpr (requires { access.effect; })
-                return access.effect;
-            else
-                return nullptr; // an array's setter calls its effect
-        },
-        property.access);
-}
-
 } // namespace
 
 FillPlan::FillPlan(std::span<const Property> properties, bool overridesSetters)
@@ -63,15 +51,8 @@ FillPlan::FillPlan(std::span<const Property> properties, bool overridesSetters)
         const Property& property = properties[index];
         if (std::holds_alternative<RecordsAccess>(property.access))
             m_arrays.push_back(index);
-        if (overridesSetters) // A setter may read other properties, so all are set in order.
-            continue;
-        m_directActions[index] = directActionOf(property);
-        if (const EffectOfChange call = effectOf(property); call != nullptr) {
-            auto known = std::ranges::find(m_effects, call, &Effect::call);
-            if (known == m_effects.end())
-                known = m_effects.insert(known, Effect{call, {}});
-            known->properties.push_back(index);
-        }
+        if (!overridesSetters) // A setter may read other properties, so all are set in order.
+            m_directActions[index] = directActionOf(property);
     }
 }
 

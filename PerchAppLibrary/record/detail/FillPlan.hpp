@@ -37,12 +37,6 @@ public:
     /// Requires that the properties outlive the plan.
     FillPlan(std::span<const Property> properties, bool overridesSetters);
 
-    /// A function to call after a change of any of these properties.
-    struct Effect {
-        EffectOfChange call;
-        std::vector<std::size_t> properties; // indexes
-    };
-
     const NameIndex& names() const noexcept { return m_names; }
 
     /// Returns the action for each property and, last, for an unknown key. For a record of exactly
@@ -53,8 +47,6 @@ public:
     /// properties.
     std::span<const FillAction> setterActions() const noexcept { return m_setterActions; }
 
-    std::span<const Effect> effects() const noexcept { return m_effects; }
-
     /// Returns the indexes of the arrays of records.
     std::span<const std::size_t> arrays() const noexcept { return m_arrays; }
 
@@ -62,7 +54,6 @@ private:
     NameIndex m_names;
     std::vector<FillAction> m_setterActions;
     std::vector<FillAction> m_directActions;
-    std::vector<Effect> m_effects;
     std::vector<std::size_t> m_arrays;
 };
 

@@ -2,7 +2,6 @@
 
 #include <PerchAppLibrary/json/JSON.hpp>
 #include <PerchAppLibrary/json/detail/Conversion.hpp>
-#include <PerchAppLibrary/text/detail/Digits.hpp>
 
 #include <cstddef>
 #include <cstdint>
@@ -201,11 +200,15 @@ private:
 
     /// Returns an integer that is spelled in the usual way, with at most 18 digits.
     static std::optional<std::int64_t> plainInteger(Element element) noexcept {
+        constexpr int mostDigits = 18; // cannot overflow
         const bool isNegative = *element == '-';
         const char* const first = element + (isNegative ? 1 : 0);
-        const auto [count, value] = text::leadingDigits(first);
-        if (count == 0 || (*first == '0' && (count > 1 || isNegative)) ||
-            !isBehindScalar(first[count])) [[unlikely]]
+        const char* end = first;
+        std::int64_t value = 0;
+        for (; end - first < mostDigits && *end >= '0' && *end <= '9'; ++end)
+            value = value * 10 + (*end - '0');
+        if (end == first || (*first == '0' && (end - first > 1 || isNegative)) ||
+            !isBehindScalar(*end)) [[unlikely]]
             return std::nullopt;
         return isNegative ? -value : value;
     }
