@@ -43,7 +43,6 @@ public:
     using Self = BaseEntity;
     static constexpr int firstPropertyLine = __LINE__;
     static void onePropertyPerLine(At<__LINE__>);
-    static void labelsAt(At<__LINE__>);
     template <class Derived>
     friend std::type_identity<BaseEntity> nearestRecord(const BaseEntity*,
                                                         std::type_identity<Derived>);

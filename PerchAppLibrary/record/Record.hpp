@@ -36,7 +36,7 @@
 /// Begins a record and declares its `create` functions.
 ///
 /// `create()` makes a record with defaults. `create(json)` also fills it. `parse(text)` is
-/// `create(JSON::parse(text))`. Each PERCH_LABELS of the class and its bases adds a `create`.
+/// `create(JSON::parse(text))`. Each PERCH_LABELS adds a `create`.
 /// `create<R>(...)` makes an R, a subclass, whose overrides run while it is filled. A shared_ptr
 /// owns the record. A subclass without a PERCH_RECORD of its own inherits these functions
 /// unchanged, so its `R::create()` makes a `Class`. `create(json)` takes only a JSON, since a text
@@ -49,7 +49,6 @@ public:                                                                         
     static constexpr int firstPropertyLine = __LINE__;                                            \
     [[maybe_unused]] static constexpr std::string_view recordName = #Class;                       \
     static void onePropertyPerLine(PerchAppLibrary::At<__LINE__>);                                \
-    static void labelsAt(PerchAppLibrary::At<__LINE__>);                                          \
     const PerchAppLibrary::RecordSchema& schema() const override;                                 \
     template <class Derived>                                                                      \
         requires(!std::same_as<Derived, Class>)                                                   \
@@ -71,7 +70,6 @@ public:                                                                         
     static std::shared_ptr<R> parse(Text&& text) {                                                \
         return Class::template create<R>(PerchAppLibrary::JSON::parse(std::forward<Text>(text))); \
     }                                                                                             \
-    PERCH_INHERIT_LABELS(BaseClass)                                                               \
     static_assert(true)
 
 /// Begins a record that only its `create(json)`, or that of a subclass, can make. The class is
@@ -190,10 +188,15 @@ public:                                                                         
         PERCH_FOR_EACH(PERCH_DECLARE_LABEL, __VA_ARGS__)                                       \
         void applyTo(Self& record) && { PERCH_FOR_EACH(PERCH_SET_LABELLED, __VA_ARGS__) }      \
     };                                                                                         \
-    static_assert(__LINE__ - firstPropertyLine <= PerchAppLibrary::mostLinesToLabels,          \
-                  "PERCH_LABELS stands too far below PERCH_RECORD for subclasses to find it"); \
-    static std::type_identity<Labels> labelsAt(PerchAppLibrary::At<__LINE__>);                 \
     PERCH_CREATE(Labels)                                                                       \
+    static_assert(true)
+
+/// Declares in a subclass the `create`s of these labels of its bases:
+/// PERCH_INHERIT_LABELS(PersonLabels) gives `Pupil::create({.name = "A", .age = 7})`, a Pupil.
+/// Without this line, `Person::create<Pupil>({.name = "A", .age = 7})` makes one.
+#define PERCH_INHERIT_LABELS(...)                  \
+public:                                            \
+    PERCH_FOR_EACH_NAME(PERCH_CREATE, __VA_ARGS__) \
     static_assert(true)
 
 // The macros above use the following ones.
@@ -239,28 +242,6 @@ public:                                                                         
     static_assert(PerchAppLibrary::isOwnProperty<Self>(&Self::Name), \
                   "PERCH_ON_CHANGE names a property of another class: " #Name);
 #define PERCH_OR_IS(Name) || name == #Name
-
-// Inherits up to sixteen sets of labels, or none from BaseEntity, which keeps the compiler's
-// messages short. Branches on the first word of the base's name: PERCH_ROOT_BaseEntity expands to
-// two arguments, which shifts the third.
-#define PERCH_INHERIT_LABELS(BaseClass) \
-    PERCH_THIRD(PERCH_ROOT_##BaseClass, PERCH_NO_LABELS, PERCH_SIXTEEN_LABELS, )()
-#define PERCH_ROOT_PerchAppLibrary 1, 2
-#define PERCH_ROOT_BaseEntity 1, 2
-#define PERCH_THIRD(...) PERCH_THIRD_OF(__VA_ARGS__)
-#define PERCH_THIRD_OF(first, second, third, ...) third
-#define PERCH_NO_LABELS()
-// clang-format off
-#define PERCH_SIXTEEN_LABELS() \
-    PERCH_CREATE_INHERITED(0) PERCH_CREATE_INHERITED(1) PERCH_CREATE_INHERITED(2) \
-    PERCH_CREATE_INHERITED(3) PERCH_CREATE_INHERITED(4) PERCH_CREATE_INHERITED(5) \
-    PERCH_CREATE_INHERITED(6) PERCH_CREATE_INHERITED(7) PERCH_CREATE_INHERITED(8) \
-    PERCH_CREATE_INHERITED(9) PERCH_CREATE_INHERITED(10) PERCH_CREATE_INHERITED(11) \
-    PERCH_CREATE_INHERITED(12) PERCH_CREATE_INHERITED(13) PERCH_CREATE_INHERITED(14) \
-    PERCH_CREATE_INHERITED(15)
-// clang-format on
-#define PERCH_CREATE_INHERITED(N) PERCH_CREATE(PERCH_INHERITED_LABELS(N))
-#define PERCH_INHERITED_LABELS(N) PerchAppLibrary::InheritedLabels<Base, N>
 
 // PERCH_FOR_EACH(MACRO, (a, b), (c, d)) gives MACRO(a, b) MACRO(c, d), PERCH_FOR_EACH_NAME(MACRO,
 // a, b) gives MACRO(a) MACRO(b). A macro does not expand within itself, so each step leaves the

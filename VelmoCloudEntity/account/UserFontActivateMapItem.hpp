@@ -8,6 +8,7 @@ namespace VelmoCloudEntity {
 class UserFontActivateMapItem : public UserFontMap {
     PERCH_RECORD(UserFontActivateMapItem, UserFontMap);
     PERCH_RECORD_END;
+    PERCH_INHERIT_LABELS(UserLabels, UserFontsLabels);
 };
 
 } // namespace VelmoCloudEntity

@@ -8,6 +8,7 @@ namespace VelmoCloudEntity {
 class UserFontFavoriteMapItem : public UserFontMap {
     PERCH_RECORD(UserFontFavoriteMapItem, UserFontMap);
     PERCH_RECORD_END;
+    PERCH_INHERIT_LABELS(UserLabels, UserFontsLabels);
 };
 
 } // namespace VelmoCloudEntity

@@ -8,6 +8,7 @@ namespace VelmoCloudEntity {
 class UserFontGroupMapItem : public UserFontMap {
     PERCH_RECORD(UserFontGroupMapItem, UserFontMap);
     PERCH_RECORD_END;
+    PERCH_INHERIT_LABELS(UserLabels, UserFontsLabels);
 };
 
 } // namespace VelmoCloudEntity

@@ -19,6 +19,13 @@
 // CALL=FontItem::create({.id = 7, .productName = "A", .isPrivate = "no"}) // no matching
 // CALL=FontItem::create({.id = 7.5, .productName = "A", .isPrivate = true}) // no matching
 // CALL=Own::create({.id = 7, .productName = "A"}) // no matching
+// CALL=Own::create({.productName = "A"}) // no matching
+// CALL=UserFontGroupMapItem::create({.userGuid = "u", .fontList = {}}) // no matching
+// CALL=UserFontGroupMapItem::create({.userGuid = "u", .fontList = 3}) // no matching
+// CALL=UserFontGroupMapItem::create({.userGuid = "u", .fontList = {3, nullptr}}) // no matching
+// CALL=UserFontGroupMapItem::create({.userGuid = "u", .fontList = nullptr}) // no matching
+// CALL=FontItem::create({.productName = nullptr}) // no matching
+// CALL=FontItem::create({.productName = 65}) // no matching
 // CALL=font.getLocalPreviewFile({true, "S", "B", 32}) // no matching
 // CALL=EnterpriseUser user // isMadeByCreateFromJSON
 // CALL=ConfigItem::create(json) // no matching
@@ -28,6 +35,7 @@
 // CALL=ClientOperaItem::create()->setPlatformId(2) // has no member|no member named
 // CALL=(void)json.as<unsigned>() // JSON::as<T>..: T is
 #include <VelmoCloudEntity/account/EsUserItem.hpp>
+#include <VelmoCloudEntity/account/UserFontGroupMapItem.hpp>
 #include <VelmoCloudEntity/catalogue/FontSearchItem.hpp>
 #include <VelmoCloudEntity/client/ClientOperaItem.hpp>
 #include <VelmoCloudEntity/client/ConfigItem.hpp>
@@ -61,6 +69,7 @@ class Own : public FontItem {
     PROPERTY;
     END;
     EFFECT;
+    PERCH_INHERIT_LABELS(ReferenceLabels);
 
     void forget() noexcept {}
     void remember() {}
@@ -79,6 +88,7 @@ struct EnterpriseUser : EsUserItem {};
 void calls(const JSON& json, FontItem& font) {
     Own::create({.id = 7, .productName = "A", .isPrivate = true});
     FontSearchItem::create({.userGuid = "u", .searchKey = "k"});
+    UserFontGroupMapItem::create({.userGuid = "u", .fontList = {std::make_shared<FontItem>()}});
     EsUserItem::create<EnterpriseUser>(json);
     font.getLocalPreviewFile({.isFixed = true, .previewTag = "S", .colorTag = "B", .fontSize = 32});
     CALL;
