@@ -41,8 +41,13 @@ public:
     virtual ~BaseEntity();
 
     using Self = BaseEntity;
+
+private:
+    friend struct RecordAccess;
     static constexpr int firstPropertyLine = __LINE__;
     static void onePropertyPerLine(At<__LINE__>);
+
+public:
     template <class Derived>
     friend std::type_identity<BaseEntity> nearestRecord(const BaseEntity*,
                                                         std::type_identity<Derived>);

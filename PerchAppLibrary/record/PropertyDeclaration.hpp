@@ -61,15 +61,52 @@ consteval T Record::* fieldPointer(Slot<place, Record, Line> Record::* /*slot*/)
     return nullptr;
 }
 
+/// Whether a class keeps the accessors of a property as a base declares them.
+struct Kept {
+    bool getter;
+    bool setter;
+};
+
+/// Reads what the macros declare, which is private. The friend of each record.
+struct RecordAccess {
+    /// True if a class has a PERCH_RECORD_END of its own.
+    template <class Record>
+    static constexpr bool isEnded = std::same_as<typename Record::Ended, Record>;
+
+    /// The lines of PERCH_RECORD and PERCH_RECORD_END.
+    template <class Record>
+    static constexpr int firstLine = Record::firstPropertyLine;
+    template <class Record>
+    static constexpr int lastLine = Record::lastPropertyLine;
+
+    template <class Record, int Line>
+    static constexpr bool hasProperty = requires { Record::onePropertyPerLine(At<Line>()).name; };
+
+    /// Returns what a line of a class declares. Requires hasProperty<Record, Line>.
+    template <class Record, int Line>
+    static consteval auto property() {
+        return Record::onePropertyPerLine(At<Line>());
+    }
+
+    /// Returns what a subclass keeps of a stored property with a setter, else both.
+    template <class Record, int Line, class Subclass>
+    static consteval Kept kept() {
+        if constexpr (requires { Record::template keptAt<Subclass>(At<Line>()); })
+            return Record::template keptAt<Subclass>(At<Line>());
+        else
+            return {true, true};
+    }
+};
+
 /// The lines from the first to the last of a class's properties, as offsets.
 template <class Record>
-using PropertyLines =
-    std::make_integer_sequence<int, Record::lastPropertyLine - Record::firstPropertyLine>;
+using PropertyLines = std::make_integer_sequence<int, RecordAccess::lastLine<Record> -
+                                                          RecordAccess::firstLine<Record>>;
 
 template <class Record, int Line>
 consteval Place placeAt() {
-    if constexpr (requires { Record::onePropertyPerLine(At<Line>()).name; })
-        return decltype(Record::onePropertyPerLine(At<Line>()))::place;
+    if constexpr (RecordAccess::hasProperty<Record, Line>)
+        return decltype(RecordAccess::property<Record, Line>())::place;
     else
         return Place::none;
 }
@@ -78,7 +115,7 @@ template <class Record>
 inline constexpr auto placesOf =
     []<int... Offsets>(std::integer_sequence<int, Offsets...>) consteval {
         return std::array<Place, sizeof...(Offsets)>{
-            placeAt<Record, Record::firstPropertyLine + 1 + Offsets>()...};
+            placeAt<Record, RecordAccess::firstLine<Record> + 1 + Offsets>()...};
     }(PropertyLines<Record>());
 
 /// Returns the number of properties at the place in the bases of a class, and in its lines before
@@ -87,8 +124,9 @@ template <class Record, Place place>
 consteval unsigned countBefore(int line) {
     unsigned count = 0;
     if constexpr (requires { typename Record::Base; })
-        count = countBefore<typename Record::Base, place>(Record::Base::lastPropertyLine);
-    int each = Record::firstPropertyLine;
+        count = countBefore<typename Record::Base, place>(
+            RecordAccess::lastLine<typename Record::Base>);
+    int each = RecordAccess::firstLine<Record>;
     for (const Place found : placesOf<Record>)
         count += ++each < line && found == place ? 1U : 0U;
     return count;
@@ -107,10 +145,6 @@ inline constexpr std::uint32_t flagMask = [] {
     static_assert(number < 32, "Too many properties of type Near<bool>: use bool");
     return std::uint32_t{1} << number;
 }();
-
-/// True if a class has a PERCH_RECORD_END of its own.
-template <class Record>
-inline constexpr bool isEnded = std::same_as<typename Record::Ended, Record>;
 
 /// Returns whether the class itself, not a base, declares a getter.
 template <class Self, class Record, class T>

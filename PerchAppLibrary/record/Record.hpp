@@ -42,13 +42,16 @@
 /// unchanged, so its `R::create()` makes a `Class`. `create(json)` takes only a JSON, since a text
 /// would become a JSON string. BaseClass is the direct base, without a leading `::`.
 #define PERCH_RECORD(Class, BaseClass)                                                            \
+private:                                                                                          \
+    friend struct PerchAppLibrary::RecordAccess;                                                  \
+    static constexpr int firstPropertyLine = __LINE__;                                            \
+    static void onePropertyPerLine(PerchAppLibrary::At<__LINE__>);                                \
+                                                                                                  \
 public:                                                                                           \
+    [[maybe_unused]] static constexpr std::string_view recordName = #Class;                       \
     using Self = Class;                                                                           \
     using Base = BaseClass;                                                                       \
     using Base::setValue;                                                                         \
-    static constexpr int firstPropertyLine = __LINE__;                                            \
-    [[maybe_unused]] static constexpr std::string_view recordName = #Class;                       \
-    static void onePropertyPerLine(PerchAppLibrary::At<__LINE__>);                                \
     const PerchAppLibrary::RecordSchema& schema() const override;                                 \
     template <class Derived>                                                                      \
         requires(!std::same_as<Derived, Class>)                                                   \
@@ -87,10 +90,13 @@ public:                                              \
     static_assert(true)
 
 /// Ends the list of properties. A property after it does not compile.
-#define PERCH_RECORD_END \
-public:                  \
-    using Ended = Self;  \
-    static constexpr int lastPropertyLine = __LINE__
+#define PERCH_RECORD_END                              \
+private:                                              \
+    using Ended = Self;                               \
+    static constexpr int lastPropertyLine = __LINE__; \
+                                                      \
+public:                                               \
+    static_assert(true)
 
 /// Declares a stored property with the virtual accessors `Name()` and `setName(value)`. The default
 /// follows the name; without it, the default is the zero of the type.
@@ -118,6 +124,8 @@ public:                                                                         
         this->PerchAppLibrary::BaseEntity::store(this->m_##Name, std::move(newValue));             \
         this->perchChanged(#Name);                                                                 \
     }                                                                                              \
+                                                                                                   \
+private:                                                                                           \
     static consteval PerchAppLibrary::StoredProperty<Self, PerchAppLibrary::ValueOf<Type>,         \
                                                      PerchAppLibrary::Declared<Type>::place>       \
     onePropertyPerLine(PerchAppLibrary::At<__LINE__>) {                                            \
@@ -126,6 +134,8 @@ public:                                                                         
                 PerchAppLibrary::fieldPointer<PerchAppLibrary::ValueOf<Type>>(&Self::m_##Name)};   \
     }                                                                                              \
     PERCH_CHECKED_IN_SCHEMA(PerchAppLibrary::ValueOf<Type>, Name, Setter)                          \
+                                                                                                   \
+public:                                                                                            \
     static_assert(true)
 
 /// Declares a stored property with one value for all records. It has no setter and takes no memory,
@@ -139,22 +149,30 @@ public:                                                                         
         static const PerchAppLibrary::NoDestructor<Type> constant(Type{Constant});             \
         return *constant;                                                                      \
     }                                                                                          \
+                                                                                               \
+private:                                                                                       \
     static consteval PerchAppLibrary::StoredProperty<Self, Type, PerchAppLibrary::Place::none> \
     onePropertyPerLine(PerchAppLibrary::At<__LINE__>) {                                        \
         PERCH_ASSERT_IN_LIST(Name)                                                             \
         return {#Name, &Self::Name, nullptr, nullptr};                                         \
     }                                                                                          \
+                                                                                               \
+public:                                                                                        \
     static_assert(true)
 
 /// Declares a computed property with the virtual getter `Name()`, which the class defines.
 #define PERCH_COMPUTED(Type, Name)                                                     \
 public:                                                                                \
     virtual Type Name() const;                                                         \
+                                                                                       \
+private:                                                                               \
     static consteval PerchAppLibrary::ComputedProperty<Self, Type> onePropertyPerLine( \
         PerchAppLibrary::At<__LINE__>) {                                               \
         PERCH_ASSERT_IN_LIST(Name)                                                     \
         return {#Name, &Self::Name};                                                   \
     }                                                                                  \
+                                                                                       \
+public:                                                                                \
     static_assert(true)
 
 /// Calls `Effect()`, a noexcept member function, after any change of these properties of the class,
@@ -180,15 +198,15 @@ public:                                                                         
 /// Declares a `create` with labels: PERCH_LABELS(PersonLabels, (name, Name), (age, Age)) gives
 /// `create({.name = "A", .age = 7})`, which calls setName() and setAge(). A call
 /// must give every label, by its name and in this order.
-#define PERCH_LABELS(Labels, ...)                                                              \
-public:                                                                                        \
-    struct Labels {                                                                            \
-        [[no_unique_address]] PerchAppLibrary::ByNameOnly byNameOnly =                         \
-            PerchAppLibrary::ByNameOnly();                                                     \
-        PERCH_FOR_EACH(PERCH_DECLARE_LABEL, __VA_ARGS__)                                       \
-        void applyTo(Self& record) && { PERCH_FOR_EACH(PERCH_SET_LABELLED, __VA_ARGS__) }      \
-    };                                                                                         \
-    PERCH_CREATE(Labels)                                                                       \
+#define PERCH_LABELS(Labels, ...)                                                         \
+public:                                                                                   \
+    struct Labels {                                                                       \
+        [[no_unique_address]] PerchAppLibrary::ByNameOnly byNameOnly =                    \
+            PerchAppLibrary::ByNameOnly();                                                \
+        PERCH_FOR_EACH(PERCH_DECLARE_LABEL, __VA_ARGS__)                                  \
+        void applyTo(Self& record) && { PERCH_FOR_EACH(PERCH_SET_LABELLED, __VA_ARGS__) } \
+    };                                                                                    \
+    PERCH_CREATE(Labels)                                                                  \
     static_assert(true)
 
 /// Declares in a subclass the `create`s of these labels of its bases:
@@ -212,29 +230,26 @@ public:                                            \
     typename PerchAppLibrary::LabelOf<decltype(&Self::set##Name)>::Type label;
 #define PERCH_SET_LABELLED(label, Name) record.set##Name(std::move(this->label.value));
 
-// Declares functions that return whether a subclass keeps the accessors of this line. The schema
-// instantiates them, where all classes are complete.
-#define PERCH_CHECKED_IN_SCHEMA(Type, Name, Setter)                                   \
-    template <class Record>                                                           \
-    static constexpr bool keepsGetterAt(PerchAppLibrary::At<__LINE__>) {              \
-        return requires {                                                             \
-            requires std::same_as<decltype(&Record::Name),                            \
-                                  PerchAppLibrary::ReadType<Type> (Self::*)() const>; \
-        };                                                                            \
-    }                                                                                 \
-    template <class Record>                                                           \
-    static constexpr bool keepsSetterAt(PerchAppLibrary::At<__LINE__>) {              \
-        static_assert(!PerchAppLibrary::isArrayOfShared<Type> ||                      \
-                          PerchAppLibrary::isArrayOfRecords<Type>,                    \
-                      #Name " is an array of shared objects that are no records");    \
-        return requires {                                                             \
-            requires std::same_as<decltype(&Record::Setter), void (Self::*)(Type)>;   \
-        };                                                                            \
+// Declares a function that returns which accessors of this line a subclass keeps. The schema
+// instantiates it, where all classes are complete.
+#define PERCH_CHECKED_IN_SCHEMA(Type, Name, Setter)                                               \
+    template <class Record>                                                                       \
+    static consteval PerchAppLibrary::Kept keptAt(PerchAppLibrary::At<__LINE__>) {                \
+        static_assert(!PerchAppLibrary::isArrayOfShared<Type> ||                                  \
+                          PerchAppLibrary::isArrayOfRecords<Type>,                                \
+                      #Name " is an array of shared objects that are no records");                \
+        constexpr bool getter = requires {                                                        \
+            requires std::same_as<decltype(&Record::Name),                                        \
+                                  PerchAppLibrary::ReadType<Type> (Self::*)() const>;             \
+        };                                                                                        \
+        constexpr bool setter =                                                                   \
+            requires { requires std::same_as<decltype(&Record::Setter), void (Self::*)(Type)>; }; \
+        return {getter, setter};                                                                  \
     }
 
 // For the body of a member function, where the class is complete.
 #define PERCH_ASSERT_IN_LIST(Name)                                                               \
-    static_assert(!PerchAppLibrary::isEnded<Self> ||                                             \
+    static_assert(!PerchAppLibrary::RecordAccess::isEnded<Self> ||                               \
                       (Self::firstPropertyLine < __LINE__ && __LINE__ < Self::lastPropertyLine), \
                   #Name " does not stand between PERCH_RECORD and PERCH_RECORD_END");
 

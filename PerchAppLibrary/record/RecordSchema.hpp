@@ -154,7 +154,7 @@ class PropertyCollector {
 public:
     static std::vector<Property> collect() {
         std::vector<Property> properties;
-        if constexpr (isEnded<Record>)
+        if constexpr (RecordAccess::isEnded<Record>)
             forEachLine<Record>([&]<int Line>(At<Line>) { collectLine<Line>(properties); });
         return properties;
     }
@@ -171,17 +171,16 @@ private:
         [&]<int... Offsets>(std::integer_sequence<int, Offsets...>) {
             // Not a fold expression, since Clang limits these to 256 operands.
             (void)std::initializer_list<int>{
-                (visit(At<Ancestor::firstPropertyLine + 1 + Offsets>()), 0)...};
+                (visit(At<RecordAccess::firstLine<Ancestor> + 1 + Offsets>()), 0)...};
         }(PropertyLines<Ancestor>());
     }
 
     template <class Ancestor>
     static constexpr void addOverridesOf(Overrides& found) {
-        forEachLine<Ancestor>([&]<int Line>(At<Line> line) {
-            if constexpr (requires { Ancestor::template keepsSetterAt<Record>(line); }) {
-                found.getters = found.getters || !Ancestor::template keepsGetterAt<Record>(line);
-                found.setters = found.setters || !Ancestor::template keepsSetterAt<Record>(line);
-            }
+        forEachLine<Ancestor>([&]<int Line>(At<Line>) {
+            constexpr Kept kept = RecordAccess::kept<Ancestor, Line, Record>();
+            found.getters = found.getters || !kept.getter;
+            found.setters = found.setters || !kept.setter;
         });
         if constexpr (requires { typename Ancestor::Base; })
             addOverridesOf<typename Ancestor::Base>(found);
@@ -189,10 +188,9 @@ private:
 
     template <int Line>
     static void collectLine(std::vector<Property>& properties) {
-        if constexpr (requires { Record::onePropertyPerLine(At<Line>()).name; }) {
-            constexpr auto declared = Record::onePropertyPerLine(At<Line>());
-            if constexpr (requires { Record::template keepsSetterAt<Record>(At<Line>()); })
-                (void)Record::template keepsSetterAt<Record>(At<Line>()); // checks its assertions
+        if constexpr (RecordAccess::hasProperty<Record, Line>) {
+            constexpr auto declared = RecordAccess::property<Record, Line>();
+            (void)RecordAccess::kept<Record, Line, Record>(); // checks its assertions
             if constexpr (requires { accessOf<Line>(declared); })
                 properties.push_back({declared.name, accessOf<Line>(declared)});
         }
@@ -218,14 +216,14 @@ private:
     template <int Line, class T>
     static auto accessOf(ComputedProperty<Record, T>) {
         return ComputedAccess{[](const BaseEntity& record, Value& place) {
-            constexpr auto declared = Record::onePropertyPerLine(At<Line>());
+            constexpr auto declared = RecordAccess::property<Record, Line>();
             assign(place, (static_cast<const Record&>(record).*declared.get)());
         }};
     }
 
     template <int Line, class Item>
     static std::vector<const BaseEntity*> getRecords(const BaseEntity& record) {
-        constexpr auto declared = Record::onePropertyPerLine(At<Line>());
+        constexpr auto declared = RecordAccess::property<Record, Line>();
         std::vector<const BaseEntity*> items;
         for (const std::shared_ptr<Item>& item :
              (static_cast<const Record&>(record).*declared.get)())
@@ -235,7 +233,7 @@ private:
 
     template <int Line, class Item>
     static void fillRecords(BaseEntity& record, RecordReader* reader, bool isOverridden) {
-        constexpr auto declared = Record::onePropertyPerLine(At<Line>());
+        constexpr auto declared = RecordAccess::property<Record, Line>();
         auto& self = static_cast<Record&>(record);
         if (reader == nullptr && !isOverridden && (self.*declared.get)().empty())
             return;
@@ -252,7 +250,7 @@ private:
 /// file, in its namespace.
 #define PERCH_RECORD_SCHEMA(Class)                                                              \
     const PerchAppLibrary::RecordSchema& Class::schema() const {                                \
-        static_assert(PerchAppLibrary::isEnded<Class>,                                          \
+        static_assert(PerchAppLibrary::RecordAccess::isEnded<Class>,                            \
                       #Class " needs PERCH_RECORD_END after its properties");                   \
         static_assert(std::is_same_v<PerchAppLibrary::NearestBase<Class>, typename Base::Self>, \
                       "PERCH_RECORD(" #Class ", ...) does not name the direct base");           \

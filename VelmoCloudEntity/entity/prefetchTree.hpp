@@ -24,13 +24,13 @@ constexpr std::size_t prefetchDistance = 32;
 /// Number of members to prefetch of each group among these items.
 constexpr std::size_t prefetchDistanceOfGroup = 16;
 
-/// Prefetches the fields of an item that a walk reads, if its class has signatureEnd(), the last
+/// Prefetches the fields of an item that a walk reads, if lastWalkedByte(item) gives the last
 /// byte of them. Does nothing for any other class.
 template <class Item>
 void prefetchItem(const Item& item) noexcept {
-    if constexpr (requires { item.signatureEnd(); }) {
+    if constexpr (requires { lastWalkedByte(item); }) {
         PerchAppLibrary::prefetch(&item);
-        PerchAppLibrary::prefetch(item.signatureEnd());
+        PerchAppLibrary::prefetch(lastWalkedByte(item));
     }
 }
 

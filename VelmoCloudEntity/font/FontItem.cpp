@@ -169,10 +169,6 @@ const std::string& FontItem::leafDisplayName() const {
     return displayName().empty() ? ProductName() : displayName();
 }
 
-const std::string* FontItem::storedDisplayName() const {
-    return isExactly(*this) && !IsGroup() ? &leafDisplayName() : nullptr;
-}
-
 std::string FontItem::PreviewText() const {
     if (!previewText().empty())
         return previewText();

@@ -5,7 +5,6 @@
 #include <PerchAppLibrary/BaseEntity.hpp>
 #include <PerchAppLibrary/platform/PlatformFont.hpp>
 #include <PerchAppLibrary/platform/URLFwd.hpp>
-#include <PerchAppLibrary/platform/prefetch.hpp>
 #include <PerchAppLibrary/text/TextSignature.hpp>
 
 #include <cstdint>
@@ -196,10 +195,6 @@ class FontItem : public PerchAppLibrary::BaseEntity {
     /// white space). Makes no dictionaries, so it is about seven times as fast.
     static std::string getFontArrayText(const Records<FontItem>& list);
 
-    /// Returns the text of DisplayName() without a copy, or null if DisplayName() computes it: for
-    /// a group, and for a subclass, which may override it.
-    const std::string* storedDisplayName() const;
-
     /// Returns ProductFileName() without its last four characters: a dot and an extension of three
     /// letters. Returns nullopt if the name has fewer. Characters are UTF-16 code units; half of a
     /// surrogate pair that is cut becomes U+FFFD.
@@ -243,35 +238,6 @@ class FontItem : public PerchAppLibrary::BaseEntity {
                                              const std::string& privatePreviewFileUrlHeader,
                                              const std::string& userGuid) const;
 
-    /// Returns the cached signature of the four texts that searches by name read: ProductName,
-    /// ProductSetName, ProductFileName and displayName.
-    const PerchAppLibrary::text::CachedSignature& nameSignature() const noexcept {
-        return m_nameSignature;
-    }
-
-    /// Returns a pointer to the last byte of the signature, for prefetching.
-    const void* signatureEnd() const noexcept {
-        return reinterpret_cast<const char*>(&m_nameSignature + 1) - 1;
-    }
-
-    /// Prefetches the strings of the stored names.
-    void prefetchNames() const noexcept {
-        for (const std::string* const name :
-             {&m_ProductSetName, &m_ProductName, &m_ProductFileName}) {
-            PerchAppLibrary::prefetch(name);
-            PerchAppLibrary::prefetch(reinterpret_cast<const char*>(name + 1) - 1);
-        }
-    }
-
-    /// Prefetches the characters of the stored names. Reads the strings.
-    void prefetchTexts() const noexcept {
-        for (const std::string* const name :
-             {&m_ProductName, &m_ProductSetName, &m_ProductFileName}) {
-            PerchAppLibrary::prefetch(name->data());
-            PerchAppLibrary::prefetch(name->data() + name->size());
-        }
-    }
-
     /// Labels of getRemoteFileUrl(). The functions that take labels call the virtual functions
     /// above. A subclass that overrides one of those hides the one with labels, unless it also
     /// writes `using FontItem::getRemoteFileUrl;`.
@@ -313,6 +279,13 @@ class FontItem : public PerchAppLibrary::BaseEntity {
     std::string getRemotePreviewFile(const ServicePreviewLabels& labels) const;
 
 private:
+    friend struct FontAccess; // reads the names for searches
+
+    /// Returns the last byte that a walk over a tree reads, for prefetching.
+    friend const void* lastWalkedByte(const FontItem& font) noexcept {
+        return reinterpret_cast<const char*>(&font.m_nameSignature + 1) - 1;
+    }
+
     void forgetNames() noexcept { m_nameSignature.forget(); }
 
     /// Returns DisplayName() of a leaf.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <VelmoCloudEntity/font/FontItem.hpp>
+#include <VelmoCloudEntity/font/detail/FontAccess.hpp>
 
 #include <PerchAppLibrary/text/SearchedText.hpp>
 #include <PerchAppLibrary/text/TextSignature.hpp>
@@ -18,7 +19,7 @@ public:
 
     /// Returns the signature of all names of the font. Requires hasSignature(font).
     PerchAppLibrary::text::TextSignature signature(const FontItem& font) {
-        return font.nameSignature().get([&] { return computeSignature(font); });
+        return FontAccess::signature(font).get([&] { return computeSignature(font); });
     }
 
     /// Returns `test(name)` of ProductName, a Boolean. The name is a SearchedText&.
@@ -49,7 +50,7 @@ public:
             m_name.isASCII() && &setName != &name && name.starts_with(setName);
         if ((!isPartOfName && passes(setName, test)) || passes(font.ProductFileName(), test))
             return true;
-        if (const std::string* const stored = font.storedDisplayName())
+        if (const std::string* const stored = FontAccess::storedDisplayName(font))
             return stored != &name && // which has failed the test
                    passes(*stored, test);
         return passes(font.DisplayName(), test);

@@ -2,6 +2,7 @@
 
 #include <VelmoCloudEntity/entity/RecordTree.hpp>
 #include <VelmoCloudEntity/font/FontItem.hpp>
+#include <VelmoCloudEntity/font/detail/FontAccess.hpp>
 #include <VelmoCloudEntity/font/detail/FontNames.hpp>
 #include <VelmoCloudEntity/font/detail/NameQuery.hpp>
 
@@ -72,12 +73,13 @@ private:
 
     /// Adds the leaf to the batch unless the signature rules it out for all queries.
     void add(const std::shared_ptr<FontItem>& leaf) {
-        const bool isKnown = leaf->nameSignature().isKnown() || !FontNames::hasSignature(*leaf);
+        const bool isKnown =
+            FontAccess::signature(*leaf).isKnown() || !FontNames::hasSignature(*leaf);
         const Verdicts verdicts = isKnown ? signatureVerdicts(*leaf) : Verdicts();
         if (isRejected(verdicts))
             return;
         if (isUndecided(verdicts))
-            leaf->prefetchNames();
+            FontAccess::prefetchNames(*leaf);
         m_batch[m_batchSize++] = {leaf, verdicts, isKnown};
         if (m_batchSize == m_batch.size())
             finishBatch();
@@ -88,7 +90,7 @@ private:
         const std::span batch = std::span(m_batch).first(m_batchSize);
         for (const Candidate& candidate : batch)
             if (isUndecided(candidate.verdicts))
-                candidate.leaf->prefetchTexts();
+                FontAccess::prefetchTexts(*candidate.leaf);
         for (Candidate& candidate : batch)
             if (!candidate.hasVerdicts)
                 candidate.verdicts = signatureVerdicts(*candidate.leaf);
