@@ -199,6 +199,83 @@ public:
 };
 PERCH_RECORD_SCHEMA(Album);
 
+/// Defaults in braces, and what a computed property may be.
+class Defaults : public BaseEntity {
+    PERCH_RECORD(Defaults, BaseEntity);
+
+    PERCH_PROPERTY(std::vector<std::string>, One, {"en"});
+    PERCH_PROPERTY(std::vector<std::string>, Two, {"en", "de"});
+    PERCH_PROPERTY(std::vector<std::string>, Three, {"en", "de", "fr"});
+    PERCH_PROPERTY(std::vector<std::int64_t>, Numbers, {3, 4});
+    PERCH_PROPERTY(std::int64_t, Watched);
+    PERCH_COMPUTED(int, Int);
+    PERCH_COMPUTED(std::uint64_t, Large);
+    PERCH_COMPUTED(double, Real);
+    PERCH_COMPUTED(std::optional<std::int64_t>, Some);
+    PERCH_COMPUTED(std::optional<double>, None);
+    PERCH_COMPUTED(std::vector<std::optional<float>>, Floats);
+    PERCH_COMPUTED(Records<FontItem>, Fonts);
+
+    PERCH_RECORD_END;
+    PERCH_ON_CHANGE(count, Watched);
+
+public:
+    int changes = 0;
+
+private:
+    void count() noexcept { ++changes; }
+};
+PERCH_RECORD_SCHEMA(Defaults);
+int Defaults::Int() const { return -1; }
+std::uint64_t Defaults::Large() const { return std::numeric_limits<std::uint64_t>::max(); }
+double Defaults::Real() const { return 0.1; }
+std::optional<std::int64_t> Defaults::Some() const { return 5; }
+std::optional<double> Defaults::None() const { return std::nullopt; }
+std::vector<std::optional<float>> Defaults::Floats() const { return {0.1F, std::nullopt}; }
+Records<FontItem> Defaults::Fonts() const { return {nullptr}; }
+
+/// Declares a property of its base again, of which a change has an effect on the base.
+class Redeclared : public Defaults {
+    PERCH_RECORD(Redeclared, Defaults);
+
+    PERCH_PROPERTY(std::int64_t, Watched);
+    PERCH_PROPERTY(std::int64_t, Other);
+
+    PERCH_RECORD_END;
+    PERCH_ON_CHANGE(countOther, Other);
+
+public:
+    int otherChanges = 0;
+
+private:
+    void countOther() noexcept { ++otherChanges; }
+};
+PERCH_RECORD_SCHEMA(Redeclared);
+
+TEST(Declaration, TakesDefaultsAsTheyAreWritten) {
+    EXPECT_EQ(toText(Defaults::create()->value("One")), R"(["en"])");
+    EXPECT_EQ(toText(Defaults::create()->value("Two")), R"(["en","de"])");
+    EXPECT_EQ(toText(Defaults::create()->value("Three")), R"(["en","de","fr"])");
+    EXPECT_EQ(toText(Defaults::create()->value("Numbers")), "[3,4]");
+}
+
+TEST(Declaration, ReadsComputedPropertiesOfAnyKindByName) {
+    const std::pair<const char*, const char*> expected[] = {
+        {"Int", "-1"},    {"Large", "18446744073709551615"}, {"Real", "1E-1"},   {"Some", "5"},
+        {"None", "null"}, {"Floats", "[1E-1,null]"},         {"Fonts", "[null]"}};
+    for (const auto& [name, text] : expected)
+        EXPECT_EQ(toText(Defaults::create()->value(name)), text) << name;
+}
+
+TEST(Declaration, KeepsTheEffectOfAPropertyThatASubclassDeclaresAgain) {
+    const auto record = Redeclared::create();
+    record->setWatched(1);
+    EXPECT_EQ(record->changes, 1);
+    record->setOther(1);
+    EXPECT_EQ(record->otherChanges, 1);
+    EXPECT_EQ(record->changes, 1);
+}
+
 TEST(Declaration, FillsArraysOfRecordsFromTheirDeclaration) {
     const auto album = Album::parse(R"({"Fonts":[{"Id":1},7],"Value":"t",
         "Parts":[{"Value":"a","Parts":[{"Value":"b","Fonts":[{"Id":2}]}]},{"Value":"c"}]})");

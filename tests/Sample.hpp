@@ -17,8 +17,8 @@ class Sample : public PerchAppLibrary::BaseEntity {
     PERCH_PROPERTY(std::string, String, "kept");
     PERCH_PROPERTY(PerchAppLibrary::Rare<std::string>, Sparse);
     PERCH_PROPERTY(std::optional<std::string>, Optional, "kept");
-    PERCH_PROPERTY(std::vector<std::int64_t>, Ints, -7, -7);
-    PERCH_PROPERTY(std::vector<std::string>, Strings, "kept");
+    PERCH_PROPERTY(std::vector<std::int64_t>, Ints, {-7, -7});
+    PERCH_PROPERTY(std::vector<std::string>, Strings, {"kept"});
     PERCH_PROPERTY(PerchAppLibrary::JSON, Any);
     PERCH_PROPERTY(VelmoCloudEntity::Records<Sample>, Samples);
 

@@ -107,6 +107,7 @@ std::string textOf(const Source& source) {
 } // namespace
 
 void assign(Value& place, std::int64_t number) { place = number; }
+void assign(Value& place, std::uint64_t number) { place = number; }
 void assign(Value& place, bool flag) { place = flag; }
 
 void assign(Value& place, float number) {
@@ -119,6 +120,13 @@ void assign(Value& place, float number) {
     double value = 0;
     fast_float::from_chars(decimal, std::to_chars(decimal, std::end(decimal), number).ptr, value);
     place = value;
+}
+
+void assign(Value& place, double number) {
+    if (std::isfinite(number))
+        place = number;
+    else
+        place = nullptr;
 }
 
 void assign(Value& place, std::string_view text) {
@@ -136,6 +144,8 @@ void assign(Value& place, const std::optional<std::vector<std::int64_t>>& number
     assignOptional(place, numbers);
 }
 void assign(Value& place, const std::vector<std::string>& texts) { assignArray(place, texts); }
+void assignArray(Value& place) { place.emplace_array(); }
+Value& append(Value& array) { return array.get_array().emplace_back(nullptr); }
 void assign(Value& place, const URL& url) { assign(place, std::string_view(url.buffer())); }
 void assign(Value& place, const PlatformFont& font) {
     Dictionary& dictionary = place.emplace_object();

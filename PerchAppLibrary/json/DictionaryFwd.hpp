@@ -39,13 +39,17 @@ class PlatformFont; // completed by PerchAppLibrary/platform/PlatformFont.hpp
 /// Sets a value of a Dictionary, in the value's storage. Linear in the size of the source.
 ///
 /// - An integer or a Boolean becomes an equal value.
-/// - A float becomes its shortest decimal, so 0.1F becomes 0.1. NaN and the infinities become null.
+/// - A float becomes its shortest decimal, so 0.1F becomes 0.1; a double becomes an equal value.
+/// NaN
+///   and the infinities become null.
 /// - In a text, each ill-formed sequence of bytes becomes U+FFFD.
 /// - An empty optional becomes null.
 /// - A URL becomes its text, a font {"name", "size"}, and a JSON an equal value.
 void assign(Value& place, std::int64_t number);
+void assign(Value& place, std::uint64_t number);
 void assign(Value& place, bool flag);
 void assign(Value& place, float number);
+void assign(Value& place, double number);
 void assign(Value& place, std::string_view text);
 void assign(Value& place, const std::string& text);
 void assign(Value& place, const char* text) = delete; // would convert to bool
@@ -57,5 +61,11 @@ void assign(Value& place, const URL& url);
 void assign(Value& place, const PlatformFont& font);
 void assign(Value& place, const JSON& json);
 void assign(Value& place, Dictionary&& dictionary);
+
+/// Sets a value to an empty array.
+void assignArray(Value& place);
+
+/// Appends a null to an array, and returns it. Requires that the value is an array.
+Value& append(Value& array);
 
 } // namespace PerchAppLibrary

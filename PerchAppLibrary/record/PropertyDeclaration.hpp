@@ -17,6 +17,11 @@ namespace PerchAppLibrary {
 
 class BaseEntity;
 
+/// Returns whether the text of a macro's argument is an identifier.
+consteval bool isName(std::string_view text) {
+    return text.find_first_of("<>, :") == std::string_view::npos;
+}
+
 /// The line of a declaration in its class. Overloads that take it are collected by line number.
 template <int Line>
 struct At {};
@@ -52,6 +57,23 @@ template <class T, class Record, int Line>
 using FieldOf = std::conditional_t<Declared<T>::place == Place::field, ValueOf<T>,
                                    Slot<Declared<T>::place, Record, Line>>;
 
+/// The default of a property, from what follows its name. As a member, a braced list initialises
+/// the value itself: `{"en", "de"}` is two texts, where T{{"en", "de"}} would be one from two
+/// pointers.
+template <class T>
+struct Default {
+    T value;
+};
+
+/// Returns the value for the member of a property. A Slot has none.
+template <class Field, class T>
+constexpr Field initial(Default<T>&& given) {
+    if constexpr (std::same_as<Field, T>)
+        return std::move(given.value);
+    else
+        return Field();
+}
+
 template <class T, class Record>
 consteval T Record::* fieldPointer(T Record::* field) {
     return field;
@@ -78,6 +100,10 @@ struct RecordAccess {
     static constexpr int firstLine = Record::firstPropertyLine;
     template <class Record>
     static constexpr int lastLine = Record::lastPropertyLine;
+
+    template <class Record, int Line>
+    static constexpr bool isInList =
+        !isEnded<Record> || (firstLine<Record> < Line && Line < lastLine<Record>);
 
     template <class Record, int Line>
     static constexpr bool hasProperty = requires { Record::onePropertyPerLine(At<Line>()).name; };

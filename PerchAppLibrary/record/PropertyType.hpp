@@ -1,5 +1,7 @@
 #pragma once
 
+#include <PerchAppLibrary/json/DictionaryFwd.hpp>
+
 #include <concepts>
 #include <cstdint>
 #include <memory>
@@ -9,8 +11,6 @@
 #include <vector>
 
 namespace PerchAppLibrary {
-
-class JSON;
 
 /// The type of a text that few records have. It takes no memory in a record while it is empty.
 template <class T>
@@ -52,6 +52,11 @@ template <class T>
 using ReadType = std::conditional_t<std::is_scalar_v<T>, T, const T&>;
 
 template <class T>
+inline constexpr bool isArray = false;
+template <class T>
+inline constexpr bool isArray<std::vector<T>> = true;
+
+template <class T>
 inline constexpr bool isArrayOfShared = false;
 template <class R>
 inline constexpr bool isArrayOfShared<std::vector<std::shared_ptr<R>>> = true;
@@ -69,6 +74,21 @@ template <class T>
 inline constexpr bool isPropertyType<Rare<T>> = std::same_as<T, std::string>;
 template <class T>
 inline constexpr bool isPropertyType<Near<T>> = std::same_as<T, bool>;
+
+/// True if a computed property can have this type.
+template <class T>
+inline constexpr bool isComputedType =
+    std::is_arithmetic_v<T> || isPropertyType<T> || std::same_as<T, URL> ||
+    std::same_as<T, Dictionary> || std::same_as<T, PlatformFont>;
+template <class T>
+inline constexpr bool isComputedType<std::optional<T>> = isComputedType<T>;
+template <class T>
+inline constexpr bool isComputedType<std::vector<T>> =
+    isComputedType<T> || isArrayOfShared<std::vector<T>>;
+template <class T>
+inline constexpr bool isComputedType<Rare<T>> = false;
+template <class T>
+inline constexpr bool isComputedType<Near<T>> = false;
 
 class BaseEntity;
 

@@ -99,16 +99,21 @@ public:                                               \
     static_assert(true)
 
 /// Declares a stored property with the virtual accessors `Name()` and `setName(value)`. The default
-/// follows the name; without it, the default is the zero of the type.
+/// follows the name, a list in braces: `{"en", "de"}`; without it, the default is the zero of the
+/// type.
 #define PERCH_PROPERTY(Type, Name, ...)                                \
+    PERCH_ASSERT_NAME(Name)                                            \
     static_assert(#Name[0] < 'a' || #Name[0] > 'z',                    \
                   "PERCH_PROPERTY_SET_BY names the setter of " #Name); \
     PERCH_PROPERTY_SET_BY(Type, Name, set##Name __VA_OPT__(, ) __VA_ARGS__)
 
 /// Like PERCH_PROPERTY, but names the setter, for a property whose name begins with a small letter.
 #define PERCH_PROPERTY_SET_BY(Type, Name, Setter, ...)                                             \
+    PERCH_ASSERT_NAME(Name)                                                                        \
 private:                                                                                           \
-    [[no_unique_address]] PerchAppLibrary::FieldOf<Type, Self, __LINE__> m_##Name{__VA_ARGS__};    \
+    [[no_unique_address]] PerchAppLibrary::FieldOf<Type, Self, __LINE__> m_##Name{                 \
+        __VA_OPT__(PerchAppLibrary::initial<PerchAppLibrary::FieldOf<Type, Self, __LINE__>>(       \
+            PerchAppLibrary::Default<PerchAppLibrary::ValueOf<Type>>{__VA_ARGS__}))};              \
                                                                                                    \
 public:                                                                                            \
     static_assert(PerchAppLibrary::isPropertyType<Type>,                                           \
@@ -117,6 +122,10 @@ public:                                                                         
                         "std::vector<std::int64_t>, std::vector<std::string>, JSON, "              \
                         "std::vector<std::shared_ptr<R>> of a record R, Rare<std::string> or "     \
                         "Near<bool>");                                                             \
+    static_assert(PerchAppLibrary::Declared<Type>::place == PerchAppLibrary::Place::field ||       \
+                      sizeof(#__VA_ARGS__) == 1,                                                   \
+                  #Name " has the type " #Type                                                     \
+                        ", which takes no default: it begins empty or false");                     \
     virtual PerchAppLibrary::ReadType<PerchAppLibrary::ValueOf<Type>> Name() const {               \
         return this->PerchAppLibrary::BaseEntity::stored(this->m_##Name);                          \
     }                                                                                              \
@@ -160,19 +169,31 @@ private:                                                                        
 public:                                                                                        \
     static_assert(true)
 
-/// Declares a computed property with the virtual getter `Name()`, which the class defines.
-#define PERCH_COMPUTED(Type, Name)                                                     \
-public:                                                                                \
-    virtual Type Name() const;                                                         \
-                                                                                       \
-private:                                                                               \
-    static consteval PerchAppLibrary::ComputedProperty<Self, Type> onePropertyPerLine( \
-        PerchAppLibrary::At<__LINE__>) {                                               \
-        PERCH_ASSERT_IN_LIST(Name)                                                     \
-        return {#Name, &Self::Name};                                                   \
-    }                                                                                  \
-                                                                                       \
-public:                                                                                \
+/// Declares a computed property with the virtual getter `Name()`, which the class defines. Its type
+/// is that of a property, any number, a URL, PlatformFont or Dictionary, or a vector or optional of
+/// these.
+#define PERCH_COMPUTED(Type, Name, ...)                                                            \
+    PERCH_ASSERT_NAME(Name)                                                                        \
+public:                                                                                            \
+    virtual Type Name() const;                                                                     \
+                                                                                                   \
+private:                                                                                           \
+    static consteval PerchAppLibrary::ComputedProperty<Self, Type> onePropertyPerLine(             \
+        PerchAppLibrary::At<__LINE__>) {                                                           \
+        PERCH_ASSERT_IN_LIST(Name)                                                                 \
+        return {#Name, &Self::Name};                                                               \
+    }                                                                                              \
+    template <class Record>                                                                        \
+    static consteval PerchAppLibrary::Kept keptAt(PerchAppLibrary::At<__LINE__>) {                 \
+        static_assert(PerchAppLibrary::isComputedType<Type>,                                       \
+                      #Name " has the type " #Type ", which no computed property can have. Use a " \
+                            "number, bool, std::string, JSON, URL, Dictionary, PlatformFont, "     \
+                            "std::vector<std::shared_ptr<R>> of a record R, or a std::vector or "  \
+                            "std::optional of them");                                              \
+        return {true, true};                                                                       \
+    }                                                                                              \
+                                                                                                   \
+public:                                                                                            \
     static_assert(true)
 
 /// Calls `Effect()`, a noexcept member function, after any change of these properties of the class,
@@ -190,6 +211,7 @@ protected:                                                                      
     void perchChanged(std::string_view name) {                                             \
         if (false PERCH_FOR_EACH_NAME(PERCH_OR_IS, __VA_ARGS__))                           \
             this->Effect();                                                                \
+        Base::perchChanged(name); /* which may name a property that Self declares again */ \
     }                                                                                      \
                                                                                            \
 public:                                                                                    \
@@ -216,6 +238,11 @@ public:                                                                         
 public:                                            \
     PERCH_FOR_EACH_NAME(PERCH_CREATE, __VA_ARGS__) \
     static_assert(true)
+
+/// Defines the schema of a record. RecordSchema.hpp defines this macro again.
+#define PERCH_RECORD_SCHEMA(Class)                                \
+    static_assert(false, "PERCH_RECORD_SCHEMA(" #Class ") needs " \
+                         "#include <PerchAppLibrary/record/RecordSchema.hpp>")
 
 // The macros above use the following ones.
 
@@ -247,10 +274,14 @@ public:                                            \
         return {getter, setter};                                                                  \
     }
 
+// A type with a comma comes as two arguments, so the second one is no name.
+#define PERCH_ASSERT_NAME(Name)                   \
+    static_assert(PerchAppLibrary::isName(#Name), \
+                  #Name " is no name. A type with a comma needs an alias: using Alias = ...");
+
 // For the body of a member function, where the class is complete.
-#define PERCH_ASSERT_IN_LIST(Name)                                                               \
-    static_assert(!PerchAppLibrary::RecordAccess::isEnded<Self> ||                               \
-                      (Self::firstPropertyLine < __LINE__ && __LINE__ < Self::lastPropertyLine), \
+#define PERCH_ASSERT_IN_LIST(Name)                                         \
+    static_assert(PerchAppLibrary::RecordAccess::isInList<Self, __LINE__>, \
                   #Name " does not stand between PERCH_RECORD and PERCH_RECORD_END");
 
 #define PERCH_ASSERT_OWN(Name)                                       \

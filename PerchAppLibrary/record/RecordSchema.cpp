@@ -63,6 +63,11 @@ std::size_t RecordSchema::find(std::string_view name) const noexcept {
     return index < m_properties.size() ? index : notFound;
 }
 
+void assignRecord(Value& place, const BaseEntity* record) {
+    if (record != nullptr)
+        assign(place, record->properties());
+}
+
 std::string Property::kind() const {
     return std::visit(
         []<class Access>(const Access& each) -> std::string {
@@ -88,8 +93,7 @@ Value Property::value(const BaseEntity& record) const {
             } else {
                 ValueArray values;
                 for (const BaseEntity* const item : each.get(record))
-                    values.emplace_back(item == nullptr ? Value(nullptr)
-                                                        : Value(item->properties()));
+                    assignRecord(values.emplace_back(nullptr), item);
                 return values;
             }
         },

@@ -5,6 +5,7 @@
 #include <PerchAppLibrary/json/DictionaryFwd.hpp>
 #include <PerchAppLibrary/record/RecordSink.hpp>
 
+#include <concepts>
 #include <cstdint>
 #include <initializer_list>
 #include <memory>
@@ -12,7 +13,9 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <type_traits>
 #include <typeinfo>
+#include <utility>
 #include <variant>
 #include <vector>
 
@@ -143,6 +146,36 @@ private:
     std::unique_ptr<const RecordWriter> m_writer;
 };
 
+/// Sets a value to the properties() of a record, or to null.
+void assignRecord(Value& place, const BaseEntity* record);
+
+/// Sets a value that is null to that of a computed property.
+template <class T>
+void assignComputed(Value& place, T&& value) {
+    using Type = std::remove_cvref_t<T>;
+    if constexpr (std::same_as<Type, bool> || std::floating_point<Type>) {
+        if constexpr (std::same_as<Type, long double>)
+            assign(place, static_cast<double>(value));
+        else
+            assign(place, value);
+    } else if constexpr (std::signed_integral<Type>) {
+        assign(place, static_cast<std::int64_t>(value));
+    } else if constexpr (std::integral<Type>) {
+        assign(place, static_cast<std::uint64_t>(value));
+    } else if constexpr (requires { value.has_value(); }) {
+        if (value.has_value())
+            assignComputed(place, *std::forward<T>(value));
+    } else if constexpr (isArray<Type>) {
+        assignArray(place);
+        for (const auto& each : value)
+            assignComputed(append(place), each);
+    } else if constexpr (requires { assignRecord(place, value.get()); }) {
+        assignRecord(place, value.get());
+    } else {
+        assign(place, std::forward<T>(value));
+    }
+}
+
 /// The nearest base of a class that is a record.
 template <class Record>
 using NearestBase = typename decltype(nearestRecord(static_cast<const Record*>(nullptr),
@@ -217,7 +250,7 @@ private:
     static auto accessOf(ComputedProperty<Record, T>) {
         return ComputedAccess{[](const BaseEntity& record, Value& place) {
             constexpr auto declared = RecordAccess::property<Record, Line>();
-            assign(place, (static_cast<const Record&>(record).*declared.get)());
+            assignComputed(place, (static_cast<const Record&>(record).*declared.get)());
         }};
     }
 
@@ -246,6 +279,7 @@ private:
 
 } // namespace PerchAppLibrary
 
+#undef PERCH_RECORD_SCHEMA
 /// Defines the functions that PERCH_RECORD(Class, ...) declares. Goes once into the record's source
 /// file, in its namespace.
 #define PERCH_RECORD_SCHEMA(Class)                                                              \

@@ -7,12 +7,17 @@
 // PROPERTY=PERCH_PROPERTY(Rare<std::int64_t>, Seldom) // Seldom has the type Rare<std::int64_t>
 // PROPERTY=PERCH_PROPERTY(bool, First); PERCH_PROPERTY(bool, Second) // onePropertyPerLine
 // PROPERTY=PERCH_PROPERTY(bool, small) // PERCH_PROPERTY_SET_BY names the setter of small
-// BASE=BaseEntity // does not name the direct base
-// END= // Own needs PERCH_RECORD_END after its properties
-// EFFECT=PERCH_PROPERTY(bool, Late) // Late does not stand between PERCH_RECORD and PERCH_RECORD
-// EFFECT=PERCH_ON_CHANGE(forget, Format) // names a property of another class: Format
-// EFFECT=PERCH_ON_CHANGE(remember, Stars) // remember of PERCH_ON_CHANGE must be noexcept
-// CALL=FontSearchItem::create({"k", "u"}) // no matching
+// PROPERTY=PERCH_PROPERTY(std::map<int, int>, Sizes) // A type with a comma needs an alias
+// PROPERTY=PERCH_COMPUTED(std::map<int, int>, Sizes) // A type with a comma needs an alias
+// PROPERTY=PERCH_PROPERTY(Rare<std::string>, Seldom, "x") // Rare<std::string>, which takes no
+// default PROPERTY=PERCH_PROPERTY(std::int64_t, Count, 3.5) // narrowing
+// PROPERTY=PERCH_PROPERTY(std::vector<std::string>, Words, "a", "b") // many initializers|no viable
+// conversion PROPERTY=enum class Kind {}; PERCH_COMPUTED(Kind, Sort) // Sort has the type Kind,
+// which no comp BASE=BaseEntity // does not name the direct base END= // Own needs PERCH_RECORD_END
+// after its properties EFFECT=PERCH_PROPERTY(bool, Late) // Late does not stand between
+// PERCH_RECORD and PERCH_RECORD EFFECT=PERCH_ON_CHANGE(forget, Format) // names a property of
+// another class: Format EFFECT=PERCH_ON_CHANGE(remember, Stars) // remember of PERCH_ON_CHANGE must
+// be noexcept CALL=FontSearchItem::create({"k", "u"}) // no matching
 // CALL=FontSearchItem::create({.searchKey = "k", .userGuid = "u"}) // declaration order|no matching
 // CALL=FontItem::create({.id = 7, .productName = "A"}) // no matching
 // CALL=FontItem::create({.id = 7, .productName = "A", .isPrivat = true}) // no matching
@@ -42,6 +47,8 @@
 #include <VelmoCloudEntity/font/FontList.hpp>
 
 #include <PerchAppLibrary/record/RecordSchema.hpp>
+
+#include <map>
 
 using namespace PerchAppLibrary;
 using namespace VelmoCloudEntity;
