@@ -3,6 +3,7 @@
 #include <PerchAppLibrary/BaseEntity.hpp>
 #include <PerchAppLibrary/json/JSON.hpp>
 #include <PerchAppLibrary/record/RecordSink.hpp>
+#include <PerchAppLibrary/record/readRecords.hpp>
 
 #include <iterator>
 #include <memory>

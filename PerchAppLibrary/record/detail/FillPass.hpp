@@ -132,7 +132,7 @@ private:
     void visitMembers(Element element, Find find) {
         m_filler.source().forEachMember(element, [&](std::string_view key, Element member) {
             std::uint32_t index = find(key);
-            if (index == m_schema.properties().size()) [[unlikely]]
+            if (index == m_plan.unknownKey()) [[unlikely]]
                 index = findUnescaped(key, index);
             handlers[m_actions[index].kind](*this, m_actions[index], index, member);
         });
@@ -242,13 +242,15 @@ private:
 
     /// The handlers, indexed by FillAction::Kind.
     static constexpr auto handlers = []<std::size_t... I>(std::index_sequence<I...>) consteval {
-        return std::array<Handler, FillAction::fillFirstField + sizeof...(I)>{
-            &ignore,
-            &defer,
-            &fillPlace<FieldAccess<bool>, FlagPlace>,
-            &fillPlace<FieldAccess<std::string>, SparsePlace>,
-            Source::readsInOrder ? &fillRecords : &defer,
-            fieldHandler<I>()...};
+        std::array<Handler, FillAction::fillFirstField + sizeof...(I)> by{};
+        by[FillAction::ignore] = &ignore;
+        by[FillAction::defer] = &defer;
+        by[FillAction::fillFlag] = &fillPlace<FieldAccess<bool>, NumberedPlace<bool>>;
+        by[FillAction::fillSparseText] =
+            &fillPlace<FieldAccess<std::string>, NumberedPlace<std::string>>;
+        by[FillAction::fillRecords] = Source::readsInOrder ? &fillRecords : &defer;
+        ((by[FillAction::fillFirstField + I] = fieldHandler<I>()), ...);
+        return by;
     }(std::make_index_sequence<std::variant_size_v<decltype(Property::access)>>());
 
     /// Filling a record of up to this many properties does not allocate for the pass.

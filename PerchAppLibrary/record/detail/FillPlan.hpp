@@ -39,8 +39,11 @@ public:
 
     const NameIndex& names() const noexcept { return m_names; }
 
-    /// Returns the action for each property and, last, for an unknown key. For a record of exactly
-    /// the class, which no code but the filler reads meanwhile.
+    /// The index in the actions for an unknown key.
+    std::size_t unknownKey() const noexcept { return m_setterActions.size() - 1; }
+
+    /// Returns the action for each property and, at unknownKey(), for an unknown key. For a record
+    /// of exactly the class, which no code but the filler reads meanwhile.
     std::span<const FillAction> directActions() const noexcept { return m_directActions; }
 
     /// Like directActions(), but defers all values. For a record of a subclass, or with excluded

@@ -6,6 +6,7 @@
 #include <concepts>
 #include <string>
 #include <string_view>
+#include <type_traits>
 #include <utility>
 
 namespace PerchAppLibrary {
@@ -13,17 +14,19 @@ namespace PerchAppLibrary {
 /// Reads and writes the values of records at their places, without accessors. Requires that no
 /// subclass overrides the accessors.
 struct PlaceAccess {
-    static bool flag(const BaseEntity& record, unsigned slot) noexcept {
-        return (record.m_flags >> slot & 1U) != 0;
+    /// Returns the flag or the sparse text of this number.
+    template <class T>
+    static ReadType<T> read(const BaseEntity& record, unsigned slot) noexcept {
+        if constexpr (std::same_as<T, bool>)
+            return (record.m_flags >> slot & 1U) != 0;
+        else
+            return record.m_sparseTexts[slot];
     }
-    static void setFlag(BaseEntity& record, unsigned slot, bool value) noexcept {
+    static void write(BaseEntity& record, unsigned slot, bool value) noexcept {
         const std::uint32_t mask = std::uint32_t{1} << slot;
         record.m_flags = value ? record.m_flags | mask : record.m_flags & ~mask;
     }
-    static const std::string& text(const BaseEntity& record, unsigned slot) noexcept {
-        return record.m_sparseTexts[slot];
-    }
-    static void setText(BaseEntity& record, unsigned slot, std::string&& text) {
+    static void write(BaseEntity& record, unsigned slot, std::string&& text) {
         record.m_sparseTexts.set(slot, std::move(text));
     }
 
@@ -32,12 +35,9 @@ struct PlaceAccess {
     static ReadType<T> read(const BaseEntity& record, const FieldAccess<T>& access) {
         if (access.place == Place::field)
             return record.*access.field;
-        if constexpr (std::same_as<T, bool>)
-            if (access.place == Place::flag)
-                return flag(record, access.slot);
-        if constexpr (std::same_as<T, std::string>)
-            if (access.place == Place::sparse)
-                return text(record, access.slot);
+        if constexpr (std::same_as<T, bool> || std::same_as<T, std::string>)
+            if (access.place != Place::none)
+                return read<T>(record, access.slot);
         return (record.*access.get)();
     }
 };
@@ -74,49 +74,31 @@ struct FieldPlace {
     }
 };
 
-/// The place of a flag in the header of a record, for filling.
-struct FlagPlace {
-    using Value = bool;
+/// The place of a flag or of a sparse text, which has a number, for filling.
+template <class T>
+struct NumberedPlace {
+    using Value = T;
 
     BaseEntity& record;
     unsigned slot;
 
-    FlagPlace(BaseEntity& filled, const FieldAccess<bool>& access)
+    NumberedPlace(BaseEntity& filled, const FieldAccess<T>& access)
         : record(filled), slot(access.slot) {}
 
-    bool isZero() const noexcept { return !PlaceAccess::flag(record, slot); }
-    void set(bool value) noexcept { PlaceAccess::setFlag(record, slot, value); }
+    bool isZero() const noexcept {
+        return PropertyKind<T>::isZero(PlaceAccess::read<T>(record, slot));
+    }
+    void set(T&& value) { PlaceAccess::write(record, slot, std::move(value)); }
 
     template <class Source, class Element>
     bool take(Source& source, Element element) {
-        bool value = false;
+        std::conditional_t<std::same_as<T, bool>, bool, std::string_view> value{};
         if (!source.get(element, value))
             return false;
-        set(value);
-        return true;
-    }
-};
-
-/// The place of a sparse text, for filling.
-struct SparsePlace {
-    using Value = std::string;
-
-    BaseEntity& record;
-    unsigned slot;
-
-    SparsePlace(BaseEntity& filled, const FieldAccess<std::string>& access)
-        : record(filled), slot(access.slot) {}
-
-    bool isZero() const noexcept { return PlaceAccess::text(record, slot).empty(); }
-    void set(std::string&& text) { PlaceAccess::setText(record, slot, std::move(text)); }
-
-    template <class Source, class Element>
-    bool take(Source& source, Element element) {
-        std::string_view text;
-        if (!source.get(element, text))
-            return false;
-        if (!text.empty())
-            set(std::string(text));
+        if constexpr (std::same_as<T, bool>)
+            set(std::move(value));
+        else if (!value.empty())
+            set(std::string(value));
         return true;
     }
 };

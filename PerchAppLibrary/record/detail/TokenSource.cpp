@@ -1,4 +1,4 @@
-#include <PerchAppLibrary/record/detail/direct/TokenSource.hpp>
+#include <PerchAppLibrary/record/detail/TokenSource.hpp>
 
 #include <PerchAppLibrary/json/detail/JSONFallback.hpp>
 

@@ -1,14 +1,15 @@
-#include <PerchAppLibrary/record/detail/fillRecord.hpp>
+#pragma once
 
 #include <PerchAppLibrary/json/detail/Conversion.hpp>
 #include <PerchAppLibrary/json/detail/JSONElement.hpp>
-#include <PerchAppLibrary/record/detail/RecordFiller.hpp>
+#include <PerchAppLibrary/record/detail/NameIndex.hpp>
 
 #include <concepts>
+#include <optional>
 #include <string_view>
+#include <utility>
 
 namespace PerchAppLibrary {
-namespace {
 
 /// A parsed document as the Source of a RecordFiller.
 class DocumentSource {
@@ -74,29 +75,5 @@ public:
 private:
     JSON m_json; // a copy, since filling may set a property that holds the given one
 };
-
-} // namespace
-
-void readRecords(const JSON& json, bool onlyObjects, RecordSink& sink) {
-    DocumentSource source(json);
-    if (const auto root = source.root())
-        RecordFiller(source).readInto(sink, *root, onlyObjects);
-}
-
-void mapRecord(BaseEntity& record, const JSON& json, const Excluded& excluded) {
-    DocumentSource source(json);
-    if (const auto root = source.root())
-        RecordFiller(source).map(record, *root, excluded);
-}
-
-void fillRecord(BaseEntity& record, const JSON& json, const Excluded& excluded) {
-    DocumentSource source(json);
-    RecordFiller(source).fill(record, source.root(), excluded);
-}
-
-void fillArray(const RecordsAccess& access, BaseEntity& record, const JSON& json) {
-    DocumentSource source(json);
-    RecordFiller(source).fillArray(access, record, source.root());
-}
 
 } // namespace PerchAppLibrary

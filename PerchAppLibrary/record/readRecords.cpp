@@ -1,8 +1,10 @@
-#include <PerchAppLibrary/record/RecordSink.hpp>
+#include <PerchAppLibrary/record/readRecords.hpp>
 
 #include <PerchAppLibrary/json/detail/Stages.hpp>
+#include <PerchAppLibrary/record/detail/DocumentSource.hpp>
 #include <PerchAppLibrary/record/detail/RecordFiller.hpp>
-#include <PerchAppLibrary/record/detail/direct/TokenSource.hpp>
+#include <PerchAppLibrary/record/detail/TokenSource.hpp>
+#include <PerchAppLibrary/record/detail/fillRecord.hpp>
 
 namespace PerchAppLibrary {
 namespace {
@@ -51,6 +53,28 @@ void parseRecords(std::string_view text, bool onlyObjects, RecordSink& sink) {
     std::string copy;
     copy.reserve(text.size() + simdjson::SIMDJSON_PADDING);
     parseRecords(std::move(copy.append(text)), onlyObjects, sink);
+}
+
+void readRecords(const JSON& json, bool onlyObjects, RecordSink& sink) {
+    DocumentSource source(json);
+    if (const auto root = source.root())
+        RecordFiller(source).readInto(sink, *root, onlyObjects);
+}
+
+void mapRecord(BaseEntity& record, const JSON& json, const Excluded& excluded) {
+    DocumentSource source(json);
+    if (const auto root = source.root())
+        RecordFiller(source).map(record, *root, excluded);
+}
+
+void fillRecord(BaseEntity& record, const JSON& json, const Excluded& excluded) {
+    DocumentSource source(json);
+    RecordFiller(source).fill(record, source.root(), excluded);
+}
+
+void fillArray(const RecordsAccess& access, BaseEntity& record, const JSON& json) {
+    DocumentSource source(json);
+    RecordFiller(source).fillArray(access, record, source.root());
 }
 
 } // namespace PerchAppLibrary

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <PerchAppLibrary/json/JSON.hpp>
+#include <PerchAppLibrary/record/RecordSink.hpp>
+
+#include <string>
+#include <string_view>
+
+/// Reading arrays of records: from a document, or directly from a text.
+namespace PerchAppLibrary {
+
+/// Reads one record for each element of the JSON array, or with `onlyObjects` for each that is an
+/// object, into the sink. Reads nothing from any other value. Linear.
+void readRecords(const JSON& json, bool onlyObjects, RecordSink& sink);
+
+/// Does readRecords(JSON::parse(text), onlyObjects, sink), but nearly always without a document: it
+/// fills the records while it reads the text. If it then finds a fault, it destroys them and parses
+/// a document. So it must not be used for a class with constructors or overrides of a client, who
+/// could notice. Throws JSON::ParseError if the text is malformed.
+void parseRecords(std::string_view text, bool onlyObjects, RecordSink& sink);
+void parseRecords(std::string&& text, bool onlyObjects, RecordSink& sink);
+inline void parseRecords(const char* text, bool onlyObjects, RecordSink& sink) {
+    parseRecords(std::string_view(text), onlyObjects, sink);
+}
+
+} // namespace PerchAppLibrary
