@@ -148,10 +148,14 @@ private:
     void visitMembersInOrder(Element element, KeyOrder& order) {
         const NameIndex& names = m_plan.names();
         std::size_t wrongGuesses = 0;
+        const auto unknown = static_cast<std::uint32_t>(m_schema.properties().size());
         std::uint32_t* guess = &order.first();
         visitMembers(element, [&](std::string_view key) {
             if (!names.isAt(*guess, key)) [[unlikely]] {
-                *guess = names.slotOf(key);
+                const std::uint32_t found = names.slotOf(key);
+                if (names.indexAt(found) == unknown) // the next key may still be the guessed one
+                    return unknown;
+                *guess = found;
                 ++wrongGuesses;
             }
             const std::uint32_t slot = *guess;
