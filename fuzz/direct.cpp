@@ -1,5 +1,6 @@
 // Fuzzes the list wrappers: one that is read straight from a text equals one that is read from the
-// document, and a text that is no document gives an equal error.
+// document, and one that is filled through its setters. A text that is no document gives an equal
+// error.
 #include "Document.hpp"
 
 #include <tests/BothRoads.hpp>
@@ -26,7 +27,10 @@ void check(Input& input) {
     for (const auto& property : Item().schema().properties())
         keys.push_back(property.name);
     const std::string text = makeDocument(input, keys);
-    requireEqual(BothRoads<List>::directly(text), BothRoads<List>::byDocument(text), text);
+    const std::string expected = BothRoads<List>::byDocument(text);
+    requireEqual(BothRoads<List>::directly(text), expected, text);
+    requireEqual(BothRoads<List>::bySetters(text), expected, text);
+    requireEqual(BothRoads<List>::inWindows(text).value_or(expected), expected, text);
 }
 
 } // namespace

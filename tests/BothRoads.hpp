@@ -1,24 +1,64 @@
 #pragma once
 
-#include <VelmoCloudEntity/entity/Records.hpp>
+#include <VelmoCloudEntity/entity/RecordList.hpp>
 
 #include <PerchAppLibrary/json/Dictionary.hpp>
 #include <PerchAppLibrary/json/JSON.hpp>
+#include <PerchAppLibrary/record/detail/RecordFiller.hpp>
+#include <PerchAppLibrary/record/detail/TokenSource.hpp>
 
+#include <optional>
 #include <string>
+#include <utility>
 
-/// The two ways of reading a list wrapper: each returns the properties of its records as text, or
-/// the message of the ParseError.
+/// The ways of reading a list wrapper: each returns the properties of its records as text, or the
+/// message of the ParseError.
 template <class List>
 struct BothRoads {
     static std::string directly(const std::string& text) {
         return outcome([&text] { return List::parse(text); });
     }
+    /// Like directly(), but in windows of few bytes, and without a document: returns nullopt
+    /// instead.
+    static std::optional<std::string> inWindows(const std::string& text) {
+        try {
+            return outcome([&text] { return recordsInWindows(text, List()); });
+        } catch (const PerchAppLibrary::TokenSource::Fault&) {
+            return std::nullopt;
+        }
+    }
     static std::string byDocument(const std::string& text) {
         return outcome([&text] { return List(PerchAppLibrary::JSON::parse(text)); });
     }
+    /// Like byDocument(), but the records are of a subclass, so each property is set in its turn.
+    static std::string bySetters(const std::string& text) {
+        return outcome([&text] { return recordsBySetters(text, List()); });
+    }
 
 private:
+    template <class Item, VelmoCloudEntity::Elements which>
+    static auto recordsBySetters(const std::string& text,
+                                 const VelmoCloudEntity::RecordRange<List, Item, which>&) {
+        struct Overriding : Item {
+            void setId(std::int64_t id) override { Item::setId(id); }
+        };
+        return VelmoCloudEntity::makeRecords<Overriding>(PerchAppLibrary::JSON::parse(text), which);
+    }
+
+    template <class Item, VelmoCloudEntity::Elements which>
+    static VelmoCloudEntity::Records<Item>
+    recordsInWindows(std::string text, const VelmoCloudEntity::RecordRange<List, Item, which>&) {
+        const std::size_t size = text.size();
+        text.append(simdjson::SIMDJSON_PADDING, ' ');
+        PerchAppLibrary::TokenSource source(std::string_view(text).substr(0, size), 32);
+        const auto root = source.root();
+        PerchAppLibrary::RecordsSink<Item> sink;
+        PerchAppLibrary::RecordFiller(source).readInto(
+            sink, root, which == VelmoCloudEntity::Elements::objects);
+        source.finish(root);
+        return std::move(sink.records);
+    }
+
     template <class Read>
     static std::string outcome(Read read) {
         std::string outcome;

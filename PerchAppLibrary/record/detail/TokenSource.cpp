@@ -8,12 +8,6 @@
 namespace PerchAppLibrary {
 namespace {
 
-#ifndef PERCH_WINDOW_SIZE // tests have smaller windows
-#define PERCH_WINDOW_SIZE (1U << 19)
-#endif
-/// The usual size of a window, which stays in the cache.
-constexpr std::size_t windowSize = PERCH_WINDOW_SIZE;
-
 const std::uint8_t* bytesOf(const char* text) {
     return reinterpret_cast<const std::uint8_t*>(text);
 }
@@ -53,7 +47,8 @@ std::string_view windowOf(std::string_view text, std::size_t size) {
 
 } // namespace
 
-TokenSource::TokenSource(std::string_view text) : m_text(text), m_window(text.substr(0, 0)) {
+TokenSource::TokenSource(std::string_view text, std::size_t windowSize)
+    : m_text(text), m_window(text.substr(0, 0)), m_windowSize(windowSize) {
     const simdjson::implementation& reader = *simdjson::get_active_implementation();
     // The fallback is for old processors. Its first stage does not check UTF-8.
     if (text.size() > simdjson::SIMDJSON_MAXSIZE_BYTES || reader.name() == "fallback")
@@ -72,7 +67,7 @@ void TokenSource::findTokens() {
     const char* const begin = m_window.data() + m_window.size();
     const std::string_view left = m_text.substr(static_cast<std::size_t>(begin - m_text.data()));
     // A window that ends in a string, or nowhere, is too small.
-    for (std::size_t size = windowSize;; size *= 2) {
+    for (std::size_t size = m_windowSize;; size *= 2) {
         m_window = windowOf(left, size);
         const simdjson::error_code error =
             m_window.empty() ? simdjson::UNCLOSED_STRING : runFirstStage(size);

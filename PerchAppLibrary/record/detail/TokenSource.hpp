@@ -32,8 +32,9 @@ public:
     /// The begin of a value in the text.
     using Element = const char*;
 
-    /// Requires SIMDJSON_PADDING readable blanks behind the text.
-    explicit TokenSource(std::string_view text);
+    /// Reads windows that stay in the cache; tests choose smaller ones. Requires SIMDJSON_PADDING
+    /// readable blanks behind the text.
+    explicit TokenSource(std::string_view text, std::size_t windowSize = std::size_t{1} << 19);
 
     /// A RecordFiller must fill arrays of records where they are, not after the other properties.
     static constexpr bool readsInOrder = true;
@@ -233,6 +234,7 @@ private:
 
     std::string_view m_text;
     std::string_view m_window; // A part of the text. Each but the last ends with a comma.
+    std::size_t m_windowSize;
     std::unique_ptr<simdjson::internal::dom_parser_implementation> m_stages;
     Token m_next = nullptr;
     Token m_end = nullptr;
