@@ -53,9 +53,10 @@ void checkParts(Input& input, const std::string& given) {
             given);
 }
 
-void checkSearch(const std::string& given, const std::string& key) {
+/// The searched text has been used for others before.
+void checkSearch(const std::string& given, const std::string& key, SearchedText& searched) {
     const std::vector<char> exact(given.begin(), given.end()); // shows reads behind it
-    SearchedText searched(std::string_view(exact.data(), exact.size()));
+    searched.assign(std::string_view(exact.data(), exact.size()));
     const Needle needle(key);
     const bool isIn = contains(given, unicode(key));
     const std::string context = given + "\nkey: " + key;
@@ -101,6 +102,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     Input input(data, size);
     Texts texts(input);
     ComparedText insensitive, sensitive(Case::sensitive);
+    SearchedText searched;
     do {
         std::string given = texts.fresh();
         if (input.oneIn(8))
@@ -109,7 +111,8 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
             given = given + given + texts.fresh() + given;
         checkForms(given, insensitive, sensitive);
         checkParts(input, given);
-        checkSearch(given, texts.respelled(input.oneIn(4) ? texts.fresh() : texts.part(given)));
+        checkSearch(given, texts.respelled(input.oneIn(4) ? texts.fresh() : texts.part(given)),
+                    searched);
         checkSet(input, texts, given);
     } while (!input.isAtEnd());
     return 0;

@@ -196,8 +196,8 @@ void lookUp(const Fonts& list, const Fonts& leaves, const std::vector<std::int64
         tags.back()->setId(id);
         tags.back()->setIsGroup(id % 2 == 0); // it counts by its own identifier
         const auto first = std::ranges::find(list, id, &FontItem::Id);
-        requireEqual({FontList::getFontItemById(list, id)},
-                     {first == list.end() ? nullptr : *first}, "first by identifier");
+        require(FontList::getFontItemById(list, id) == (first == list.end() ? nullptr : *first),
+                "first by identifier");
     }
     requireEqual(FontList::getFontById(list, sought), byId, "by identifiers");
     requireEqual(FontList::getFontByTags(list, tags), byTags, "by tags");

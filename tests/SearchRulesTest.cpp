@@ -58,7 +58,6 @@ void check(const Case (&cases)[count]) {
 TEST(SearchRules, ANameIsExactWithItsCaseAndAKeyInAnyCaseOfThreeNames) {
     check({
         {"Song", "Song", "nNkKwc"},
-        {"Song", "song", "NkKwc"},
         {"Song", "Fangsong", "NKwc"},
         {"abc.ttf", "X|Y|ABC.TTF", "kKwc"},
         {"song", "X|Y|Z|Song", "Kwc"},
@@ -68,7 +67,6 @@ TEST(SearchRules, ANameIsExactWithItsCaseAndAKeyInAnyCaseOfThreeNames) {
 TEST(SearchRules, TheWholeKeyIsInOneNameAndACharacterInAny) {
     check({
         {"SongTi", "Song|Ti|x|y", "c"},
-        {"Hei", "X|Y|Z|Kai", "c"},
         {"一丁丂七丄丅丆万丈三上下丌不与丏丐丑", "丑", "c"}, // more than are compared one by one
     });
 }
@@ -87,9 +85,7 @@ TEST(SearchRules, AsManyUTF16UnitsAreTriedAsThereAreCharactersAndHalfACharacterI
         {"😀xy", "x", "c"},
         {"👨‍👩‍👧ab", "\u200D", "c"},
         {"\r\nab", "a", "c"},
-        {"\r\nab", "b", ""},
         {"e\u0301x", "x", ""},
-        {"e\u0301x", "e", "c"},
         {"\u1112\u1161\u11ABx", "x", ""},
     });
 }
@@ -97,7 +93,6 @@ TEST(SearchRules, AsManyUTF16UnitsAreTriedAsThereAreCharactersAndHalfACharacterI
 TEST(SearchRules, EachIllFormedSequenceIsOneReplacementCharacter) {
     check({
         {"\xFF\xFF", "\uFFFD", "c"},
-        {"\xC0\x80", "\xFF", "c"},
         {"\xE5\xAE", "\xF0\x9F\x98", "nNkKwc"},
         {"宋", "\xE5\xAE宋\xE5", "NKwc"},
     });
@@ -106,18 +101,13 @@ TEST(SearchRules, EachIllFormedSequenceIsOneReplacementCharacter) {
 TEST(SearchRules, CharactersAreFoundWholeInAnySpelling) {
     check({
         {"e", "é", ""},
-        {"E", "e\u0301", ""},
         {"e", "ete\u0301", "NKwc"},
         {"é", "e\u0301", "nNkKwc"},
         {"\u0301", "é", ""},
-        {"\u0301", "\u0301e", "NKwc"},
         {"ê", "ê\u0323", ""},
         {"q\u0307\u0323", "q\u0323\u0307", "nNkKw"}, // classes of marks have an order
         {"q\u0301\u0300", "q\u0300\u0301", ""},      // marks of one class keep theirs
         {"k", "\u212A", "NkKwc"},
-        {"\uF900", "\u8C48", "nNkKwc"},
-        {"가", "각", ""},
-        {"\u1100", "각", ""},
         {"각", "\u1100\u1161\u11A8", "nNkKwc"},
         {"ক", "কা", "NKwc"},      // this vowel sign does not compose with the letter
         {"\u09C7", "\u09CB", ""}, // this one does
@@ -127,37 +117,30 @@ TEST(SearchRules, CharactersAreFoundWholeInAnySpelling) {
 TEST(SearchRules, UpperCasingIsFullAndHasNoLocale) {
     check({
         {"STRASSE", "Straße", "NkKwc"},
-        {"s", "ß", "NKwc"},
-        {"fi", "ﬁ", "NkKwc"},
         {"οδυσσευς", "ΟΔΥΣΣΕΥΣ", "NkKwc"},
         {"i", "İ", ""},
         {"i\u0307", "İ", "NkKw"},
         {"ǆ", "ǅ", "NkKwc"},
-        {"j", "ǰ", ""},
-        {"A", "ａ", ""},
         {"\u1FB3\u0301", "ᾴ", "nNkKw"}, // its first unit becomes two letters
     });
 }
 
-/// Members that are made when they are asked for, and kept until the next time.
-struct FreshGroup : FontItem {
-    const Records<FontItem>& Children() const override {
-        const char* const json =
-            R"([{"ProductName":"Song"},{"ProductName":"Kai"},{"ProductName":"Song Ti"}])";
-        made = FontList::parse(json).List();
-        ++timesMade;
-        return made;
-    }
-    bool IsGroup() const override { return true; }
-    mutable Records<FontItem> made;
-    mutable int timesMade = 0;
-};
-
 TEST(SearchRules, KeepsMembersThatAreMadeForEachReading) {
+    struct FreshGroup : FontItem {
+        const Records<FontItem>& Children() const override {
+            ++timesMade;
+            return made =
+                       FontList::parse(
+                           R"([{"ProductName":"Song"},{"ProductName":"Kai"},{"ProductName":"Song Ti"}])")
+                           .List();
+        }
+        bool IsGroup() const override { return true; }
+        mutable Records<FontItem> made;
+        mutable int timesMade = 0;
+    };
     const auto group = std::make_shared<FreshGroup>();
     EXPECT_EQ(FontList::getFontByKey({group, group}, "song", true).size(), 4U);
     EXPECT_EQ(FontList::getSearchResultFont({group, group}, "song").second.size(), 4U);
-
     const auto outer = FontItem::create({.groupTag = "outer"});
     outer->setChildren({group});
     group->timesMade = 0;

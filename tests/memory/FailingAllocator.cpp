@@ -1,6 +1,5 @@
 #include "FailingAllocator.hpp"
 
-#include <cerrno>
 #include <cstdlib>
 #include <new>
 #include <utility>
@@ -77,23 +76,11 @@ void operator delete(void* block, const std::nothrow_t&) noexcept { operator del
 extern "C" {
 // NOLINTBEGIN(bugprone-reserved-identifier,readability-inconsistent-declaration-parameter-name)
 void* __libc_malloc(std::size_t size);
-void* __libc_calloc(std::size_t count, std::size_t size);
 void* __libc_realloc(void* block, std::size_t size);
-void* __libc_memalign(std::size_t alignment, std::size_t size);
 
 void* malloc(std::size_t size) { return failsNow(true) ? nullptr : __libc_malloc(size); }
-void* calloc(std::size_t count, std::size_t size) {
-    return failsNow(true) ? nullptr : __libc_calloc(count, size);
-}
 void* realloc(void* block, std::size_t size) {
     return failsNow(true) ? nullptr : __libc_realloc(block, size);
-}
-void* aligned_alloc(std::size_t alignment, std::size_t size) {
-    return failsNow(true) ? nullptr : __libc_memalign(alignment, size);
-}
-int posix_memalign(void** block, std::size_t alignment, std::size_t size) {
-    *block = aligned_alloc(alignment, size);
-    return *block == nullptr ? ENOMEM : 0;
 }
 // NOLINTEND(bugprone-reserved-identifier,readability-inconsistent-declaration-parameter-name)
 }
