@@ -137,6 +137,11 @@ JSON JSON::parse(std::string_view text, const Limits& limits) {
     return parse(text);
 }
 
+JSON JSON::parse(std::string&& text, const Limits& limits) {
+    checkLimits(text, limits);
+    return parse(std::move(text));
+}
+
 JSON JSON::parse(std::string&& text) {
     const std::string_view readable = padded(text);
     simdjson::error_code error = simdjson::SUCCESS;

@@ -66,6 +66,14 @@ public:
     static const JSON& emptyString();
 
     constexpr JSON() noexcept = default;
+    JSON(const JSON& other) = default;
+    JSON(JSON&& other) noexcept = default;
+    ~JSON() = default;
+
+    /// Assign to a variable, not to a temporary: `json["Id"] = 5` does not compile, since it would
+    /// change nothing.
+    JSON& operator=(const JSON& other) & = default;
+    JSON& operator=(JSON&& other) & noexcept = default;
 
     // NOLINTBEGIN(google-explicit-constructor): a setter that takes a JSON also takes a C++ value
 
@@ -103,6 +111,10 @@ public:
     /// position, if it exceeds one. Takes one more pass over the text unless only the size is
     /// limited.
     static JSON parse(std::string_view text, const Limits& limits);
+    static JSON parse(std::string&& text, const Limits& limits);
+    static JSON parse(const char* text, const Limits& limits) {
+        return parse(std::string_view(text), limits);
+    }
 
     /// Returns the kind of the value. Constant time.
     Type type() const noexcept;
@@ -243,7 +255,8 @@ public:
     using pointer = const JSON*;
     using reference = const JSON&;
 
-    const JSON& operator*() const noexcept { return m_element; }
+    const JSON& operator*() const& noexcept { return m_element; }
+    JSON operator*() && noexcept { return std::move(m_element); } // `*json.begin()`
     const JSON* operator->() const noexcept { return &m_element; } // input iterators need it
     Iterator& operator++() noexcept;
     void operator++(int) noexcept { ++*this; } // input iterators need it

@@ -70,8 +70,10 @@ public:                                                                         
     template <class R = Class, class Text>                                                        \
         requires std::derived_from<R, Class> &&                                                   \
                  (R::jsonFilling != PerchAppLibrary::JSONFilling::none)                           \
-    static std::shared_ptr<R> parse(Text&& text) {                                                \
-        return Class::template create<R>(PerchAppLibrary::JSON::parse(std::forward<Text>(text))); \
+    static std::shared_ptr<R> parse(Text&& text,                                                  \
+                                    const PerchAppLibrary::JSON::Limits& limits = {}) {           \
+        return Class::template create<R>(                                                         \
+            PerchAppLibrary::JSON::parse(std::forward<Text>(text), limits));                      \
     }                                                                                             \
     static_assert(true)
 

@@ -27,10 +27,13 @@ private:
 };
 
 /// Returns false at a fault, with some records in the sink.
-bool readDirectly(std::string& text, bool onlyObjects, RecordSink& sink) {
+bool readDirectly(std::string& text, bool onlyObjects, RecordSink& sink,
+                  const JSON::Limits& limits) {
+    if (text.size() > limits.bytes)
+        return false;
     const Padding padding(text);
     try {
-        TokenSource source(padding.text());
+        TokenSource source(padding.text(), limits);
         const TokenSource::Element root = source.root();
         RecordFiller(source).readInto(sink, root, onlyObjects);
         source.finish(root);
@@ -42,17 +45,19 @@ bool readDirectly(std::string& text, bool onlyObjects, RecordSink& sink) {
 
 } // namespace
 
-void parseRecords(std::string&& text, bool onlyObjects, RecordSink& sink) {
-    if (areStagesTested && readDirectly(text, onlyObjects, sink))
+void parseRecords(std::string&& text, bool onlyObjects, RecordSink& sink,
+                  const JSON::Limits& limits) {
+    if (areStagesTested && readDirectly(text, onlyObjects, sink, limits))
         return;
     sink.clear();
-    readRecords(JSON::parse(std::move(text)), onlyObjects, sink);
+    readRecords(JSON::parse(std::move(text), limits), onlyObjects, sink);
 }
 
-void parseRecords(std::string_view text, bool onlyObjects, RecordSink& sink) {
+void parseRecords(std::string_view text, bool onlyObjects, RecordSink& sink,
+                  const JSON::Limits& limits) {
     std::string copy;
     copy.reserve(text.size() + simdjson::SIMDJSON_PADDING);
-    parseRecords(std::move(copy.append(text)), onlyObjects, sink);
+    parseRecords(std::move(copy.append(text)), onlyObjects, sink, limits);
 }
 
 void readRecords(const JSON& json, bool onlyObjects, RecordSink& sink) {

@@ -13,14 +13,18 @@ namespace PerchAppLibrary {
 /// object, into the sink. Reads nothing from any other value. Linear.
 void readRecords(const JSON& json, bool onlyObjects, RecordSink& sink);
 
-/// Does readRecords(JSON::parse(text), onlyObjects, sink), but nearly always without a document: it
-/// fills the records while it reads the text. If it then finds a fault, it destroys them and parses
-/// a document. So it must not be used for a class with constructors or overrides of a client, who
-/// could notice. Throws JSON::ParseError if the text is malformed.
-void parseRecords(std::string_view text, bool onlyObjects, RecordSink& sink);
-void parseRecords(std::string&& text, bool onlyObjects, RecordSink& sink);
-inline void parseRecords(const char* text, bool onlyObjects, RecordSink& sink) {
-    parseRecords(std::string_view(text), onlyObjects, sink);
+/// Does readRecords(JSON::parse(text, limits), onlyObjects, sink), but nearly always without a
+/// document: it fills the records while it reads the text. If it then finds a fault, it destroys
+/// them and parses a document. So it must not be used for a class with constructors or overrides of
+/// a client, who could notice. Throws JSON::ParseError if the text is malformed or exceeds the
+/// limits.
+void parseRecords(std::string_view text, bool onlyObjects, RecordSink& sink,
+                  const JSON::Limits& limits = {});
+void parseRecords(std::string&& text, bool onlyObjects, RecordSink& sink,
+                  const JSON::Limits& limits = {});
+inline void parseRecords(const char* text, bool onlyObjects, RecordSink& sink,
+                         const JSON::Limits& limits = {}) {
+    parseRecords(std::string_view(text), onlyObjects, sink, limits);
 }
 
 } // namespace PerchAppLibrary

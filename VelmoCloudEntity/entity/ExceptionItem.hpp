@@ -5,6 +5,7 @@
 #include <map>
 #include <memory>
 #include <string>
+#include <utility>
 
 namespace VelmoCloudEntity {
 
@@ -25,7 +26,8 @@ public:
 
     /// Returns the errors by code. The service may send a code that is not among them; the caller
     /// chooses the message for it.
-    const Table& Dict() const noexcept { return m_Dict; }
+    const Table& Dict() const& noexcept { return m_Dict; }
+    Table Dict() && noexcept { return std::move(m_Dict); }
 
 private:
     Table m_Dict;

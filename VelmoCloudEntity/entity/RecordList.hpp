@@ -4,6 +4,7 @@
 
 #include <concepts>
 #include <cstddef>
+#include <memory>
 #include <utility>
 
 namespace VelmoCloudEntity {
@@ -29,31 +30,39 @@ public:
     template <PerchAppLibrary::JSONScalar T>
     explicit RecordRange(const T& value) = delete;
 
-    /// Returns List(JSON::parse(text)). Throws JSON::ParseError if the text is malformed. A list
+    /// Returns List(JSON::parse(text, limits)). Throws JSON::ParseError if the text is malformed. A list
     /// with `parsing = Parsing::direct` takes less time and memory, since it mostly makes no
     /// document.
     template <class Text>
-    static List parse(Text&& text) {
+    static List parse(Text&& text, const PerchAppLibrary::JSON::Limits& limits = {}) {
         if constexpr (List::parsing == Parsing::direct) {
             List list;
-            list.m_records = parseRecords<Item>(std::forward<Text>(text), which);
+            list.m_records = parseRecords<Item>(std::forward<Text>(text), which, limits);
             return list;
         } else {
-            return List(PerchAppLibrary::JSON::parse(std::forward<Text>(text)));
+            return List(PerchAppLibrary::JSON::parse(std::forward<Text>(text), limits));
         }
     }
 
     /// How parse() works. A list redeclares it.
     static constexpr Parsing parsing = Parsing::document;
 
-    auto begin() const noexcept { return m_records.begin(); }
-    auto end() const noexcept { return m_records.end(); }
+    using value_type = std::shared_ptr<Item>;
+
+    /// Deleted for a temporary, whose records would be gone. `for (... : List::parse(text))` works.
+    auto begin() const& noexcept { return m_records.begin(); }
+    auto end() const& noexcept { return m_records.end(); }
+    void begin() const&& = delete;
+    void end() const&& = delete;
     std::size_t size() const noexcept { return m_records.size(); }
     bool empty() const noexcept { return m_records.empty(); }
 
     /// Returns the record at this index. Requires an index below size().
-    const std::shared_ptr<Item>& operator[](std::size_t index) const noexcept {
+    const std::shared_ptr<Item>& operator[](std::size_t index) const& noexcept {
         return m_records[index];
+    }
+    std::shared_ptr<Item> operator[](std::size_t index) && noexcept {
+        return std::move(m_records[index]);
     }
 
 protected:

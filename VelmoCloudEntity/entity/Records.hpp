@@ -39,10 +39,12 @@ enum class Parsing { document, direct };
 
 /// Returns makeRecords<Item>(JSON::parse(text), which), with Parsing::direct.
 template <class Item, class Text>
-Records<Item> parseRecords(Text&& text, Elements which) {
+Records<Item> parseRecords(Text&& text, Elements which,
+                           const PerchAppLibrary::JSON::Limits& limits = {}) {
     static_assert(PerchAppLibrary::isFilledByBase<Item>);
     PerchAppLibrary::RecordsSink<Item> sink;
-    PerchAppLibrary::parseRecords(std::forward<Text>(text), which == Elements::objects, sink);
+    PerchAppLibrary::parseRecords(std::forward<Text>(text), which == Elements::objects, sink,
+                                  limits);
     return std::move(sink.records);
 }
 

@@ -47,8 +47,12 @@ std::string_view windowOf(std::string_view text, std::size_t size) {
 
 } // namespace
 
-TokenSource::TokenSource(std::string_view text, std::size_t windowSize)
-    : m_text(text), m_window(text.substr(0, 0)), m_windowSize(windowSize) {
+TokenSource::TokenSource(std::string_view text, const JSON::Limits& limits, std::size_t windowSize)
+    : m_text(text),
+      m_window(text.substr(0, 0)),
+      m_windowSize(windowSize),
+      m_maximumDepth(std::min(limits.depth, maximumDepth)),
+      m_elementsLeft(limits.elements) {
     const simdjson::implementation& reader = *simdjson::get_active_implementation();
     // The fallback is for old processors. Its first stage does not check UTF-8.
     if (text.size() > simdjson::SIMDJSON_MAXSIZE_BYTES || reader.name() == "fallback")
@@ -109,6 +113,7 @@ bool TokenSource::get(Element element, std::vector<std::int64_t>& numbers) {
     }
     if (*at(next) != ']')
         return false;
+    countElements(m_numbers.size());
     numbers.assign(m_numbers.begin(), m_numbers.end());
     m_next = next + 1;
     return true;
@@ -183,7 +188,7 @@ simdjson::dom::element TokenSource::parse(Element element) {
     if (!isNext(element))
         fail();
     skip(); // finds the end
-    constexpr int depth = static_cast<int>(JSON::maximumDepth) - maximumDepth;
+    constexpr int depth = static_cast<int>(JSON::maximumDepth - maximumDepth);
     simdjson::dom::element parsed;
     if (m_parser.max_depth() != depth)
         check(m_parser.allocate(simdjson::SIMDJSON_PADDING, depth));

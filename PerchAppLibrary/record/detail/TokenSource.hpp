@@ -32,9 +32,10 @@ public:
     /// The begin of a value in the text.
     using Element = const char*;
 
-    /// Reads windows that stay in the cache; tests choose smaller ones. Requires SIMDJSON_PADDING
-    /// readable blanks behind the text.
-    explicit TokenSource(std::string_view text, std::size_t windowSize = std::size_t{1} << 19);
+    /// Reads windows that stay in the cache; tests choose smaller ones. What exceeds the limits of
+    /// depth and elements is a fault. Requires SIMDJSON_PADDING readable blanks behind the text.
+    explicit TokenSource(std::string_view text, const JSON::Limits& limits = {},
+                         std::size_t windowSize = std::size_t{1} << 19);
 
     /// A RecordFiller must fill arrays of records where they are, not after the other properties.
     static constexpr bool readsInOrder = true;
@@ -134,16 +135,23 @@ private:
     /// Reads an array or object, the next value. Calls `read()` at each element or member.
     template <class Read>
     void forEachUntil(char bracket, Element begin, Read read) {
-        if (!isNext(begin) || ++m_depth > maximumDepth) [[unlikely]]
+        if (!isNext(begin) || ++m_depth > m_maximumDepth) [[unlikely]]
             fail();
         if (*at(++m_next) == bracket) {
             ++m_next;
         } else {
-            do
+            do {
+                countElements(1);
                 read();
-            while (goesOn(bracket));
+            } while (goesOn(bracket));
         }
         --m_depth;
+    }
+
+    void countElements(std::size_t count) {
+        if (count > m_elementsLeft) [[unlikely]]
+            fail();
+        m_elementsLeft -= count;
     }
 
     bool goesOn(char bracket) {
@@ -230,7 +238,7 @@ private:
     simdjson::dom::element parse(Element element);
 
     /// Deep enough for usual documents, and few frames on the stack.
-    static constexpr int maximumDepth = 64;
+    static constexpr std::size_t maximumDepth = 64;
 
     std::string_view m_text;
     std::string_view m_window; // A part of the text. Each but the last ends with a comma.
@@ -238,7 +246,9 @@ private:
     std::unique_ptr<simdjson::internal::dom_parser_implementation> m_stages;
     Token m_next = nullptr;
     Token m_end = nullptr;
-    int m_depth = 0;
+    std::size_t m_depth = 0;
+    std::size_t m_maximumDepth;
+    std::size_t m_elementsLeft;
     const char* m_plainBegin; // a part of the text without backslashes
     const char* m_plainEnd;
     std::vector<std::uint8_t> m_unescaped;
