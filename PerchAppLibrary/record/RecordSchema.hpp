@@ -40,6 +40,9 @@ struct FieldAccess {
 struct RecordsAccess {
     std::string_view className;
 
+    /// Returns the schema of the records.
+    const RecordSchema& (*schema)();
+
     /// Returns the records, which live as long as the property holds them.
     std::vector<const BaseEntity*> (*get)(const BaseEntity& record);
 
@@ -243,7 +246,8 @@ private:
     template <int Line, class Item, Place place>
         requires std::derived_from<Item, BaseEntity>
     static auto accessOf(StoredProperty<Record, std::vector<std::shared_ptr<Item>>, place>) {
-        return RecordsAccess{Item::recordName, &getRecords<Line, Item>, &fillRecords<Line, Item>};
+        return RecordsAccess{Item::recordName, &itemSchema<Item>, &getRecords<Line, Item>,
+                             &fillRecords<Line, Item>};
     }
 
     template <int Line, class T>
@@ -252,6 +256,11 @@ private:
             constexpr auto declared = RecordAccess::property<Record, Line>();
             assignComputed(place, (static_cast<const Record&>(record).*declared.get)());
         }};
+    }
+
+    template <class Item>
+    static const RecordSchema& itemSchema() {
+        return std::make_shared<Concrete<Item>>()->schema();
     }
 
     template <int Line, class Item>

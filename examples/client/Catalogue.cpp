@@ -3,6 +3,7 @@
 #include <VelmoCloudEntity/account/UserFontActivateMapItem.hpp>
 #include <VelmoCloudEntity/account/UserFontFavoriteMapItem.hpp>
 #include <VelmoCloudEntity/entity/RecordTree.hpp>
+#include <VelmoCloudEntity/entity/Reply.hpp>
 
 #include <unordered_set>
 
@@ -12,10 +13,7 @@ using namespace VelmoCloudEntity;
 
 namespace {
 
-void require(const JSON& reply, JSON::Type type, const char* message) {
-    if (reply.type() != type)
-        throw std::runtime_error(message);
-}
+constexpr JSON::Limits limits{.elements = 8'000'000}; // records of more would take gigabytes
 
 /// Returns the fonts that contain the key, then those that contain a character of it.
 Found search(const Fonts& fonts, const std::string& key) {
@@ -34,29 +32,27 @@ Found search(const Fonts& fonts, const std::string& key) {
 
 } // namespace
 
-void Catalogue::readFonts(const JSON& reply) {
-    require(reply, JSON::Type::array, "this is no list of fonts");
-    m_fonts = FontList(reply);
+void Catalogue::readFonts(const std::string& reply) {
+    m_fonts = parseReply<FontList>(reply, limits);
     m_fontCount = FontList::getFontCount(m_fonts.List());
     m_passing.reset();
     // The first search computes the signatures of all names. Here, nobody waits for a key.
     FontList::getFontByName(m_fonts.List(), "a", true);
 }
 
-void Catalogue::readTags(const JSON& reply) {
-    require(reply, JSON::Type::array, "this is no list of tags");
-    m_tags = FontTagList(reply);
+void Catalogue::readTags(const std::string& reply) {
+    m_tags = parseReply<FontTagList>(reply, limits);
     m_passing.reset();
 }
 
-void Catalogue::markActivated(const JSON& reply) {
-    require(reply, JSON::Type::dictionary, "this is no map of fonts");
-    FontList::setActivatedFont(m_fonts.List(), UserFontActivateMapItem::create(reply)->FontList());
+void Catalogue::markActivated(const std::string& reply) {
+    FontList::setActivatedFont(m_fonts.List(),
+                               parseReply<UserFontActivateMapItem>(reply, limits)->FontList());
 }
 
-void Catalogue::markFavourites(const JSON& reply) {
-    require(reply, JSON::Type::dictionary, "this is no map of fonts");
-    FontList::setFavoritedFont(m_fonts.List(), UserFontFavoriteMapItem::create(reply)->FontList());
+void Catalogue::markFavourites(const std::string& reply) {
+    FontList::setFavoritedFont(m_fonts.List(),
+                               parseReply<UserFontFavoriteMapItem>(reply, limits)->FontList());
 }
 
 Found Catalogue::find(const std::string& key) {

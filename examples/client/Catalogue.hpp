@@ -22,14 +22,14 @@ struct Found {
     std::chrono::nanoseconds duration{}; // of the query
 };
 
-/// The fonts and tags of the service, and the queries. The functions that read a reply throw
-/// std::runtime_error for one of another kind, and then change nothing.
+/// The fonts and tags of the service, and the queries. The functions that read the text of a reply
+/// throw like parseReply(), and then change nothing.
 class Catalogue {
 public:
-    void readFonts(const JSON& reply);
-    void readTags(const JSON& reply);
-    void markActivated(const JSON& reply);
-    void markFavourites(const JSON& reply);
+    void readFonts(const std::string& reply);
+    void readTags(const std::string& reply);
+    void markActivated(const std::string& reply);
+    void markFavourites(const std::string& reply);
 
     /// Returns the fonts that pass the ticked tags and contain the key, then those that contain a
     /// character of it. Returns the tree of fonts if the key is empty and no tag is ticked.

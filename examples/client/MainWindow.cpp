@@ -3,6 +3,8 @@
 #include "FontView.hpp"
 #include "Settings.hpp"
 
+#include <VelmoCloudEntity/entity/Reply.hpp>
+
 #include <QPushButton>
 #include <QSpinBox>
 #include <QSplitter>
@@ -15,7 +17,7 @@ namespace {
 /// A reply that the window shows, and the function that reads it.
 struct Document {
     const char* name;
-    void (Catalogue::*read)(const JSON& reply);
+    void (Catalogue::*read)(const std::string& reply);
     const char* standIn; // for a missing reply; null for one that is needed
 };
 constexpr std::array documents{Document{"font-list.json", &Catalogue::readFonts, nullptr},
@@ -31,6 +33,14 @@ QWidget* boxOf(QBoxLayout::Direction direction, std::initializer_list<QWidget*> 
     for (QWidget* const widget : widgets)
         layout->addWidget(widget);
     return box;
+}
+
+/// Returns what an error reply says, in both languages, or what else is wrong with a reply.
+std::string describe(const VelmoCloudEntity::ReplyError& error) {
+    const auto& reported = error.serviceError();
+    if (!reported || reported->text("Ch") == reported->text("En"))
+        return error.what();
+    return "error " + reported->code + ": " + reported->text("Ch") + " / " + reported->text("En");
 }
 
 } // namespace
@@ -102,8 +112,9 @@ void MainWindow::receive(const std::vector<Reply>& replies) {
     for (std::size_t i = 0; i < documents.size(); ++i)
         try {
             const char* const standIn = replies[i].isMissing ? documents[i].standIn : nullptr;
-            (m_catalogue.*documents[i].read)(standIn != nullptr ? JSON::parse(standIn)
-                                                                : documentOf(replies[i]));
+            (m_catalogue.*documents[i].read)(standIn != nullptr ? standIn : textOf(replies[i]));
+        } catch (const VelmoCloudEntity::ReplyError& error) {
+            problems << replies[i].name + ": " + QString::fromStdString(describe(error));
         } catch (const std::exception& error) {
             problems << replies[i].name + ": " + error.what();
         }

@@ -1,15 +1,11 @@
 #include "Replies.hpp"
 
-#include <VelmoCloudEntity/entity/ExceptionItem.hpp>
-
-#include <PerchAppLibrary/BaseEntity.hpp>
-
 #include <QFile>
 #include <QNetworkReply>
 
-namespace client {
+#include <stdexcept>
 
-using PerchAppLibrary::JSON;
+namespace client {
 
 void Replies::read(const QString& source, const QStringList& names, Receiver receiver) {
     m_replies.clear();
@@ -62,34 +58,10 @@ Reply readFile(const QString& file, const QString& name) {
     return reply;
 }
 
-JSON documentOf(const Reply& reply) {
-    constexpr JSON::Limits limits{.elements = 8'000'000}; // records of more would take gigabytes
-    std::string error = reply.error.toStdString();
-    try {
-        if (error.empty()) {
-            JSON document = JSON::parse(reply.text.toStdString(), limits);
-            error = errorOf(document);
-            if (error.empty())
-                return document;
-        }
-    } catch (const JSON::ParseError& malformed) {
-        error = malformed.what();
-    }
-    throw std::runtime_error(error);
-}
-
-std::string errorOf(const JSON& reply) {
-    PerchAppLibrary::BaseEntity record;
-    record.setValue(reply);
-    const std::string& code = record.ExceptionCode();
-    if (!record.Exception() && code.empty())
-        return "";
-    const VelmoCloudEntity::ExceptionItem errors;
-    const auto known = errors.Dict().find(code);
-    if (known == errors.Dict().end())
-        return "error " + code + ": " + record.ExceptionMessage();
-    const auto& messages = known->second->msgDict();
-    return "error " + code + ": " + messages.at("Ch") + " / " + messages.at("En");
+std::string textOf(const Reply& reply) {
+    if (!reply.error.isEmpty())
+        throw std::runtime_error(reply.error.toStdString());
+    return reply.text.toStdString();
 }
 
 } // namespace client

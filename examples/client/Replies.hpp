@@ -1,11 +1,10 @@
 #pragma once
 
-#include <PerchAppLibrary/json/JSON.hpp>
-
 #include <QNetworkAccessManager>
 #include <QStringList>
 
 #include <functional>
+#include <string>
 
 namespace client {
 
@@ -42,11 +41,7 @@ private:
 /// Reads a file. One that does not exist is missing.
 Reply readFile(const QString& file, const QString& name);
 
-/// Returns the document of a reply. Throws std::runtime_error if it could not be read, is malformed
-/// (with place and reason), or reports an error of the service.
-PerchAppLibrary::JSON documentOf(const Reply& reply);
-
-/// Returns what an error reply says, in both languages; an empty text for any other reply.
-std::string errorOf(const PerchAppLibrary::JSON& reply);
+/// Returns the text of a reply. Throws std::runtime_error if it could not be read.
+std::string textOf(const Reply& reply);
 
 } // namespace client

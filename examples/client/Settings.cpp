@@ -12,10 +12,12 @@
 
 namespace client {
 
+using PerchAppLibrary::JSON;
+
 void loadSettings(const QString& file, VelmoCloudEntity::ConfigItem& settings) {
     const Reply content = readFile(file, file);
     if (!content.isMissing)
-        settings.setValue(documentOf(content));
+        settings.setValue(JSON::parse(textOf(content)));
 }
 
 void saveSettings(const QString& file, VelmoCloudEntity::ConfigItem& settings) {

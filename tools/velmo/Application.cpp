@@ -25,7 +25,8 @@ std::unique_ptr<CLI::App> makeApplication(Action& selected) {
         "reply,\n"
         "gives a warning on standard error. It does not change the exit status.");
     for (const auto add : {&addTree, &addList, &addFind, &addSearch, &addLookup, &addFilter,
-                           &addLocate, &addRead, &addExport, &addScan, &addError, &addHelp})
+                           &addLocate, &addRead, &addCheck, &addExport, &addScan, &addError,
+                           &addHelp})
         add(*application, selected);
     return application;
 }

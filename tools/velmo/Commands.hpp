@@ -31,6 +31,7 @@ void addLookup(CLI::App& application, Action& selected);
 void addFilter(CLI::App& application, Action& selected);
 void addLocate(CLI::App& application, Action& selected);
 void addRead(CLI::App& application, Action& selected);
+void addCheck(CLI::App& application, Action& selected);
 void addExport(CLI::App& application, Action& selected);
 void addScan(CLI::App& application, Action& selected);
 void addError(CLI::App& application, Action& selected);

@@ -8,6 +8,9 @@
 
 namespace velmo {
 
+/// Returns the type that uses most values of a document, or null if each ignores half of them.
+const RecordType* typeOf(const PerchAppLibrary::JSON& document);
+
 /// Warns if the document in a file seems to be of another type than the expected one: an error
 /// reply, a list in place of an object or the reverse, or records whose keys fit another type
 /// better. Does not warn of an empty or null document. Looks at the first elements of a list only.

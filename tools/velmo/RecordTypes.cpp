@@ -67,6 +67,7 @@ template <class Record>
 RecordType record() {
     return {std::string(Record::recordName), "",
             [](const JSON& json) { return toValue(make<Record>(json)->properties()); },
+            &PerchAppLibrary::explain<Record>,
             [] {
                 const std::shared_ptr<Record> record = make<Record>(JSON::null);
                 const BaseEntity base;
@@ -98,6 +99,7 @@ RecordType list(const char* name) {
                     array.push_back(item->properties());
                 return Value(std::move(array));
             },
+            &PerchAppLibrary::explain<List>,
             [] {
                 const List empty;
                 const char* const property =

@@ -2,6 +2,7 @@
 
 #include <PerchAppLibrary/json/Dictionary.hpp>
 #include <PerchAppLibrary/json/JSON.hpp>
+#include <PerchAppLibrary/record/explain.hpp>
 
 #include <string>
 #include <vector>
@@ -16,6 +17,9 @@ struct RecordType {
     /// Reads a document: returns the stored properties of the record, or an array with those of
     /// each record of the list.
     PerchAppLibrary::Value (*read)(const PerchAppLibrary::JSON&);
+
+    /// Returns what reading ignores of the first `maximum` records of a document.
+    PerchAppLibrary::Explanation (*explain)(const PerchAppLibrary::JSON&, std::size_t maximum);
 
     /// Returns the stored properties of the type without those of BaseEntity, in their order: an
     /// array of {"name", "kind", "default"}.
