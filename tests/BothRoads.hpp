@@ -50,7 +50,7 @@ private:
     recordsInWindows(std::string text, const VelmoCloudEntity::RecordRange<List, Item, which>&) {
         const std::size_t size = text.size();
         text.append(simdjson::SIMDJSON_PADDING, ' ');
-        PerchAppLibrary::TokenSource source(std::string_view(text).substr(0, size), 32);
+        PerchAppLibrary::TokenSource source(std::string_view(text).substr(0, size), {}, 32);
         const auto root = source.root();
         PerchAppLibrary::RecordsSink<Item> sink;
         PerchAppLibrary::RecordFiller(source).readInto(

@@ -110,6 +110,15 @@ void assign(Value& place, std::int64_t number) { place = number; }
 void assign(Value& place, std::uint64_t number) { place = number; }
 void assign(Value& place, bool flag) { place = flag; }
 
+void assign(Value& place, double number) {
+    place = std::isfinite(number) ? Value(number) : Value(nullptr);
+}
+void assign(Value& place, const std::optional<std::int64_t>& number) {
+    assignOptional(place, number);
+}
+void assign(Value& place, const std::optional<bool>& flag) { assignOptional(place, flag); }
+void assign(Value& place, const std::optional<double>& number) { assignOptional(place, number); }
+
 void assign(Value& place, float number) {
     if (!std::isfinite(number)) {
         place = nullptr;
@@ -120,13 +129,6 @@ void assign(Value& place, float number) {
     double value = 0;
     fast_float::from_chars(decimal, std::to_chars(decimal, std::end(decimal), number).ptr, value);
     place = value;
-}
-
-void assign(Value& place, double number) {
-    if (std::isfinite(number))
-        place = number;
-    else
-        place = nullptr;
 }
 
 void assign(Value& place, std::string_view text) {

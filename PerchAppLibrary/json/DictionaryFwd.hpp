@@ -39,8 +39,7 @@ class PlatformFont; // completed by PerchAppLibrary/platform/PlatformFont.hpp
 /// Sets a value of a Dictionary, in the value's storage. Linear in the size of the source.
 ///
 /// - An integer or a Boolean becomes an equal value.
-/// - A float becomes its shortest decimal, so 0.1F becomes 0.1; a double becomes an equal value.
-/// NaN
+/// - A float becomes its shortest decimal, so 0.1F becomes 0.1. A double becomes an equal value. NaN
 ///   and the infinities become null.
 /// - In a text, each ill-formed sequence of bytes becomes U+FFFD.
 /// - An empty optional becomes null.
@@ -53,6 +52,9 @@ void assign(Value& place, double number);
 void assign(Value& place, std::string_view text);
 void assign(Value& place, const std::string& text);
 void assign(Value& place, const char* text) = delete; // would convert to bool
+void assign(Value& place, const std::optional<std::int64_t>& number);
+void assign(Value& place, const std::optional<bool>& flag);
+void assign(Value& place, const std::optional<double>& number);
 void assign(Value& place, const std::optional<std::string>& text);
 void assign(Value& place, const std::vector<std::int64_t>& numbers);
 void assign(Value& place, const std::optional<std::vector<std::int64_t>>& numbers);

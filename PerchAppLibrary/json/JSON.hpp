@@ -256,7 +256,7 @@ public:
     using reference = const JSON&;
 
     const JSON& operator*() const& noexcept { return m_element; }
-    JSON operator*() && noexcept { return std::move(m_element); } // `*json.begin()`
+    JSON operator*() && noexcept { return std::move(m_element); }  // `*json.begin()`
     const JSON* operator->() const noexcept { return &m_element; } // input iterators need it
     Iterator& operator++() noexcept;
     void operator++(int) noexcept { ++*this; } // input iterators need it

@@ -48,6 +48,13 @@ struct ComputedProperty {
     T (Record::*get)() const;
 };
 
+/// An inherited array of records whose elements have a class of their own in this one.
+template <class Record, class Item>
+struct ElementsOfArray {
+    static constexpr Place place = Place::none;
+    std::string_view name;
+};
+
 /// The empty member of a property whose value is not in a field.
 template <Place place, class Record, int Line>
 struct Slot {};
@@ -83,10 +90,12 @@ consteval T Record::* fieldPointer(Slot<place, Record, Line> Record::* /*slot*/)
     return nullptr;
 }
 
-/// Whether a class keeps the accessors of a property as a base declares them.
+/// Whether a class keeps the accessors of a property as a base declares them. What a property does
+/// not have is kept.
 struct Kept {
-    bool getter;
-    bool setter;
+    bool getter;   // of a stored property
+    bool setter;   // of a stored property
+    bool computed; // the getter of a computed property
 };
 
 /// Reads what the macros declare, which is private. The friend of each record.
@@ -114,13 +123,32 @@ struct RecordAccess {
         return Record::onePropertyPerLine(At<Line>());
     }
 
-    /// Returns what a subclass keeps of a stored property with a setter, else both.
+    /// Returns what a subclass keeps of a property.
     template <class Record, int Line, class Subclass>
     static consteval Kept kept() {
         if constexpr (requires { Record::template keptAt<Subclass>(At<Line>()); })
             return Record::template keptAt<Subclass>(At<Line>());
         else
-            return {true, true};
+            return {true, true, true};
+    }
+
+    /// The accessors of the array whose elements a line of PERCH_ELEMENTS declares.
+    template <class Record, int Line>
+    static constexpr auto arrayGetter() {
+        return Record::template getterOfArrayAt<Record>(At<Line>());
+    }
+    template <class Record, int Line>
+    static constexpr auto arraySetter() {
+        return Record::template setterOfArrayAt<Record>(At<Line>());
+    }
+
+    /// True if a class keeps the functions that its base names in perchKeepsFunctions().
+    template <class Record>
+    static constexpr bool keepsFunctions() {
+        if constexpr (requires { Record::template perchKeepsFunctions<Record>(); })
+            return Record::template perchKeepsFunctions<Record>();
+        else
+            return true;
     }
 };
 

@@ -61,14 +61,33 @@ inline constexpr bool isArrayOfShared = false;
 template <class R>
 inline constexpr bool isArrayOfShared<std::vector<std::shared_ptr<R>>> = true;
 
-/// True if a property's line can have this type. isArrayOfRecords checks the class of shared
-/// objects, which may be incomplete here.
+/// A list of types. `Apply<Template>` is Template<Types...>.
+template <class... Types>
+struct TypeList {
+    template <template <class...> class Template>
+    using Apply = Template<Types...>;
+
+    template <class T>
+    static constexpr bool contains = (std::same_as<T, Types> || ...);
+};
+
+/// The types of values. A further type needs one line here, and what is special about it: a
+/// conversion (json/detail/Conversion.hpp), and how it is named, written and compared with zero
+/// (record/detail/PropertyKind.hpp).
+using ValueTypes =
+    TypeList<std::int64_t, bool, float, double, std::string, std::optional<std::int64_t>,
+             std::optional<bool>, std::optional<double>, std::optional<std::string>,
+             std::vector<std::int64_t>, std::vector<std::string>, JSON>;
+
 template <class T>
-inline constexpr bool isPropertyType =
-    std::same_as<T, std::int64_t> || std::same_as<T, bool> || std::same_as<T, float> ||
-    std::same_as<T, std::string> || std::same_as<T, std::optional<std::string>> ||
-    std::same_as<T, std::vector<std::int64_t>> || std::same_as<T, std::vector<std::string>> ||
-    std::same_as<T, JSON> || isArrayOfShared<T>;
+inline constexpr bool isShared = false;
+template <class R>
+inline constexpr bool isShared<std::shared_ptr<R>> = true;
+
+/// True if a property's line can have this type. isRecords checks the class of shared objects,
+/// which may be incomplete here.
+template <class T>
+inline constexpr bool isPropertyType = ValueTypes::contains<T> || isArrayOfShared<T> || isShared<T>;
 
 template <class T>
 inline constexpr bool isPropertyType<Rare<T>> = std::same_as<T, std::string>;
@@ -92,11 +111,12 @@ inline constexpr bool isComputedType<Near<T>> = false;
 
 class BaseEntity;
 
-/// True if T is an array of shared records. Requires that the class of the records is complete.
+/// True if T is a shared record, or an array of them. Requires that their class is complete.
 template <class T>
-inline constexpr bool isArrayOfRecords = false;
+inline constexpr bool isRecords = false;
 template <class R>
-inline constexpr bool isArrayOfRecords<std::vector<std::shared_ptr<R>>> =
-    std::derived_from<R, BaseEntity>;
+inline constexpr bool isRecords<std::shared_ptr<R>> = std::derived_from<R, BaseEntity>;
+template <class R>
+inline constexpr bool isRecords<std::vector<std::shared_ptr<R>>> = isRecords<std::shared_ptr<R>>;
 
 } // namespace PerchAppLibrary

@@ -27,11 +27,12 @@
 /// access by name and export work. An application declares its own records, and properties of its
 /// own in a subclass, in this way.
 ///
-/// The types of a property: std::int64_t, bool, float, std::string, std::optional<std::string>,
-/// std::vector<std::int64_t>, std::vector<std::string>, JSON (any value, kept as it is) and
-/// std::vector<std::shared_ptr<R>> for a record R. Rare<std::string> is a text that few records
-/// have. Near<bool> is a flag in the record's header, for flags that queries read in every record.
-/// Their accessors take and return std::string and bool.
+/// The types of a property: std::int64_t, bool, float, double, std::string, a std::optional of
+/// these but float, std::vector<std::int64_t>, std::vector<std::string>, JSON (any value, kept as
+/// it is), std::shared_ptr<R> (null without an object) and std::vector<std::shared_ptr<R>> for a
+/// record R. Rare<std::string> is a text that few records have. Near<bool> is a flag in the
+/// record's header, for flags that queries read in every record. Their accessors take and return
+/// std::string and bool.
 
 /// Begins a record and declares its `create` functions.
 ///
@@ -41,40 +42,40 @@
 /// owns the record. A subclass without a PERCH_RECORD of its own inherits these functions
 /// unchanged, so its `R::create()` makes a `Class`. `create(json)` takes only a JSON, since a text
 /// would become a JSON string. BaseClass is the direct base, without a leading `::`.
-#define PERCH_RECORD(Class, BaseClass)                                                            \
-private:                                                                                          \
-    friend struct PerchAppLibrary::RecordAccess;                                                  \
-    static constexpr int firstPropertyLine = __LINE__;                                            \
-    static void onePropertyPerLine(PerchAppLibrary::At<__LINE__>);                                \
-                                                                                                  \
-public:                                                                                           \
-    [[maybe_unused]] static constexpr std::string_view recordName = #Class;                       \
-    using Self = Class;                                                                           \
-    using Base = BaseClass;                                                                       \
-    using Base::setValue;                                                                         \
-    const PerchAppLibrary::RecordSchema& schema() const override;                                 \
-    template <class Derived>                                                                      \
-        requires(!std::same_as<Derived, Class>)                                                   \
-    friend std::type_identity<Class> nearestRecord(const Class*, std::type_identity<Derived>);    \
-    template <class R = Class>                                                                    \
-        requires std::derived_from<R, Class> && (!std::is_abstract_v<R>)                          \
-    static std::shared_ptr<R> create() {                                                          \
-        return PerchAppLibrary::BaseEntity::make<R>();                                            \
-    }                                                                                             \
-    template <class R = Class, std::same_as<PerchAppLibrary::JSON> J>                             \
-        requires std::derived_from<R, Class> &&                                                   \
-                 (R::jsonFilling != PerchAppLibrary::JSONFilling::none)                           \
-    static std::shared_ptr<R> create(const J& json) {                                             \
-        return PerchAppLibrary::BaseEntity::makeFilled<R, Class::jsonFilling>(json);              \
-    }                                                                                             \
-    template <class R = Class, class Text>                                                        \
-        requires std::derived_from<R, Class> &&                                                   \
-                 (R::jsonFilling != PerchAppLibrary::JSONFilling::none)                           \
-    static std::shared_ptr<R> parse(Text&& text,                                                  \
-                                    const PerchAppLibrary::JSON::Limits& limits = {}) {           \
-        return Class::template create<R>(                                                         \
-            PerchAppLibrary::JSON::parse(std::forward<Text>(text), limits));                      \
-    }                                                                                             \
+#define PERCH_RECORD(Class, BaseClass)                                                         \
+private:                                                                                       \
+    friend struct PerchAppLibrary::RecordAccess;                                               \
+    static constexpr int firstPropertyLine = __LINE__;                                         \
+    static void onePropertyPerLine(PerchAppLibrary::At<__LINE__>);                             \
+                                                                                               \
+public:                                                                                        \
+    [[maybe_unused]] static constexpr std::string_view recordName = #Class;                    \
+    using Self = Class;                                                                        \
+    using Base = BaseClass;                                                                    \
+    using Base::setValue;                                                                      \
+    const PerchAppLibrary::RecordSchema& schema() const override;                              \
+    template <class Derived>                                                                   \
+        requires(!std::same_as<Derived, Class>)                                                \
+    friend std::type_identity<Class> nearestRecord(const Class*, std::type_identity<Derived>); \
+    template <class R = Class>                                                                 \
+        requires std::derived_from<R, Class> && (!std::is_abstract_v<R>)                       \
+    static std::shared_ptr<R> create() {                                                       \
+        return PerchAppLibrary::BaseEntity::make<R>();                                         \
+    }                                                                                          \
+    template <class R = Class, std::same_as<PerchAppLibrary::JSON> J>                          \
+        requires std::derived_from<R, Class> &&                                                \
+                 (R::jsonFilling != PerchAppLibrary::JSONFilling::none)                        \
+    static std::shared_ptr<R> create(const J& json) {                                          \
+        return PerchAppLibrary::BaseEntity::makeFilled<R, Class::jsonFilling>(json);           \
+    }                                                                                          \
+    template <class R = Class, class Text>                                                     \
+        requires std::derived_from<R, Class> &&                                                \
+                 (R::jsonFilling != PerchAppLibrary::JSONFilling::none)                        \
+    static std::shared_ptr<R> parse(Text&& text,                                               \
+                                    const PerchAppLibrary::JSON::Limits& limits = {}) {        \
+        return Class::template create<R>(                                                      \
+            PerchAppLibrary::JSON::parse(std::forward<Text>(text), limits));                   \
+    }                                                                                          \
     static_assert(true)
 
 /// Begins a record that only its `create(json)`, or that of a subclass, can make. The class is
@@ -120,10 +121,10 @@ private:                                                                        
 public:                                                                                            \
     static_assert(PerchAppLibrary::isPropertyType<Type>,                                           \
                   #Name " has the type " #Type ", which no property can have. "                    \
-                        "Use std::int64_t, bool, float, std::string, std::optional<std::string>, " \
-                        "std::vector<std::int64_t>, std::vector<std::string>, JSON, "              \
-                        "std::vector<std::shared_ptr<R>> of a record R, Rare<std::string> or "     \
-                        "Near<bool>");                                                             \
+                        "Use std::int64_t, bool, float, double, std::string, std::optional of "    \
+                        "these but float, std::vector<std::int64_t>, std::vector<std::string>, "   \
+                        "JSON, std::shared_ptr<R> or std::vector<std::shared_ptr<R>> of a record " \
+                        "R, Rare<std::string> or Near<bool>");                                     \
     static_assert(PerchAppLibrary::Declared<Type>::place == PerchAppLibrary::Place::field ||       \
                       sizeof(#__VA_ARGS__) == 1,                                                   \
                   #Name " has the type " #Type                                                     \
@@ -154,7 +155,7 @@ public:                                                                         
 #define PERCH_CONSTANT(Type, Name, Constant)                                                   \
 public:                                                                                        \
     static_assert(PerchAppLibrary::isPropertyType<Type> &&                                     \
-                      !PerchAppLibrary::isArrayOfShared<Type>,                                 \
+                      PerchAppLibrary::ValueTypes::contains<Type>,                             \
                   #Name " has the type " #Type ", which no constant can have");                \
     virtual PerchAppLibrary::ReadType<Type> Name() const {                                     \
         static const PerchAppLibrary::NoDestructor<Type> constant(Type{Constant});             \
@@ -169,6 +170,36 @@ private:                                                                        
     }                                                                                          \
                                                                                                \
 public:                                                                                        \
+    static_assert(true)
+
+/// Gives the elements of an inherited array of records another class when it is filled: Item, which
+/// derives from theirs. For a tree of one's own class:
+///
+///     class StarFont : public FontItem {
+///         PERCH_RECORD(StarFont, FontItem);
+///         PERCH_PROPERTY(std::int64_t, Stars);
+///         PERCH_ELEMENTS(Children, StarFont);
+///         PERCH_RECORD_END;
+///     };
+///
+/// The accessors keep their types, so setChildren() still takes other fonts.
+#define PERCH_ELEMENTS(Name, Item)                                                    \
+private:                                                                              \
+    static consteval PerchAppLibrary::ElementsOfArray<Self, Item> onePropertyPerLine( \
+        PerchAppLibrary::At<__LINE__>) {                                              \
+        PERCH_ASSERT_IN_LIST(Name)                                                    \
+        return {#Name};                                                               \
+    }                                                                                 \
+    template <class Record>                                                           \
+    static constexpr auto getterOfArrayAt(PerchAppLibrary::At<__LINE__>) {            \
+        return &Record::Name;                                                         \
+    }                                                                                 \
+    template <class Record>                                                           \
+    static constexpr auto setterOfArrayAt(PerchAppLibrary::At<__LINE__>) {            \
+        return &Record::set##Name;                                                    \
+    }                                                                                 \
+                                                                                      \
+public:                                                                               \
     static_assert(true)
 
 /// Declares a computed property with the virtual getter `Name()`, which the class defines. Its type
@@ -192,7 +223,9 @@ private:                                                                        
                             "number, bool, std::string, JSON, URL, Dictionary, PlatformFont, "     \
                             "std::vector<std::shared_ptr<R>> of a record R, or a std::vector or "  \
                             "std::optional of them");                                              \
-        return {true, true};                                                                       \
+        constexpr bool computed =                                                                  \
+            requires { requires std::same_as<decltype(&Record::Name), Type (Self::*)() const>; };  \
+        return {true, true, computed};                                                             \
     }                                                                                              \
                                                                                                    \
 public:                                                                                            \
@@ -264,16 +297,16 @@ public:                                            \
 #define PERCH_CHECKED_IN_SCHEMA(Type, Name, Setter)                                               \
     template <class Record>                                                                       \
     static consteval PerchAppLibrary::Kept keptAt(PerchAppLibrary::At<__LINE__>) {                \
-        static_assert(!PerchAppLibrary::isArrayOfShared<Type> ||                                  \
-                          PerchAppLibrary::isArrayOfRecords<Type>,                                \
-                      #Name " is an array of shared objects that are no records");                \
+        static_assert(PerchAppLibrary::ValueTypes::contains<Type> ||                              \
+                          PerchAppLibrary::isRecords<Type>,                                       \
+                      #Name " has shared objects that are no records");                           \
         constexpr bool getter = requires {                                                        \
             requires std::same_as<decltype(&Record::Name),                                        \
                                   PerchAppLibrary::ReadType<Type> (Self::*)() const>;             \
         };                                                                                        \
         constexpr bool setter =                                                                   \
             requires { requires std::same_as<decltype(&Record::Setter), void (Self::*)(Type)>; }; \
-        return {getter, setter};                                                                  \
+        return {getter, setter, true};                                                            \
     }
 
 // A type with a comma comes as two arguments, so the second one is no name.

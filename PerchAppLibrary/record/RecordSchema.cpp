@@ -13,12 +13,21 @@ namespace {
 /// Returns the base's properties, without those that the class redeclares, and then its own.
 std::vector<Property> inheritedAndOwn(const RecordSchema* base, std::vector<Property> own) {
     std::vector<Property> properties;
+    const auto isNarrowed = [](const Property& property) {
+        const auto* const records = std::get_if<RecordsAccess>(&property.access);
+        return records != nullptr && records->isNarrowed;
+    };
     if (base != nullptr)
         std::ranges::copy_if(
-            base->properties(), std::back_inserter(properties), [&own](const Property& inherited) {
-                return std::ranges::find(own, inherited.name, &Property::name) == own.end();
+            base->properties(), std::back_inserter(properties), [&](const Property& inherited) {
+                const auto found = std::ranges::find(own, inherited.name, &Property::name);
+                return found == own.end() || isNarrowed(*found);
             });
-    std::ranges::move(own, std::back_inserter(properties));
+    for (Property& each : own) // An array with other elements keeps its place.
+        if (isNarrowed(each))
+            *std::ranges::find(properties, each.name, &Property::name) = std::move(each);
+        else
+            properties.push_back(std::move(each));
     for (Property& property : properties)
         property.textKey = ",\"" + std::string(property.name) + "\":";
     return properties;
@@ -74,7 +83,7 @@ std::string Property::kind() const {
             if constexpr (requires { typename Access::Value; })
                 return std::string(PropertyKind<typename Access::Value>::name);
             else if constexpr (requires { each.className; })
-                return "array of " + std::string(each.className);
+                return (each.isSingle ? "" : "array of ") + std::string(each.className);
             else
                 return "any";
         },
@@ -94,7 +103,7 @@ Value Property::value(const BaseEntity& record) const {
                 ValueArray values;
                 for (const BaseEntity* const item : each.get(record))
                     assignRecord(values.emplace_back(nullptr), item);
-                return values;
+                return each.isSingle ? std::move(values.front()) : Value(std::move(values));
             }
         },
         access);

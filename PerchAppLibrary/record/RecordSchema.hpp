@@ -8,6 +8,7 @@
 #include <concepts>
 #include <cstdint>
 #include <initializer_list>
+#include <iterator>
 #include <memory>
 #include <optional>
 #include <span>
@@ -36,14 +37,17 @@ struct FieldAccess {
     unsigned slot;         // number of a flag or of a sparse text, else 0
 };
 
-/// Access to a stored array of records of one class.
+/// Access to a stored array of records of one class, or to a single one.
 struct RecordsAccess {
     std::string_view className;
+    bool isSingle;
+    bool isNarrowed; // an inherited array with another class of elements
 
     /// Returns the schema of the records.
     const RecordSchema& (*schema)();
 
-    /// Returns the records, which live as long as the property holds them.
+    /// Returns the records, which live as long as the property holds them. For a single record that
+    /// is null, returns a null.
     std::vector<const BaseEntity*> (*get)(const BaseEntity& record);
 
     /// Sets the array, through its virtual setter, to the records that `reader` reads, or to none
@@ -56,14 +60,14 @@ struct ComputedAccess {
     void (*read)(const BaseEntity& record, Value& place);
 };
 
+/// Access to a property of any type.
+template <class... Values>
+using AnyAccess = std::variant<FieldAccess<Values>..., RecordsAccess, ComputedAccess>;
+
 /// One property of a class of records.
 struct Property {
     std::string_view name;
-    std::variant<FieldAccess<std::int64_t>, FieldAccess<bool>, FieldAccess<float>,
-                 FieldAccess<std::string>, FieldAccess<std::optional<std::string>>,
-                 FieldAccess<std::vector<std::int64_t>>, FieldAccess<std::vector<std::string>>,
-                 FieldAccess<JSON>, RecordsAccess, ComputedAccess>
-        access;
+    ValueTypes::Apply<AnyAccess> access;
     std::string textKey = {}; // begins a member of a JSON text, `,"name":`; set by the schema
 
     bool isStored() const noexcept { return !std::holds_alternative<ComputedAccess>(access); }
@@ -82,9 +86,11 @@ class RecordWriter;
 
 /// The functions of its bases that a class of records overrides.
 struct Overrides {
-    bool getters; // of at least one property
-    bool setters; // of at least one property
-    bool mapping; // setValue(json, excluded)
+    bool getters;           // of at least one property
+    bool setters;           // of at least one property
+    bool mapping;           // setValue(json, excluded)
+    bool computed = false;  // of at least one computed property
+    bool functions = false; // of those that a base names in perchKeepsFunctions()
 };
 
 /// The properties of one class of records. Each class has one, which is created on first use and
@@ -197,6 +203,7 @@ public:
 
     static Overrides overrides() {
         Overrides found{false, false, !UsesBaseMapping<Record>};
+        found.functions = !RecordAccess::keepsFunctions<Record>();
         addOverridesOf<typename Record::Base>(found);
         return found;
     }
@@ -217,6 +224,7 @@ private:
             constexpr Kept kept = RecordAccess::kept<Ancestor, Line, Record>();
             found.getters = found.getters || !kept.getter;
             found.setters = found.setters || !kept.setter;
+            found.computed = found.computed || !kept.computed;
         });
         if constexpr (requires { typename Ancestor::Base; })
             addOverridesOf<typename Ancestor::Base>(found);
@@ -233,7 +241,7 @@ private:
     }
 
     template <int Line, class T, Place place>
-        requires isPropertyType<T> && (!isArrayOfShared<T>)
+        requires(ValueTypes::contains<T>)
     static auto accessOf(StoredProperty<Record, T, place> property) {
         unsigned slot = 0;
         if constexpr (place == Place::flag || place == Place::sparse)
@@ -246,8 +254,63 @@ private:
     template <int Line, class Item, Place place>
         requires std::derived_from<Item, BaseEntity>
     static auto accessOf(StoredProperty<Record, std::vector<std::shared_ptr<Item>>, place>) {
-        return RecordsAccess{Item::recordName, &itemSchema<Item>, &getRecords<Line, Item>,
-                             &fillRecords<Line, Item>};
+        return RecordsAccess{
+            Item::recordName,        false, false, &itemSchema<Item>, &getRecords<Line, Item>,
+            &fillRecords<Line, Item>};
+    }
+
+    template <int Line, class Item, Place place>
+        requires std::derived_from<Item, BaseEntity>
+    static auto accessOf(StoredProperty<Record, std::shared_ptr<Item>, place>) {
+        return RecordsAccess{
+            Item::recordName,
+            true,
+            false,
+            &itemSchema<Item>,
+            [](const BaseEntity& record) {
+                constexpr auto declared = RecordAccess::property<Record, Line>();
+                return std::vector<const BaseEntity*>{
+                    (static_cast<const Record&>(record).*declared.get)().get()};
+            },
+            [](BaseEntity& record, RecordReader* reader, bool isOverridden) {
+                constexpr auto declared = RecordAccess::property<Record, Line>();
+                auto& self = static_cast<Record&>(record);
+                if (reader == nullptr && !isOverridden && (self.*declared.get)() == nullptr)
+                    return;
+                RecordsSink<Item> sink;
+                if (reader != nullptr)
+                    reader->readInto(sink);
+                (self.*declared.set)(sink.records.empty() ? nullptr
+                                                          : std::move(sink.records.front()));
+            }};
+    }
+
+    template <int Line, class Item>
+    static auto accessOf(ElementsOfArray<Record, Item>) {
+        return RecordsAccess{Item::recordName,
+                             false,
+                             true,
+                             &itemSchema<Item>,
+                             [](const BaseEntity& record) {
+                                 constexpr auto get = RecordAccess::arrayGetter<Record, Line>();
+                                 std::vector<const BaseEntity*> items;
+                                 for (const auto& item :
+                                      (static_cast<const Record&>(record).*get)())
+                                     items.push_back(item.get());
+                                 return items;
+                             },
+                             [](BaseEntity& record, RecordReader* reader, bool isOverridden) {
+                                 constexpr auto get = RecordAccess::arrayGetter<Record, Line>();
+                                 constexpr auto set = RecordAccess::arraySetter<Record, Line>();
+                                 auto& self = static_cast<Record&>(record);
+                                 if (reader == nullptr && !isOverridden && (self.*get)().empty())
+                                     return;
+                                 RecordsSink<Item> sink;
+                                 if (reader != nullptr)
+                                     reader->readInto(sink);
+                                 (self.*set)({std::make_move_iterator(sink.records.begin()),
+                                              std::make_move_iterator(sink.records.end())});
+                             }};
     }
 
     template <int Line, class T>

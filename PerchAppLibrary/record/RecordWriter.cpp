@@ -7,12 +7,45 @@
 #include <algorithm>
 #include <concepts>
 #include <type_traits>
+#include <utility>
 #include <variant>
 
 namespace PerchAppLibrary {
 namespace {
 
 using RecordPointers = std::vector<const BaseEntity*>;
+
+/// Like std::visit, which calls by pointer, and inlines nothing, if there are over 11 alternatives.
+template <class Visitor, class... Access>
+void visitInline(Visitor visit, const std::variant<Access...>& access) {
+    static_assert(sizeof...(Access) <= 16);
+    const auto at = [&]<std::size_t I>(std::integral_constant<std::size_t, I>) {
+        if constexpr (I < sizeof...(Access))
+            visit(*std::get_if<I>(&access));
+    };
+#define VISIT_CASE(I) \
+    case I:           \
+        return at(std::integral_constant<std::size_t, I>())
+    switch (access.index()) {
+        VISIT_CASE(0);
+        VISIT_CASE(1);
+        VISIT_CASE(2);
+        VISIT_CASE(3);
+        VISIT_CASE(4);
+        VISIT_CASE(5);
+        VISIT_CASE(6);
+        VISIT_CASE(7);
+        VISIT_CASE(8);
+        VISIT_CASE(9);
+        VISIT_CASE(10);
+        VISIT_CASE(11);
+        VISIT_CASE(12);
+        VISIT_CASE(13);
+        VISIT_CASE(14);
+        VISIT_CASE(15);
+    }
+#undef VISIT_CASE
+}
 
 /// Adds members to a Dictionary. Requires that it has none of their names.
 struct DictionarySink {
@@ -25,11 +58,18 @@ struct DictionarySink {
 
     void add(const Property& property, const RecordPointers& records) {
         ValueArray& values = dictionary[property.name].emplace_array();
-        for (const BaseEntity* const record : records) {
-            Value& value = values.emplace_back(nullptr);
-            if (record != nullptr)
-                assign(value, record->properties(value.storage()));
-        }
+        for (const BaseEntity* const record : records)
+            write(values.emplace_back(nullptr), record);
+    }
+
+    void addSingle(const Property& property, const BaseEntity* record) {
+        write(dictionary[property.name], record);
+    }
+
+private:
+    static void write(Value& value, const BaseEntity* record) {
+        if (record != nullptr)
+            assign(value, record->properties(value.storage()));
     }
 };
 
@@ -45,10 +85,26 @@ struct TextSink {
         write(value);
     }
 
+    void addSingle(const Property& property, const BaseEntity* record) {
+        text.append(property.textKey, skipped);
+        skipped = 0;
+        write(record);
+    }
+
 private:
     template <class T>
     void write(const T& value) {
         PropertyKind<T>::write(text, value);
+    }
+
+    void write(const BaseEntity* record) {
+        if (record == nullptr) {
+            text += "null";
+            return;
+        }
+        text += '{';
+        record->schema().writer().write(*record, text);
+        text += '}';
     }
 
     void write(const RecordPointers& records) {
@@ -56,17 +112,24 @@ private:
         for (const BaseEntity* const record : records) {
             text += before;
             before = ',';
-            if (record == nullptr) {
-                text += "null";
-                continue;
-            }
-            text += '{';
-            record->schema().writer().write(*record, text);
-            text += '}';
+            write(record);
         }
         text += records.empty() ? "[]" : "]";
     }
 };
+
+/// Most properties are of these types.
+template <class Access>
+constexpr bool isUsual =
+    std::same_as<Access, FieldAccess<std::int64_t>> || std::same_as<Access, FieldAccess<bool>> ||
+    std::same_as<Access, FieldAccess<std::string>>;
+
+/// Not inlined, so that what is usual is.
+template <class Sink, class Access>
+[[gnu::noinline]] void addUnusual(Sink& sink, const Property& property, const BaseEntity& record,
+                                  const Access& access, bool readsPlaces) {
+    sink.add(property, readsPlaces ? PlaceAccess::read(record, access) : (record.*access.get)());
+}
 
 } // namespace
 
@@ -117,13 +180,16 @@ template <class Sink>
 void RecordWriter::writeTo(const BaseEntity& record, Sink sink) const {
     const bool readsPlaces = isExactly(record, m_schema.type()) && !m_schema.overrides().getters;
     for (const Property* const property : m_members)
-        std::visit(
+        visitInline(
             [&]<class Access>(const Access& access) {
-                if constexpr (requires { typename Access::Value; })
+                if constexpr (requires { typename Access::Value; } && !isUsual<Access>)
+                    addUnusual(sink, *property, record, access, readsPlaces);
+                else if constexpr (requires { typename Access::Value; })
                     sink.add(*property, readsPlaces ? PlaceAccess::read(record, access)
                                                     : (record.*access.get)());
                 else if constexpr (std::same_as<Access, RecordsAccess>)
-                    sink.add(*property, access.get(record));
+                    access.isSingle ? sink.addSingle(*property, access.get(record).front())
+                                    : sink.add(*property, access.get(record));
             },
             property->access);
 }

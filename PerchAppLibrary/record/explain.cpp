@@ -3,11 +3,7 @@
 #include <PerchAppLibrary/json/detail/Conversion.hpp>
 #include <PerchAppLibrary/json/detail/JSONElement.hpp>
 
-#include <boost/algorithm/string/predicate.hpp>
-
 #include <algorithm>
-#include <locale>
-#include <tuple>
 #include <unordered_map>
 #include <utility>
 #include <variant>
@@ -39,8 +35,11 @@ std::string_view kindOf(Element element) {
 
 /// Returns the name of a property that differs from the key in case only, or an empty text.
 std::string_view similarName(const RecordSchema& schema, std::string_view key) {
+    const auto lowercase = [](char letter) {
+        return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
+    };
     for (const Property& property : schema.properties())
-        if (boost::algorithm::iequals(property.name, key, std::locale::classic()))
+        if (std::ranges::equal(property.name, key, {}, lowercase, lowercase))
             return property.name;
     return {};
 }
@@ -71,7 +70,7 @@ public:
         }
         std::vector<bool> isSeen(schema.properties().size());
         const simdjson::dom::object object = element.get_object().value_unsafe();
-        // The last member with a key counts, so a later one is visited first.
+        // Of members with one key, the last counts.
         std::vector<std::pair<std::string_view, Element>> members;
         for (const auto member : object)
             members.emplace_back(member.key, member.value);
@@ -127,8 +126,10 @@ private:
 
     void visitValue(const RecordsAccess& access, const Property& property, Element value,
                     const RecordSchema& schema) {
-        if (value.is_array())
+        if (!access.isSingle && value.is_array())
             visitArray(value, access.schema());
+        else if (access.isSingle && value.is_object())
+            visitRecord(value, access.schema());
         else
             add(Reason::notConverted, schema, property.name, kindOf(value), property.kind());
     }
@@ -179,15 +180,15 @@ private:
         if (!isNew)
             ++m_explanation.mismatches[known->second].count;
         else if (m_indexes.size() <= maximum)
-            m_explanation.mismatches.push_back({reason, std::move(place), std::string(found),
-                                                std::string(expected), m_path});
+            m_explanation.mismatches.push_back(
+                {reason, std::move(place), std::string(found), std::string(expected), m_path});
         else
             m_indexes.erase(known);
     }
 
     std::size_t m_left; // number of records to visit
     Explanation m_explanation;
-    std::string m_path; // of the value that is visited
+    std::string m_path;                                     // of the value that is visited
     std::unordered_map<std::string, std::size_t> m_indexes; // in mismatches
 };
 

@@ -30,8 +30,8 @@ public:
     template <PerchAppLibrary::JSONScalar T>
     explicit RecordRange(const T& value) = delete;
 
-    /// Returns List(JSON::parse(text, limits)). Throws JSON::ParseError if the text is malformed. A list
-    /// with `parsing = Parsing::direct` takes less time and memory, since it mostly makes no
+    /// Returns List(JSON::parse(text, limits)). Throws JSON::ParseError if the text is malformed. A
+    /// list with `parsing = Parsing::direct` takes less time and memory, since it mostly makes no
     /// document.
     template <class Text>
     static List parse(Text&& text, const PerchAppLibrary::JSON::Limits& limits = {}) {

@@ -5,6 +5,7 @@
 #include <PerchAppLibrary/record/RecordSink.hpp>
 #include <PerchAppLibrary/record/readRecords.hpp>
 
+#include <concepts>
 #include <iterator>
 #include <memory>
 #include <new>
@@ -19,6 +20,22 @@ using PerchAppLibrary::isExactly;
 /// An array of records of the class Item. No element is null.
 template <class Item>
 using Records = std::vector<std::shared_ptr<Item>>;
+
+/// Returns the records as records of another class: a base, or the class that they are of. Throws
+/// std::bad_cast if one is not of the class To. Linear.
+template <class To, class From>
+Records<To> recordsAs(const Records<From>& records) {
+    if constexpr (std::derived_from<From, To>)
+        return {records.begin(), records.end()};
+    Records<To> converted;
+    converted.reserve(records.size());
+    for (const std::shared_ptr<From>& record : records)
+        converted.push_back(
+            isExactly(*record, typeid(To))
+                ? std::static_pointer_cast<To>(record)
+                : (void(dynamic_cast<To&>(*record)), std::static_pointer_cast<To>(record)));
+    return converted;
+}
 
 /// Selects the elements of a JSON array that become records.
 enum class Elements { all, objects };

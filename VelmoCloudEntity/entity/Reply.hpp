@@ -28,17 +28,17 @@ private:
     std::optional<ServiceError> m_serviceError;
 };
 
-/// Throws ReplyError for a document that is a service's error, or that is not an array (`isList`) or
-/// not an object.
+/// Throws ReplyError for a document that is a service's error, or that is not an array (`isList`)
+/// or not an object.
 void requireReply(const PerchAppLibrary::JSON& document, bool isList);
 
 /// Returns whether a JSON text begins an array. Constant time, white space aside.
 bool beginsArray(std::string_view text) noexcept;
 
-/// Returns T::parse(text, limits) for a reply of the service, where T is a list wrapper or a record.
-/// Throws JSON::ParseError if the text is malformed or exceeds the limits, and ReplyError if it is
-/// an error of the service, an object in place of a list, or the reverse. T::parse() makes an empty
-/// list or a record of defaults of these. As fast as T::parse().
+/// Returns T::parse(text, limits) for a reply of the service, where T is a list wrapper or a
+/// record. Throws JSON::ParseError if the text is malformed or exceeds the limits, and ReplyError
+/// if it is an error of the service, an object in place of a list, or the reverse. T::parse() makes
+/// an empty list or a record of defaults of these. As fast as T::parse().
 ///
 ///     try {
 ///         fonts = parseReply<FontList>(text, {.elements = 8'000'000});

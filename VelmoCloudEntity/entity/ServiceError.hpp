@@ -23,8 +23,8 @@ struct ServiceError {
 };
 
 /// Returns the error that a record reports, or nullopt if Exception, ErrorCode, ExceptionCode and
-/// ExceptionMessage have their defaults. The code is ExceptionCode; if that is empty, ErrorCode with
-/// leading zeros to six digits.
+/// ExceptionMessage have their defaults. The code is ExceptionCode; if that is empty, ErrorCode
+/// with leading zeros to six digits.
 std::optional<ServiceError> serviceError(const PerchAppLibrary::BaseEntity& record);
 
 /// Returns the error that a reply reports: that of a record that is filled from it. A list reports

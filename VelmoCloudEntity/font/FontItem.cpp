@@ -12,6 +12,7 @@
 #include <PerchAppLibrary/text/Text.hpp>
 
 #include <algorithm>
+#include <map>
 #include <span>
 #include <string_view>
 #include <utility>
@@ -60,6 +61,18 @@ std::string stemOrFail(const FontItem& font) {
     return *std::move(stem);
 }
 
+/// Returns whether Dict() of the font is that of FontItem. A class without a schema of its own may
+/// override it.
+bool keepsDict(const FontItem& font) {
+    const PerchAppLibrary::RecordSchema& schema = font.schema();
+    return isExactly(font) || (isExactly(font, schema.type()) && !schema.overrides().computed);
+}
+
+bool keepsSetActivated(const FontItem& font) {
+    const PerchAppLibrary::RecordSchema& schema = font.schema();
+    return isExactly(font) || (isExactly(font, schema.type()) && !schema.overrides().functions);
+}
+
 } // namespace
 
 FontItem::FontItem() = default;
@@ -86,7 +99,7 @@ Dictionary FontItem::dictIn(const PerchAppLibrary::Storage& storage) const {
     PerchAppLibrary::ValueArray& members = dictionary["Children"].emplace_array();
     members.reserve(Children().size());
     for (const std::shared_ptr<FontItem>& member : Children())
-        members.emplace_back(isExactly(*member) ? member->dictIn(storage) : member->Dict());
+        members.emplace_back(keepsDict(*member) ? member->dictIn(storage) : member->Dict());
     return dictionary;
 }
 
@@ -103,6 +116,7 @@ std::string FontItem::getFontArrayText(const Records<FontItem>& list) {
         const Records<FontItem>* fonts;
         std::size_t next;
     };
+    std::map<const PerchAppLibrary::RecordSchema*, RecordWriter> writers; // of other classes
     std::string text = "[";
     std::vector<Level> levels{{&list, 0}};
     while (true) {
@@ -120,14 +134,18 @@ std::string FontItem::getFontArrayText(const Records<FontItem>& list) {
         if (level.next > 0)
             text += ',';
         const FontItem& font = *(*level.fonts)[level.next++];
-        if (!isExactly(font)) { // A subclass may override Dict() and the accessors.
+        if (!keepsDict(font)) {
             text += PerchAppLibrary::toText(font.Dict());
             continue;
         }
         text += '{';
-        font.writer().write(font, text);
+        if (isExactly(font))
+            font.writer().write(font, text);
+        else
+            writers.try_emplace(&font.schema(), font.schema(), excludedFromDict())
+                .first->second.write(font, text);
         text += ",\"Children\":[";
-        levels.push_back({&font.m_Children, 0});
+        levels.push_back({&font.Children(), 0});
     }
 }
 
@@ -152,7 +170,7 @@ void FontItem::setActivated(bool activated) {
         }
         FontItem& member = *levels.back().front();
         levels.back() = levels.back().subspan(1);
-        if (isExactly(member) && member.IsGroup())
+        if (keepsSetActivated(member) && member.IsGroup())
             levels.emplace_back(member.Children());
         else
             member.setActivated(activated);

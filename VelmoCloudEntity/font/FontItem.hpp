@@ -7,6 +7,7 @@
 #include <PerchAppLibrary/platform/URLFwd.hpp>
 #include <PerchAppLibrary/text/TextSignature.hpp>
 
+#include <concepts>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -187,6 +188,14 @@ class FontItem : public PerchAppLibrary::BaseEntity {
     /// Sets IsActivated of a leaf. For a group, calls setActivated() of every member and leaves the
     /// group's own flag unchanged.
     virtual void setActivated(bool activated);
+
+    /// Returns whether a class keeps the functions that walk a tree in a loop.
+    template <class Record>
+    static consteval bool perchKeepsFunctions() {
+        return requires {
+            requires std::same_as<decltype(&Record::setActivated), void (FontItem::*)(bool)>;
+        };
+    }
 
     /// Returns the Dicts of the fonts, in order.
     static std::vector<PerchAppLibrary::Dictionary> getFontArray(const Records<FontItem>& list);

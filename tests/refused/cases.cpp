@@ -2,12 +2,12 @@
 // case, and once for each of these lines, with the macro defined so: MACRO=code // message.
 //
 // PROPERTY=PERCH_PROPERTY(int, Count) // Count has the type int, which no property can have
-// PROPERTY=PERCH_PROPERTY(double, Weight) // Weight has the type double, which no property can
-// PROPERTY=PERCH_PROPERTY(std::vector<std::shared_ptr<int>>, Items) // objects that are no records
-// PROPERTY=PERCH_PROPERTY(Rare<std::int64_t>, Seldom) // Seldom has the type Rare<std::int64_t>
-// PROPERTY=PERCH_PROPERTY(bool, First); PERCH_PROPERTY(bool, Second) // onePropertyPerLine
-// PROPERTY=PERCH_PROPERTY(bool, small) // PERCH_PROPERTY_SET_BY names the setter of small
-// PROPERTY=PERCH_PROPERTY(std::map<int, int>, Sizes) // A type with a comma needs an alias
+// PROPERTY=PERCH_PROPERTY(std::optional<float>, Weight) // Weight has the type
+// std::optional<float>, which PROPERTY=PERCH_PROPERTY(std::vector<std::shared_ptr<int>>, Items) //
+// objects that are no records PROPERTY=PERCH_PROPERTY(Rare<std::int64_t>, Seldom) // Seldom has the
+// type Rare<std::int64_t> PROPERTY=PERCH_PROPERTY(bool, First); PERCH_PROPERTY(bool, Second) //
+// onePropertyPerLine PROPERTY=PERCH_PROPERTY(bool, small) // PERCH_PROPERTY_SET_BY names the setter
+// of small PROPERTY=PERCH_PROPERTY(std::map<int, int>, Sizes) // A type with a comma needs an alias
 // PROPERTY=PERCH_COMPUTED(std::map<int, int>, Sizes) // A type with a comma needs an alias
 // PROPERTY=PERCH_PROPERTY(Rare<std::string>, Seldom, "x") // Rare<std::string>, which takes no
 // default PROPERTY=PERCH_PROPERTY(std::int64_t, Count, 3.5) // narrowing

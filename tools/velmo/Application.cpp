@@ -24,9 +24,9 @@ std::unique_ptr<CLI::App> makeApplication(Action& selected) {
         "A document that seems to be of another type than the command reads, such as an error "
         "reply,\n"
         "gives a warning on standard error. It does not change the exit status.");
-    for (const auto add : {&addTree, &addList, &addFind, &addSearch, &addLookup, &addFilter,
-                           &addLocate, &addRead, &addCheck, &addExport, &addScan, &addError,
-                           &addHelp})
+    for (const auto add :
+         {&addTree, &addList, &addFind, &addSearch, &addLookup, &addFilter, &addLocate, &addRead,
+          &addCheck, &addExport, &addScan, &addError, &addHelp})
         add(*application, selected);
     return application;
 }

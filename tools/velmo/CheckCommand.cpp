@@ -23,9 +23,8 @@ struct CheckOptions {
 };
 
 Dictionary describe(const Mismatch& mismatch) {
-    return {{"place", mismatch.place},       {"found", mismatch.found},
-            {"expected", mismatch.expected}, {"path", mismatch.path},
-            {"count", mismatch.count},       {"text", mismatch.text()}};
+    return {{"place", mismatch.place}, {"found", mismatch.found}, {"expected", mismatch.expected},
+            {"path", mismatch.path},   {"count", mismatch.count}, {"text", mismatch.text()}};
 }
 
 ExitStatus check(const CheckOptions& options) {
@@ -57,17 +56,17 @@ ExitStatus check(const CheckOptions& options) {
 } // namespace
 
 void addCheck(CLI::App& application, Action& selected) {
-    auto [command, options] =
-        addCommand(application, selected,
-                   {.name = "check",
-                    .description = "List what reading a saved reply ignores",
-                    .example = "velmo check font-list.json FontList"},
-                   &check);
+    auto [command, options] = addCommand(application, selected,
+                                         {.name = "check",
+                                          .description = "List what reading a saved reply ignores",
+                                          .example = "velmo check font-list.json FontList"},
+                                         &check);
     addFileName(command, "FILE", options.file, "Saved reply")->required();
     std::vector<std::string> types;
     for (const RecordType& type : recordTypes())
         types.push_back(type.name);
-    command.add_option("TYPE", options.type, "Type of the document; by default the one that fits best")
+    command
+        .add_option("TYPE", options.type, "Type of the document; by default the one that fits best")
         ->type_name(choiceType(types));
 }
 

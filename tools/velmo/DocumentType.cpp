@@ -43,7 +43,10 @@ const RecordType* typeOf(const JSON& document) {
 }
 
 void warnOfOtherType(const std::string& file, const JSON& document, const RecordType& expected) {
-    if (const auto error = VelmoCloudEntity::serviceError(document)) {
+    // A record may report an error beside its own properties.
+    const bool isBare = expected.explain(document, 1).used <=
+                        PerchAppLibrary::explain<PerchAppLibrary::BaseEntity>(document).used;
+    if (const auto error = VelmoCloudEntity::serviceError(document); error && isBare) {
         warn(fmt::format("warning: {}: {}", nameOf(file), describe(*error)));
     } else if (const std::ptrdiff_t fit = fitOf(document, expected); fit < 0) {
         const RecordType* const type = typeOf(document);

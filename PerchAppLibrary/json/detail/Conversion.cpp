@@ -263,18 +263,6 @@ bool convertScalar(const Scalar& scalar, std::string& value) {
         scalar);
 }
 
-bool convertScalar(const Scalar& scalar, std::optional<std::string>& value) {
-    if (std::holds_alternative<std::nullptr_t>(scalar)) {
-        value.reset();
-        return true;
-    }
-    std::string text;
-    if (!convertScalar(scalar, text))
-        return false;
-    value = std::move(text);
-    return true;
-}
-
 bool convertScalar(const Scalar& scalar, float& value) { return convertReal(scalar, value); }
 bool convertScalar(const Scalar& scalar, double& value) { return convertReal(scalar, value); }
 bool convertElement(dom::element element, std::vector<std::int64_t>& value) {

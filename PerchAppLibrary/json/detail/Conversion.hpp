@@ -42,7 +42,17 @@ bool convertScalar(const Scalar& scalar, bool& value);
 bool convertScalar(const Scalar& scalar, float& value);
 bool convertScalar(const Scalar& scalar, double& value);
 bool convertScalar(const Scalar& scalar, std::string& value);
-bool convertScalar(const Scalar& scalar, std::optional<std::string>& value);
+
+/// A null becomes nullopt.
+template <class T>
+bool convertScalar(const Scalar& scalar, std::optional<T>& value) {
+    T given{};
+    const bool isNull = std::holds_alternative<std::nullptr_t>(scalar);
+    if (!isNull && !convertScalar(scalar, given))
+        return false;
+    value = isNull ? std::nullopt : std::optional<T>(std::move(given));
+    return true;
+}
 
 template <class T>
 concept ConvertsFromScalar =

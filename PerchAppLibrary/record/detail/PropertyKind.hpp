@@ -4,6 +4,7 @@
 #include <PerchAppLibrary/json/JSON.hpp>
 #include <PerchAppLibrary/json/detail/JSONText.hpp>
 
+#include <array>
 #include <bit>
 #include <charconv>
 #include <cstdint>
@@ -66,6 +67,12 @@ struct PropertyKind<float> : PropertyKindOf<float> {
 };
 
 template <>
+struct PropertyKind<double> : PropertyKindOf<double> {
+    static constexpr std::string_view name = "Double";
+    static bool isZero(double value) noexcept { return std::bit_cast<std::uint64_t>(value) == 0; }
+};
+
+template <>
 struct PropertyKind<std::string> : PropertyKindOf<std::string> {
     static constexpr std::string_view name = "String";
     static void write(Dictionary& dictionary, std::string_view key, const std::string& value);
@@ -74,12 +81,17 @@ struct PropertyKind<std::string> : PropertyKindOf<std::string> {
     }
 };
 
-template <>
-struct PropertyKind<std::optional<std::string>> : PropertyKindOf<std::optional<std::string>> {
-    static constexpr std::string_view name = "optional String";
-    static bool isZero(const std::optional<std::string>& value) noexcept {
-        return !value.has_value();
-    }
+template <class T>
+struct PropertyKind<std::optional<T>> : PropertyKindOf<std::optional<T>> {
+    static constexpr std::string_view prefix = "optional ";
+    static constexpr auto letters = [] {
+        std::array<char, prefix.size() + PropertyKind<T>::name.size()> joined{};
+        prefix.copy(joined.data(), prefix.size());
+        PropertyKind<T>::name.copy(joined.data() + prefix.size(), PropertyKind<T>::name.size());
+        return joined;
+    }();
+    static constexpr std::string_view name{letters.data(), letters.size()};
+    static bool isZero(const std::optional<T>& value) noexcept { return !value.has_value(); }
 };
 
 template <>

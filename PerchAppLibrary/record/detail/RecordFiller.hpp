@@ -55,8 +55,9 @@ public:
     /// none if `element` is missing or not an array.
     void fillArray(const RecordsAccess& access, BaseEntity& record, std::optional<Element> element,
                    std::size_t depth = 0, bool isOverridden = true) {
-        if (element && m_source.isArray(*element)) {
-            Reader reader(*this, *element, depth, false);
+        if (element &&
+            (access.isSingle ? m_source.isObject(*element) : m_source.isArray(*element))) {
+            Reader reader(*this, *element, depth, false, access.isSingle);
             access.fill(record, &reader, isOverridden);
         } else {
             access.fill(record, nullptr, isOverridden);
@@ -109,24 +110,36 @@ private:
     /// Reads the elements of an array into a sink.
     class Reader final : public RecordReader {
     public:
-        Reader(RecordFiller& filler, Element array, std::size_t depth, bool onlyObjects)
-            : m_filler(filler), m_array(array), m_depth(depth), m_onlyObjects(onlyObjects) {}
+        Reader(RecordFiller& filler, Element array, std::size_t depth, bool onlyObjects,
+               bool isSingle = false)
+            : m_filler(filler),
+              m_array(array),
+              m_depth(depth),
+              m_onlyObjects(onlyObjects),
+              m_isSingle(isSingle) {}
 
         void readInto(RecordSink& sink) override {
+            if (m_isSingle) {
+                add(sink, m_array);
+                return;
+            }
             Source& source = m_filler.m_source;
             sink.reserve(source.sizeHint(m_array));
             source.forEachElement(m_array, [&](Element element) {
-                if (m_onlyObjects && !source.isObject(element))
-                    return;
-                if (BaseEntity* const record = sink.add())
-                    fill(*record, element);
-                else
-                    sink.addFrom(source.toJSON(element));
+                if (!m_onlyObjects || source.isObject(element))
+                    add(sink, element);
             });
             sink.shrinkToFit();
         }
 
     private:
+        void add(RecordSink& sink, Element element) {
+            if (BaseEntity* const record = sink.add())
+                fill(*record, element);
+            else
+                sink.addFrom(m_filler.m_source.toJSON(element));
+        }
+
         void fill(BaseEntity& record, Element element) {
             m_filler.fillArrays(record, m_filler.runPass(record, element, m_depth), m_depth + 1);
         }
@@ -135,6 +148,7 @@ private:
         Element m_array;
         std::size_t m_depth;
         bool m_onlyObjects;
+        bool m_isSingle; // the element is the record, not an array of records
     };
 
     Source& m_source;
