@@ -7,7 +7,6 @@
 #include "RecordTesting.hpp"
 
 #include <PerchAppLibrary/BaseExceptionEntity.hpp>
-#include <PerchAppLibrary/container/uniqueMap.hpp>
 
 using namespace VelmoCloudEntity;
 using namespace PerchAppLibrary;
@@ -99,11 +98,6 @@ TEST(ExceptionItem, HasTheMessagesOfItsCodes) {
         EXPECT_EQ(entry->msgDict().at("Ch") + "|" + entry->msgDict().at("En"), messages);
         EXPECT_NE(entry, other.Dict().at(code)) << "each item has a table of its own";
     }
-}
-
-TEST(ExceptionItemDeathTest, EndsTheProcessOverACodeThatComesTwice) {
-    EXPECT_EQ(uniqueMap<int>({{"a", 1}, {"b", 1}}).size(), 2U);
-    EXPECT_DEATH(uniqueMap<int>({{"a", 1}, {"b", 2}, {"a", 1}}), "\"a\" comes twice");
 }
 
 } // namespace

@@ -1,10 +1,9 @@
 #include <VelmoCloudEntity/entity/ExceptionItem.hpp>
 
-#include <PerchAppLibrary/container/uniqueMap.hpp>
-
+#include <algorithm>
 #include <array>
-#include <utility>
-#include <vector>
+#include <functional>
+#include <string_view>
 
 namespace VelmoCloudEntity {
 
@@ -13,7 +12,7 @@ using PerchAppLibrary::BaseExceptionEntity;
 namespace {
 
 struct Row {
-    const char* code;
+    std::string_view code;
     const char* chinese;
     const char* english;
 };
@@ -47,14 +46,19 @@ constexpr std::array rows{
     Row{"006004", "目标微信已占用", "微信 used."},
 };
 
+static_assert(std::ranges::adjacent_find(rows, std::ranges::greater_equal(), &Row::code) ==
+                  rows.end(),
+              "Each code comes once, in ascending order");
+
 ExceptionItem::Table makeTable() {
-    std::vector<ExceptionItem::Table::value_type> errors;
-    errors.reserve(rows.size());
-    for (const Row& row : rows)
-        errors.emplace_back(row.code, std::make_shared<BaseExceptionEntity>(
-                                          row.code, std::map<std::string, std::string>{
-                                                        {"Ch", row.chinese}, {"En", row.english}}));
-    return PerchAppLibrary::uniqueMap(std::move(errors));
+    ExceptionItem::Table table;
+    for (const Row& row : rows) {
+        const std::string code(row.code);
+        table.emplace(code, std::make_shared<BaseExceptionEntity>(
+                                code, std::map<std::string, std::string>{{"Ch", row.chinese},
+                                                                         {"En", row.english}}));
+    }
+    return table;
 }
 
 } // namespace
