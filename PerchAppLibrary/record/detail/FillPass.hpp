@@ -2,7 +2,6 @@
 
 #include <PerchAppLibrary/record/RecordSchema.hpp>
 #include <PerchAppLibrary/record/detail/FillPlan.hpp>
-#include <PerchAppLibrary/record/detail/KeyOrder.hpp>
 #include <PerchAppLibrary/record/detail/PlaceAccess.hpp>
 
 #include <boost/container/small_vector.hpp>
@@ -120,7 +119,7 @@ private:
 
     void fillPlaces(Element element, KeyOrder* order) {
         const Effects effects{*this};
-        if (order != nullptr && order->startRecord(m_plan.names()))
+        if (order != nullptr)
             visitMembersInOrder(element, *order);
         else
             visitMembers(element, [&names = m_plan.names()](std::string_view key) {
@@ -147,22 +146,19 @@ private:
 
     void visitMembersInOrder(Element element, KeyOrder& order) {
         const NameIndex& names = m_plan.names();
-        std::size_t wrongGuesses = 0;
-        const auto unknown = static_cast<std::uint32_t>(m_schema.properties().size());
+        order.start(names);
         std::uint32_t* guess = &order.first();
         visitMembers(element, [&](std::string_view key) {
             if (!names.isAt(*guess, key)) [[unlikely]] {
-                const std::uint32_t found = names.slotOf(key);
-                if (names.indexAt(found) == unknown) // the next key may still be the guessed one
-                    return unknown;
-                *guess = found;
-                ++wrongGuesses;
+                const std::uint32_t slot = names.slotOf(key);
+                if (names.indexAt(slot) == m_plan.unknownKey())
+                    return m_plan.unknownKey(); // the next key may still be the guessed one
+                *guess = slot;
             }
             const std::uint32_t slot = *guess;
             guess = &order.after(slot);
             return names.indexAt(slot);
         });
-        order.endRecord(wrongGuesses);
     }
 
     void setDeferred() {

@@ -40,7 +40,7 @@ public:
     const NameIndex& names() const noexcept { return m_names; }
 
     /// The index in the actions for an unknown key.
-    std::size_t unknownKey() const noexcept { return m_setterActions.size() - 1; }
+    std::uint32_t unknownKey() const noexcept { return m_names.count(); }
 
     /// Returns the action for each property and, at unknownKey(), for an unknown key. For a record
     /// of exactly the class, which no code but the filler reads meanwhile.

@@ -24,7 +24,10 @@ public:
     /// Requires distinct names that outlive the index.
     explicit NameIndex(std::span<const std::string_view> names);
 
-    /// Returns the position of the name in the list, or the length of the list if it is not there.
+    /// Returns the number of names.
+    std::uint32_t count() const noexcept { return m_count; }
+
+    /// Returns the position of the name in the list, or count() if it is not there.
     std::uint32_t find(std::string_view name) const noexcept { return find(name, headOf(name)); }
 
     /// The number of bytes that findReadable() reads.
@@ -124,6 +127,36 @@ private:
     std::uint32_t m_count;
     std::vector<Entry> m_entries; // always has an empty slot, where a failing lookup ends
     unsigned m_shift;             // reduces a hash to its high bits, the number of a slot
+};
+
+/// Records which key followed which in earlier JSON objects. The objects of an array nearly always
+/// have their keys in one order, so this predicts the next key. A wrong guess costs only time.
+class KeyOrder {
+public:
+    // NOLINTNEXTLINE(modernize-use-equals-default): does not set m_after to zero for each record
+    KeyOrder() noexcept {}
+
+    /// Starts a record. Clears the order if it is that of another class, whose index has other
+    /// slots.
+    void start(const NameIndex& names) noexcept {
+        if (m_names == &names)
+            return;
+        m_names = &names;
+        m_first = 0;
+        m_after.fill(0);
+    }
+
+    /// Returns the slot of the last object's first key, for the caller to read and set.
+    std::uint32_t& first() noexcept { return m_first; }
+
+    /// Returns the slot of the key that last followed the key in this slot, for the caller to read
+    /// and set. Indexed by slot, so a guess depends only on the guess before it.
+    std::uint32_t& after(std::uint32_t slot) noexcept { return m_after[slot % m_after.size()]; }
+
+private:
+    const NameIndex* m_names = nullptr;
+    std::uint32_t m_first = 0;
+    std::array<std::uint32_t, 256> m_after; // start() sets it; a larger index shares entries
 };
 
 } // namespace PerchAppLibrary

@@ -2,7 +2,6 @@
 
 #include <PerchAppLibrary/record/RecordSchema.hpp>
 #include <PerchAppLibrary/record/detail/FillPass.hpp>
-#include <PerchAppLibrary/record/detail/KeyOrder.hpp>
 
 #include <cstddef>
 #include <memory>
