@@ -9,6 +9,11 @@
 
 namespace VelmoCloudEntity {
 
+/// How a list wrapper is made from a text: from a document, or directly. Use the latter only for
+/// classes whose constructors and destructors have no visible effect, such as those of this
+/// library, since it may make records and destroy them before it finds a fault.
+enum class Parsing { document, direct };
+
 /// The base class of the list wrappers: an array of records that is read from a JSON array. Copies
 /// share the records. A list is a range of its records:
 ///
@@ -36,8 +41,12 @@ public:
     template <class Text>
     static List parse(Text&& text, const PerchAppLibrary::JSON::Limits& limits = {}) {
         if constexpr (List::parsing == Parsing::direct) {
+            static_assert(PerchAppLibrary::isFilledByBase<Item>);
+            PerchAppLibrary::RecordsSink<Item> sink;
+            PerchAppLibrary::parseRecords(std::forward<Text>(text), which == Elements::objects,
+                                          sink, limits);
             List list;
-            list.m_records = parseRecords<Item>(std::forward<Text>(text), which, limits);
+            list.m_records = std::move(sink.records);
             return list;
         } else {
             return List(PerchAppLibrary::JSON::parse(std::forward<Text>(text), limits));

@@ -49,22 +49,6 @@ Records<Item> makeRecords(const PerchAppLibrary::JSON& json, Elements which = El
     return std::move(sink.records);
 }
 
-/// How a list wrapper is made from a text: from a document, or directly. The latter may make
-/// records and destroy them before it finds a fault, so it is for classes in which nobody notices,
-/// such as those of this library.
-enum class Parsing { document, direct };
-
-/// Returns makeRecords<Item>(JSON::parse(text), which), with Parsing::direct.
-template <class Item, class Text>
-Records<Item> parseRecords(Text&& text, Elements which,
-                           const PerchAppLibrary::JSON::Limits& limits = {}) {
-    static_assert(PerchAppLibrary::isFilledByBase<Item>);
-    PerchAppLibrary::RecordsSink<Item> sink;
-    PerchAppLibrary::parseRecords(std::forward<Text>(text), which == Elements::objects, sink,
-                                  limits);
-    return std::move(sink.records);
-}
-
 /// Empties the array. Destroys the records that have no other owner, and their children, in a loop,
 /// since nested destructors would overflow the stack for a deep tree. `takeChildren(item)` moves
 /// the children out of an item. If memory runs out, nested destructors destroy the rest.

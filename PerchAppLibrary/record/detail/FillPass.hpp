@@ -43,12 +43,7 @@ public:
           m_isOverridden(!m_isExact || m_schema.overrides().setters ||
                          m_schema.overrides().getters),
           m_actions(m_isExact ? m_plan.directActions().data() : m_plan.setterActions().data()),
-          m_states(m_inlineStates.data()) {
-        if (const std::size_t count = m_schema.properties().size(); count > inlineCount) {
-            m_heapStates.resize(count);
-            m_states = m_heapStates.data();
-        }
-    }
+          m_states(m_schema.properties().size()) {}
 
     FillPass(const FillPass&) = delete;
     FillPass& operator=(const FillPass&) = delete;
@@ -264,9 +259,7 @@ private:
     bool m_isExact;
     bool m_isOverridden;
     const FillAction* m_actions;
-    std::array<FillState, inlineCount> m_inlineStates{};
-    std::vector<FillState> m_heapStates;
-    FillState* m_states; // one for each property, in one of the two above
+    boost::container::small_vector<FillState, inlineCount> m_states; // one for each property
     boost::container::small_vector<Deferred, inlineCount> m_deferred; // at most one a property
 };
 
