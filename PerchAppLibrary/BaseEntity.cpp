@@ -1,10 +1,10 @@
 #include <PerchAppLibrary/BaseEntity.hpp>
 
 #include <PerchAppLibrary/container/NoDestructor.hpp>
-#include <PerchAppLibrary/json/DictionaryArena.hpp>
+#include <PerchAppLibrary/json/internal/DictionaryArena.hpp>
 #include <PerchAppLibrary/record/RecordSchema.hpp>
-#include <PerchAppLibrary/record/RecordWriter.hpp>
 #include <PerchAppLibrary/record/detail/fillRecord.hpp>
+#include <PerchAppLibrary/record/internal/RecordWriter.hpp>
 
 #include <algorithm>
 #include <span>

@@ -29,6 +29,17 @@ class RecordSchema; // completed by PerchAppLibrary/record/RecordSchema.hpp
 ///
 /// Any number of threads may read a record while none changes it.
 class BaseEntity {
+protected:
+    // For the lines of properties and labels, in any namespace.
+    template <class T>
+    using Near = PerchAppLibrary::Near<T>;
+    template <class T>
+    using Rare = PerchAppLibrary::Rare<T>;
+    template <class T>
+    using Required = PerchAppLibrary::Required<T>;
+    using ByNameOnly = PerchAppLibrary::ByNameOnly;
+
+private:
     // Holds the properties of type Near<bool>, beside the virtual table pointer, which a call
     // loads.
     std::uint32_t m_flags = 0;

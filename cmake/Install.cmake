@@ -8,7 +8,8 @@ foreach(library PerchAppLibrary VelmoCloudEntity)
   set_target_properties(${library} PROPERTIES VERSION ${PROJECT_VERSION}
                                               SOVERSION ${PROJECT_VERSION_MAJOR})
   install(DIRECTORY ${PROJECT_SOURCE_DIR}/${library} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}
-          FILES_MATCHING PATTERN *.hpp PATTERN detail EXCLUDE)
+          FILES_MATCHING PATTERN *.hpp PATTERN detail EXCLUDE
+          PATTERN internal EXCLUDE)
 endforeach()
 install(FILES ${version_header} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/VelmoCloudEntity)
 

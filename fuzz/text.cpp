@@ -5,8 +5,8 @@
 #include <tests/literal/LiteralText.hpp>
 
 #include <PerchAppLibrary/text/Needle.hpp>
-#include <PerchAppLibrary/text/NeedleSet.hpp>
 #include <PerchAppLibrary/text/Text.hpp>
+#include <PerchAppLibrary/text/internal/NeedleSet.hpp>
 
 #include <unicode/locid.h>
 
@@ -68,7 +68,7 @@ void checkSearch(const std::string& given, const std::string& key, SearchedText&
         signature.addASCII(given);
         require(signature.covers(folded) && folded.covers(signature), context);
     }
-    require(needle.verdict(signature).value_or(isIn) == isIn, context);
+    require(needle.prefilter(signature).value_or(isIn) == isIn, context);
     const auto place = needle.find(searched);
     require(place.has_value() == isIn, context);
     const auto part = needle.partOf(given);

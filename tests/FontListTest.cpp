@@ -3,7 +3,7 @@
 #include <VelmoCloudEntity/font/FontList.hpp>
 
 #include <PerchAppLibrary/json/Dictionary.hpp>
-#include <PerchAppLibrary/text/TextSet.hpp>
+#include <PerchAppLibrary/text/internal/TextSet.hpp>
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include <PerchAppLibrary/container/IdSet.hpp>
+#include <PerchAppLibrary/container/internal/IdSet.hpp>
 
 #include <gtest/gtest.h>
 

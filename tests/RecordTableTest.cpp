@@ -23,7 +23,7 @@
 
 #include "RecordTesting.hpp"
 
-#include <PerchAppLibrary/record/RecordWriter.hpp>
+#include <PerchAppLibrary/record/internal/RecordWriter.hpp>
 
 #include <boost/json/parse.hpp>
 

@@ -16,7 +16,7 @@ includes() {
 }
 
 awk -F'\t' '
-    function folder(path) { sub(/\/(detail\/.*|[^\/]*)$/, "", path); return path }
+    function folder(path) { sub(/\/((detail|internal)\/.*|[^\/]*)$/, "", path); return path }
     function complain(why) { print $1 ": includes <" $2 ">, but " why; failed = 1 }
     # Returns whether a word of the list is the path, its folder, or ends in "/" and begins the path.
     function allows(list, path, words, n, i) {
@@ -30,7 +30,7 @@ awk -F'\t' '
     FNR == NR { may[$1] = $2; others[$1] = $3; public[$1] = $4; next }
     {
         ++seen
-        from = folder($1); private = $1 ~ /\/detail\/|\.cpp$/; split($1, library, "/")
+        from = folder($1); private = $1 ~ /\/(detail|internal)\/|\.cpp$/; split($1, library, "/")
         if (!(from in may)) { complain("its folder is not in the table"); next }
         if ($2 !~ /^(PerchAppLibrary|VelmoCloudEntity)\//) {
             if (!allows(others[from], $2)) complain("its folder may not")
@@ -41,6 +41,8 @@ awk -F'\t' '
             if (folder($2) != from && !allows(may[from], $2)) complain("its folder may not")
             if ($2 ~ /\/detail\// && (!private || index($2, library[1] "/") != 1))
                 complain("that is private")
+            if ($2 ~ /\/internal\// && !private)
+                complain("that is not installed")
         }
     }
     END { if (seen == 0) print "no includes found"; exit failed || seen == 0 }

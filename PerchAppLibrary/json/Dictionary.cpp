@@ -1,8 +1,6 @@
 #include <PerchAppLibrary/json/Dictionary.hpp>
 
 #include <PerchAppLibrary/json/detail/JSONElement.hpp>
-#include <PerchAppLibrary/platform/PlatformFont.hpp>
-#include <PerchAppLibrary/platform/URL.hpp>
 #include <PerchAppLibrary/text/Text.hpp>
 
 #include <boost/json/serializer.hpp>
@@ -19,63 +17,63 @@ namespace {
 namespace dom = simdjson::dom;
 
 template <class Element>
-void assignArray(Value& place, const std::vector<Element>& elements) {
-    ValueArray& array = place.emplace_array();
+void assignArray(Value& target, const std::vector<Element>& elements) {
+    ValueArray& array = target.emplace_array();
     array.reserve(elements.size());
     for (const Element& element : elements)
         assign(array.emplace_back(nullptr), element);
 }
 
 template <class T>
-void assignOptional(Value& place, const std::optional<T>& source) {
+void assignOptional(Value& target, const std::optional<T>& source) {
     if (source)
-        assign(place, *source);
+        assign(target, *source);
     else
-        place = nullptr;
+        target = nullptr;
 }
 
-void assign(Value& place, dom::element element);
+void assign(Value& target, dom::element element);
 
-void assign(Value& place, dom::array elements) {
-    ValueArray& array = place.emplace_array();
+void assign(Value& target, dom::array elements) {
+    ValueArray& array = target.emplace_array();
     array.reserve(elements.size());
     for (const dom::element each : elements)
         assign(array.emplace_back(nullptr), each);
 }
 
-void assign(Value& place, dom::object members) {
-    Dictionary& dictionary = place.emplace_object();
+void assign(Value& target, dom::object members) {
+    Dictionary& dictionary = target.emplace_object();
     dictionary.reserve(members.size());
     for (const auto& [key, member] : members)
         assign(dictionary[key], member);
 }
 
 /// Calls itself once for each level. A document has at most JSON::maximumDepth levels.
-void assign(Value& place, dom::element element) {
+void assign(Value& target, dom::element element) {
     switch (element.type()) {
     case dom::element_type::INT64:
-        place = element.get_int64().value_unsafe();
+        target = element.get_int64().value_unsafe();
         break;
     case dom::element_type::UINT64:
-        place = element.get_uint64().value_unsafe();
+        target = element.get_uint64().value_unsafe();
         break;
     case dom::element_type::DOUBLE:
-        place = element.get_double().value_unsafe();
+        target = element.get_double().value_unsafe();
         break;
     case dom::element_type::STRING:
-        place.emplace_string() = element.get_string().value_unsafe();
+        target.emplace_string() = element.get_string().value_unsafe();
         break;
     case dom::element_type::BOOL:
-        place = element.get_bool().value_unsafe();
+        target = element.get_bool().value_unsafe();
         break;
     case dom::element_type::ARRAY:
-        assign(place, element.get_array().value_unsafe());
+        assign(target, element.get_array().value_unsafe());
         break;
     case dom::element_type::OBJECT:
-        assign(place, element.get_object().value_unsafe());
+        assign(target, element.get_object().value_unsafe());
         break;
     default: // Later versions of the parser have more kinds, which are off by default.
-        place = nullptr;
+        target = nullptr;
         break;
     }
 }
@@ -106,61 +104,57 @@ std::string textOf(const Source& source) {
 
 } // namespace
 
-void assign(Value& place, std::int64_t number) { place = number; }
-void assign(Value& place, std::uint64_t number) { place = number; }
-void assign(Value& place, bool flag) { place = flag; }
+void assign(Value& target, std::int64_t number) { target = number; }
+void assign(Value& target, std::uint64_t number) { target = number; }
+void assign(Value& target, bool flag) { target = flag; }
 
-void assign(Value& place, double number) {
-    place = std::isfinite(number) ? Value(number) : Value(nullptr);
+void assign(Value& target, double number) {
+    target = std::isfinite(number) ? Value(number) : Value(nullptr);
 }
-void assign(Value& place, const std::optional<std::int64_t>& number) {
-    assignOptional(place, number);
+void assign(Value& target, const std::optional<std::int64_t>& number) {
+    assignOptional(target, number);
 }
-void assign(Value& place, const std::optional<bool>& flag) { assignOptional(place, flag); }
-void assign(Value& place, const std::optional<double>& number) { assignOptional(place, number); }
+void assign(Value& target, const std::optional<bool>& flag) { assignOptional(target, flag); }
+void assign(Value& target, const std::optional<double>& number) { assignOptional(target, number); }
 
-void assign(Value& place, float number) {
+void assign(Value& target, float number) {
     if (!std::isfinite(number)) {
-        place = nullptr;
+        target = nullptr;
         return;
     }
     // Converts by the shortest decimal, 12.7. A plain cast gives 12.699999809265137.
     char decimal[32];
     double value = 0;
     fast_float::from_chars(decimal, std::to_chars(decimal, std::end(decimal), number).ptr, value);
-    place = value;
+    target = value;
 }
 
-void assign(Value& place, std::string_view text) {
-    boost::json::string& string = place.emplace_string();
+void assign(Value& target, std::string_view text) {
+    boost::json::string& string = target.emplace_string();
     if (text::isWellFormed(text))
         string = text;
     else
         string = text::wellFormed(text);
 }
 
-void assign(Value& place, const std::string& text) { assign(place, std::string_view(text)); }
-void assign(Value& place, const std::optional<std::string>& text) { assignOptional(place, text); }
-void assign(Value& place, const std::vector<std::int64_t>& numbers) { assignArray(place, numbers); }
-void assign(Value& place, const std::optional<std::vector<std::int64_t>>& numbers) {
-    assignOptional(place, numbers);
+void assign(Value& target, const std::string& text) { assign(target, std::string_view(text)); }
+void assign(Value& target, const std::optional<std::string>& text) { assignOptional(target, text); }
+void assign(Value& target, const std::vector<std::int64_t>& numbers) {
+    assignArray(target, numbers);
 }
-void assign(Value& place, const std::vector<std::string>& texts) { assignArray(place, texts); }
-void assignArray(Value& place) { place.emplace_array(); }
+void assign(Value& target, const std::optional<std::vector<std::int64_t>>& numbers) {
+    assignOptional(target, numbers);
+}
+void assign(Value& target, const std::vector<std::string>& texts) { assignArray(target, texts); }
+void assignArray(Value& target) { target.emplace_array(); }
 Value& append(Value& array) { return array.get_array().emplace_back(nullptr); }
-void assign(Value& place, const URL& url) { assign(place, std::string_view(url.buffer())); }
-void assign(Value& place, const PlatformFont& font) {
-    Dictionary& dictionary = place.emplace_object();
-    assign(dictionary["name"], font.name());
-    dictionary["size"] = font.points();
-}
-void assign(Value& place, const JSON& json) {
+void assign(Value& target, const JSON& json) {
     if (const std::optional<dom::element> element = JSONElement::of(json))
-        assign(place, *element);
+        assign(target, *element);
     else
-        place = nullptr;
+        target = nullptr;
 }
-void assign(Value& place, Dictionary&& dictionary) { place = std::move(dictionary); }
+void assign(Value& target, Dictionary&& dictionary) { target = std::move(dictionary); }
 
 std::string toText(const Dictionary& dictionary) { return textOf(dictionary); }
 std::string toText(const Value& value) { return textOf(value); }

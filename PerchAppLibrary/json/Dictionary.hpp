@@ -16,7 +16,7 @@ namespace PerchAppLibrary {
 /// Returns the value that assign() stores for the source.
 template <class T>
 Value toValue(T&& source)
-    requires requires(Value& place) { assign(place, std::forward<T>(source)); }
+    requires requires(Value& target) { assign(target, std::forward<T>(source)); }
 {
     Value value;
     assign(value, std::forward<T>(source));

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <PerchAppLibrary/platform/URLFwd.hpp>
-
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -31,10 +29,9 @@ using ValueArray = boost::json::array;
 /// The memory that a Dictionary and its values are allocated from; by default, the heap. Moving a
 /// value to another storage copies it.
 using Storage = boost::json::storage_ptr;
-class DictionaryArena; // completed by PerchAppLibrary/json/DictionaryArena.hpp
+class DictionaryArena; // completed by PerchAppLibrary/json/internal/DictionaryArena.hpp
 
-class JSON;         // completed by PerchAppLibrary/json/JSON.hpp
-class PlatformFont; // completed by PerchAppLibrary/platform/PlatformFont.hpp
+class JSON; // completed by PerchAppLibrary/json/JSON.hpp
 
 /// Sets a value of a Dictionary, in the value's storage. Linear in the size of the source.
 ///
@@ -44,29 +41,27 @@ class PlatformFont; // completed by PerchAppLibrary/platform/PlatformFont.hpp
 ///   and the infinities become null.
 /// - In a text, each ill-formed sequence of bytes becomes U+FFFD.
 /// - An empty optional becomes null.
-/// - A URL becomes its text, a font {"name", "size"}, and a JSON an equal value.
-void assign(Value& place, std::int64_t number);
-void assign(Value& place, std::uint64_t number);
-void assign(Value& place, bool flag);
-void assign(Value& place, float number);
-void assign(Value& place, double number);
-void assign(Value& place, std::string_view text);
-void assign(Value& place, const std::string& text);
-void assign(Value& place, const char* text) = delete; // would convert to bool
-void assign(Value& place, const std::optional<std::int64_t>& number);
-void assign(Value& place, const std::optional<bool>& flag);
-void assign(Value& place, const std::optional<double>& number);
-void assign(Value& place, const std::optional<std::string>& text);
-void assign(Value& place, const std::vector<std::int64_t>& numbers);
-void assign(Value& place, const std::optional<std::vector<std::int64_t>>& numbers);
-void assign(Value& place, const std::vector<std::string>& texts);
-void assign(Value& place, const URL& url);
-void assign(Value& place, const PlatformFont& font);
-void assign(Value& place, const JSON& json);
-void assign(Value& place, Dictionary&& dictionary);
+/// - A JSON becomes an equal value.
+void assign(Value& target, std::int64_t number);
+void assign(Value& target, std::uint64_t number);
+void assign(Value& target, bool flag);
+void assign(Value& target, float number);
+void assign(Value& target, double number);
+void assign(Value& target, std::string_view text);
+void assign(Value& target, const std::string& text);
+void assign(Value& target, const char* text) = delete; // would convert to bool
+void assign(Value& target, const std::optional<std::int64_t>& number);
+void assign(Value& target, const std::optional<bool>& flag);
+void assign(Value& target, const std::optional<double>& number);
+void assign(Value& target, const std::optional<std::string>& text);
+void assign(Value& target, const std::vector<std::int64_t>& numbers);
+void assign(Value& target, const std::optional<std::vector<std::int64_t>>& numbers);
+void assign(Value& target, const std::vector<std::string>& texts);
+void assign(Value& target, const JSON& json);
+void assign(Value& target, Dictionary&& dictionary);
 
 /// Sets a value to an empty array.
-void assignArray(Value& place);
+void assignArray(Value& target);
 
 /// Appends a null to an array, and returns it. Requires that the value is an array.
 Value& append(Value& array);

@@ -7,7 +7,7 @@
 #include <PerchAppLibrary/json/detail/JSONFallback.hpp>
 #include <PerchAppLibrary/json/detail/JSONLimits.hpp>
 #include <PerchAppLibrary/json/detail/JSONText.hpp>
-#include <PerchAppLibrary/platform/detail/Memory.hpp>
+#include <PerchAppLibrary/json/detail/Memory.hpp>
 
 #include <algorithm>
 #include <cmath>
@@ -149,9 +149,9 @@ JSON JSON::parse(std::string&& text) {
         return *std::move(json);
     if (error == simdjson::CAPACITY)
         throw ParseError(1, 1, "the text is too long");
-    std::string spelled = fallback::readableSpelling(readable);
+    std::string spelled = fallback::normalizedForParser(readable);
     // The parser counts an innermost array or object only if it is empty, so it has rejected an
-    // empty one at maximumDepth. readableSpelling() has checked the exact depth.
+    // empty one at maximumDepth. normalizedForParser() has checked the exact depth.
     if (std::optional<JSON> json = read(padded(spelled), maximumDepth + 1, error))
         return *std::move(json);
     throw ParseError(1, 1, simdjson::error_message(error));
@@ -177,7 +177,7 @@ template bool JSON::convertTo(std::vector<std::int64_t>&) const;
 template bool JSON::convertTo(std::vector<std::string>&) const;
 
 bool operator==(const JSON& left, const JSON& right) {
-    if (left.m_document == right.m_document && left.m_place == right.m_place)
+    if (left.m_document == right.m_document && left.m_position == right.m_position)
         return true;
     const std::optional<dom::element> element = JSONElement::of(left);
     const std::optional<dom::element> other = JSONElement::of(right);
@@ -252,7 +252,7 @@ JSON::Iterator& JSON::Iterator::operator++() noexcept {
     ++position;
     m_position = std::bit_cast<Place>(position);
     // At the end, this is the position of the array's end, which nothing dereferences.
-    m_element.m_place = std::bit_cast<Place>(*position);
+    m_element.m_position = std::bit_cast<Position>(*position);
     return *this;
 }
 

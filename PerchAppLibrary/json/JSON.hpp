@@ -225,13 +225,13 @@ private:
     JSON at(std::size_t index) const noexcept;
 
     /// The bytes of a position in the document, in a type of the parser.
-    using Place = std::array<std::uint64_t, 2>;
+    using Position = std::array<std::uint64_t, 2>;
 
-    JSON(std::shared_ptr<const void> document, Place place) noexcept
-        : m_document(std::move(document)), m_place(place) {}
+    JSON(std::shared_ptr<const void> document, Position position) noexcept
+        : m_document(std::move(document)), m_position(position) {}
 
     std::shared_ptr<const void> m_document; // null for JSON::null
-    Place m_place{};                        // a simdjson::dom::element
+    Position m_position{};                  // a simdjson::dom::element
 };
 
 inline constinit const JSON JSON::null;
@@ -266,7 +266,7 @@ private:
     friend class JSON;
 
     JSON m_element;
-    Place m_position{}; // a simdjson::dom::array::iterator
+    Position m_position{}; // a simdjson::dom::array::iterator
 };
 
 /// Thrown for a text that is not a JSON document. what() is "line L, column C: reason".

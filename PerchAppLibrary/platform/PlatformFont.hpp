@@ -1,5 +1,7 @@
 #pragma once
 
+#include <PerchAppLibrary/json/DictionaryFwd.hpp>
+
 #include <optional>
 #include <string>
 #include <string_view>
@@ -45,5 +47,8 @@ private:
     double m_points;
     bool m_isSystem;
 };
+
+/// Sets a value of a Dictionary to {"name", "size"} of the font.
+void assign(Value& target, const PlatformFont& font);
 
 } // namespace PerchAppLibrary

@@ -6,7 +6,11 @@
 #include <boost/url/parse.hpp>
 #include <boost/url/rfc/pchars.hpp>
 
-namespace PerchAppLibrary::url {
+namespace PerchAppLibrary {
+
+void assign(Value& target, const URL& url) { assign(target, std::string_view(url.buffer())); }
+
+namespace url {
 
 std::string percentEncodedForFragment(std::string_view text) {
     constexpr auto fragmentCharacters = boost::urls::pchars + '/' + '?';
@@ -27,4 +31,5 @@ std::optional<URL> parse(std::string_view text) {
     return URL(*parsed);
 }
 
-} // namespace PerchAppLibrary::url
+} // namespace url
+} // namespace PerchAppLibrary

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <PerchAppLibrary/json/DictionaryFwd.hpp>
+#include <PerchAppLibrary/platform/URLFwd.hpp>
 
 #include <concepts>
 #include <cstdint>
@@ -11,6 +12,8 @@
 #include <vector>
 
 namespace PerchAppLibrary {
+
+class PlatformFont; // completed by PerchAppLibrary/platform/PlatformFont.hpp
 
 /// The type of a text that few records have. It takes no memory in a record while it is empty.
 template <class T>

@@ -1,8 +1,8 @@
 #include <PerchAppLibrary/record/RecordSchema.hpp>
 
-#include <PerchAppLibrary/record/RecordWriter.hpp>
 #include <PerchAppLibrary/record/detail/FillPlan.hpp>
 #include <PerchAppLibrary/record/detail/PropertyKind.hpp>
+#include <PerchAppLibrary/record/internal/RecordWriter.hpp>
 
 #include <algorithm>
 #include <iterator>

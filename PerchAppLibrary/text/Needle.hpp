@@ -32,7 +32,7 @@ public:
 
     /// Returns whether the needle occurs in one of the texts of a signature, or nullopt if the
     /// signature does not decide it.
-    std::optional<bool> verdict(const TextSignature& texts) const {
+    std::optional<bool> prefilter(const TextSignature& texts) const {
         if (!texts.covers(m_signature) || isEmpty())
             return false;
         return m_isExact && texts.isPlain() ? std::optional(true) : std::nullopt;

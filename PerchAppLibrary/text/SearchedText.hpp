@@ -37,7 +37,7 @@ public:
     const ComparedText& folded();
 
     /// Returns whether the folded text equals the folded key.
-    bool is(const ComparedText& key) {
+    bool equals(const ComparedText& key) {
         return (!m_isASCII || m_source.size() == key.bytes().size()) && folded() == key;
     }
 

@@ -1,6 +1,6 @@
 #include <VelmoCloudEntity/catalogue/FontTagItem.hpp>
 
-#include <PerchAppLibrary/container/IdSet.hpp>
+#include <PerchAppLibrary/container/internal/IdSet.hpp>
 #include <PerchAppLibrary/record/RecordSchema.hpp>
 
 #include <utility>
@@ -14,7 +14,7 @@ PERCH_RECORD_SCHEMA(FontTagItem);
 FontTagItem::FontTagItem() = default;
 
 FontTagItem::~FontTagItem() {
-    releaseTree(m_Children, [](FontTagItem& tag) { return std::move(tag.m_Children); });
+    detail::releaseTree(m_Children, [](FontTagItem& tag) { return std::move(tag.m_Children); });
 }
 
 std::optional<IdSet::Ids> FontTagItem::CheckedFontTagFontIdList() const {

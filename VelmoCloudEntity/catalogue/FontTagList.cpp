@@ -2,7 +2,7 @@
 
 #include <VelmoCloudEntity/entity/RecordTree.hpp>
 
-#include <PerchAppLibrary/container/IdSet.hpp>
+#include <PerchAppLibrary/container/internal/IdSet.hpp>
 
 #include <optional>
 

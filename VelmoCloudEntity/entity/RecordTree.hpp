@@ -49,8 +49,8 @@ void forEachLeaf(const Records<Item>& list, Visitor&& visit) {
             continue;
         }
         if (level.prefetched == 0) {
-            level.prefetched = std::min(level.remaining.size(), prefetchDistance);
-            prefetchTree(level.remaining.first(level.prefetched));
+            level.prefetched = std::min(level.remaining.size(), detail::prefetchDistance);
+            detail::prefetchTree(level.remaining.first(level.prefetched));
         }
         const std::shared_ptr<Item>& item = level.remaining.front();
         level.remaining = level.remaining.subspan(1);
@@ -61,7 +61,7 @@ void forEachLeaf(const Records<Item>& list, Visitor&& visit) {
         }
         outer.push_back(level);
         const Records<Item>& members = item->Children();
-        level = {members, prefetchedMembers(*item, members)};
+        level = {members, detail::prefetchedMembers(*item, members)};
     }
 }
 

@@ -15,8 +15,6 @@
 /// Arrays of records: making them from JSON, and destroying trees of them.
 namespace VelmoCloudEntity {
 
-using PerchAppLibrary::isExactly;
-
 /// An array of records of the class Item. No element is null.
 template <class Item>
 using Records = std::vector<std::shared_ptr<Item>>;
@@ -49,6 +47,8 @@ Records<Item> makeRecords(const PerchAppLibrary::JSON& json, Elements which = El
     return std::move(sink.records);
 }
 
+namespace detail {
+
 /// Empties the array. Destroys the records that have no other owner, and their children, in a loop,
 /// since nested destructors would overflow the stack for a deep tree. `takeChildren(item)` moves
 /// the children out of an item. If memory runs out, nested destructors destroy the rest.
@@ -69,4 +69,5 @@ void releaseTree(Records<Item>& records, TakeChildren takeChildren) noexcept {
     }
 }
 
+} // namespace detail
 } // namespace VelmoCloudEntity

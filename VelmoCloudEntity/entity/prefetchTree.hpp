@@ -15,7 +15,7 @@
 ///
 /// The items of a tree lie scattered in memory. A walk over a large tree waits for each of them in
 /// turn. Requesting many items at once halves its time.
-namespace VelmoCloudEntity {
+namespace VelmoCloudEntity::detail {
 
 /// Number of items of an array to prefetch at once: enough to keep the memory busy, few enough for
 /// the caches.
@@ -77,4 +77,4 @@ void prefetchTree(std::span<const std::shared_ptr<Item>> items) {
     }
 }
 
-} // namespace VelmoCloudEntity
+} // namespace VelmoCloudEntity::detail

@@ -3,12 +3,12 @@
 #include <PerchAppLibrary/ApplicationManager.hpp>
 #include <PerchAppLibrary/container/NoDestructor.hpp>
 #include <PerchAppLibrary/fatalError.hpp>
-#include <PerchAppLibrary/json/DictionaryArena.hpp>
+#include <PerchAppLibrary/json/internal/DictionaryArena.hpp>
 #include <PerchAppLibrary/md5.hpp>
 #include <PerchAppLibrary/platform/Path.hpp>
 #include <PerchAppLibrary/platform/URL.hpp>
 #include <PerchAppLibrary/record/RecordSchema.hpp>
-#include <PerchAppLibrary/record/RecordWriter.hpp>
+#include <PerchAppLibrary/record/internal/RecordWriter.hpp>
 #include <PerchAppLibrary/text/Text.hpp>
 
 #include <algorithm>
@@ -78,7 +78,7 @@ bool keepsSetActivated(const FontItem& font) {
 FontItem::FontItem() = default;
 
 FontItem::~FontItem() {
-    releaseTree(m_Children, [](FontItem& group) { return std::move(group.m_Children); });
+    detail::releaseTree(m_Children, [](FontItem& group) { return std::move(group.m_Children); });
 }
 
 void FontItem::setGroup(std::string groupTag) {

@@ -14,15 +14,10 @@
 #include <vector>
 
 namespace PerchAppLibrary {
-class RecordWriter; // completed by PerchAppLibrary/record/RecordWriter.hpp
+class RecordWriter; // completed by PerchAppLibrary/record/internal/RecordWriter.hpp
 }
 
 namespace VelmoCloudEntity {
-
-using PerchAppLibrary::ByNameOnly;
-using PerchAppLibrary::Near;
-using PerchAppLibrary::Rare;
-using PerchAppLibrary::Required;
 
 /// One font of the cloud catalogue, or a group of fonts (a family) with its members.
 ///

@@ -6,7 +6,7 @@
 #include <VelmoCloudEntity/font/detail/NameQuery.hpp>
 #include <VelmoCloudEntity/font/detail/NameSearch.hpp>
 
-#include <PerchAppLibrary/container/IdSet.hpp>
+#include <PerchAppLibrary/container/internal/IdSet.hpp>
 
 #include <algorithm>
 

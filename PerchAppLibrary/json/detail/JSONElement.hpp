@@ -18,12 +18,12 @@ public:
     static std::optional<simdjson::dom::element> of(const JSON& json) noexcept {
         if (!json.m_document)
             return std::nullopt;
-        return std::bit_cast<simdjson::dom::element>(json.m_place);
+        return std::bit_cast<simdjson::dom::element>(json.m_position);
     }
 
     /// Returns another element of the document of `json`.
     static JSON inDocumentOf(const JSON& json, simdjson::dom::element element) noexcept {
-        return {json.m_document, std::bit_cast<JSON::Place>(element)};
+        return {json.m_document, std::bit_cast<JSON::Position>(element)};
     }
 
     /// Copies the element into a document of its own, so it does not keep a large document alive.
@@ -32,7 +32,7 @@ public:
     /// Returns an element of this document.
     static JSON inDocument(std::shared_ptr<const void> document,
                            simdjson::dom::element element) noexcept {
-        return {std::move(document), std::bit_cast<JSON::Place>(element)};
+        return {std::move(document), std::bit_cast<JSON::Position>(element)};
     }
 };
 

@@ -173,7 +173,7 @@ std::size_t endOfString(std::string_view text, std::size_t at) {
     return std::min(at + 1, text.size());
 }
 
-std::string readableSpelling(std::string_view text) {
+std::string normalizedForParser(std::string_view text) {
     // Has the length of the text, so the offsets of errors are right.
     const std::string spelled = withNumbers(withoutLoneSurrogates(text), withModestExponent);
     check(spelled);

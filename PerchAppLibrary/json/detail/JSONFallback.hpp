@@ -10,7 +10,7 @@ namespace PerchAppLibrary::fallback {
 
 /// Returns an equal document in which the fast parser can represent all numbers and escapes. See
 /// JSON::parse() for their values. Throws JSON::ParseError if the text is not a document. Linear.
-std::string readableSpelling(std::string_view text);
+std::string normalizedForParser(std::string_view text);
 
 /// Throws JSON::ParseError with the position of the offset in the text.
 [[noreturn]] void fail(std::string_view text, std::size_t offset, std::string_view reason);

@@ -259,7 +259,7 @@ private:
     bool m_isExact;
     bool m_isOverridden;
     const FillAction* m_actions;
-    boost::container::small_vector<FillState, inlineCount> m_states; // one for each property
+    boost::container::small_vector<FillState, inlineCount> m_states;  // one for each property
     boost::container::small_vector<Deferred, inlineCount> m_deferred; // at most one a property
 };
 

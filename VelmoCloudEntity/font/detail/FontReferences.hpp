@@ -2,9 +2,9 @@
 
 #include <VelmoCloudEntity/font/FontItem.hpp>
 
-#include <PerchAppLibrary/container/IdSet.hpp>
+#include <PerchAppLibrary/container/internal/IdSet.hpp>
 #include <PerchAppLibrary/text/ComparedText.hpp>
-#include <PerchAppLibrary/text/TextSet.hpp>
+#include <PerchAppLibrary/text/internal/TextSet.hpp>
 
 #include <optional>
 

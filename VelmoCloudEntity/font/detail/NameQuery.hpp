@@ -6,9 +6,9 @@
 
 #include <PerchAppLibrary/text/ComparedText.hpp>
 #include <PerchAppLibrary/text/Needle.hpp>
-#include <PerchAppLibrary/text/NeedleSet.hpp>
 #include <PerchAppLibrary/text/SearchedText.hpp>
 #include <PerchAppLibrary/text/TextSignature.hpp>
+#include <PerchAppLibrary/text/internal/NeedleSet.hpp>
 
 #include <concepts>
 #include <optional>
@@ -21,21 +21,21 @@ namespace text = PerchAppLibrary::text;
 using text::TextSignature;
 
 /// Whether a font matches a query, or nullopt if undecided.
-using Verdict = std::optional<bool>;
+using Decision = std::optional<bool>;
 
-/// A query that gives a verdict on a font from the signature of its names, and, if that is
-/// undecided, from the names themselves.
+/// A query that decides on a font by the signature of its names or, if that decides nothing, by the
+/// names themselves.
 template <class Query>
 concept NameQuery =
     requires(Query query, const TextSignature& signature, const FontItem& font, FontNames& reader) {
-        { query.verdict(signature) } -> std::same_as<Verdict>;
-        { query.verdict(font, reader) } -> std::same_as<bool>;
+        { query.prefilter(signature) } -> std::same_as<Decision>;
+        { query.matches(font, reader) } -> std::same_as<bool>;
     };
 
 /// Returns false if no name with this signature can contain or equal a text with the signature
 /// `sought`, otherwise nullopt.
-inline Verdict mayContain(const TextSignature& names, const TextSignature& sought) {
-    return names.covers(sought) ? Verdict() : Verdict(false);
+inline Decision mayContain(const TextSignature& names, const TextSignature& sought) {
+    return names.covers(sought) ? Decision() : Decision(false);
 }
 
 /// Matches a font whose ProductName equals the name, case included.
@@ -44,8 +44,8 @@ public:
     explicit ExactNameQuery(std::string_view name)
         : m_signature(text::ComparedText(name)), m_name(name, text::Case::sensitive) {}
 
-    Verdict verdict(const TextSignature& names) const { return mayContain(names, m_signature); }
-    bool verdict(const FontItem& font, FontNames&) {
+    Decision prefilter(const TextSignature& names) const { return mayContain(names, m_signature); }
+    bool matches(const FontItem& font, FontNames&) {
         m_compared.assign(font.ProductName());
         return m_compared == m_name;
     }
@@ -61,11 +61,11 @@ class FuzzyNameQuery {
 public:
     explicit FuzzyNameQuery(std::string_view name) : m_needle(name) {}
 
-    Verdict verdict(const TextSignature& names) const {
+    Decision prefilter(const TextSignature& names) const {
         // Never true: the signature is of all names, and the query of ProductName only.
         return mayContain(names, m_needle.signature());
     }
-    bool verdict(const FontItem& font, FontNames& names) const {
+    bool matches(const FontItem& font, FontNames& names) const {
         return names.isProductName(font, [this](auto& name) { return m_needle.isIn(name); });
     }
 
@@ -78,9 +78,9 @@ class ExactKeyQuery {
 public:
     explicit ExactKeyQuery(std::string_view key) : m_key(key), m_signature(m_key) {}
 
-    Verdict verdict(const TextSignature& names) const { return mayContain(names, m_signature); }
-    bool verdict(const FontItem& font, FontNames& names) const {
-        return names.anyStored(font, [this](auto& name) { return name.is(m_key); });
+    Decision prefilter(const TextSignature& names) const { return mayContain(names, m_signature); }
+    bool matches(const FontItem& font, FontNames& names) const {
+        return names.anyStored(font, [this](auto& name) { return name.equals(m_key); });
     }
 
 private:
@@ -94,8 +94,8 @@ class FuzzyKeyQuery {
 public:
     explicit FuzzyKeyQuery(std::string_view key) : m_needle(key) {}
 
-    Verdict verdict(const TextSignature& names) const { return m_needle.verdict(names); }
-    bool verdict(const FontItem& font, FontNames& names) const {
+    Decision prefilter(const TextSignature& names) const { return m_needle.prefilter(names); }
+    bool matches(const FontItem& font, FontNames& names) const {
         return names.any(font, [this](auto& name) { return m_needle.isIn(name); });
     }
 
@@ -111,8 +111,8 @@ public:
             m_characters.add(character);
     }
 
-    Verdict verdict(const TextSignature& names) const { return m_characters.verdict(names); }
-    bool verdict(const FontItem& font, FontNames& names) const {
+    Decision prefilter(const TextSignature& names) const { return m_characters.prefilter(names); }
+    bool matches(const FontItem& font, FontNames& names) const {
         return names.any(font, [this](auto& name) { return m_characters.anyIn(name); });
     }
 

@@ -20,10 +20,10 @@ namespace VelmoCloudEntity {
 template <NameQuery Query>
 bool matches(const FontItem& font, Query query) {
     FontNames names;
-    Verdict verdict;
+    Decision decision;
     if (FontNames::hasSignature(font))
-        verdict = query.verdict(names.signature(font));
-    return verdict ? *verdict : query.verdict(font, names);
+        decision = query.prefilter(names.signature(font));
+    return decision ? *decision : query.matches(font, names);
 }
 
 /// One walk over a tree of fonts for one or more queries.
@@ -49,38 +49,38 @@ public:
     }
 
 private:
-    /// The verdicts by the signature, one for each query.
-    using Verdicts = std::array<Verdict, sizeof...(Queries)>;
+    /// The results of the prefilters, one for each query.
+    using Decisions = std::array<Decision, sizeof...(Queries)>;
 
     /// A leaf that waits for the end of its batch. Owns the leaf, since its array may be destroyed
     /// before that.
     struct Candidate {
         std::shared_ptr<FontItem> leaf;
-        Verdicts verdicts;
-        bool hasVerdicts; // false if the signature was not known
+        Decisions decisions;
+        bool isPrefiltered; // false if the signature was not known
     };
 
-    /// Returns the verdicts by the signature of the font. They are undecided if it has none.
-    Verdicts signatureVerdicts(const FontItem& font) {
+    /// Runs the prefilters of the font. They decide nothing about a font without a signature.
+    Decisions prefilter(const FontItem& font) {
         if (!FontNames::hasSignature(font))
             return {};
         const TextSignature signature = m_names.signature(font);
-        const auto verdicts = [&](Queries&... query) {
-            return Verdicts{query.verdict(signature)...};
+        const auto decisions = [&](Queries&... query) {
+            return Decisions{query.prefilter(signature)...};
         };
-        return std::apply(verdicts, m_queries);
+        return std::apply(decisions, m_queries);
     }
 
     /// Adds the leaf to the batch unless the signature rules it out for all queries.
     void add(const std::shared_ptr<FontItem>& leaf) {
         const bool isKnown =
             FontAccess::signature(*leaf).isKnown() || !FontNames::hasSignature(*leaf);
-        const Verdicts verdicts = isKnown ? signatureVerdicts(*leaf) : Verdicts();
-        if (isRejected(verdicts))
+        const Decisions decisions = isKnown ? prefilter(*leaf) : Decisions();
+        if (isRejected(decisions))
             return;
-        if (isUndecided(verdicts))
+        if (isUndecided(decisions))
             FontAccess::prefetchNames(*leaf);
-        m_batch[m_batchSize++] = {leaf, verdicts, isKnown};
+        m_batch[m_batchSize++] = {leaf, decisions, isKnown};
         if (m_batchSize == m_batch.size())
             finishBatch();
     }
@@ -89,34 +89,34 @@ private:
     void finishBatch() {
         const std::span batch = std::span(m_batch).first(m_batchSize);
         for (const Candidate& candidate : batch)
-            if (isUndecided(candidate.verdicts))
+            if (isUndecided(candidate.decisions))
                 FontAccess::prefetchTexts(*candidate.leaf);
         for (Candidate& candidate : batch)
-            if (!candidate.hasVerdicts)
-                candidate.verdicts = signatureVerdicts(*candidate.leaf);
+            if (!candidate.isPrefiltered)
+                candidate.decisions = prefilter(*candidate.leaf);
         for (const Candidate& candidate : batch)
             collect(candidate, std::index_sequence_for<Queries...>());
         m_batchSize = 0;
     }
 
     /// Returns whether every query rejects the font.
-    static bool isRejected(const Verdicts& verdicts) {
-        return std::ranges::none_of(verdicts, [](Verdict each) { return each.value_or(true); });
+    static bool isRejected(const Decisions& decisions) {
+        return std::ranges::none_of(decisions, [](Decision each) { return each.value_or(true); });
     }
 
     /// Returns whether a query needs the names of the font.
-    static bool isUndecided(const Verdicts& verdicts) {
-        return std::ranges::any_of(verdicts, [](Verdict each) { return !each; });
+    static bool isUndecided(const Decisions& decisions) {
+        return std::ranges::any_of(decisions, [](Decision each) { return !each; });
     }
 
     /// Adds the leaf to the result of each query that it matches.
     template <std::size_t... index>
     void collect(const Candidate& candidate, std::index_sequence<index...>) {
-        const auto collectFor = [&](auto& query, Verdict verdict, auto& result) {
-            if (verdict ? *verdict : query.verdict(*candidate.leaf, m_names))
+        const auto collectFor = [&](auto& query, Decision decision, auto& result) {
+            if (decision ? *decision : query.matches(*candidate.leaf, m_names))
                 result.push_back(candidate.leaf);
         };
-        (collectFor(std::get<index>(m_queries), candidate.verdicts[index], m_results[index]), ...);
+        (collectFor(std::get<index>(m_queries), candidate.decisions[index], m_results[index]), ...);
     }
 
     std::tuple<Queries...> m_queries;

@@ -1,4 +1,4 @@
-#include <PerchAppLibrary/platform/detail/Memory.hpp>
+#include <PerchAppLibrary/json/detail/Memory.hpp>
 
 #ifdef __linux__
 #include <cstdint>

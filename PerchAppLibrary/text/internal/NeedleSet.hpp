@@ -1,8 +1,8 @@
 #pragma once
 
 #include <PerchAppLibrary/text/SearchedText.hpp>
-#include <PerchAppLibrary/text/TextSet.hpp>
 #include <PerchAppLibrary/text/TextSignature.hpp>
+#include <PerchAppLibrary/text/internal/TextSet.hpp>
 
 #include <array>
 #include <cstddef>
@@ -27,7 +27,7 @@ public:
 
     /// Returns whether one of the needles occurs in one of the texts of a signature, or nullopt if
     /// the signature does not decide it.
-    std::optional<bool> verdict(const TextSignature& texts) const;
+    std::optional<bool> prefilter(const TextSignature& texts) const;
 
 private:
     /// For one byte: no needle begins with it, it is a needle itself, or only longer needles begin

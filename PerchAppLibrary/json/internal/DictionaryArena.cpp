@@ -1,4 +1,4 @@
-#include <PerchAppLibrary/json/DictionaryArena.hpp>
+#include <PerchAppLibrary/json/internal/DictionaryArena.hpp>
 
 #include <boost/json/storage_ptr.hpp>
 

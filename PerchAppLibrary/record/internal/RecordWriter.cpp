@@ -1,7 +1,7 @@
-#include <PerchAppLibrary/record/RecordWriter.hpp>
+#include <PerchAppLibrary/record/internal/RecordWriter.hpp>
 
 #include <PerchAppLibrary/fatalError.hpp>
-#include <PerchAppLibrary/platform/detail/Memory.hpp>
+#include <PerchAppLibrary/json/detail/Memory.hpp>
 #include <PerchAppLibrary/record/detail/PlaceAccess.hpp>
 
 #include <algorithm>

@@ -1,4 +1,4 @@
-#include <PerchAppLibrary/text/NeedleSet.hpp>
+#include <PerchAppLibrary/text/internal/NeedleSet.hpp>
 
 #include <PerchAppLibrary/text/Text.hpp>
 #include <PerchAppLibrary/text/detail/ICU.hpp>
@@ -41,7 +41,7 @@ void NeedleSet::addSignature(const ComparedText& needle) {
     m_others.emplace_back().add(needle);
 }
 
-std::optional<bool> NeedleSet::verdict(const TextSignature& texts) const {
+std::optional<bool> NeedleSet::prefilter(const TextSignature& texts) const {
     const bool sharesExact = texts.sharesCharacter(m_exact);
     if (sharesExact && texts.isPlain())
         return true;
