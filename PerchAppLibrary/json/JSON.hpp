@@ -130,7 +130,7 @@ public:
     ///   JSON \ T      | std::int64_t   | bool        | float, double   | std::string     | array
     ///   --------------|----------------|-------------|-----------------|-----------------|--------
     ///   integer       | within 64 bits | 0 and 1     | yes, rounded    | its digits      | -
-    ///   other number  | integral, exact| 0.0 and 1.0 | in range        | shortest decimal| -
+    ///   other number  | integral, exact| 0.0 and 1.0 | in range        | its decimal     | -
     ///   string        | digits         | see below   | a decimal number| as it is        | -
     ///   true, false   | 1, 0           | yes         | 1, 0            | "true", "false" | -
     ///   array         | -              | -           | -               | -               | all fit
@@ -145,9 +145,9 @@ public:
     ///   without being zero, is out of range. A number in a string is an optional "-", decimal
     ///   digits, and optionally a point and an exponent.
     /// - std::string: an integer within 64 bits (signed or unsigned) keeps its digits. Any other
-    ///   number becomes the shortest decimal that reads back as the number, with ".0" if it is
-    ///   integral ("22.0"). A number whose magnitude is 2^63 or more does not convert, since it may
-    ///   have been rounded.
+    ///   number becomes a decimal that reads back as the number, with a point and without an
+    ///   exponent: "22.0" for 22.0, "100000.0" for 1e5, "0.0000025" for 2.5e-6. A number whose
+    ///   magnitude is 2^63 or more does not convert, since it may have been rounded.
     /// - An array converts if each element converts by the column of the element's type.
     ///
     /// Properties of records have three more types. A std::optional<std::string> converts like a
