@@ -1,5 +1,6 @@
 #pragma once
 
+#include <PerchAppLibrary/needsCxx20.hpp>
 #include <PerchAppLibrary/platform/URLFwd.hpp>
 
 #include <cstdint>

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <PerchAppLibrary/needsCxx20.hpp>
+
 #include <array>
 #include <concepts>
 #include <cstddef>
@@ -74,6 +76,7 @@ public:
     /// change nothing.
     JSON& operator=(const JSON& other) & = default;
     JSON& operator=(JSON&& other) & noexcept = default;
+    JSON& operator=(const JSON& other) && = delete;
 
     // NOLINTBEGIN(google-explicit-constructor): a setter that takes a JSON also takes a C++ value
 
@@ -150,10 +153,9 @@ public:
     ///   magnitude is 2^63 or more does not convert, since it may have been rounded.
     /// - An array converts if each element converts by the column of the element's type.
     ///
-    /// Properties of records have three more types. A std::optional<std::string> converts like a
-    /// std::string, and a null becomes nullopt. A JSON takes every value, null included, as a copy
-    /// in a document of its own. An array of records is not converted:
-    /// BaseEntity::setValue(json) fills it.
+    /// Properties of records have more types. A std::optional<T> converts like a T, and a null
+    /// becomes nullopt. A JSON takes every value, null included, as a copy in a document of its own.
+    /// Nested records are not converted: BaseEntity::setValue(json) fills them.
     template <class T>
     std::optional<T> as() const;
 
