@@ -13,7 +13,7 @@ compile() {
 }
 
 compile || { echo "refused/cases.cpp does not compile without a case"; exit 1; }
-cases=$(sed -nE 's;^// ([A-Z]+=.*) // (.*)$;\1\t\2;p' tests/refused/cases.cpp)
+cases=$(sed -nE 's;^// ([A-Z_]+=.*) // (.*)$;\1\t\2;p' tests/refused/cases.cpp)
 [ -n "$cases" ] || { echo "refused/cases.cpp has no cases"; exit 1; }
 while IFS=$'\t' read -r case message; do
     said=$(compile "-D$case") && { echo "$case is not refused"; status=1; }
@@ -24,4 +24,11 @@ while IFS=$'\t' read -r case message; do
     fi
     [ -z "$lines" ] || printf '%-60s %3d lines: %s\n' "$case" "$(wc -l <<<"$said")" "$first"
 done <<<"$cases"
+
+# An older language. The compiler must stop at once.
+said=$(compile -std=c++17)
+if ! grep -m 1 'error:' <<<"$said" | grep -q 'need C++20' || [ "$(wc -l <<<"$said")" -gt 20 ]; then
+    printf 'C++17 is not refused with few lines:\n%s\n' "$said"
+    status=1
+fi
 exit $status

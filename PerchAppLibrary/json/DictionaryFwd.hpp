@@ -40,7 +40,8 @@ class PlatformFont; // completed by PerchAppLibrary/platform/PlatformFont.hpp
 /// Sets a value of a Dictionary, in the value's storage. Linear in the size of the source.
 ///
 /// - An integer or a Boolean becomes an equal value.
-/// - A float becomes its shortest decimal, so 0.1F becomes 0.1. A double becomes an equal value. NaN
+/// - A float becomes its shortest decimal, so 0.1F becomes 0.1. A double becomes an equal value.
+/// NaN
 ///   and the infinities become null.
 /// - In a text, each ill-formed sequence of bytes becomes U+FFFD.
 /// - An empty optional becomes null.

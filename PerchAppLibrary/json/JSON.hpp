@@ -154,8 +154,8 @@ public:
     /// - An array converts if each element converts by the column of the element's type.
     ///
     /// Properties of records have more types. A std::optional<T> converts like a T, and a null
-    /// becomes nullopt. A JSON takes every value, null included, as a copy in a document of its own.
-    /// Nested records are not converted: BaseEntity::setValue(json) fills them.
+    /// becomes nullopt. A JSON takes every value, null included, as a copy in a document of its
+    /// own. Nested records are not converted: BaseEntity::setValue(json) fills them.
     template <class T>
     std::optional<T> as() const;
 

@@ -14,6 +14,13 @@
 // PROPERTY=PERCH_PROPERTY(std::int64_t, Count, 3.5) // narrowing
 // PROPERTY=PERCH_PROPERTY(std::vector<std::string>, Words, "a", "b") // many initializers|no viable conversion
 // PROPERTY=enum class Kind {}; PERCH_COMPUTED(Kind, Sort) // Sort has the type Kind, which no comp
+// PROPERTY=enum class Kind {}; PERCH_COMPUTED(std::optional<Kind>, Sort) // Sort has the type std::opt
+// PROPERTY=PERCH_COMPUTED(Records<int>, Things) // Things has the type Records<int>, which no computed
+// PROPERTY=PERCH_COMPUTED(char, Letter) // Letter has the type char, which no computed property
+// PROPERTY=PERCH_PROPERTY(std::string, Text, nullptr) // The default of Text is no std::string: nullptr
+// PROPERTY=PERCH_PROPERTY(std::vector<std::string>, Words, {nullptr}) // The default of Words is no
+// PROPERTY=PERCH_CONSTANT(std::string, Text, 0) // The value of Text is no std::string: 0
+// PROPERTY=PERCH_PROPERTY(bool, IsSet, "no") // The default of IsSet is no bool
 // BASE=BaseEntity // does not name the direct base
 // END= // Own needs PERCH_RECORD_END after its properties
 // EFFECT=PERCH_PROPERTY(bool, Late) // Late does not stand between PERCH_RECORD and PERCH_RECORD
@@ -39,7 +46,14 @@
 // CALL=FontItem::create("{}") // no matching
 // CALL=FontList list("[]") // deleted
 // CALL=font.setValue("{}") // deleted
+// CALL=font.setIsGroup("false") // deleted
+// CALL=font.setIsFree("false") // deleted
+// CALL=UserFontGroupMapItem::create({.userGuid = "u", .fontList = std::size_t(3)}) // no matching
+// CALL=(void)FontList::parse("[]").begin() // deleted
+// CALL=json["a"] = 5 // deleted
+// CALL=json["list"][0] = 7 // deleted
 // CALL=ClientOperaItem::create()->setPlatformId(2) // has no member|no member named
+// NO_SCHEMA= // PERCH_RECORD_SCHEMA.Own. needs #include <PerchAppLibrary/record/RecordSchema.hpp>
 // CALL=(void)json.as<unsigned>() // JSON::as<T>..: T is
 // clang-format on
 #include <VelmoCloudEntity/account/EsUserItem.hpp>
@@ -47,11 +61,15 @@
 #include <VelmoCloudEntity/catalogue/FontSearchItem.hpp>
 #include <VelmoCloudEntity/client/ClientOperaItem.hpp>
 #include <VelmoCloudEntity/client/ConfigItem.hpp>
+#include <VelmoCloudEntity/entity/ExceptionItem.hpp>
 #include <VelmoCloudEntity/font/FontList.hpp>
 
+#ifndef NO_SCHEMA
 #include <PerchAppLibrary/record/RecordSchema.hpp>
+#endif
 
 #include <map>
+#include <tuple>
 
 using namespace PerchAppLibrary;
 using namespace VelmoCloudEntity;
@@ -100,6 +118,11 @@ void calls(const JSON& json, FontItem& font) {
     FontSearchItem::create({.userGuid = "u", .searchKey = "k"});
     UserFontGroupMapItem::create({.userGuid = "u", .fontList = {std::make_shared<FontItem>()}});
     EsUserItem::create<EnterpriseUser>(json);
+    font.setIsGroup(0);                // an integer is a flag
+    const JSON& first = *json.begin(); // a copy, which lives as long
+    const auto& chained = FontList::parse("[{}]")[0];
+    const auto& dictionary = ExceptionItem().Dict();
+    (void)std::tie(first, chained, dictionary);
     font.getLocalPreviewFile({.isFixed = true, .previewTag = "S", .colorTag = "B", .fontSize = 32});
     CALL;
 }
