@@ -61,7 +61,9 @@ private:
 public:
     template <class Derived>
     friend std::type_identity<BaseEntity> nearestRecord(const BaseEntity*,
-                                                        std::type_identity<Derived>);
+                                                        std::type_identity<Derived>) {
+        return {};
+    }
 
     /// Global identifier.
     PERCH_PROPERTY(Rare<std::string>, Guid);

@@ -133,4 +133,17 @@ TEST(FontItem, DerivedValuesReadOverriddenAccessors) {
     EXPECT_EQ(toText(group->FontItem::Dict().at("Children")), R"([{"client":"own"}])");
 }
 
+#ifndef NDEBUG
+TEST(FontListDeathTest, NamesTheArgumentThatHoldsANullInADebugBuild) {
+    const Records<FontItem> list{FontItem::create()}, none{FontList::getFontItemById(list, 99)};
+    EXPECT_DEATH(FontList::setActivatedFont(list, none), "hasNoNull\\(activatedFont\\)");
+    EXPECT_DEATH(FontList::setFavoritedFont(list, none), "hasNoNull\\(favoritedFont\\)");
+    EXPECT_DEATH(FontList::getFontByTags(list, {nullptr}), "hasNoNull\\(tags\\)");
+    EXPECT_DEATH(FontList::getFontCount(none), "hasNoNull\\(list\\)");
+    const auto group = FontItem::create({.groupTag = "g"});
+    group->setChildren(none);
+    EXPECT_DEATH(FontList::getFontCount({group}), "hasNoNull\\(members\\)");
+}
+#endif
+
 } // namespace

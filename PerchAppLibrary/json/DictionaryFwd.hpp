@@ -1,5 +1,7 @@
 #pragma once
 
+#include <PerchAppLibrary/needsCxx20.hpp>
+
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -37,8 +39,7 @@ class JSON; // completed by PerchAppLibrary/json/JSON.hpp
 ///
 /// - An integer or a Boolean becomes an equal value.
 /// - A float becomes its shortest decimal, so 0.1F becomes 0.1. A double becomes an equal value.
-/// NaN
-///   and the infinities become null.
+/// - NaN and the infinities become null.
 /// - In a text, each ill-formed sequence of bytes becomes U+FFFD.
 /// - An empty optional becomes null.
 /// - A JSON becomes an equal value.

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <PerchAppLibrary/needsCxx20.hpp>
+
 #include <array>
 #include <concepts>
 #include <cstddef>
@@ -74,6 +76,7 @@ public:
     /// change nothing.
     JSON& operator=(const JSON& other) & = default;
     JSON& operator=(JSON&& other) & noexcept = default;
+    JSON& operator=(const JSON& other) && = delete;
 
     // NOLINTBEGIN(google-explicit-constructor): a setter that takes a JSON also takes a C++ value
 
@@ -130,7 +133,7 @@ public:
     ///   JSON \ T      | std::int64_t   | bool        | float, double   | std::string     | array
     ///   --------------|----------------|-------------|-----------------|-----------------|--------
     ///   integer       | within 64 bits | 0 and 1     | yes, rounded    | its digits      | -
-    ///   other number  | integral, exact| 0.0 and 1.0 | in range        | shortest decimal| -
+    ///   other number  | integral, exact| 0.0 and 1.0 | in range        | its decimal     | -
     ///   string        | digits         | see below   | a decimal number| as it is        | -
     ///   true, false   | 1, 0           | yes         | 1, 0            | "true", "false" | -
     ///   array         | -              | -           | -               | -               | all fit
@@ -145,15 +148,14 @@ public:
     ///   without being zero, is out of range. A number in a string is an optional "-", decimal
     ///   digits, and optionally a point and an exponent.
     /// - std::string: an integer within 64 bits (signed or unsigned) keeps its digits. Any other
-    ///   number becomes the shortest decimal that reads back as the number, with ".0" if it is
-    ///   integral ("22.0"). A number whose magnitude is 2^63 or more does not convert, since it may
-    ///   have been rounded.
+    ///   number becomes a decimal that reads back as the number, with a point and without an
+    ///   exponent: "22.0" for 22.0, "100000.0" for 1e5, "0.0000025" for 2.5e-6. A number whose
+    ///   magnitude is 2^63 or more does not convert, since it may have been rounded.
     /// - An array converts if each element converts by the column of the element's type.
     ///
-    /// Properties of records have three more types. A std::optional<std::string> converts like a
-    /// std::string, and a null becomes nullopt. A JSON takes every value, null included, as a copy
-    /// in a document of its own. An array of records is not converted:
-    /// BaseEntity::setValue(json) fills it.
+    /// Properties of records have more types. A std::optional<T> converts like a T, and a null
+    /// becomes nullopt. A JSON takes every value, null included, as a copy in a document of its
+    /// own. Nested records are not converted: BaseEntity::setValue(json) fills them.
     template <class T>
     std::optional<T> as() const;
 

@@ -15,9 +15,9 @@ namespace PerchAppLibrary {
 class PlatformFont {
 public:
     /// Returns the installed font with this full name, PostScript name or family, or nullopt if
-    /// there is none. Names compare by canonical equivalence (UAX #15), case included. For a
-    /// family, returns its regular font. In a library built without a font system, returns a font
-    /// of this name and size for every name.
+    /// there is none. A name of more than 1024 bytes is not looked up. Names compare by canonical
+    /// equivalence (UAX #15), case included. For a family, returns its regular font. In a library
+    /// built without a font system, returns a font of this name and size for every name.
     static std::optional<PlatformFont> named(std::string_view name, double points);
 
     /// Returns the font of the system's user interface. Its name is never empty.

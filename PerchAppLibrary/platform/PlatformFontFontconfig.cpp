@@ -97,7 +97,9 @@ bool findFont(const std::string& name, Use&& use) {
 } // namespace
 
 std::optional<PlatformFont> PlatformFont::named(std::string_view name, double points) {
-    if (name.empty() || name.find('\0') != std::string_view::npos)
+    // Longer than any name of a font file. fontconfig takes quadratic time in the length.
+    constexpr std::size_t maximumLength = 1024;
+    if (name.empty() || name.size() > maximumLength || name.find('\0') != std::string_view::npos)
         return std::nullopt;
     std::optional<PlatformFont> found;
     // fontconfig compares bytes, so each equivalent spelling is looked up.

@@ -55,6 +55,13 @@ struct ElementsOfArray {
     std::string_view name;
 };
 
+/// The accessors of such an array.
+template <class Record, class Array>
+struct ArrayAccessors {
+    const Array& (Record::*get)() const;
+    void (Record::*set)(Array);
+};
+
 /// The empty member of a property whose value is not in a field.
 template <Place place, class Record, int Line>
 struct Slot {};
@@ -71,6 +78,20 @@ template <class T>
 struct Default {
     T value;
 };
+
+/// Returns whether a default is no mistake that would compile. Null is no text, and a text is no
+/// flag.
+template <class T>
+consteval bool isDefault(std::string_view code) {
+    const bool hasText = code.find('"') != std::string_view::npos;
+    if constexpr (std::same_as<T, bool>)
+        return !hasText;
+    else if constexpr (std::same_as<T, std::string> || isArray<T>)
+        return hasText || (code != "0" && code.find("NULL") == std::string_view::npos &&
+                           code.find("nullptr") == std::string_view::npos);
+    else
+        return true;
+}
 
 /// Returns the value for the member of a property. A Slot has none.
 template <class Field, class T>
@@ -134,12 +155,8 @@ struct RecordAccess {
 
     /// The accessors of the array whose elements a line of PERCH_ELEMENTS declares.
     template <class Record, int Line>
-    static constexpr auto arrayGetter() {
-        return Record::template getterOfArrayAt<Record>(At<Line>());
-    }
-    template <class Record, int Line>
-    static constexpr auto arraySetter() {
-        return Record::template setterOfArrayAt<Record>(At<Line>());
+    static constexpr auto arrayAccessors() {
+        return Record::template accessorsOfArrayAt<Record>(At<Line>());
     }
 
     /// True if a class keeps the functions that its base names in perchKeepsFunctions().
@@ -206,13 +223,9 @@ consteval bool isOwnProperty(T (Record::* /*getter*/)() const) {
     return std::same_as<Self, Record>;
 }
 
-/// The type of a label whose value this setter takes.
-template <class Setter>
-struct LabelOf;
+/// Has the type of a label whose value this setter takes.
 template <class Record, class T>
-struct LabelOf<void (Record::*)(T)> {
-    using Type = Required<T>;
-};
+Required<T> labelOf(void (Record::*setter)(T));
 
 /// The function that the create(json) of a class calls on a record with its defaults.
 enum class JSONFilling : unsigned char {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <PerchAppLibrary/json/DictionaryFwd.hpp>
+#include <PerchAppLibrary/json/JSON.hpp>
 #include <PerchAppLibrary/platform/URLFwd.hpp>
 
 #include <concepts>
@@ -54,6 +55,9 @@ using ValueOf = typename Declared<T>::Value;
 template <class T>
 using ReadType = std::conditional_t<std::is_scalar_v<T>, T, const T&>;
 
+/// Returned by the deleted overload of a flag's setter. A setter returns void.
+struct IsNoFlag {};
+
 template <class T>
 inline constexpr bool isArray = false;
 template <class T>
@@ -97,21 +101,6 @@ inline constexpr bool isPropertyType<Rare<T>> = std::same_as<T, std::string>;
 template <class T>
 inline constexpr bool isPropertyType<Near<T>> = std::same_as<T, bool>;
 
-/// True if a computed property can have this type.
-template <class T>
-inline constexpr bool isComputedType =
-    std::is_arithmetic_v<T> || isPropertyType<T> || std::same_as<T, URL> ||
-    std::same_as<T, Dictionary> || std::same_as<T, PlatformFont>;
-template <class T>
-inline constexpr bool isComputedType<std::optional<T>> = isComputedType<T>;
-template <class T>
-inline constexpr bool isComputedType<std::vector<T>> =
-    isComputedType<T> || isArrayOfShared<std::vector<T>>;
-template <class T>
-inline constexpr bool isComputedType<Rare<T>> = false;
-template <class T>
-inline constexpr bool isComputedType<Near<T>> = false;
-
 class BaseEntity;
 
 /// True if T is a shared record, or an array of them. Requires that their class is complete.
@@ -121,5 +110,15 @@ template <class R>
 inline constexpr bool isRecords<std::shared_ptr<R>> = std::derived_from<R, BaseEntity>;
 template <class R>
 inline constexpr bool isRecords<std::vector<std::shared_ptr<R>>> = isRecords<std::shared_ptr<R>>;
+
+/// True if a computed property can have this type. Requires that classes of records are complete.
+template <class T>
+inline constexpr bool isComputedType =
+    (std::is_arithmetic_v<T> && !CharacterType<T>) || ValueTypes::contains<T> || isRecords<T> ||
+    std::same_as<T, URL> || std::same_as<T, Dictionary> || std::same_as<T, PlatformFont>;
+template <class T>
+inline constexpr bool isComputedType<std::optional<T>> = isComputedType<T>;
+template <class T>
+inline constexpr bool isComputedType<std::vector<T>> = isComputedType<T>;
 
 } // namespace PerchAppLibrary

@@ -42,40 +42,42 @@
 /// owns the record. A subclass without a PERCH_RECORD of its own inherits these functions
 /// unchanged, so its `R::create()` makes a `Class`. `create(json)` takes only a JSON, since a text
 /// would become a JSON string. BaseClass is the direct base, without a leading `::`.
-#define PERCH_RECORD(Class, BaseClass)                                                         \
-private:                                                                                       \
-    friend struct PerchAppLibrary::RecordAccess;                                               \
-    static constexpr int firstPropertyLine = __LINE__;                                         \
-    static void onePropertyPerLine(PerchAppLibrary::At<__LINE__>);                             \
-                                                                                               \
-public:                                                                                        \
-    [[maybe_unused]] static constexpr std::string_view recordName = #Class;                    \
-    using Self = Class;                                                                        \
-    using Base = BaseClass;                                                                    \
-    using Base::setValue;                                                                      \
-    const PerchAppLibrary::RecordSchema& schema() const override;                              \
-    template <class Derived>                                                                   \
-        requires(!std::same_as<Derived, Class>)                                                \
-    friend std::type_identity<Class> nearestRecord(const Class*, std::type_identity<Derived>); \
-    template <class R = Class>                                                                 \
-        requires std::derived_from<R, Class> && (!std::is_abstract_v<R>)                       \
-    static std::shared_ptr<R> create() {                                                       \
-        return PerchAppLibrary::BaseEntity::make<R>();                                         \
-    }                                                                                          \
-    template <class R = Class, std::same_as<PerchAppLibrary::JSON> J>                          \
-        requires std::derived_from<R, Class> &&                                                \
-                 (R::jsonFilling != PerchAppLibrary::JSONFilling::none)                        \
-    static std::shared_ptr<R> create(const J& json) {                                          \
-        return PerchAppLibrary::BaseEntity::makeFilled<R, Class::jsonFilling>(json);           \
-    }                                                                                          \
-    template <class R = Class, class Text>                                                     \
-        requires std::derived_from<R, Class> &&                                                \
-                 (R::jsonFilling != PerchAppLibrary::JSONFilling::none)                        \
-    static std::shared_ptr<R> parse(Text&& text,                                               \
-                                    const PerchAppLibrary::JSON::Limits& limits = {}) {        \
-        return Class::template create<R>(                                                      \
-            PerchAppLibrary::JSON::parse(std::forward<Text>(text), limits));                   \
-    }                                                                                          \
+#define PERCH_RECORD(Class, BaseClass)                                                          \
+private:                                                                                        \
+    friend struct PerchAppLibrary::RecordAccess;                                                \
+    static constexpr int firstPropertyLine = __LINE__;                                          \
+    static void onePropertyPerLine(PerchAppLibrary::At<__LINE__>);                              \
+                                                                                                \
+public:                                                                                         \
+    [[maybe_unused]] static constexpr std::string_view recordName = #Class;                     \
+    using Self = Class;                                                                         \
+    using Base = BaseClass;                                                                     \
+    using Base::setValue;                                                                       \
+    const PerchAppLibrary::RecordSchema& schema() const override;                               \
+    template <class Derived>                                                                    \
+        requires(!std::same_as<Derived, Class>)                                                 \
+    friend std::type_identity<Class> nearestRecord(const Class*, std::type_identity<Derived>) { \
+        return {};                                                                              \
+    }                                                                                           \
+    template <class R = Class>                                                                  \
+        requires std::derived_from<R, Class> && (!std::is_abstract_v<R>)                        \
+    static std::shared_ptr<R> create() {                                                        \
+        return PerchAppLibrary::BaseEntity::make<R>();                                          \
+    }                                                                                           \
+    template <class R = Class, std::same_as<PerchAppLibrary::JSON> J>                           \
+        requires std::derived_from<R, Class> &&                                                 \
+                 (R::jsonFilling != PerchAppLibrary::JSONFilling::none)                         \
+    static std::shared_ptr<R> create(const J& json) {                                           \
+        return PerchAppLibrary::BaseEntity::makeFilled<R, Class::jsonFilling>(json);            \
+    }                                                                                           \
+    template <class R = Class, class Text>                                                      \
+        requires std::derived_from<R, Class> &&                                                 \
+                 (R::jsonFilling != PerchAppLibrary::JSONFilling::none)                         \
+    static std::shared_ptr<R> parse(Text&& text,                                                \
+                                    const PerchAppLibrary::JSON::Limits& limits = {}) {         \
+        return Class::template create<R>(                                                       \
+            PerchAppLibrary::JSON::parse(std::forward<Text>(text), limits));                    \
+    }                                                                                           \
     static_assert(true)
 
 /// Begins a record that only its `create(json)`, or that of a subclass, can make. The class is
@@ -129,6 +131,8 @@ public:                                                                         
                       sizeof(#__VA_ARGS__) == 1,                                                   \
                   #Name " has the type " #Type                                                     \
                         ", which takes no default: it begins empty or false");                     \
+    static_assert(PerchAppLibrary::isDefault<PerchAppLibrary::ValueOf<Type>>(#__VA_ARGS__),        \
+                  "The default of " #Name " is no " #Type ": " #__VA_ARGS__);                      \
     virtual PerchAppLibrary::ReadType<PerchAppLibrary::ValueOf<Type>> Name() const {               \
         return this->PerchAppLibrary::BaseEntity::stored(this->m_##Name);                          \
     }                                                                                              \
@@ -136,11 +140,12 @@ public:                                                                         
         this->PerchAppLibrary::BaseEntity::store(this->m_##Name, std::move(newValue));             \
         this->perchChanged(#Name);                                                                 \
     }                                                                                              \
+PERCH_SECOND_OF(PERCH_REFUSES_##Type, PERCH_REFUSE_NOTHING, )(Setter)                              \
                                                                                                    \
-private:                                                                                           \
-    static consteval PerchAppLibrary::StoredProperty<Self, PerchAppLibrary::ValueOf<Type>,         \
-                                                     PerchAppLibrary::Declared<Type>::place>       \
-    onePropertyPerLine(PerchAppLibrary::At<__LINE__>) {                                            \
+    private                                                                                        \
+    : static consteval PerchAppLibrary::StoredProperty<Self, PerchAppLibrary::ValueOf<Type>,       \
+                                                       PerchAppLibrary::Declared<Type>::place>     \
+      onePropertyPerLine(PerchAppLibrary::At<__LINE__>) {                                          \
         PERCH_ASSERT_IN_LIST(Name)                                                                 \
         return {#Name, &Self::Name, &Self::Setter,                                                 \
                 PerchAppLibrary::fieldPointer<PerchAppLibrary::ValueOf<Type>>(&Self::m_##Name)};   \
@@ -157,6 +162,8 @@ public:                                                                         
     static_assert(PerchAppLibrary::isPropertyType<Type> &&                                     \
                       PerchAppLibrary::ValueTypes::contains<Type>,                             \
                   #Name " has the type " #Type ", which no constant can have");                \
+    static_assert(PerchAppLibrary::isDefault<Type>(#Constant),                                 \
+                  "The value of " #Name " is no " #Type ": " #Constant);                       \
     virtual PerchAppLibrary::ReadType<Type> Name() const {                                     \
         static const PerchAppLibrary::NoDestructor<Type> constant(Type{Constant});             \
         return *constant;                                                                      \
@@ -173,33 +180,22 @@ public:                                                                         
     static_assert(true)
 
 /// Gives the elements of an inherited array of records another class when it is filled: Item, which
-/// derives from theirs. For a tree of one's own class:
-///
-///     class StarFont : public FontItem {
-///         PERCH_RECORD(StarFont, FontItem);
-///         PERCH_PROPERTY(std::int64_t, Stars);
-///         PERCH_ELEMENTS(Children, StarFont);
-///         PERCH_RECORD_END;
-///     };
-///
-/// The accessors keep their types, so setChildren() still takes other fonts.
-#define PERCH_ELEMENTS(Name, Item)                                                    \
-private:                                                                              \
-    static consteval PerchAppLibrary::ElementsOfArray<Self, Item> onePropertyPerLine( \
-        PerchAppLibrary::At<__LINE__>) {                                              \
-        PERCH_ASSERT_IN_LIST(Name)                                                    \
-        return {#Name};                                                               \
-    }                                                                                 \
-    template <class Record>                                                           \
-    static constexpr auto getterOfArrayAt(PerchAppLibrary::At<__LINE__>) {            \
-        return &Record::Name;                                                         \
-    }                                                                                 \
-    template <class Record>                                                           \
-    static constexpr auto setterOfArrayAt(PerchAppLibrary::At<__LINE__>) {            \
-        return &Record::set##Name;                                                    \
-    }                                                                                 \
-                                                                                      \
-public:                                                                               \
+/// derives from theirs. `PERCH_ELEMENTS(Children, StarFont);` in a font class StarFont makes trees
+/// of it. The accessors keep their types, so setChildren() still takes other fonts.
+#define PERCH_ELEMENTS(Name, Item)                                                                \
+private:                                                                                          \
+    static consteval PerchAppLibrary::ElementsOfArray<Self, Item> onePropertyPerLine(             \
+        PerchAppLibrary::At<__LINE__>) {                                                          \
+        PERCH_ASSERT_IN_LIST(Name)                                                                \
+        return {#Name};                                                                           \
+    }                                                                                             \
+    template <class Record>                                                                       \
+    static constexpr auto accessorsOfArrayAt(PerchAppLibrary::At<__LINE__>) {                     \
+        using Array = std::remove_cvref_t<decltype(std::declval<Record&>().Name())>;              \
+        return PerchAppLibrary::ArrayAccessors<Record, Array>{&Record::Name, &Record::set##Name}; \
+    }                                                                                             \
+                                                                                                  \
+public:                                                                                           \
     static_assert(true)
 
 /// Declares a computed property with the virtual getter `Name()`, which the class defines. Its type
@@ -288,25 +284,34 @@ public:                                            \
         return PerchAppLibrary::BaseEntity::makeLabelled<R>(std::move(labels)); \
     }
 
-#define PERCH_DECLARE_LABEL(label, Name) \
-    typename PerchAppLibrary::LabelOf<decltype(&Self::set##Name)>::Type label;
+#define PERCH_DECLARE_LABEL(label, Name) decltype(PerchAppLibrary::labelOf(&Self::set##Name)) label;
 #define PERCH_SET_LABELLED(label, Name) record.set##Name(std::move(this->label.value));
+
+// Deletes a flag's setter for a text in quotes, which would convert to true. The type of a flag is
+// `bool` or `Near<bool>`, so its first word is known.
+#define PERCH_SECOND_OF(...) PERCH_SECOND(__VA_ARGS__)
+#define PERCH_SECOND(first, second, ...) second
+#define PERCH_REFUSES_bool , PERCH_REFUSE_TEXT
+#define PERCH_REFUSES_Near , PERCH_REFUSE_TEXT,
+#define PERCH_REFUSE_TEXT(Setter) PerchAppLibrary::IsNoFlag Setter(const char(&)[]) = delete;
+#define PERCH_REFUSE_NOTHING(Setter)
 
 // Declares a function that returns which accessors of this line a subclass keeps. The schema
 // instantiates it, where all classes are complete.
-#define PERCH_CHECKED_IN_SCHEMA(Type, Name, Setter)                                               \
-    template <class Record>                                                                       \
-    static consteval PerchAppLibrary::Kept keptAt(PerchAppLibrary::At<__LINE__>) {                \
-        static_assert(PerchAppLibrary::ValueTypes::contains<Type> ||                              \
-                          PerchAppLibrary::isRecords<Type>,                                       \
-                      #Name " has shared objects that are no records");                           \
-        constexpr bool getter = requires {                                                        \
-            requires std::same_as<decltype(&Record::Name),                                        \
-                                  PerchAppLibrary::ReadType<Type> (Self::*)() const>;             \
-        };                                                                                        \
-        constexpr bool setter =                                                                   \
-            requires { requires std::same_as<decltype(&Record::Setter), void (Self::*)(Type)>; }; \
-        return {getter, setter, true};                                                            \
+#define PERCH_CHECKED_IN_SCHEMA(Type, Name, Setter)                                   \
+    template <class Record>                                                           \
+    static consteval PerchAppLibrary::Kept keptAt(PerchAppLibrary::At<__LINE__>) {    \
+        static_assert(!PerchAppLibrary::isPropertyType<Type> ||                       \
+                          PerchAppLibrary::ValueTypes::contains<Type> ||              \
+                          PerchAppLibrary::isRecords<Type>,                           \
+                      #Name " has shared objects that are no records");               \
+        constexpr bool getter = requires {                                            \
+            requires std::same_as<decltype(&Record::Name),                            \
+                                  PerchAppLibrary::ReadType<Type> (Self::*)() const>; \
+        };                                                                            \
+        constexpr bool setter =                                                       \
+            requires(void (*take)(void(Self::*)(Type))) { take(&Record::Setter); };   \
+        return {getter, setter, true};                                                \
     }
 
 // A type with a comma comes as two arguments, so the second one is no name.

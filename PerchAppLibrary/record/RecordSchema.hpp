@@ -160,28 +160,26 @@ void assignRecord(Value& place, const BaseEntity* record);
 
 /// Sets a value that is null to that of a computed property.
 template <class T>
-void assignComputed(Value& place, T&& value) {
-    using Type = std::remove_cvref_t<T>;
-    if constexpr (std::same_as<Type, bool> || std::floating_point<Type>) {
-        if constexpr (std::same_as<Type, long double>)
-            assign(place, static_cast<double>(value));
-        else
-            assign(place, value);
-    } else if constexpr (std::signed_integral<Type>) {
+void assignComputed(Value& place, T value) {
+    if constexpr (std::same_as<T, bool>) {
+        assign(place, value);
+    } else if constexpr (std::same_as<T, long double>) {
+        assign(place, static_cast<double>(value));
+    } else if constexpr (std::signed_integral<T>) {
         assign(place, static_cast<std::int64_t>(value));
-    } else if constexpr (std::integral<Type>) {
+    } else if constexpr (std::integral<T>) {
         assign(place, static_cast<std::uint64_t>(value));
     } else if constexpr (requires { value.has_value(); }) {
         if (value.has_value())
-            assignComputed(place, *std::forward<T>(value));
-    } else if constexpr (isArray<Type>) {
+            assignComputed(place, *std::move(value));
+    } else if constexpr (isArray<T>) {
         assignArray(place);
-        for (const auto& each : value)
-            assignComputed(append(place), each);
-    } else if constexpr (requires { assignRecord(place, value.get()); }) {
+        for (auto&& each : value)
+            assignComputed(append(place), typename T::value_type(std::move(each)));
+    } else if constexpr (isShared<T>) {
         assignRecord(place, value.get());
     } else {
-        assign(place, std::forward<T>(value));
+        assign(place, std::move(value));
     }
 }
 
@@ -254,26 +252,29 @@ private:
     template <int Line, class Item, Place place>
         requires std::derived_from<Item, BaseEntity>
     static auto accessOf(StoredProperty<Record, std::vector<std::shared_ptr<Item>>, place>) {
-        return RecordsAccess{
-            Item::recordName,        false, false, &itemSchema<Item>, &getRecords<Line, Item>,
-            &fillRecords<Line, Item>};
+        return accessOfArray<Item>([] { return RecordAccess::property<Record, Line>(); }, false);
+    }
+
+    template <int Line, class Item>
+    static auto accessOf(ElementsOfArray<Record, Item>) {
+        return accessOfArray<Item>([] { return RecordAccess::arrayAccessors<Record, Line>(); },
+                                   true);
     }
 
     template <int Line, class Item, Place place>
         requires std::derived_from<Item, BaseEntity>
     static auto accessOf(StoredProperty<Record, std::shared_ptr<Item>, place>) {
+        constexpr auto declared = RecordAccess::property<Record, Line>();
         return RecordsAccess{
             Item::recordName,
             true,
             false,
             &itemSchema<Item>,
             [](const BaseEntity& record) {
-                constexpr auto declared = RecordAccess::property<Record, Line>();
                 return std::vector<const BaseEntity*>{
                     (static_cast<const Record&>(record).*declared.get)().get()};
             },
             [](BaseEntity& record, RecordReader* reader, bool isOverridden) {
-                constexpr auto declared = RecordAccess::property<Record, Line>();
                 auto& self = static_cast<Record&>(record);
                 if (reader == nullptr && !isOverridden && (self.*declared.get)() == nullptr)
                     return;
@@ -285,35 +286,8 @@ private:
             }};
     }
 
-    template <int Line, class Item>
-    static auto accessOf(ElementsOfArray<Record, Item>) {
-        return RecordsAccess{Item::recordName,
-                             false,
-                             true,
-                             &itemSchema<Item>,
-                             [](const BaseEntity& record) {
-                                 constexpr auto get = RecordAccess::arrayGetter<Record, Line>();
-                                 std::vector<const BaseEntity*> items;
-                                 for (const auto& item :
-                                      (static_cast<const Record&>(record).*get)())
-                                     items.push_back(item.get());
-                                 return items;
-                             },
-                             [](BaseEntity& record, RecordReader* reader, bool isOverridden) {
-                                 constexpr auto get = RecordAccess::arrayGetter<Record, Line>();
-                                 constexpr auto set = RecordAccess::arraySetter<Record, Line>();
-                                 auto& self = static_cast<Record&>(record);
-                                 if (reader == nullptr && !isOverridden && (self.*get)().empty())
-                                     return;
-                                 RecordsSink<Item> sink;
-                                 if (reader != nullptr)
-                                     reader->readInto(sink);
-                                 (self.*set)({std::make_move_iterator(sink.records.begin()),
-                                              std::make_move_iterator(sink.records.end())});
-                             }};
-    }
-
     template <int Line, class T>
+        requires isComputedType<T>
     static auto accessOf(ComputedProperty<Record, T>) {
         return ComputedAccess{[](const BaseEntity& record, Value& place) {
             constexpr auto declared = RecordAccess::property<Record, Line>();
@@ -326,26 +300,32 @@ private:
         return std::make_shared<Concrete<Item>>()->schema();
     }
 
-    template <int Line, class Item>
-    static std::vector<const BaseEntity*> getRecords(const BaseEntity& record) {
-        constexpr auto declared = RecordAccess::property<Record, Line>();
-        std::vector<const BaseEntity*> items;
-        for (const std::shared_ptr<Item>& item :
-             (static_cast<const Record&>(record).*declared.get)())
-            items.push_back(item.get());
-        return items;
-    }
-
-    template <int Line, class Item>
-    static void fillRecords(BaseEntity& record, RecordReader* reader, bool isOverridden) {
-        constexpr auto declared = RecordAccess::property<Record, Line>();
-        auto& self = static_cast<Record&>(record);
-        if (reader == nullptr && !isOverridden && (self.*declared.get)().empty())
-            return;
-        RecordsSink<Item> sink;
-        if (reader != nullptr)
-            reader->readInto(sink);
-        (self.*declared.set)(std::move(sink.records));
+    /// Requires that `declared()` returns the accessors. The array's own elements may be of a base
+    /// of Item.
+    template <class Item, class Declared>
+    static RecordsAccess accessOfArray(Declared, bool isNarrowed) {
+        const auto get = [](const BaseEntity& record) {
+            std::vector<const BaseEntity*> items;
+            for (const auto& item : (static_cast<const Record&>(record).*Declared()().get)())
+                items.push_back(item.get());
+            return items;
+        };
+        const auto fill = [](BaseEntity& record, RecordReader* reader, bool isOverridden) {
+            constexpr auto declared = Declared()();
+            auto& self = static_cast<Record&>(record);
+            const auto& array = (self.*declared.get)();
+            if (reader == nullptr && !isOverridden && array.empty())
+                return;
+            RecordsSink<Item> sink;
+            if (reader != nullptr)
+                reader->readInto(sink);
+            if constexpr (std::same_as<decltype(array), const decltype(sink.records)&>)
+                (self.*declared.set)(std::move(sink.records));
+            else
+                (self.*declared.set)({std::make_move_iterator(sink.records.begin()),
+                                      std::make_move_iterator(sink.records.end())});
+        };
+        return {Item::recordName, false, isNarrowed, &itemSchema<Item>, get, fill};
     }
 };
 

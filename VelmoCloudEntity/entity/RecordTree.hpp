@@ -4,6 +4,7 @@
 #include <VelmoCloudEntity/entity/prefetchTree.hpp>
 
 #include <algorithm>
+#include <cassert>
 #include <cstddef>
 #include <memory>
 #include <span>
@@ -38,6 +39,7 @@ void forEachLeaf(const Records<Item>& list, Visitor&& visit) {
         std::span<const std::shared_ptr<Item>> remaining;
         std::size_t prefetched; // number of items at the front that are prefetched
     };
+    assert(hasNoNull(list));
     Level level{list, 0};
     std::vector<Level> outer;
     while (true) {
@@ -61,6 +63,7 @@ void forEachLeaf(const Records<Item>& list, Visitor&& visit) {
         }
         outer.push_back(level);
         const Records<Item>& members = item->Children();
+        assert(hasNoNull(members));
         level = {members, detail::prefetchedMembers(*item, members)};
     }
 }

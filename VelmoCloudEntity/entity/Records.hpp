@@ -5,6 +5,7 @@
 #include <PerchAppLibrary/record/RecordSink.hpp>
 #include <PerchAppLibrary/record/readRecords.hpp>
 
+#include <algorithm>
 #include <concepts>
 #include <iterator>
 #include <memory>
@@ -18,6 +19,12 @@ namespace VelmoCloudEntity {
 /// An array of records of the class Item. No element is null.
 template <class Item>
 using Records = std::vector<std::shared_ptr<Item>>;
+
+/// Returns whether no record is null. For assertions. Linear.
+template <class Item>
+bool hasNoNull(const Records<Item>& records) noexcept {
+    return std::find(records.begin(), records.end(), nullptr) == records.end();
+}
 
 /// Returns the records as records of another class: a base, or the class that they are of. Throws
 /// std::bad_cast if one is not of the class To. Linear.

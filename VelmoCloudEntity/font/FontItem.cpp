@@ -91,7 +91,12 @@ const RecordWriter& FontItem::writer() const {
     return *writer;
 }
 
-Dictionary FontItem::Dict() const { return dictIn(arenaForDict(Children().size()).get()); }
+Dictionary FontItem::Dict() const {
+    // In storage of its own, the Dict of each member of another class would be copied, so that a
+    // deep tree would take quadratic time.
+    return dictIn(keepsDict(*this) ? arenaForDict(Children().size()).get()
+                                   : PerchAppLibrary::Storage());
+}
 
 Dictionary FontItem::dictIn(const PerchAppLibrary::Storage& storage) const {
     Dictionary dictionary = isExactly(*this) ? writer().dictionary(*this, storage)

@@ -25,11 +25,11 @@ namespace VelmoCloudEntity {
 /// a leaf, a single font, and its Children are not read. Members are shared: a record may be in
 /// several groups and lists, and each of them shows a change of it.
 ///
-/// Requires that no group contains itself, at any depth, and that no member is null. A document
-/// nests groups at most 511 deep. A tree that is built by hand may be deeper. Queries, destruction,
-/// setActivated() and getFontArrayText() work at any depth. Dict() and properties() recurse once
-/// for each level, and so does copying, writing or destroying a Dictionary. 10,000 levels are
-/// tested.
+/// Requires that no group contains itself, at any depth, and that no member is null. Queries,
+/// destruction, setActivated() and getFontArrayText() work at any depth. The last two recurse into
+/// a font whose class has no PERCH_RECORD, or overrides setActivated() or a computed property.
+/// Dict() and properties() recurse once for each level, and so does copying, writing or destroying
+/// a Dictionary: 10,000 levels are tested. A document nests groups at most 512 deep.
 class FontItem : public PerchAppLibrary::BaseEntity {
     /// Lies near the flags, since queries read both.
     PerchAppLibrary::text::CachedSignature m_nameSignature;

@@ -9,6 +9,7 @@
 #include <PerchAppLibrary/container/internal/IdSet.hpp>
 
 #include <algorithm>
+#include <cassert>
 
 namespace VelmoCloudEntity {
 
@@ -62,11 +63,13 @@ Records<FontItem> FontList::getAuthorizedFont(const Records<FontItem>& list) {
 
 void FontList::setActivatedFont(const Records<FontItem>& list,
                                 const Records<FontItem>& activatedFont) {
+    assert(hasNoNull(activatedFont));
     markMatching(list, activatedFont, &FontItem::setIsActivated);
 }
 
 void FontList::setFavoritedFont(const Records<FontItem>& list,
                                 const Records<FontItem>& favoritedFont) {
+    assert(hasNoNull(favoritedFont));
     markMatching(list, favoritedFont, &FontItem::setIsFavorited);
 }
 
@@ -103,6 +106,7 @@ Records<FontItem> FontList::getFontById(const Records<FontItem>& list,
 
 std::shared_ptr<FontItem> FontList::getFontItemById(const Records<FontItem>& list,
                                                     std::int64_t fontId) {
+    assert(hasNoNull(list));
     const auto found =
         std::ranges::find_if(list, [fontId](const auto& item) { return item->Id() == fontId; });
     return found == list.end() ? nullptr : *found;
@@ -110,6 +114,7 @@ std::shared_ptr<FontItem> FontList::getFontItemById(const Records<FontItem>& lis
 
 Records<FontItem> FontList::getFontByTags(const Records<FontItem>& list,
                                           const Records<FontTagItem>& tags) {
+    assert(hasNoNull(tags));
     IdSet::Ids ids;
     for (const std::shared_ptr<FontTagItem>& tag : tags)
         ids.push_back(tag->Id());

@@ -20,7 +20,8 @@ class FontTagItem; // completed by VelmoCloudEntity/catalogue/FontTagItem.hpp
 /// it says otherwise, it walks the tree once, depth first, and returns or marks leaf fonts only.
 /// Results share the fonts of the tree, in its order; a font that occurs twice in the tree occurs
 /// twice in the result. Fonts are read and written through their virtual accessors. Requires that
-/// no font is null. To visit the leaves yourself, see entity/RecordTree.hpp.
+/// no font is null; a debug build asserts it. To visit the leaves yourself, see
+/// entity/RecordTree.hpp.
 ///
 /// Texts may hold any bytes; ill-formed ones count as U+FFFD. Texts are equal if canonically
 /// equivalent (UAX #15). text::Needle defines when a name contains a key: case is ignored by the
@@ -82,7 +83,8 @@ public:
     static Records<FontItem> getFontById(const Records<FontItem>& list,
                                          const std::vector<std::int64_t>& fontIdList);
 
-    /// Returns the first item of `list`, font or group, with this Id, or null. Searches no group.
+    /// Returns the first item of `list`, font or group, with this Id, or null if there is none.
+    /// Test the result before you pass it on: no other function takes a null. Searches no group.
     static std::shared_ptr<FontItem> getFontItemById(const Records<FontItem>& list,
                                                      std::int64_t fontId);
 

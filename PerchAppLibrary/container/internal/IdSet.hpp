@@ -1,5 +1,7 @@
 #pragma once
 
+#include <PerchAppLibrary/needsCxx20.hpp>
+
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>

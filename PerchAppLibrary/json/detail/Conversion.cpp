@@ -103,7 +103,12 @@ bool toText(double number, std::string& value) {
     constexpr double limit = 9223372036854775808.0;
     if (number <= -limit || number >= limit)
         return false;
-    value = shortestDecimal(number);
+    std::array<char, 352> digits{}; // for "-0.", 323 zeros and 17 digits
+    const std::to_chars_result result = std::to_chars(digits.data(), digits.data() + digits.size(),
+                                                      number, std::chars_format::fixed);
+    value.assign(digits.data(), result.ptr);
+    if (value.find('.') == std::string::npos)
+        value += ".0";
     return true;
 }
 

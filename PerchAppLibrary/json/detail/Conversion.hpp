@@ -17,8 +17,8 @@
 /// its result in `value` and returns true, or leaves `value` unchanged and returns false.
 namespace PerchAppLibrary {
 
-/// Returns the shortest decimal that reads back as the number, with ".0" if it is integral.
-/// Requires a finite number.
+/// Returns the shortest decimal that reads back as the number, with a point or an exponent: "22.0",
+/// "1e+15". Requires a finite number.
 std::string shortestDecimal(float number);
 std::string shortestDecimal(double number);
 

@@ -48,9 +48,12 @@ bool FoldCache::appendHangul(std::int32_t codePoint) {
 }
 
 const FoldCache::Entry& FoldCache::entryOf(std::int32_t codePoint) {
-    const auto slot = static_cast<std::uint32_t>(codePoint ^ (codePoint >> 8)) % m_entries.size();
-    Entry& entry = m_entries[slot];
-    if (entry.codePoint != codePoint)
+    const auto index = static_cast<std::uint32_t>(codePoint);
+    std::unique_ptr<Page>& page = m_pages[index / pageSize];
+    if (!page)
+        page = std::make_unique<Page>();
+    Entry& entry = (*page)[index % pageSize];
+    if (entry.length == unknown)
         fill(entry, codePoint);
     return entry;
 }
@@ -61,7 +64,6 @@ void FoldCache::fill(Entry& entry, std::int32_t codePoint) const {
     const std::string parts = decomposed(character);
     const std::string form = m_case == Case::insensitive ? folded(character) : parts;
     std::size_t begin = 0;
-    entry.codePoint = codePoint;
     entry.firstClass = u_getCombiningClass(nextCodePoint(parts, begin));
     std::size_t last = previousOffset(parts, parts.size());
     entry.lastClass = u_getCombiningClass(nextCodePoint(parts, last));

@@ -3,14 +3,18 @@
 #include <PerchAppLibrary/text/ComparedText.hpp>
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace PerchAppLibrary::text {
 
-/// A cache of the compared forms of single characters, which ICU computes.
+/// A cache of the compared forms of single characters, which ICU computes once for each. Takes 3
+/// KiB for each 256 code points with a character of the texts, so 13 MB at most.
 ///
 /// The compared form of a text is that of its characters, one after the other, unless its marks are
 /// not in canonical order (Unicode Standard, section 3.11). In the root locale, upper-casing a
@@ -26,14 +30,17 @@ public:
 
 private:
     static constexpr std::uint8_t tooLong = 0xFF;
+    static constexpr std::uint8_t unknown = 0xFE;
+    static constexpr std::size_t pageSize = 256;
+    static constexpr std::size_t codePoints = 0x110000;
 
     struct Entry {
-        std::int32_t codePoint = -1;
         std::uint8_t firstClass = 0; // combining class of the first character of its decomposition
         std::uint8_t lastClass = 0;  // combining class of the last character of it
-        std::uint8_t length = 0;     // length of the compared form, or tooLong
-        char bytes[9] = {};          // the compared form: up to three characters of three bytes
+        std::uint8_t length = unknown; // length of the compared form, or tooLong
+        char bytes[9] = {};            // the compared form: up to three characters of three bytes
     };
+    using Page = std::array<Entry, pageSize>;
 
     /// Appends the letters of a Hangul syllable (Unicode Standard, section 3.12), which have no
     /// case. Returns false for any other character.
@@ -44,7 +51,7 @@ private:
 
     Case m_case;
     std::string m_form;
-    std::array<Entry, 256> m_entries; // direct-mapped: each character has one slot
+    std::vector<std::unique_ptr<Page>> m_pages{codePoints / pageSize};
 };
 
 } // namespace PerchAppLibrary::text
