@@ -97,7 +97,7 @@ expect 0 '^velmo [0-9]+\.[0-9]' version
 expect 0 'velmo tree .OPTIONS. FILE$' help tree
 expect 2 'COMMAND: tre not in' help tre
 mapfile -t examples < <(sed -n '/^\.nf/{n;s/\\-/-/g;p}' "$made/velmo.1")
-[ ${#examples[@]} = 13 ] || fail "13 examples"
+[ ${#examples[@]} = 14 ] || fail "14 examples"
 for example in "${examples[@]}"; do
     (cd "$samples" && PATH=$made:$PATH bash -o pipefail -c "$example" >/dev/null) ||
         fail "$example"
@@ -253,7 +253,7 @@ FontList {$error} is an error reply: 005001, The user login has expired.
 UserItem {$error,"PlatformId":1,"Tel":""} is an error reply: 005001, The user login has expired.
 UserItem {$error,"Tel":"1"}
 FontList {"ExceptionCode":"005001"} is an error reply: 005001, The user login has expired.
-FontList {"ErrorCode":7,"ExceptionMessage":"a\\\\nb"} is an error reply: 7, a\u000Ab
+FontList {"ErrorCode":7,"ExceptionMessage":"a\\\\nb"} is an error reply: 000007, a\u000Ab
 FontList [{"Id":1},{"Id":2,"Name":"a","FontIdList":[1]}] looks like a FontTagList, not a FontList
 FontTagList [{"UserId":"a","Pwd":"b"}] looks like an array of EsUserItem, not a FontTagList
 UserItem {"Title":"a","Content":"b"} looks like a ClientStartupNoticeItem, not a UserItem

@@ -4,6 +4,7 @@
 #include "Terminal.hpp"
 
 #include <PerchAppLibrary/json/Dictionary.hpp>
+#include <PerchAppLibrary/record/explain.hpp>
 
 #include <CLI/App.hpp>
 #include <fmt/format.h>
@@ -34,7 +35,8 @@ ExitStatus check(const CheckOptions& options) {
         options.type.empty() ? typeOf(document) : &recordType(options.type);
     if (type == nullptr)
         throw Failure(nameOf(options.file) + ": is of an unknown type; name the TYPE");
-    const Explanation explanation = type->explain(document, static_cast<std::size_t>(-1));
+    const Explanation explanation =
+        PerchAppLibrary::explain(document, type->schema(), !type->item.empty());
     progress.hide();
     ValueArray described;
     std::string text;

@@ -8,7 +8,7 @@
 
 namespace velmo {
 
-/// Returns the type that uses most values of a document, or null if each ignores half of them.
+/// Returns the type that fits a document best, or null if none has one of its keys.
 const RecordType* typeOf(const PerchAppLibrary::JSON& document);
 
 /// Warns if the document in a file seems to be of another type than the expected one: an error

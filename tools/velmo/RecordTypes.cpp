@@ -26,7 +26,7 @@
 #include <VelmoCloudEntity/entity/UrlList.hpp>
 #include <VelmoCloudEntity/font/FontList.hpp>
 
-#include <PerchAppLibrary/record/RecordSchema.hpp>
+#include <PerchAppLibrary/record/explain.hpp>
 
 #include <fmt/format.h>
 
@@ -67,7 +67,7 @@ template <class Record>
 RecordType record() {
     return {std::string(Record::recordName), "",
             [](const JSON& json) { return toValue(make<Record>(json)->properties()); },
-            &PerchAppLibrary::explain<Record>,
+            &PerchAppLibrary::schemaOf<Record>,
             [] {
                 const std::shared_ptr<Record> record = make<Record>(JSON::null);
                 const BaseEntity base;
@@ -99,7 +99,7 @@ RecordType list(const char* name) {
                     array.push_back(item->properties());
                 return Value(std::move(array));
             },
-            &PerchAppLibrary::explain<List>,
+            &PerchAppLibrary::schemaOf<Item>,
             [] {
                 const List empty;
                 const char* const property =

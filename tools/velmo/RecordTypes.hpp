@@ -2,7 +2,7 @@
 
 #include <PerchAppLibrary/json/Dictionary.hpp>
 #include <PerchAppLibrary/json/JSON.hpp>
-#include <PerchAppLibrary/record/explain.hpp>
+#include <PerchAppLibrary/record/RecordSchema.hpp>
 
 #include <string>
 #include <vector>
@@ -18,8 +18,8 @@ struct RecordType {
     /// each record of the list.
     PerchAppLibrary::Value (*read)(const PerchAppLibrary::JSON&);
 
-    /// Returns what reading ignores of the first `maximum` records of a document.
-    PerchAppLibrary::Explanation (*explain)(const PerchAppLibrary::JSON&, std::size_t maximum);
+    /// Returns the schema of the record or of a list's records.
+    const PerchAppLibrary::RecordSchema& (*schema)();
 
     /// Returns the stored properties of the type without those of BaseEntity, in their order: an
     /// array of {"name", "kind", "default"}.
