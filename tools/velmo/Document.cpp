@@ -2,11 +2,15 @@
 
 #include "ExitStatus.hpp"
 
+#include <PerchAppLibrary/text/Text.hpp>
+
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
 #include <memory>
+#include <string_view>
 #include <system_error>
 #include <utility>
 
@@ -28,14 +32,36 @@ std::uint64_t sizeOf(std::FILE* stream) {
     return isRegular ? static_cast<std::uint64_t>(status.st_size) : 0;
 }
 
+/// Cuts the content behind its first character if no document begins with that. Returns whether it
+/// did: then the rest, which may have no end, need not be read.
+bool cutsWrongBegin(std::string& content) {
+    constexpr std::string_view firsts = "[{\"-0123456789tfn";
+    const std::size_t first = content.find_first_not_of(" \t\r\n");
+    if (first == std::string::npos || firsts.find(content[first]) != std::string_view::npos)
+        return false;
+    const std::string_view rest = std::string_view(content).substr(first);
+    content.resize(first + PerchAppLibrary::text::firstCodePoint(rest).size());
+    return true;
+}
+
+/// Returns the content of the stream, or its begin if that is no begin of a document. Throws
+/// Failure if it is longer than a text that can be parsed.
 std::string readAll(const std::string& file, std::FILE* stream, Progress& progress) {
+    constexpr std::uint64_t maximum = 0xFFFF'FFFF;
     constexpr std::size_t padding = 64; // with this capacity, JSON::parse() does not copy the text
+    const std::uint64_t expected = sizeOf(stream);
     std::string content;
-    content.reserve(sizeOf(stream) + padding);
-    progress.expect(sizeOf(stream));
+    progress.expect(expected);
     std::array<char, 1U << 16U> block{};
     while (std::feof(stream) == 0 && std::ferror(stream) == 0) {
+        const bool isFirst = content.empty();
         content.append(block.data(), std::fread(block.data(), 1, block.size(), stream));
+        if (isFirst && cutsWrongBegin(content))
+            return content;
+        if (std::max<std::uint64_t>(content.size(), expected) > maximum)
+            throw Failure(nameOf(file) + ": is too long: 4 GB can be parsed at most");
+        if (isFirst)
+            content.reserve(expected + padding);
         progress.setRead(content.size());
     }
     if (std::ferror(stream) != 0)

@@ -1,6 +1,7 @@
 #include "DocumentType.hpp"
 
 #include "Document.hpp"
+#include "ExitStatus.hpp"
 #include "Terminal.hpp"
 
 #include <VelmoCloudEntity/entity/ServiceError.hpp>
@@ -34,6 +35,10 @@ std::string_view kindOf(const JSON& json) {
     if (type == JSON::Type::array)
         return listKind;
     return type == JSON::Type::dictionary ? objectKind : scalarKind;
+}
+
+bool isEmpty(const JSON& document) {
+    return kindOf(document) == scalarKind ? document.isNull() : document.count() == 0;
 }
 
 /// The number of values in the first records that filling uses for a type's own properties, then
@@ -83,7 +88,7 @@ std::string nameWithArticle(const RecordType& record, bool inList) {
 /// Returns how the document differs from the expected type. Empty if it seems to be of that type.
 std::string describeDifference(const JSON& document, const RecordType& expected) {
     const std::string_view kind = kindOf(document);
-    if (kind == scalarKind ? document.isNull() : document.count() == 0)
+    if (isEmpty(document))
         return "";
     const std::vector<const RecordType*> types = bestTypes(document);
     std::string names;
@@ -108,11 +113,10 @@ bool keepsDefaults(const JSON& document, const RecordType& type) {
     });
 }
 
-/// Returns the error of an error reply. Empty for any other document, such as a record of the
-/// expected type that reports an error beside its own properties.
-std::string describeError(const JSON& document, const RecordType& expected) {
+/// Returns the error of an error reply. Empty for any other document.
+std::string describeError(const JSON& document) {
     const auto error = VelmoCloudEntity::serviceError(document);
-    if (!error || (expected.item.empty() && !keepsDefaults(document, expected)))
+    if (!error)
         return "";
     const std::string text = error->text("En");
     const std::string separator = error->code.empty() || text.empty() ? "" : ", ";
@@ -126,15 +130,32 @@ const RecordType* typeOf(const JSON& document) {
     const auto types = bestTypes(document);
     if (types.empty())
         return nullptr;
-    return kindOf(document) == listKind ? listOf(*types.front()) : types.front();
+    const RecordType* const list = kindOf(document) == listKind ? listOf(*types.front()) : nullptr;
+    return list == nullptr ? types.front() : list;
 }
 
-void warnOfOtherType(const std::string& file, const JSON& document, const RecordType& expected) {
-    std::string difference = describeError(document, expected);
+std::string describeWithoutType(const JSON& document) {
+    const std::string error = describeError(document);
+    return error.empty() && !isEmpty(document) ? "is of no known type" : error;
+}
+
+std::string differenceFrom(const RecordType& expected, const JSON& document) {
+    const std::string error = describeError(document);
+    // A record may report an error beside its own properties.
+    const bool isBare =
+        !expected.item.empty() || error.empty() || keepsDefaults(document, expected);
+    return error.empty() || !isBare ? describeDifference(document, expected) : error;
+}
+
+void requireType(const std::string& file, const JSON& document, const RecordType& expected,
+                 bool isForced) {
+    const std::string difference = differenceFrom(expected, document);
     if (difference.empty())
-        difference = describeDifference(document, expected);
-    if (!difference.empty())
-        warn(fmt::format("warning: {}: {}", nameOf(file), difference));
+        return;
+    const std::string message = nameOf(file) + ": " + difference;
+    if (!isForced)
+        throw Failure(message + " (--force reads it all the same)");
+    warn("warning: " + message);
 }
 
 } // namespace velmo

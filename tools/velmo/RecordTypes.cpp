@@ -31,7 +31,6 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <cctype>
 #include <utility>
 
 namespace velmo {
@@ -109,18 +108,6 @@ RecordType list(const char* name) {
             }};
 }
 
-std::string lowercase(std::string text) {
-    std::ranges::transform(text, text.begin(),
-                           [](unsigned char letter) { return std::tolower(letter); });
-    return text;
-}
-
-const RecordType& closestType(const std::string& text) {
-    return *std::ranges::min_element(recordTypes(), {}, [&text](const RecordType& type) {
-        return editDistance(lowercase(text), lowercase(type.name));
-    });
-}
-
 } // namespace
 
 const std::vector<RecordType>& recordTypes() {
@@ -159,6 +146,13 @@ const std::vector<RecordType>& recordTypes() {
     return types;
 }
 
+std::vector<std::string> namesOfTypes() {
+    std::vector<std::string> names;
+    for (const RecordType& type : recordTypes())
+        names.push_back(type.name);
+    return names;
+}
+
 const RecordType& recordType(const std::string& text) {
     const std::string prefix = lowercase(text);
     std::vector<const RecordType*> matches;
@@ -172,13 +166,12 @@ const RecordType& recordType(const std::string& text) {
     if (matches.size() == 1)
         return *matches.front();
     if (matches.empty())
-        throw Failure(fmt::format(
-            "read: unknown TYPE \"{}\"; did you mean {}? (velmo read --types lists the types)",
-            text, closestType(text).name));
+        throw Failure("unknown TYPE \"" + text + "\"" + suggestion(text, namesOfTypes()) +
+                      " (velmo read --types lists the types)");
     std::string names;
     for (const RecordType* const type : matches)
         names.append(names.empty() ? "" : ", ").append(type->name);
-    throw Failure(fmt::format("read: TYPE \"{}\" is ambiguous; it may be {}", text, names));
+    throw Failure(fmt::format("TYPE \"{}\" is ambiguous; it may be {}", text, names));
 }
 
 } // namespace velmo

@@ -29,8 +29,11 @@ struct RecordType {
 /// Returns all types, sorted by name.
 const std::vector<RecordType>& recordTypes();
 
+/// Returns the names of recordTypes().
+std::vector<std::string> namesOfTypes();
+
 /// Returns the type with this name, or the only one whose name begins with the text. Ignores case.
-/// Throws Failure with a suggestion if there is none, or with the names if there are several.
+/// Throws Failure, with a suggestion, if there is none, or with the names if there are several.
 const RecordType& recordType(const std::string& text);
 
 } // namespace velmo
