@@ -384,8 +384,7 @@ done
 zeros="[0$(printf ',0%.0s' $(seq 400000))]"
 printf '%s' "$zeros" >"$directory/zeros.json"
 printf '{"FontList":%s}' "$zeros" >"$directory/map.json"
-printf '[' >"$directory/huge.json"
-truncate -s 200M "$directory/huge.json"
+(printf '['; head -c 200M /dev/zero | tr '\0' ' ') >"$directory/huge.json"
 for arguments in "read FontTagList $directory/zeros.json" "tree $directory/huge.json" \
     "tree $fonts --activate $directory/map.json"; do
     # shellcheck disable=SC2086

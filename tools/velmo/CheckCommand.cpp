@@ -76,7 +76,7 @@ std::string textOf(const std::string& file, const Finding& finding) {
     if (finding.type.empty())
         text += finding.problem.empty() ? "empty" : finding.problem;
     else
-        text += fmt::format("{}, {} values used, {} ignored",
+        text += fmt::format("{}; {} values used, {} ignored",
                             finding.problem.empty() ? finding.type : finding.problem,
                             explanation.used, explanation.ignored);
     text = printable(text) + "\n";

@@ -32,20 +32,20 @@ std::uint64_t sizeOf(std::FILE* stream) {
     return isRegular ? static_cast<std::uint64_t>(status.st_size) : 0;
 }
 
-/// Cuts the content behind its first character if no document begins with that. Returns whether it
-/// did: then the rest, which may have no end, need not be read.
-bool cutsWrongBegin(std::string& content) {
+/// Returns where the content ends what can be parsed: behind its first character if no document
+/// begins with that, or behind the first zero byte after `parsed` bytes. Then the rest, which may
+/// have no end, need not be read. Otherwise returns npos.
+std::size_t endOfParsable(std::string_view content, std::size_t parsed) {
     constexpr std::string_view firsts = "[{\"-0123456789tfn";
     const std::size_t first = content.find_first_not_of(" \t\r\n");
-    if (first == std::string::npos || firsts.find(content[first]) != std::string_view::npos)
-        return false;
-    const std::string_view rest = std::string_view(content).substr(first);
-    content.resize(first + PerchAppLibrary::text::firstCodePoint(rest).size());
-    return true;
+    if (first != content.npos && firsts.find(content[first]) == firsts.npos)
+        return first + PerchAppLibrary::text::firstCodePoint(content.substr(first)).size();
+    const std::size_t zero = content.find('\0', parsed);
+    return zero == content.npos ? zero : zero + 1;
 }
 
-/// Returns the content of the stream, or its begin if that is no begin of a document. Throws
-/// Failure if it is longer than a text that can be parsed.
+/// Returns the content of the stream, or its begin through the first byte that cannot be in a
+/// document. Throws Failure if it is longer than a text that can be parsed.
 std::string readAll(const std::string& file, std::FILE* stream, Progress& progress) {
     constexpr std::uint64_t maximum = 0xFFFF'FFFF;
     constexpr std::size_t padding = 64; // with this capacity, JSON::parse() does not copy the text
@@ -54,13 +54,15 @@ std::string readAll(const std::string& file, std::FILE* stream, Progress& progre
     progress.expect(expected);
     std::array<char, 1U << 16U> block{};
     while (std::feof(stream) == 0 && std::ferror(stream) == 0) {
-        const bool isFirst = content.empty();
+        const std::size_t before = content.size();
         content.append(block.data(), std::fread(block.data(), 1, block.size(), stream));
-        if (isFirst && cutsWrongBegin(content))
+        if (const std::size_t end = endOfParsable(content, before); end != content.npos) {
+            content.resize(end);
             return content;
+        }
         if (std::max<std::uint64_t>(content.size(), expected) > maximum)
             throw Failure(nameOf(file) + ": is too long: 4 GB can be parsed at most");
-        if (isFirst)
+        if (before == 0)
             content.reserve(expected + padding);
         progress.setRead(content.size());
     }
