@@ -91,6 +91,18 @@ expect 2 'bytes.json: line 1, column 19: bytes that are not UTF-8' \
 expect 2 'deep.json: line 1, column 1025: .*deeper than 1024' tree "$directory/deep.json"
 expect 2 'broken.json: line 2' list activated "$fonts" --activate "$directory/broken.json"
 expect 2 'standard input: line 1, column 1: the text is empty' tree -
+expect 2 '--name= has no value; an empty one is written --name' find "$fonts" --name= --fuzzy
+expect 2 '"xyz" is no command \(see' xyz
+expect 2 'unknown TYPE "xyz" \(velmo' read xyz "$fonts"
+
+# What has no end is read to the first byte that cannot be in a document, or not at all.
+truncate -s 5G "$directory/sparse.json"
+printf '[1,' | cat - /dev/zero 2>/dev/null | timeout 20 "$velmo" export - >"$directory/out" 2>&1
+grep -q 'column 4: unexpected control character 0' "$directory/out" || fail "zeros in a document"
+for file in sparse.json /dev/zero /dev/urandom; do
+    [[ $file = /* ]] || file=$directory/$file
+    timeout 20 "$velmo" tree "$file" 2>&1 | grep -qE 'line 1, column|4 GB' || fail "tree $file"
+done
 
 # Help as a word; the example of each command, which the man page shows, on the samples.
 expect 0 '^velmo [0-9]+\.[0-9]' version
@@ -114,6 +126,19 @@ expect_plain() { # VARIABLE OPTION
 expect_plain TERM=dumb ''
 expect_plain NO_COLOR=1 ''
 expect_plain TERM=linux '--color never'
+
+# Rows fit on a terminal: columns are left out, then names are cut, but not what a search found.
+for command in "tree '$fonts' --activate '$activated'" "find '$fonts' --key a --fuzzy" \
+    "search '$fonts' regular"; do
+    shown=$(on_terminal "stty cols 60; '$velmo' $command --color never" | tr -d '\r')
+    [ -z "$shown" ] || { [ "$(wc -L <<<"$shown")" -le 60 ] && grep -q … <<<"$shown"; } ||
+        fail "$command does not fit: $(head -c 300 <<<"$shown")"
+    grep -q 'FORMAT' <<<"$shown" && fail "$command: no column is left out"
+    eval "'$velmo' $command" | grep -q … && fail "$command is cut in a pipe"
+done
+document long.json "[{\"ProductName\":\"B\",\"ProductFileName\":\"$(printf 'a%.0s' $(seq 70))xyz\"}]"
+shown=$(on_terminal "stty cols 60; '$velmo' search '$directory/long.json' xyz")
+[ -z "$shown" ] || grep -q $'…\033\\[1;31mxyz' <<<"$shown" || fail "a match is cut off: $shown"
 
 # A large document: its rows come in batches; a line tells how far it is read, on a terminal.
 printf '[{"Id":0}%s]' "$(printf ',{"Id":%d}' $(seq 2500))" >"$directory/many.json"
@@ -203,6 +228,19 @@ count() {
 expect 0 '^376 fonts$' filter --tags "$tags" --check 99999 "$fonts"
 grep -qF 'font-tags.json: no tag has the Id 99999' "$directory/err" ||
     fail "an unknown tag is not named"
+[ "$(count 'DISPLAY,5')" = "$(count 4,5)" ] || fail "a tag is not ticked by its name"
+expect 0 '^376 fonts$' filter "$fonts" --tags "$tags" --check 'no such'
+grep -qF 'no tag has the name no such' "$directory/err" || fail "an unknown name is not named"
+expect 0 '^  display +4 +67$' tags "$tags"
+
+# Many Ids, in many tags and fonts: linear, or the walks take minutes.
+{ printf '[{"Id":0}' && printf ',{"Id":%d}' $(seq 60000) && echo ']'; } >"$directory/ids.json"
+for arguments in "lookup $directory/ids.json $(seq -s ' ' 20000)" \
+    "filter $directory/ids.json --tags $directory/ids.json --force --check $(seq -s , 20000)"; do
+    # shellcheck disable=SC2086
+    timeout 30 "$velmo" $arguments >/dev/null 2>&1
+    [ $? != 124 ] || fail "velmo ${arguments%% *} of 20000 Ids takes too long"
+done
 document tags.json '[{"Id":1,"IsGroup":true,"Children":[{"Id":2,"FontIdList":[4,4,1]},{"Id":3}]}]'
 expect 0 '^\{"FontIdList":\[1,2,4\],' \
     filter "$directory/odd.json" --tags "$directory/tags.json" --check 9 --json
@@ -210,6 +248,8 @@ expect 0 '^\{"FontIdList":\[1,4\],"fonts":\[\{"Id":1,.*\{"Id":4,[^{]*\}\]\}$' \
     filter "$directory/odd.json" --tags "$directory/tags.json" --check 2 --json
 expect_nothing '{"FontIdList":[],"fonts":[]}' \
     filter "$directory/odd.json" --tags "$directory/tags.json" --check 3 --json
+expect 0 '^\[\{"Id":1,.*"Children":\[\{"Id":2,"Name":"","IsGroup":false,"FontCount":3\}' \
+    tags "$directory/tags.json" --json
 expect 0 '^ +SubTagFilterType +Or$' read FontTagList "$tags"
 expect 0 '"IsChecked":false,"FontIdList":\[4,4,1\],"Children":\[\]\}' \
     read FontTagList "$directory/tags.json" --json
@@ -276,6 +316,40 @@ for arguments in "tree $tags" "tree $fonts --activate $tags" "tree $fonts --favo
     expect 2 '(Tag|Collection)List' $arguments
 done
 
+# Checking: every sample is used whole; what is not is told, for each file, and as data.
+for file in "$samples"/*s.json "$samples"/*-list.json "$samples"/records/[!C]*.json; do
+    expect 0 '; [0-9]+ values used, 0 ignored$' check "$file"
+done
+document renamed.json '[{"Id":1,"Nam":"a"},{"Id":2,"Nam":"b","Tags":{}}]'
+"$velmo" check "$directory/renamed.json" "$directory/cut.json" "$samples/error-reply.json" \
+    --as FontList >"$directory/out" 2>"$directory/err"
+[ $? = 2 ] || fail "check: the status is not the worst"
+for line in 'renamed.json: FontList; 2 values used, 3 ignored$' '^  \[0\].Nam: .*FontItem.*2 times' \
+    '^  \[1\].Tags: object' 'error-reply.json: is an error reply: 005001'; do
+    grep -qE "$line" "$directory/out" || fail "check: no $line in $(cat "$directory/out")"
+done
+grep -q 'cut.json: line 1, column 11' "$directory/err" || fail "check: a cut file is not named"
+got=$("$velmo" check "$directory/renamed.json" "$samples/error-reply.json" --as FontList --json)
+[ $? = 1 ] || fail "check --json: not status 1"
+for part in '"type":"FontList","problem":null,"used":2,"ignored":3,"mismatches":[{"place":"FontItem' \
+    '"path":"[0].Nam","count":2,' '"problem":"is an error reply: 005001, The user'; do
+    grep -qF "$part" <<<"$got" || fail "check --json: no $part in $got"
+done
+while read -r status text words; do
+    document other.json "$text"
+    expect "$status" . check "$directory/other.json"
+    grep -qF "other.json: $words" "$directory/out" || fail "check of $text: $(cat "$directory/out")"
+done <<'END'
+0 [] empty
+0 null empty
+0 [{"UserId":"a","Pwd":"b"}] EsUserItem; 2 values used, 0 ignored
+END
+document other.json '{"x":1}'
+expect_nothing "$directory/other.json: is of no known type" check "$directory/other.json"
+"$velmo" check "$tags" --as FontList |
+    grep -qx "$tags: looks like a FontTagList, not a FontList; 379 values used, 570 ignored" ||
+    fail "check of tags as fonts"
+
 # Error codes.
 expect 0 '^\{"code":"006004","Ch":"目标微信已占用","En":"微信 used."\}$' error 006004 --json
 expect 0 '^Code record fail.$' error 002004 --lang En
@@ -334,6 +408,12 @@ if [ -f $dejavu ]; then
         grep -qx "velmo: warning: .*$warning" "$directory/err" || fail "scan: no $warning"
     done
     "$velmo" tree "$directory/out" | grep -q '^1 font, ' || fail "a scanned font twice"
+    mkfifo "$directory/fonts/pipe.ttf"
+    timeout 20 "$velmo" scan "$directory/fonts/pipe.ttf" 2>&1 |
+        grep -q 'pipe.ttf: is no regular file; it is left out' || fail "scan opens a FIFO"
+    count_below() { grep -o '"ProductFileName":"/usr/share/fonts/' | wc -l; }
+    [ "$("$velmo" scan | count_below)" = "$("$velmo" scan /usr/share/fonts | count_below)" ] ||
+        fail "scan of /usr/share/fonts"
 fi
 
 # Completions of bash: the words on the line, and what can be in place of the last one. The others
@@ -361,6 +441,29 @@ velmo read UserFontG|UserFontGroupMapItem
 velmo scan records r|records
 velmo locate font-list.json 3|
 END
+touch "$directory/a*"
+touch "$directory/ab"
+got=$(cd "$directory" && COMP_WORDS=(velmo tree 'a') COMP_CWORD=2 && _velmo 2>/dev/null &&
+    printf '%s|' "${COMPREPLY[@]}")
+[ "$got" = 'a*|ab|' ] || [ "$got" = 'ab|a*|' ] || fail "a file named a* completes to $got"
+if command -v fish >/dev/null; then
+    while IFS='|' read -r line expected; do
+        got=$(cd "$samples" && fish -c "source '$made/velmo.fish'; complete -C 'velmo $line'" |
+            cut -f1 | paste -sd ' ')
+        [ "$got" = "$expected" ] || fail "completion of $line in fish: $got"
+    done <<'END'
+list a|activated authorized
+lo|locate lookup
+filter --ch|--check
+check --as UserFontG|UserFontGroupMapItem
+tree --activate act|activated-fonts.json
+END
+fi
+synopsis=$(sed -n '/^.SS filter/{n;p}; /^.SS find/{n;p}; /^.SS read/{n;p}' "$made/velmo.1" |
+    sed 's/\\f[BIR]//g; s/\\-/-/g')
+[ "$synopsis" = 'velmo find (--name TEXT | --key TEXT) [OPTION]... FILE
+velmo filter --tags FILE --check TAG,... [OPTION]... FILE
+velmo read [OPTION]... [TYPE] [FILE]' ] || fail "synopsis: $synopsis"
 for check in "fish -n $made/velmo.fish" "zsh -n $made/_velmo" \
     "groff -K utf8 -man -ww -z -rLL=100n $made/velmo.1"; do
     command -v "${check%% *}" >/dev/null || continue
