@@ -74,7 +74,7 @@ printf ']%.0s' $(seq 1025) >>"$directory/deep.json"
 
 # Wrong usage, unreadable files, malformed documents: one line, status 2.
 expect 2 'subcommand'
-expect 2 '"tre" is no command; did you mean "tree"' tre "$fonts"
+expect 2 '"tre" is no command; did you mean tree\?' tre "$fonts"
 expect 2 'list.*STATE|STATE.*foo' list foo "$fonts"
 expect 2 'FILE is required' tree
 expect 2 'read.*TYPE|TYPE.*FontLst' read FontLst "$fonts"
@@ -91,13 +91,25 @@ expect 2 'bytes.json: line 1, column 19: bytes that are not UTF-8' \
 expect 2 'deep.json: line 1, column 1025: .*deeper than 1024' tree "$directory/deep.json"
 expect 2 'broken.json: line 2' list activated "$fonts" --activate "$directory/broken.json"
 expect 2 'standard input: line 1, column 1: the text is empty' tree -
+expect 2 '--name= has no value; an empty one is written --name' find "$fonts" --name= --fuzzy
+expect 2 '"xyz" is no command \(see' xyz
+expect 2 'unknown TYPE "xyz" \(velmo' read xyz "$fonts"
+
+# What has no end is read to the first byte that cannot be in a document, or not at all.
+truncate -s 5G "$directory/sparse.json"
+printf '[1,' | cat - /dev/zero 2>/dev/null | timeout 20 "$velmo" export - >"$directory/out" 2>&1
+grep -q 'column 4: unexpected control character 0' "$directory/out" || fail "zeros in a document"
+for file in sparse.json /dev/zero /dev/urandom; do
+    [[ $file = /* ]] || file=$directory/$file
+    timeout 20 "$velmo" tree "$file" 2>&1 | grep -qE 'line 1, column|4 GB' || fail "tree $file"
+done
 
 # Help as a word; the example of each command, which the man page shows, on the samples.
 expect 0 '^velmo [0-9]+\.[0-9]' version
 expect 0 'velmo tree .OPTIONS. FILE$' help tree
 expect 2 'COMMAND: tre not in' help tre
 mapfile -t examples < <(sed -n '/^\.nf/{n;s/\\-/-/g;p}' "$made/velmo.1")
-[ ${#examples[@]} = 13 ] || fail "13 examples"
+[ ${#examples[@]} = 15 ] || fail "15 examples"
 for example in "${examples[@]}"; do
     (cd "$samples" && PATH=$made:$PATH bash -o pipefail -c "$example" >/dev/null) ||
         fail "$example"
@@ -115,6 +127,19 @@ expect_plain TERM=dumb ''
 expect_plain NO_COLOR=1 ''
 expect_plain TERM=linux '--color never'
 
+# Rows fit on a terminal: columns are left out, then names are cut, but not what a search found.
+for command in "tree '$fonts' --activate '$activated'" "find '$fonts' --key a --fuzzy" \
+    "search '$fonts' regular"; do
+    shown=$(on_terminal "stty cols 60; '$velmo' $command --color never" | tr -d '\r')
+    [ -z "$shown" ] || { [ "$(wc -L <<<"$shown")" -le 60 ] && grep -q … <<<"$shown"; } ||
+        fail "$command does not fit: $(head -c 300 <<<"$shown")"
+    grep -q 'FORMAT' <<<"$shown" && fail "$command: no column is left out"
+    eval "'$velmo' $command" | grep -q … && fail "$command is cut in a pipe"
+done
+document long.json "[{\"ProductName\":\"B\",\"ProductFileName\":\"$(printf 'a%.0s' $(seq 70))xyz\"}]"
+shown=$(on_terminal "stty cols 60; '$velmo' search '$directory/long.json' xyz")
+[ -z "$shown" ] || grep -q $'…\033\\[1;31mxyz' <<<"$shown" || fail "a match is cut off: $shown"
+
 # A large document: its rows come in batches; a line tells how far it is read, on a terminal.
 printf '[{"Id":0}%s]' "$(printf ',{"Id":%d}' $(seq 2500))" >"$directory/many.json"
 "$velmo" tree "$directory/many.json" >"$directory/out"
@@ -130,12 +155,12 @@ done
 [ -z "$(on_terminal "TERM=dumb; export TERM; $slow")" ] || fail "progress on TERM=dumb"
 
 # Well-formed documents of any shape.
-expect 0 '^\[\]$' tree "$directory/object.json" --json
-expect 0 '^\[\]$' export "$directory/object.json"
-expect_nothing '[]' list activated "$directory/object.json" --json
+expect 0 '^\[\]$' tree "$directory/object.json" --json --force
+expect 0 '^\[\]$' export "$directory/object.json" --force
+expect_nothing '[]' list activated "$directory/object.json" --json --force
 document mixed.json '{"sms_token":[{"a":"b"},7,null,[1]]}'
 expect 0 '^ *7$' read UserItem "$directory/mixed.json"
-expect 0 '"FontList":\[\]' read UserFontActivateMapItem "$directory/odd.json" --json
+expect 0 '"FontList":\[\]' read UserFontActivateMapItem "$directory/odd.json" --json --force
 
 # The fonts of the sample: shown, listed, read and exported.
 expect 0 '^376 fonts, 0 activated$' tree "$fonts"
@@ -161,9 +186,9 @@ expect 2 'Exactly 1 option from' find "$fonts"
 expect 2 'Exactly 1 option from' find "$fonts" --name a --key b
 
 # Searching: whole-key matches first, and where they are.
-expect 0 '^ 4  仿宋       ProductName  仿宋$' search "$fonts" 宋 # an ideograph takes two columns
+expect 0 '^ 4  仿宋       ProductName$' search "$fonts" 宋 # an ideograph takes two columns
 expect 0 '^0 fonts with "宋#"$' search "$fonts" '宋#'
-expect 0 '^337  Anuphan Thin  +ProductName  +Anuphan Thin$' search "$fonts" anuphan
+expect 0 '^337  Anuphan Thin  +ProductName$' search "$fonts" anuphan
 expect 0 '^7 fonts with "anuphan"$' search "$fonts" anuphan
 expect 0 '^369 fonts with one of its characters; 376 in all$' search "$fonts" anuphan
 for key in '' 'ǂ' $'\xFF'; do
@@ -203,6 +228,19 @@ count() {
 expect 0 '^376 fonts$' filter --tags "$tags" --check 99999 "$fonts"
 grep -qF 'font-tags.json: no tag has the Id 99999' "$directory/err" ||
     fail "an unknown tag is not named"
+[ "$(count 'DISPLAY,5')" = "$(count 4,5)" ] || fail "a tag is not ticked by its name"
+expect 0 '^376 fonts$' filter "$fonts" --tags "$tags" --check 'no such'
+grep -qF 'no tag has the name no such' "$directory/err" || fail "an unknown name is not named"
+expect 0 '^  display +4 +67$' tags "$tags"
+
+# Many Ids, in many tags and fonts: linear, or the walks take minutes.
+{ printf '[{"Id":0}' && printf ',{"Id":%d}' $(seq 60000) && echo ']'; } >"$directory/ids.json"
+for arguments in "lookup $directory/ids.json $(seq -s ' ' 20000)" \
+    "filter $directory/ids.json --tags $directory/ids.json --force --check $(seq -s , 20000)"; do
+    # shellcheck disable=SC2086
+    timeout 30 "$velmo" $arguments >/dev/null 2>&1
+    [ $? != 124 ] || fail "velmo ${arguments%% *} of 20000 Ids takes too long"
+done
 document tags.json '[{"Id":1,"IsGroup":true,"Children":[{"Id":2,"FontIdList":[4,4,1]},{"Id":3}]}]'
 expect 0 '^\{"FontIdList":\[1,2,4\],' \
     filter "$directory/odd.json" --tags "$directory/tags.json" --check 9 --json
@@ -210,6 +248,8 @@ expect 0 '^\{"FontIdList":\[1,4\],"fonts":\[\{"Id":1,.*\{"Id":4,[^{]*\}\]\}$' \
     filter "$directory/odd.json" --tags "$directory/tags.json" --check 2 --json
 expect_nothing '{"FontIdList":[],"fonts":[]}' \
     filter "$directory/odd.json" --tags "$directory/tags.json" --check 3 --json
+expect 0 '^\[\{"Id":1,.*"Children":\[\{"Id":2,"Name":"","IsGroup":false,"FontCount":3\}' \
+    tags "$directory/tags.json" --json
 expect 0 '^ +SubTagFilterType +Or$' read FontTagList "$tags"
 expect 0 '"IsChecked":false,"FontIdList":\[4,4,1\],"Children":\[\]\}' \
     read FontTagList "$directory/tags.json" --json
@@ -241,19 +281,23 @@ expect 2 'did you mean ConfigItem\?' read ConfigListItem "$fonts" # four letters
 expect 2 'may be FontTagItem, FontTagList' read FontTag "$fonts"
 expect 2 'TYPE and FILE are required' read FontTagList
 
-# A document of another type gives one warning, or none if it is empty or tells nothing.
+# A document of another type is refused, or shown with a warning by --force. An empty one, or one
+# that tells nothing, is of any type.
 error='"Exception":true,"ExceptionCode":"005001","ExceptionMessage":"\\u001b"'
 while read -r type text warning; do
     document other.json "$text"
-    got=$("$velmo" read "$type" "$directory/other.json" 2>&1 >/dev/null; echo $?)
-    [ "$got" = "${warning:+velmo: warning: $directory/other.json: $warning$'\n'}0" ] ||
-        fail "read $type of $text: $got"
+    message=${warning:+$directory/other.json: $warning}
+    got=$("$velmo" read "$type" "$directory/other.json" --force 2>&1 >/dev/null; echo $?)
+    [ "$got" = "${warning:+velmo: warning: $message$'\n'}0" ] || fail "read $type of $text: $got"
+    [ -z "$warning" ] || got=$("$velmo" read "$type" "$directory/other.json" 2>&1; echo $?)
+    [ "$got" = "${warning:+velmo: $message (--force reads it all the same)$'\n2'}" ] ||
+        [ "$got" = 0 ] || fail "read $type of $text: $got"
 done <<END
 FontList {$error} is an error reply: 005001, The user login has expired.
 UserItem {$error,"PlatformId":1,"Tel":""} is an error reply: 005001, The user login has expired.
 UserItem {$error,"Tel":"1"}
 FontList {"ExceptionCode":"005001"} is an error reply: 005001, The user login has expired.
-FontList {"ErrorCode":7,"ExceptionMessage":"a\\\\nb"} is an error reply: 7, a\u000Ab
+FontList {"ErrorCode":7,"ExceptionMessage":"a\\\\nb"} is an error reply: 000007, a\u000Ab
 FontList [{"Id":1},{"Id":2,"Name":"a","FontIdList":[1]}] looks like a FontTagList, not a FontList
 FontTagList [{"UserId":"a","Pwd":"b"}] looks like an array of EsUserItem, not a FontTagList
 UserItem {"Title":"a","Content":"b"} looks like a ClientStartupNoticeItem, not a UserItem
@@ -269,15 +313,52 @@ for arguments in "tree $tags" "tree $fonts --activate $tags" "tree $fonts --favo
     "filter $samples/collections.json --tags $tags --check 4" \
     "filter $fonts --tags $samples/collections.json --check 4"; do
     # shellcheck disable=SC2086
-    "$velmo" $arguments 2>&1 | grep -qE 'warning: .*(Tag|Collection)List' || fail "$arguments"
+    expect 2 '(Tag|Collection)List' $arguments
 done
+
+# Checking: every sample is used whole; what is not is told, for each file, and as data.
+for file in "$samples"/*s.json "$samples"/*-list.json "$samples"/records/[!C]*.json; do
+    expect 0 '; [0-9]+ values used, 0 ignored$' check "$file"
+done
+document renamed.json '[{"Id":1,"Nam":"a"},{"Id":2,"Nam":"b","Tags":{}}]'
+"$velmo" check "$directory/renamed.json" "$directory/cut.json" "$samples/error-reply.json" \
+    --as FontList >"$directory/out" 2>"$directory/err"
+[ $? = 2 ] || fail "check: the status is not the worst"
+for line in 'renamed.json: FontList; 2 values used, 3 ignored$' '^  \[0\].Nam: .*FontItem.*2 times' \
+    '^  \[1\].Tags: object' 'error-reply.json: is an error reply: 005001'; do
+    grep -qE "$line" "$directory/out" || fail "check: no $line in $(cat "$directory/out")"
+done
+grep -q 'cut.json: line 1, column 11' "$directory/err" || fail "check: a cut file is not named"
+got=$("$velmo" check "$directory/renamed.json" "$samples/error-reply.json" --as FontList --json)
+[ $? = 1 ] || fail "check --json: not status 1"
+for part in '"type":"FontList","problem":null,"used":2,"ignored":3,"mismatches":[{"place":"FontItem' \
+    '"path":"[0].Nam","count":2,' '"problem":"is an error reply: 005001, The user'; do
+    grep -qF "$part" <<<"$got" || fail "check --json: no $part in $got"
+done
+while read -r status text words; do
+    document other.json "$text"
+    expect "$status" . check "$directory/other.json"
+    grep -qF "other.json: $words" "$directory/out" || fail "check of $text: $(cat "$directory/out")"
+done <<'END'
+0 [] empty
+0 null empty
+0 [{"UserId":"a","Pwd":"b"}] EsUserItem; 2 values used, 0 ignored
+END
+document other.json '{"x":1}'
+expect_nothing "$directory/other.json: is of no known type" check "$directory/other.json"
+"$velmo" check "$tags" --as FontList |
+    grep -qx "$tags: looks like a FontTagList, not a FontList; 379 values used, 570 ignored" ||
+    fail "check of tags as fonts"
 
 # Error codes.
 expect 0 '^\{"code":"006004","Ch":"目标微信已占用","En":"微信 used."\}$' error 006004 --json
 expect 0 '^Code record fail.$' error 002004 --lang En
 expect 0 '^  Ch  验证码记录失败$' error 002004
 [ "$("$velmo" error 001001 --lang Ch; echo $?)" = $'\n'0 ] || fail "a code with a blank message"
-for code in 2004 000004 ''; do expect 1 "no error has the code \"$code\"" error "$code"; done
+for code in 2004 ''; do
+    expect 1 "the code \"$code\" is not in the table; a code has six digits" error "$code"
+done
+expect 1 'the code "999999" is not in the table$' error 999999
 expect_nothing null error 000004 --json
 expect 2 'lang' error 000000 --lang De
 
@@ -300,8 +381,9 @@ expect 0 '^Anuphan Light\(' locate "$fonts" 0339
 grep -qE '^  Drawn with the font +[^ ]' "$directory/out" || fail "the font to draw with is missing"
 expect 2 'no\\u000Asuch' tree "$directory/no
 such"
-expect 1 'no font has the Id 3$' locate "$directory/odd.json" 3 # a group
+expect 1 '3 is the Id of a group, which has no file' locate "$directory/odd.json" 3
 grep -q . "$directory/out" && fail "a font that is not there has locations"
+expect_nothing null locate "$directory/odd.json" 5 --json
 "$velmo" locate "$directory/odd.json" 1 --json 2>/dev/null |
     grep -qF '"LocalPreviewFile":null,"remotePreviewFile":"https://h/a_B.png"' ||
     fail "null for a missing location"
@@ -326,6 +408,12 @@ if [ -f $dejavu ]; then
         grep -qx "velmo: warning: .*$warning" "$directory/err" || fail "scan: no $warning"
     done
     "$velmo" tree "$directory/out" | grep -q '^1 font, ' || fail "a scanned font twice"
+    mkfifo "$directory/fonts/pipe.ttf"
+    timeout 20 "$velmo" scan "$directory/fonts/pipe.ttf" 2>&1 |
+        grep -q 'pipe.ttf: is no regular file; it is left out' || fail "scan opens a FIFO"
+    count_below() { grep -o '"ProductFileName":"/usr/share/fonts/' | wc -l; }
+    [ "$("$velmo" scan | count_below)" = "$("$velmo" scan /usr/share/fonts | count_below)" ] ||
+        fail "scan of /usr/share/fonts"
 fi
 
 # Completions of bash: the words on the line, and what can be in place of the last one. The others
@@ -353,6 +441,29 @@ velmo read UserFontG|UserFontGroupMapItem
 velmo scan records r|records
 velmo locate font-list.json 3|
 END
+touch "$directory/a*"
+touch "$directory/ab"
+got=$(cd "$directory" && COMP_WORDS=(velmo tree 'a') COMP_CWORD=2 && _velmo 2>/dev/null &&
+    printf '%s|' "${COMPREPLY[@]}")
+[ "$got" = 'a*|ab|' ] || [ "$got" = 'ab|a*|' ] || fail "a file named a* completes to $got"
+if command -v fish >/dev/null; then
+    while IFS='|' read -r line expected; do
+        got=$(cd "$samples" && fish -c "source '$made/velmo.fish'; complete -C 'velmo $line'" |
+            cut -f1 | paste -sd ' ')
+        [ "$got" = "$expected" ] || fail "completion of $line in fish: $got"
+    done <<'END'
+list a|activated authorized
+lo|locate lookup
+filter --ch|--check
+check --as UserFontG|UserFontGroupMapItem
+tree --activate act|activated-fonts.json
+END
+fi
+synopsis=$(sed -n '/^.SS filter/{n;p}; /^.SS find/{n;p}; /^.SS read/{n;p}' "$made/velmo.1" |
+    sed 's/\\f[BIR]//g; s/\\-/-/g')
+[ "$synopsis" = 'velmo find (--name TEXT | --key TEXT) [OPTION]... FILE
+velmo filter --tags FILE --check TAG,... [OPTION]... FILE
+velmo read [OPTION]... [TYPE] [FILE]' ] || fail "synopsis: $synopsis"
 for check in "fish -n $made/velmo.fish" "zsh -n $made/_velmo" \
     "groff -K utf8 -man -ww -z -rLL=100n $made/velmo.1"; do
     command -v "${check%% *}" >/dev/null || continue
@@ -376,7 +487,7 @@ done
 zeros="[0$(printf ',0%.0s' $(seq 400000))]"
 printf '%s' "$zeros" >"$directory/zeros.json"
 printf '{"FontList":%s}' "$zeros" >"$directory/map.json"
-truncate -s 200M "$directory/huge.json"
+(printf '['; head -c 200M /dev/zero | tr '\0' ' ') >"$directory/huge.json"
 for arguments in "read FontTagList $directory/zeros.json" "tree $directory/huge.json" \
     "tree $fonts --activate $directory/map.json"; do
     # shellcheck disable=SC2086

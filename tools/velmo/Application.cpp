@@ -19,14 +19,12 @@ std::unique_ptr<CLI::App> makeApplication(Action& selected) {
     application->set_version_flag("--version", "velmo " VELMO_VERSION);
     application->require_subcommand(1);
     application->footer(
-        "Exit status: 0 success; 1 nothing found; 2 wrong usage, an unreadable file or a malformed "
-        "document.\n"
-        "A document that seems to be of another type than the command reads, such as an error "
-        "reply,\n"
-        "gives a warning on standard error. It does not change the exit status.");
+        "Exit status: 0 success; 1 nothing found; 2 wrong usage, an unreadable file, or a document "
+        "that is malformed or of another type, such as an error reply. For status 2, one line on "
+        "standard error says why.");
     for (const auto add :
-         {&addTree, &addList, &addFind, &addSearch, &addLookup, &addFilter, &addLocate, &addRead,
-          &addCheck, &addExport, &addScan, &addError, &addHelp})
+         {&addTree, &addList, &addFind, &addSearch, &addLookup, &addTags, &addFilter, &addLocate,
+          &addRead, &addCheck, &addExport, &addScan, &addError, &addHelp})
         add(*application, selected);
     return application;
 }

@@ -1,73 +1,130 @@
 #include "Commands.hpp"
 #include "Document.hpp"
+#include "ExitStatus.hpp"
 #include "RecordTypes.hpp"
 #include "Terminal.hpp"
 
 #include <PerchAppLibrary/json/Dictionary.hpp>
+#include <PerchAppLibrary/record/explain.hpp>
 
 #include <CLI/App.hpp>
 #include <fmt/format.h>
+
+#include <algorithm>
 
 namespace velmo {
 namespace {
 
 using PerchAppLibrary::Dictionary;
 using PerchAppLibrary::Explanation;
+using PerchAppLibrary::JSON;
 using PerchAppLibrary::Mismatch;
+using PerchAppLibrary::toValue;
+using PerchAppLibrary::Value;
 using PerchAppLibrary::ValueArray;
 
 struct CheckOptions {
-    std::string file;
-    std::string type;
+    std::vector<std::string> files;
+    std::string type; // empty: the one that fits best
     bool asJSON = false;
 };
 
-Dictionary describe(const Mismatch& mismatch) {
-    return {{"place", mismatch.place}, {"found", mismatch.found}, {"expected", mismatch.expected},
-            {"path", mismatch.path},   {"count", mismatch.count}, {"text", mismatch.text()}};
-}
+/// What a file holds.
+struct Finding {
+    std::string type;    ///< the name of the document's type, empty if none fits
+    std::string problem; ///< why the document is none of this type, empty if it is
+    Explanation explanation;
+};
 
-ExitStatus check(const CheckOptions& options) {
-    Progress progress(nameOf(options.file));
-    const PerchAppLibrary::JSON document = readDocument(options.file, progress);
+Finding findingOf(const std::string& file, const CheckOptions& options) {
+    Progress progress(nameOf(file));
+    const JSON document = readDocument(file, progress);
+    progress.begin("checking");
     const RecordType* const type =
         options.type.empty() ? typeOf(document) : &recordType(options.type);
     if (type == nullptr)
-        throw Failure(nameOf(options.file) + ": is of an unknown type; name the TYPE");
-    const Explanation explanation = type->explain(document, static_cast<std::size_t>(-1));
-    progress.hide();
-    ValueArray described;
-    std::string text;
-    for (const Mismatch& each : explanation.mismatches) {
-        described.push_back(describe(each));
-        text += printable(each.text()) + "\n";
+        return {"", describeWithoutType(document), {}};
+    const bool isList =
+        options.type.empty() ? document.type() == JSON::Type::array : !type->item.empty();
+    return {type->name, options.type.empty() ? "" : differenceFrom(*type, document),
+            PerchAppLibrary::explain(document, type->schema(), isList)};
+}
+
+Value describe(const std::string& file, const Finding& finding) {
+    const auto textOrNull = [](const std::string& text) {
+        return text.empty() ? Value(nullptr) : toValue(text);
+    };
+    ValueArray mismatches;
+    for (const Mismatch& each : finding.explanation.mismatches)
+        mismatches.push_back(Dictionary{{"place", each.place},
+                                        {"found", each.found},
+                                        {"expected", each.expected},
+                                        {"path", each.path},
+                                        {"count", each.count},
+                                        {"text", each.text()}});
+    return Dictionary{{"file", file},
+                      {"type", textOrNull(finding.type)},
+                      {"problem", textOrNull(finding.problem)},
+                      {"used", finding.explanation.used},
+                      {"ignored", finding.explanation.ignored},
+                      {"mismatches", std::move(mismatches)}};
+}
+
+std::string textOf(const std::string& file, const Finding& finding) {
+    const Explanation& explanation = finding.explanation;
+    std::string text = nameOf(file) + ": ";
+    if (finding.type.empty())
+        text += finding.problem.empty() ? "empty" : finding.problem;
+    else
+        text += fmt::format("{}; {} values used, {} ignored",
+                            finding.problem.empty() ? finding.type : finding.problem,
+                            explanation.used, explanation.ignored);
+    text = printable(text) + "\n";
+    for (const Mismatch& each : explanation.mismatches)
+        text += "  " + printable(each.text()) + "\n";
+    return text;
+}
+
+ExitStatus check(const CheckOptions& options) {
+    ExitStatus status = ExitStatus::success;
+    ValueArray findings;
+    for (const std::string& file : options.files) {
+        Finding finding;
+        try {
+            finding = findingOf(file, options);
+            const bool isClean = finding.problem.empty() && finding.explanation.ignored == 0;
+            status = std::max(status, isClean ? ExitStatus::success : ExitStatus::nothingFound);
+            if (!options.asJSON)
+                print(textOf(file, finding));
+        } catch (const Failure& failure) { // the other files are checked all the same
+            warn(failure.what());
+            finding.problem = failure.what();
+            status = ExitStatus::failure;
+        }
+        if (options.asJSON)
+            findings.push_back(describe(file, finding));
     }
     if (options.asJSON)
-        printJSON(Dictionary{{"type", type->name},
-                             {"used", explanation.used},
-                             {"ignored", explanation.ignored},
-                             {"mismatches", std::move(described)}});
-    else
-        print(text + fmt::format("{}: {} values used, {} ignored\n", type->name, explanation.used,
-                                 explanation.ignored));
-    return explanation.ignored == 0 ? ExitStatus::success : ExitStatus::nothingFound;
+        printJSON(findings);
+    return status;
 }
 
 } // namespace
 
 void addCheck(CLI::App& application, Action& selected) {
-    auto [command, options] = addCommand(application, selected,
-                                         {.name = "check",
-                                          .description = "List what reading a saved reply ignores",
-                                          .example = "velmo check font-list.json FontList"},
-                                         &check);
-    addFileName(command, "FILE", options.file, "Saved reply")->required();
-    std::vector<std::string> types;
-    for (const RecordType& type : recordTypes())
-        types.push_back(type.name);
+    auto [command, options] =
+        addCommand(application, selected,
+                   {.name = "check",
+                    .description = "List what reading saved replies ignores",
+                    .example = "velmo check font-list.json font-tags.json",
+                    .statusOne = "something is ignored, or a document is of another type",
+                    .statusTwo = "wrong usage, an unreadable file, a malformed document"},
+                   &check);
+    addFileNames(command, "FILE", options.files, "Saved replies")->required();
     command
-        .add_option("TYPE", options.type, "Type of the document; by default the one that fits best")
-        ->type_name(choiceType(types));
+        .add_option("--as", options.type,
+                    "Type of the documents; by default the one that fits each best")
+        ->type_name(choiceType(namesOfTypes()));
 }
 
 } // namespace velmo

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -28,6 +29,7 @@ void addList(CLI::App& application, Action& selected);
 void addFind(CLI::App& application, Action& selected);
 void addSearch(CLI::App& application, Action& selected);
 void addLookup(CLI::App& application, Action& selected);
+void addTags(CLI::App& application, Action& selected);
 void addFilter(CLI::App& application, Action& selected);
 void addLocate(CLI::App& application, Action& selected);
 void addRead(CLI::App& application, Action& selected);
@@ -49,14 +51,26 @@ inline constexpr char choiceSeparator = '|';
 struct CommandText {
     std::string name;
     std::string description;
-    std::string example; ///< a command line for the folder samples
+    std::string example;                       ///< a command line for the folder samples
+    std::string statusOne = "nothing found";   ///< what exit status 1 says, empty if it never comes
+    std::string statusTwo = documentIsNoOther; ///< what exit status 2 says
+
+    static constexpr const char* documentIsNoOther =
+        "wrong usage, an unreadable file, a document that is malformed or of another type";
 };
 
-/// Returns the Levenshtein distance: the least number of letters to insert, delete or replace to
-/// turn one text into the other.
-std::size_t editDistance(const std::string& from, const std::string& to);
+/// Returns what stands behind the help of a command: the example, and in the next line what its
+/// exit status says.
+std::string footerOf(const CommandText& text);
 
-/// Throws Failure, which names the nearest command, if no command of the application has this name.
+/// Returns the text with the letters of ASCII in lower case.
+std::string lowercase(std::string text);
+
+/// Returns "; did you mean NAME?" with the name that is nearest to a text. Empty if more than a
+/// third of the letters differ, as counted by the Levenshtein distance. Ignores case.
+std::string suggestion(const std::string& text, const std::vector<std::string>& names);
+
+/// Throws Failure, which names a near command, if no command of the application has this name.
 void requireCommand(const CLI::App& application, const std::string& name);
 
 /// Adds a command with the options --json and --color, and returns it.
@@ -79,12 +93,22 @@ std::pair<CLI::App&, Options&> addCommand(CLI::App& application, Action& selecte
 CLI::Option* addFileName(CLI::App& command, const std::string& name, std::string& file,
                          const std::string& description);
 
+/// Like addFileName(), for the names of several files.
+CLI::Option* addFileNames(CLI::App& command, const std::string& name,
+                          std::vector<std::string>& files, const std::string& description);
+
+/// Adds the option --force, by which documents of other types are read, too.
+CLI::Option* addForce(CLI::App& command, bool& isForced);
+
 /// Adds an argument or option that takes one of the choices. Any other text is wrong usage.
 CLI::Option* addChoice(CLI::App& command, const std::string& name, std::string& value,
                        const std::vector<std::string>& choices, const std::string& description);
 
 /// Returns the type of an argument or option with these choices.
 std::string choiceType(const std::vector<std::string>& choices);
+
+/// Returns the decimal integer of 64 bits that the text is, or nullopt for any other text.
+std::optional<std::int64_t> integerIn(const std::string& text);
 
 /// Adds an argument or option for a decimal integer of 64 bits. Any other text is wrong usage.
 CLI::Option* addInteger(CLI::App& command, const std::string& name, std::int64_t& value,

@@ -2,11 +2,15 @@
 
 #include "ExitStatus.hpp"
 
+#include <PerchAppLibrary/text/Text.hpp>
+
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
 #include <memory>
+#include <string_view>
 #include <system_error>
 #include <utility>
 
@@ -28,14 +32,38 @@ std::uint64_t sizeOf(std::FILE* stream) {
     return isRegular ? static_cast<std::uint64_t>(status.st_size) : 0;
 }
 
+/// Returns where the content ends what can be parsed: behind its first character if no document
+/// begins with that, or behind the first zero byte after `parsed` bytes. Then the rest, which may
+/// have no end, need not be read. Otherwise returns npos.
+std::size_t endOfParsable(std::string_view content, std::size_t parsed) {
+    constexpr std::string_view firsts = "[{\"-0123456789tfn";
+    const std::size_t first = content.find_first_not_of(" \t\r\n");
+    if (first != content.npos && firsts.find(content[first]) == firsts.npos)
+        return first + PerchAppLibrary::text::firstCodePoint(content.substr(first)).size();
+    const std::size_t zero = content.find('\0', parsed);
+    return zero == content.npos ? zero : zero + 1;
+}
+
+/// Returns the content of the stream, or its begin through the first byte that cannot be in a
+/// document. Throws Failure if it is longer than a text that can be parsed.
 std::string readAll(const std::string& file, std::FILE* stream, Progress& progress) {
+    constexpr std::uint64_t maximum = 0xFFFF'FFFF;
     constexpr std::size_t padding = 64; // with this capacity, JSON::parse() does not copy the text
+    const std::uint64_t expected = sizeOf(stream);
     std::string content;
-    content.reserve(sizeOf(stream) + padding);
-    progress.expect(sizeOf(stream));
+    progress.expect(expected);
     std::array<char, 1U << 16U> block{};
     while (std::feof(stream) == 0 && std::ferror(stream) == 0) {
+        const std::size_t before = content.size();
         content.append(block.data(), std::fread(block.data(), 1, block.size(), stream));
+        if (const std::size_t end = endOfParsable(content, before); end != content.npos) {
+            content.resize(end);
+            return content;
+        }
+        if (std::max<std::uint64_t>(content.size(), expected) > maximum)
+            throw Failure(nameOf(file) + ": is too long: 4 GB can be parsed at most");
+        if (before == 0)
+            content.reserve(expected + padding);
         progress.setRead(content.size());
     }
     if (std::ferror(stream) != 0)

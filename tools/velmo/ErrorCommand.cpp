@@ -38,8 +38,10 @@ ExitStatus showError(const ErrorOptions& options) {
     if (found == errors.Dict().end()) {
         if (options.asJSON)
             printJSON(nullptr);
-        warn(fmt::format("no error has the code \"{}\"; a code has six digits, as in 002004",
-                         options.code));
+        const bool hasDigits = options.code.size() == 6 &&
+                               options.code.find_first_not_of("0123456789") == std::string::npos;
+        warn(fmt::format("the code \"{}\" is not in the table{}", options.code,
+                         hasDigits ? "" : "; a code has six digits, as in 002004"));
         return ExitStatus::nothingFound;
     }
     const BaseExceptionEntity& error = *found->second;
@@ -61,7 +63,9 @@ void addError(CLI::App& application, Action& selected) {
         addCommand(application, selected,
                    {.name = "error",
                     .description = "Show the messages of an error code of the service",
-                    .example = "velmo error 002004 --lang En"},
+                    .example = "velmo error 002004 --lang En",
+                    .statusOne = "the code is not in the table",
+                    .statusTwo = "wrong usage"},
                    &showError);
     command.add_option("CODE", options.code, "Error code, six digits")->required();
     addChoice(command, "--lang", options.language, {"Ch", "En"},

@@ -24,7 +24,8 @@ void addExport(CLI::App& application, Action& selected) {
         addCommand(application, selected,
                    {.name = "export",
                     .description = "Print the fonts as JSON, each as its Dict",
-                    .example = "velmo export font-list.json"},
+                    .example = "velmo export font-list.json",
+                    .statusOne = ""},
                    &exportFonts);
     addFile(command, options.source);
 }

@@ -50,6 +50,7 @@ std::string countOfFonts(std::int64_t count) {
 
 void addFile(CLI::App& command, FontSource& source) {
     addFileName(command, "FILE", source.file, "Font list")->required();
+    addForce(command, source.isForced);
 }
 
 void addMarks(CLI::App& command, FontSource& source) {
@@ -60,11 +61,11 @@ void addMarks(CLI::App& command, FontSource& source) {
 }
 
 FontList readFontList(const FontSource& source) {
-    const auto readMap = [](const std::string& file, const std::string& type) {
-        return readAs(file, recordType(type),
+    const auto readMap = [&source](const std::string& file, const std::string& type) {
+        return readAs(file, recordType(type), source.isForced,
                       [](const JSON& json) { return UserFontMap::create(json)->FontList(); });
     };
-    FontList fonts = readAs(source.file, recordType("FontList"),
+    FontList fonts = readAs(source.file, recordType("FontList"), source.isForced,
                             [](const JSON& json) { return FontList(json); });
     if (!source.activateMap.empty())
         FontList::setActivatedFont(fonts.List(),
@@ -80,9 +81,13 @@ void printFonts(const Fonts& fonts, bool asJSON) {
         printJSON(describe(fonts));
         return;
     }
-    Table table({{"ID", Table::Align::right}, {"NAME"}, {"TITLE"}, {"MARKS"}});
+    Table table({{"ID", Table::Align::right},
+                 {"NAME", Table::Align::left, Table::Narrow::cut},
+                 {"FORMAT", Table::Align::left, Table::Narrow::drop},
+                 {"VERSION", Table::Align::left, Table::Narrow::drop},
+                 {"MARKS"}});
     for (const auto& font : fonts)
-        table.add({std::to_string(font->Id()), font->DisplayName(), font->TreeNodeTitle(),
+        table.add({std::to_string(font->Id()), font->DisplayName(), font->Format(), font->Version(),
                    marksOf(*font)});
     if (!fonts.empty())
         table.print();

@@ -34,16 +34,17 @@ struct FontSource {
     std::string file;
     std::string activateMap;
     std::string favoriteMap;
+    bool isForced = false; ///< documents of other types are read, too
 };
 
-/// Adds the argument FILE to the command.
+/// Adds the argument FILE and the option --force to the command.
 void addFile(CLI::App& command, FontSource& source);
 
 /// Adds the options --activate and --favorite to the command.
 void addMarks(CLI::App& command, FontSource& source);
 
-/// Returns the marked font list. Throws Failure if a file cannot be read or a document is
-/// malformed.
+/// Returns the marked font list. Throws Failure if a file cannot be read, or a document is
+/// malformed or of another type.
 VelmoCloudEntity::FontList readFontList(const FontSource& source);
 
 /// Prints the fonts: as a JSON array with `asJSON`, otherwise as a table and their number.

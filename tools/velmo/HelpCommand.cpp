@@ -20,7 +20,11 @@ void addHelp(CLI::App& application, Action& selected) {
     const auto name = std::make_shared<std::string>();
     const auto commands = namesOfCommands(application);
     CLI::App& help = *application.add_subcommand("help", "Show the help of velmo or of a command");
-    help.footer("velmo help tree");
+    help.footer(footerOf({.name = "",
+                          .description = "",
+                          .example = "velmo help tree",
+                          .statusOne = "",
+                          .statusTwo = "wrong usage"}));
     addChoice(help, "COMMAND", *name, commands, "Command to explain");
     help.callback([&application, &selected, name] {
         selected = [&application, name] {
@@ -34,7 +38,11 @@ void addHelp(CLI::App& application, Action& selected) {
     });
 
     CLI::App& version = *application.add_subcommand("version", "Show the version of velmo");
-    version.footer("velmo version");
+    version.footer(footerOf({.name = "",
+                             .description = "",
+                             .example = "velmo version",
+                             .statusOne = "",
+                             .statusTwo = "wrong usage"}));
     version.callback([&application, &selected] {
         selected = [&application] {
             print(application.version() + "\n");

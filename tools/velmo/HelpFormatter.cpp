@@ -1,22 +1,81 @@
 #include "HelpFormatter.hpp"
 
+#include <algorithm>
+#include <sstream>
+
 namespace velmo {
+namespace {
+
+/// The columns of a terminal that are filled.
+constexpr std::size_t width = 79;
+
+/// Returns the text with a line break in place of the blank before each word that does not fit.
+std::string wrapped(const std::string& text, std::size_t columns) {
+    std::string lines;
+    std::size_t column = 0;
+    std::istringstream words(text);
+    for (std::string word; words >> word; column += word.size()) {
+        if (column != 0 && column + 1 + word.size() > columns) {
+            lines += '\n';
+            column = 0;
+        } else if (column != 0) {
+            lines += ' ';
+            ++column;
+        }
+        lines += word;
+    }
+    return lines;
+}
+
+} // namespace
+
+std::string valueOf(const CLI::Option& option) {
+    constexpr std::size_t longest = 40;
+    const std::string type = option.get_type_name();
+    if (option.get_positional())
+        return option.get_name();
+    return type.size() > longest ? "TYPE" : type;
+}
+
+std::string exampleOf(const CLI::App& command) {
+    const std::string footer = command.get_footer();
+    return footer.substr(0, footer.find('\n'));
+}
+
+std::string statusOf(const CLI::App& command) {
+    const std::string footer = command.get_footer();
+    return footer.substr(footer.find('\n') + 1);
+}
 
 std::string HelpFormatter::make_option_opts(const CLI::Option* option) const {
     if (option->get_positional() || option->get_type_name().empty())
         return "";
     const std::string& value = option->get_default_str();
-    return " " + option->get_type_name() + (value.empty() ? "" : "=" + value);
+    return " " + valueOf(*option) + (value.empty() ? "" : "=" + value);
 }
 
 std::string HelpFormatter::make_footer(const CLI::App* app) const {
     const CLI::App* const program = app->get_parent() == nullptr ? app : app->get_parent();
+    if (program != app)
+        return "Example:\n  " + exampleOf(*app) + "\n\n" + wrapped(statusOf(*app), width) + "\n";
     std::string examples;
     for (const CLI::App* const command : program->get_subcommands(nullptr))
-        if (command == app || program == app)
-            examples += "  " + command->get_footer() + "\n";
-    return std::string(program == app ? "Examples:\n" : "Example:\n") + examples + "\n" +
-           program->get_footer() + "\n";
+        examples += "  " + exampleOf(*command) + "\n";
+    return "Examples:\n" + examples + "\n" + wrapped(program->get_footer(), width) + "\n";
+}
+
+std::string HelpFormatter::make_option_desc(const CLI::Option* option) const {
+    return wrapped(CLI::Formatter::make_option_desc(option), width - get_column_width());
+}
+
+std::string HelpFormatter::make_subcommand(const CLI::App* command) const {
+    const std::size_t indent = get_column_width();
+    std::string name = "  " + command->get_name();
+    name.resize(std::max(name.size() + 1, indent), ' ');
+    std::string text;
+    for (const char each : wrapped(command->get_description(), width - indent))
+        text += each == '\n' ? "\n" + std::string(indent, ' ') : std::string(1, each);
+    return name + text + "\n";
 }
 
 } // namespace velmo

@@ -10,6 +10,7 @@
 #include <CLI/App.hpp>
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <functional>
 #include <optional>
 #include <utility>
@@ -105,12 +106,29 @@ void printText(const FontItem& font, const Dictionary& locations) {
     print(text);
 }
 
+/// Returns whether a group of the tree has the Id.
+bool isGroup(const Fonts& fonts, std::int64_t id) {
+    return std::ranges::any_of(fonts, [id](const std::shared_ptr<FontItem>& font) {
+        return font->IsGroup() && (font->Id() == id || isGroup(font->Children(), id));
+    });
+}
+
+/// Returns why no leaf font has the Id.
+std::string reasonForNone(const Fonts& fonts, std::int64_t id) {
+    return isGroup(fonts, id)
+               ? fmt::format("{} is the Id of a group, which has no file; name one of its fonts",
+                             id)
+               : fmt::format("no font has the Id {}", id);
+}
+
 ExitStatus locate(const LocateOptions& options) {
     const VelmoCloudEntity::FontList list = readFontList(options.source);
     const Fonts found = leavesWhere(
         list.List(), [&options](const FontItem& leaf) { return leaf.Id() == options.id; });
     if (found.empty()) {
-        warn(fmt::format("{}: no font has the Id {}", nameOf(options.source.file), options.id));
+        warn(nameOf(options.source.file) + ": " + reasonForNone(list.List(), options.id));
+        if (options.asJSON)
+            printJSON(nullptr);
         return ExitStatus::nothingFound;
     }
     if (found.size() > 1)
@@ -133,7 +151,8 @@ void addLocate(CLI::App& application, Action& selected) {
         application, selected,
         {.name = "locate",
          .description = "Show the local and remote locations of a font's file and previews",
-         .example = "velmo locate font-list.json 339 --fixed --font-size 48"},
+         .example = "velmo locate font-list.json 339 --fixed --font-size 48",
+         .statusOne = "no font has the Id, or it has no previews"},
         &locate);
     addFile(command, options.source);
     addInteger(command, "ID", options.id, "Identifier of a leaf font")->required();

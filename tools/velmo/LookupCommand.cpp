@@ -6,7 +6,7 @@
 #include <CLI/App.hpp>
 #include <fmt/format.h>
 
-#include <algorithm>
+#include <unordered_set>
 
 namespace velmo {
 namespace {
@@ -23,8 +23,11 @@ struct LookupOptions {
 
 /// Warns of each identifier that no font has.
 void warnAboutUnknown(const LookupOptions& options, const Fonts& found) {
+    std::unordered_set<std::int64_t> known;
+    for (const auto& font : found)
+        known.insert(font->Id());
     for (const std::int64_t id : options.ids)
-        if (std::ranges::none_of(found, [id](const auto& font) { return font->Id() == id; }))
+        if (!known.contains(id))
             warn(fmt::format("{}: no {} has the Id {}", nameOf(options.source.file),
                              options.isFlat ? "item at the top level" : "font", id));
 }

@@ -18,6 +18,7 @@ struct ReadOptions {
     std::string type;
     std::string file;
     bool listsTypes = false;
+    bool isForced = false;
     bool asJSON = false;
 };
 
@@ -81,7 +82,7 @@ ExitStatus read(const ReadOptions& options) {
     if (options.file.empty())
         throw Failure("read: TYPE and FILE are required (velmo read --types lists the types)");
     const RecordType& type = recordType(options.type);
-    const Value value = readAs(options.file, type, type.read);
+    const Value value = readAs(options.file, type, options.isForced, type.read);
     if (options.asJSON) {
         printJSON(value);
         return ExitStatus::success;
@@ -99,16 +100,15 @@ void addRead(CLI::App& application, Action& selected) {
         addCommand(application, selected,
                    {.name = "read",
                     .description = "Show a record or a list, property by property",
-                    .example = "velmo read FontTagList font-tags.json"},
+                    .example = "velmo read FontTagList font-tags.json",
+                    .statusOne = ""},
                    &read);
-    std::vector<std::string> types;
-    for (const RecordType& type : recordTypes())
-        types.push_back(type.name);
     command
         .add_option("TYPE", options.type,
                     "Type of the record or list; the beginning of its name is enough")
-        ->type_name(choiceType(types));
+        ->type_name(choiceType(namesOfTypes()));
     addFileName(command, "FILE", options.file, "Saved reply with a document of this type");
+    addForce(command, options.isForced);
     command.add_flag("--types", options.listsTypes,
                      "List the types; with --json also their properties");
 }

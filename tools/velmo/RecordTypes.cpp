@@ -26,12 +26,11 @@
 #include <VelmoCloudEntity/entity/UrlList.hpp>
 #include <VelmoCloudEntity/font/FontList.hpp>
 
-#include <PerchAppLibrary/record/RecordSchema.hpp>
+#include <PerchAppLibrary/record/explain.hpp>
 
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <cctype>
 #include <utility>
 
 namespace velmo {
@@ -67,7 +66,7 @@ template <class Record>
 RecordType record() {
     return {std::string(Record::recordName), "",
             [](const JSON& json) { return toValue(make<Record>(json)->properties()); },
-            &PerchAppLibrary::explain<Record>,
+            &PerchAppLibrary::schemaOf<Record>,
             [] {
                 const std::shared_ptr<Record> record = make<Record>(JSON::null);
                 const BaseEntity base;
@@ -99,7 +98,7 @@ RecordType list(const char* name) {
                     array.push_back(item->properties());
                 return Value(std::move(array));
             },
-            &PerchAppLibrary::explain<List>,
+            &PerchAppLibrary::schemaOf<Item>,
             [] {
                 const List empty;
                 const char* const property =
@@ -107,18 +106,6 @@ RecordType list(const char* name) {
                 return ValueArray{describeProperty(
                     property, "array of " + std::string(Item::recordName), ValueArray())};
             }};
-}
-
-std::string lowercase(std::string text) {
-    std::ranges::transform(text, text.begin(),
-                           [](unsigned char letter) { return std::tolower(letter); });
-    return text;
-}
-
-const RecordType& closestType(const std::string& text) {
-    return *std::ranges::min_element(recordTypes(), {}, [&text](const RecordType& type) {
-        return editDistance(lowercase(text), lowercase(type.name));
-    });
 }
 
 } // namespace
@@ -159,6 +146,13 @@ const std::vector<RecordType>& recordTypes() {
     return types;
 }
 
+std::vector<std::string> namesOfTypes() {
+    std::vector<std::string> names;
+    for (const RecordType& type : recordTypes())
+        names.push_back(type.name);
+    return names;
+}
+
 const RecordType& recordType(const std::string& text) {
     const std::string prefix = lowercase(text);
     std::vector<const RecordType*> matches;
@@ -172,13 +166,12 @@ const RecordType& recordType(const std::string& text) {
     if (matches.size() == 1)
         return *matches.front();
     if (matches.empty())
-        throw Failure(fmt::format(
-            "read: unknown TYPE \"{}\"; did you mean {}? (velmo read --types lists the types)",
-            text, closestType(text).name));
+        throw Failure("unknown TYPE \"" + text + "\"" + suggestion(text, namesOfTypes()) +
+                      " (velmo read --types lists the types)");
     std::string names;
     for (const RecordType* const type : matches)
         names.append(names.empty() ? "" : ", ").append(type->name);
-    throw Failure(fmt::format("read: TYPE \"{}\" is ambiguous; it may be {}", text, names));
+    throw Failure(fmt::format("TYPE \"{}\" is ambiguous; it may be {}", text, names));
 }
 
 } // namespace velmo

@@ -2,7 +2,7 @@
 
 #include <PerchAppLibrary/json/Dictionary.hpp>
 #include <PerchAppLibrary/json/JSON.hpp>
-#include <PerchAppLibrary/record/explain.hpp>
+#include <PerchAppLibrary/record/RecordSchema.hpp>
 
 #include <string>
 #include <vector>
@@ -18,8 +18,8 @@ struct RecordType {
     /// each record of the list.
     PerchAppLibrary::Value (*read)(const PerchAppLibrary::JSON&);
 
-    /// Returns what reading ignores of the first `maximum` records of a document.
-    PerchAppLibrary::Explanation (*explain)(const PerchAppLibrary::JSON&, std::size_t maximum);
+    /// Returns the schema of the record or of a list's records.
+    const PerchAppLibrary::RecordSchema& (*schema)();
 
     /// Returns the stored properties of the type without those of BaseEntity, in their order: an
     /// array of {"name", "kind", "default"}.
@@ -29,8 +29,11 @@ struct RecordType {
 /// Returns all types, sorted by name.
 const std::vector<RecordType>& recordTypes();
 
+/// Returns the names of recordTypes().
+std::vector<std::string> namesOfTypes();
+
 /// Returns the type with this name, or the only one whose name begins with the text. Ignores case.
-/// Throws Failure with a suggestion if there is none, or with the names if there are several.
+/// Throws Failure, with a suggestion, if there is none, or with the names if there are several.
 const RecordType& recordType(const std::string& text);
 
 } // namespace velmo

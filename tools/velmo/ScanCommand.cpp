@@ -8,7 +8,9 @@
 
 #include <algorithm>
 #include <cctype>
+#include <cerrno>
 #include <filesystem>
+#include <fstream>
 #include <iterator>
 #include <set>
 #include <system_error>
@@ -27,7 +29,7 @@ bool hasFontExtension(const fs::path& file) {
     std::string extension = file.extension().string();
     std::ranges::transform(extension, extension.begin(),
                            [](unsigned char letter) { return std::tolower(letter); });
-    constexpr const char* known[] = {".otc", ".otf", ".pfa",  ".pfb",
+    constexpr const char* known[] = {".otc", ".otf", ".pfa",  ".pfb",  ".t1",
                                      ".ttc", ".ttf", ".woff", ".woff2"};
     return std::ranges::find(known, extension) != std::end(known);
 }
@@ -48,8 +50,18 @@ void addFiles(std::set<std::string>& files, const fs::path& folder) {
         warn(fmt::format("warning: {}: cannot be read: {}", folder.string(), error.message()));
 }
 
+/// Returns why the file cannot be read. Empty if it can. Opens no FIFO, since that waits.
+std::string reasonNotToRead(const std::string& file) {
+    std::error_code error;
+    if (!fs::is_regular_file(file, error))
+        return "is no regular file";
+    errno = 0;
+    const std::ifstream stream(file);
+    return stream ? "" : "cannot be read: " + std::generic_category().message(errno);
+}
+
 /// Returns the fonts in the files of the folders, or in files that are given themselves. Warns of
-/// each file that is no font, and leaves it out.
+/// each file that cannot be read or is no font, and leaves it out.
 std::vector<FontFace> facesBelow(const std::vector<std::string>& folders) {
     std::set<std::string> files; // folders may overlap
     for (const std::string& folder : folders) {
@@ -64,9 +76,12 @@ std::vector<FontFace> facesBelow(const std::vector<std::string>& folders) {
     }
     std::vector<FontFace> faces;
     for (const std::string& file : files) {
-        const std::vector<FontFace> inFile = facesIn(file);
-        if (inFile.empty())
-            warn("warning: " + file + ": is damaged or no font; it is left out");
+        std::string reason = reasonNotToRead(file);
+        const auto inFile = reason.empty() ? facesIn(file) : std::vector<FontFace>();
+        if (reason.empty() && inFile.empty())
+            reason = "is damaged or no font";
+        if (!reason.empty())
+            warn("warning: " + file + ": " + reason + "; it is left out");
         faces.insert(faces.end(), inFile.begin(), inFile.end());
     }
     return faces;
@@ -120,7 +135,9 @@ void addScan(CLI::App& application, Action& selected) {
         addCommand(application, selected,
                    {.name = "scan",
                     .description = "Print the fonts of this machine or of folders as a font list",
-                    .example = "velmo scan | velmo tree -"},
+                    .example = "velmo scan | velmo tree -",
+                    .statusOne = "no font found",
+                    .statusTwo = "wrong usage, a folder or file that is not there"},
                    &scan);
     command
         .add_option("DIR", options.folders,

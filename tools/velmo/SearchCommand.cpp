@@ -39,7 +39,7 @@ std::vector<Needle> characterNeedles(std::string_view key) {
 }
 
 /// Adds a row with the first name of the font that contains the first matching needle, and
-/// highlights the match.
+/// highlights the match. TEXT is empty if that name is the one under NAME.
 void addRow(Table& table, const FontItem& font, const std::vector<Needle>& needles) {
     const std::pair<const char*, std::string> names[] = {
         {"ProductName", font.ProductName()},
@@ -49,16 +49,20 @@ void addRow(Table& table, const FontItem& font, const std::vector<Needle>& needl
     for (const Needle& needle : needles)
         for (const auto& [property, name] : names)
             if (const auto part = needle.partOf(name)) {
-                table.add({std::to_string(font.Id()),
-                           font.DisplayName(),
-                           property,
-                           {name, part->begin, part->end}});
+                const Table::Cell found(name, part->begin, part->end);
+                const std::string shown = font.DisplayName();
+                const bool isShown = name == shown;
+                table.add({std::to_string(font.Id()), isShown ? found : shown, property,
+                           isShown ? "" : found});
                 return;
             }
 }
 
 void printTable(const Fonts& fonts, const std::vector<Needle>& needles) {
-    Table table({{"ID", Table::Align::right}, {"NAME"}, {"FOUND IN"}, {"TEXT"}});
+    Table table({{"ID", Table::Align::right},
+                 {"NAME", Table::Align::left, Table::Narrow::cut},
+                 {"FOUND IN"},
+                 {"TEXT", Table::Align::left, Table::Narrow::cut}});
     for (const auto& font : fonts)
         addRow(table, *font, needles);
     table.print();

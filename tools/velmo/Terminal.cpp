@@ -11,6 +11,7 @@
 #include <cstdio>
 #include <cstdlib>
 
+#include <sys/ioctl.h>
 #include <unistd.h>
 
 namespace velmo {
@@ -61,6 +62,12 @@ void warn(const std::string& message) {
 
 bool isTerminal(std::FILE* stream) {
     return isatty(fileno(stream)) == 1 && environment("TERM") != "dumb";
+}
+
+std::size_t terminalWidth() {
+    winsize size{};
+    const bool isKnown = isatty(STDOUT_FILENO) == 1 && ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) == 0;
+    return isKnown ? size.ws_col : 0;
 }
 
 void setColours(const std::string& when) {

@@ -2,6 +2,7 @@
 
 #include <PerchAppLibrary/json/DictionaryFwd.hpp>
 
+#include <cstddef>
 #include <cstdio>
 #include <string>
 #include <string_view>
@@ -21,6 +22,9 @@ void warn(const std::string& message);
 
 /// Returns whether the stream is a terminal that understands escape sequences: TERM is not "dumb".
 bool isTerminal(std::FILE* stream);
+
+/// Returns the number of columns of the terminal that standard output is, or 0 if it is none.
+std::size_t terminalWidth();
 
 /// Sets when output is coloured: "always", "never" or, for every other text, automatically. That is
 /// the default: colours for a terminal unless NO_COLOR is set.

@@ -28,7 +28,30 @@ ValueArray describeTree(const Fonts& fonts) {
     return items;
 }
 
-void addRows(Table& table, const Fonts& fonts, std::size_t depth) {
+/// Numbers of leaf fonts.
+struct Counts {
+    std::int64_t fonts = 0;
+    std::int64_t activated = 0;
+};
+
+/// Returns the numbers in the list. Appends those in each group, in the order of the tree.
+Counts countFonts(const Fonts& fonts, std::vector<Counts>& groups) {
+    Counts sum;
+    for (const auto& font : fonts) {
+        Counts counts{1, font->IsActivated() ? 1 : 0};
+        if (font->IsGroup()) {
+            const std::size_t index = groups.size();
+            groups.emplace_back();
+            counts = groups[index] = countFonts(font->Children(), groups);
+        }
+        sum.fonts += counts.fonts;
+        sum.activated += counts.activated;
+    }
+    return sum;
+}
+
+/// Adds the rows of the list. `group` is the numbers in its first group, and moves past its groups.
+void addRows(Table& table, const Fonts& fonts, const Counts*& group, std::size_t depth) {
     for (const auto& font : fonts) {
         const std::string title = indent(depth) + font->TreeNodeTitle();
         const std::string id = std::to_string(font->Id());
@@ -36,11 +59,10 @@ void addRows(Table& table, const Fonts& fonts, std::size_t depth) {
             table.add({title, id, "", marksOf(*font)});
             continue;
         }
-        const std::int64_t activated = FontList::getActivatedFontCount(font->Children());
+        const auto [count, activated] = *group++;
         const std::string marks = activated == 0 ? "" : std::to_string(activated) + " activated";
-        table.add({title, id, std::to_string(FontList::getFontCount(font->Children())), marks},
-                  true);
-        addRows(table, font->Children(), depth + 1);
+        table.add({title, id, std::to_string(count), marks}, true);
+        addRows(table, font->Children(), group, depth + 1);
     }
 }
 
@@ -50,12 +72,16 @@ ExitStatus showTree(const TreeOptions& options) {
         printJSON(describeTree(list.List()));
         return ExitStatus::success;
     }
-    Table table(
-        {{"TITLE"}, {"ID", Table::Align::right}, {"FONTS", Table::Align::right}, {"MARKS"}});
-    addRows(table, list.List(), 0);
+    std::vector<Counts> groups;
+    const Counts all = countFonts(list.List(), groups);
+    Table table({{"TITLE", Table::Align::left, Table::Narrow::cut},
+                 {"ID", Table::Align::right},
+                 {"FONTS", Table::Align::right},
+                 {"MARKS"}});
+    const Counts* group = groups.data();
+    addRows(table, list.List(), group, 0);
     table.print();
-    print(countOfFonts(FontList::getFontCount(list.List())) + ", " +
-          std::to_string(FontList::getActivatedFontCount(list.List())) + " activated\n");
+    print(countOfFonts(all.fonts) + ", " + std::to_string(all.activated) + " activated\n");
     return ExitStatus::success;
 }
 
@@ -66,7 +92,8 @@ void addTree(CLI::App& application, Action& selected) {
         addCommand(application, selected,
                    {.name = "tree",
                     .description = "Show the font tree: titles, counts, marks",
-                    .example = "velmo tree font-list.json --activate activated-fonts.json"},
+                    .example = "velmo tree font-list.json --activate activated-fonts.json",
+                    .statusOne = ""},
                    &showTree);
     addFile(command, options.source);
     addMarks(command, options.source);

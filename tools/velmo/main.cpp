@@ -11,6 +11,7 @@
 #include <new>
 #include <sstream>
 #include <string>
+#include <string_view>
 
 namespace {
 
@@ -22,11 +23,23 @@ int fail(const std::string& message) {
     return static_cast<int>(ExitStatus::failure);
 }
 
+/// Throws Failure for an option with an empty value behind "=", such as "--name=". CLI11 takes the
+/// next argument for its value.
+void requireValues(int argc, char** argv) {
+    for (int index = 1; index < argc && std::string_view(argv[index]) != "--"; ++index) {
+        const std::string_view argument = argv[index];
+        if (argument.starts_with("--") && argument.find('=') == argument.size() - 1)
+            throw velmo::Failure(std::string(argument) + " has no value; an empty one is written " +
+                                 std::string(argument.substr(0, argument.size() - 1)) + " ''");
+    }
+}
+
 int run(int argc, char** argv) {
     velmo::Action selected;
     const auto application = velmo::makeApplication(selected);
     if (argc > 1 && argv[1][0] != '-')
         velmo::requireCommand(*application, argv[1]);
+    requireValues(argc, argv);
     try {
         application->parse(argc, argv);
     } catch (const CLI::Success& request) { // help or version

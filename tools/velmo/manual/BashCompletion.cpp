@@ -72,12 +72,11 @@ _velmo() {
     elif [ -z "$pending" ]; then
         _velmo_parameter "$command $position"
     fi
-    local IFS=$'\n'
     case $action in
-        -W) COMPREPLY=($(IFS=' '; compgen -W "$words" -- "$word")) ;;
+        -W) mapfile -t COMPREPLY < <(compgen -W "$words" -- "$word") ;;
         -f | -d)
             compopt -o filenames 2>/dev/null
-            COMPREPLY=($(compgen "$action" -- "$word"))
+            mapfile -t COMPREPLY < <(compgen "$action" -- "$word") # expands no "*" in a name
             ;;
         *) COMPREPLY=() ;;
     esac

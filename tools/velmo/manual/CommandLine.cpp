@@ -1,6 +1,7 @@
 #include "CommandLine.hpp"
 
 #include "../Commands.hpp"
+#include "../HelpFormatter.hpp"
 
 #include <CLI/App.hpp>
 #include <CLI/Config.hpp>
@@ -31,7 +32,7 @@ Parameter describe(const CLI::Option& option) {
     if (parameter.kind == Parameter::Kind::choice)
         parameter.choices = CLI::detail::split(option.get_type_name(), choiceSeparator);
     if (parameter.kind != Parameter::Kind::flag)
-        parameter.value = option.get_positional() ? option.get_name() : option.get_type_name();
+        parameter.value = valueOf(option);
     parameter.description = option.get_description();
     parameter.defaultValue = option.get_default_str();
     parameter.isRequired = option.get_required();
@@ -42,17 +43,23 @@ Parameter describe(const CLI::Option& option) {
 /// Adds the arguments and options of the application and of its groups of options, which CLI11
 /// keeps as commands without a name.
 void addParameters(Command& command, const CLI::App& application) {
-    for (const CLI::Option* const option : application.get_options())
-        (option->get_positional() ? command.arguments : command.options)
-            .push_back(describe(*option));
+    for (const CLI::Option* const option : application.get_options()) {
+        auto& parameters = option->get_positional() ? command.arguments : command.options;
+        parameters.push_back(describe(*option));
+        parameters.back().isAlternative = application.get_name().empty();
+    }
     for (const CLI::App* const group : application.get_subcommands(nullptr))
         if (group->get_name().empty())
             addParameters(command, *group);
 }
 
 Command describeCommand(const CLI::App& application) {
-    Command command{
-        application.get_name(), application.get_description(), application.get_footer(), {}, {}};
+    Command command{application.get_name(),
+                    application.get_description(),
+                    exampleOf(application),
+                    statusOf(application),
+                    {},
+                    {}};
     addParameters(command, application);
     return command;
 }

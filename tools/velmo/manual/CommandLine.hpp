@@ -21,6 +21,7 @@ struct Parameter {
     std::string description;
     std::string defaultValue;
     bool isRequired = false;
+    bool isAlternative = false; ///< exactly one of these options of the command is required
     bool isRepeated = false;
 };
 
@@ -29,6 +30,7 @@ struct Command {
     std::string name;
     std::string description;
     std::string example;
+    std::string status;               ///< what its exit status says
     std::vector<Parameter> arguments; ///< in order
     std::vector<Parameter> options;
 };

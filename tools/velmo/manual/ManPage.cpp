@@ -17,9 +17,30 @@ std::string strong(const std::string& text) { return "\\fB" + roff(text) + "\\fR
 
 std::string emphasised(const std::string& text) { return "\\fI" + roff(text) + "\\fR"; }
 
-/// Returns the command with its arguments, on one line.
+/// Returns the text with a full stop.
+std::string sentence(const std::string& text) { return text + (text.ends_with('.') ? "" : "."); }
+
+/// Returns the options that a command needs, such as "--tags FILE" or "(--name TEXT | --key TEXT)".
+std::string neededOptions(const Command& command) {
+    std::string text;
+    std::string alternatives;
+    for (const Parameter& option : command.options) {
+        if (!option.isRequired && !option.isAlternative)
+            continue;
+        const std::string shown = strong(option.names.back()) + " " + emphasised(option.value) +
+                                  (option.isRepeated ? ",..." : "");
+        if (option.isRequired)
+            text += " " + shown;
+        else
+            alternatives += (alternatives.empty() ? "" : " | ") + shown;
+    }
+    return text + (alternatives.empty() ? "" : " (" + alternatives + ")");
+}
+
+/// Returns the command with its arguments and the options that it needs, on one line.
 std::string synopsis(const Command& command) {
-    std::string text = strong("velmo " + command.name) + " [" + emphasised("OPTION") + "]...";
+    std::string text = strong("velmo " + command.name) + neededOptions(command) + " [" +
+                       emphasised("OPTION") + "]...";
     for (const Parameter& argument : command.arguments) {
         const std::string name = emphasised(argument.value) + (argument.isRepeated ? "..." : "");
         text += " " + (argument.isRequired ? name : "[" + name + "]");
@@ -35,26 +56,26 @@ std::string paragraph(const Parameter& parameter) {
     if (!parameter.value.empty())
         label += (label.empty() ? "" : " ") + emphasised(parameter.value);
     std::string details;
-    if (parameter.names.empty() && !parameter.choices.empty())
-        details = ".br\nOne of " + roff(join(parameter.choices, ", ")) + ".\n";
+    if (!parameter.choices.empty() && parameter.value.find('|') == std::string::npos)
+        details += ".br\nOne of " + roff(join(parameter.choices, ", ")) + ".\n";
     if (!parameter.defaultValue.empty())
-        details = ".br\nDefault: " + roff(parameter.defaultValue) + "\n";
-    return ".TP\n" + label + "\n" + roff(parameter.description) + "\n" + details;
+        details += ".br\nThe default is " + roff(parameter.defaultValue) + ".\n";
+    return ".TP\n" + label + "\n" + roff(sentence(parameter.description)) + "\n" + details;
 }
 
-std::string exampleOf(const std::string& example) {
+std::string displayed(const std::string& example) {
     return ".PP\n.RS\n.nf\n" + roff(example) + "\n.fi\n.RE\n";
 }
 
 std::string section(const Command& command) {
     std::string text = ".SS " + roff(command.name) + "\n" + synopsis(command) + ".PP\n" +
-                       roff(command.description) + ".\n";
+                       roff(sentence(command.description)) + "\n";
     for (const Parameter& argument : command.arguments)
         text += paragraph(argument);
     for (const Parameter& option : command.options)
         if (option.names.back() != "--help")
             text += paragraph(option);
-    return text + ".PP\nExample:\n" + exampleOf(command.example);
+    return text + ".PP\n" + roff(command.status) + "\n.PP\nExample:\n" + displayed(command.example);
 }
 
 constexpr const char* environment =
