@@ -29,8 +29,8 @@ class RecordSchema; // completed by PerchAppLibrary/record/RecordSchema.hpp
 ///
 /// Any number of threads may read a record while none changes it.
 class BaseEntity {
-    // Holds the properties of type Near<bool>, beside the virtual table pointer, which a call
-    // loads.
+    // Holds the properties of type Near<bool>. Beside the virtual table pointer, so both share a
+    // cache line.
     std::uint32_t m_flags = 0;
     SparseTexts m_sparseTexts; // holds the properties of type Rare<std::string>
 
@@ -113,7 +113,7 @@ public:
     /// Returns the schema of the most derived class that declares properties.
     virtual const RecordSchema& schema() const;
 
-    /// What create(json) calls. A class whose create(json) calls something else redeclares it.
+    /// The function that create(json) calls. A class may redeclare it.
     static constexpr JSONFilling jsonFilling = JSONFilling::setValue;
 
 protected:
@@ -152,7 +152,7 @@ protected:
         return record;
     }
 
-    /// Return the value of a property from its place: a field, the flags or the sparse texts.
+    /// Return the value of a property from the field, flag or sparse text that stores it.
     template <class T>
     static const T& stored(const T& field) noexcept {
         return field; // NOLINT(bugprone-return-const-ref-from-parameter): a field of the record
@@ -165,7 +165,7 @@ protected:
     bool stored(Slot<Place::flag, Record, Line> /*slot*/) const noexcept {
         return (m_flags & flagMask<Record, Line>) != 0;
     }
-    /// Set the value of a property in its place.
+    /// Set the value of a property in the field, flag or sparse text that stores it.
     template <class T>
     static void store(T& field, std::type_identity_t<T>&& value) {
         field = std::move(value);

@@ -50,8 +50,8 @@ Records<Item> makeRecords(const PerchAppLibrary::JSON& json, Elements which = El
 }
 
 /// How a list wrapper is made from a text: from a document, or directly. The latter may make
-/// records and destroy them before it finds a fault, so it is for classes in which nobody notices,
-/// such as those of this library.
+/// records and destroy them before it finds a fault. Use it only for classes whose constructors and
+/// destructors have no visible effect, such as those of this library.
 enum class Parsing { document, direct };
 
 /// Returns makeRecords<Item>(JSON::parse(text), which), with Parsing::direct.

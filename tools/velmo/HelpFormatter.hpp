@@ -7,8 +7,8 @@
 
 namespace velmo {
 
-/// Formats the help of the program and of its commands. The footer of a command is its example, the
-/// footer of the program stands behind the help of each command, too.
+/// Formats the help of the program and of its commands. A command's help ends with its example and
+/// the program's footer.
 class HelpFormatter : public CLI::Formatter {
 public:
     HelpFormatter() { column_width(28); }

@@ -43,7 +43,7 @@ public:
     std::uint32_t& first() noexcept { return m_first; }
 
     /// Returns the slot of the key that last followed the key in this slot, for the caller to read
-    /// and set. Depends on slots only, so a guess waits for no other load than the guess before it.
+    /// and set. Indexed by slot, so a guess depends only on the guess before it.
     std::uint32_t& after(std::uint32_t slot) noexcept { return m_after[slot % m_after.size()]; }
 
 private:
