@@ -124,6 +124,7 @@ protected:
     /// Like fill(), but runs BaseEntity's mapping even if a subclass overrides it.
     void fillByBase(const JSON& json, const Excluded& further = {});
 
+    /// @cond what the macros use
     /// Creates a record with defaults.
     template <class R>
     static std::shared_ptr<R> make() {
@@ -182,6 +183,7 @@ protected:
     /// The defaults for a class without PERCH_ON_CHANGE.
     static constexpr EffectOfChange perchEffect = nullptr;
     static void perchChanged(std::string_view /*name*/) noexcept {}
+    /// @endcond
 
     /// Returns all stored properties but the excluded ones. The `Dict` of a class starts from this.
     /// Ends the process (fatalError) if an excluded name is not the name of a stored property.
@@ -190,8 +192,10 @@ protected:
     /// Like reflect(excluded), in the storage of a larger dictionary.
     Dictionary reflect(const Excluded& excluded, const Storage& storage) const;
 
+    /// @cond what Dict() of FontItem uses
     /// Returns storage for a dictionary of the record and of this many members of its class.
     DictionaryArena arenaForDict(std::size_t members = 0) const;
+    /// @endcond
 
     /// Returns the stored and computed properties with these names, in the order of `names`, each
     /// once, for a record's `Dict` of certain keys. Throws UndefinedKeyError for an unknown name.

@@ -49,6 +49,7 @@ Records<Item> makeRecords(const PerchAppLibrary::JSON& json, Elements which = El
     return std::move(sink.records);
 }
 
+/// @cond what the records and lists of this library use
 /// How a list wrapper is made from a text: from a document, or directly. The latter may make
 /// records and destroy them before it finds a fault. Use it only for classes whose constructors and
 /// destructors have no visible effect, such as those of this library.
@@ -84,5 +85,6 @@ void releaseTree(Records<Item>& records, TakeChildren takeChildren) noexcept {
         }
     }
 }
+/// @endcond
 
 } // namespace VelmoCloudEntity
