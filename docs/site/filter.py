@@ -73,8 +73,8 @@ def header(text):
 
     text = re.sub(r"(?m)^ *friend (class|struct) \w+;", "", text)
     # Settings of a class that its base reads.
-    text = re.sub(r"(?m)(^ *///.*\n)*^ *(using Self|static constexpr .*(parsing|jsonFilling)) =.*;", "",
-                  text)
+    text = re.sub(r"(?m)(^ *///.*\n)*^ *(using Self|static constexpr .*(parsing|jsonFilling)) =.*;",
+                  "", text)
     return MACRO.sub(declaration, text)
 
 

@@ -1,5 +1,5 @@
-// What the pages of the site add to Doxygen's: a search over guides and classes, and tables that fit
-// a telephone. Everything is beside the pages, so it works from a file and without a network.
+// What the pages of the site add to Doxygen's: a search over guides and classes, and tables that
+// fit a telephone. Everything is beside the pages, so it works from a file and without a network.
 "use strict";
 
 /** Splits a text as search.py does: words, and the parts of names such as setProductName. */
@@ -48,7 +48,8 @@ function excerpt(text, terms) {
     const places = terms.map(term => lower.indexOf(term.slice(0, 6))).filter(place => place >= 0);
     const begin = Math.max(0, Math.min(...places, text.length) - 50);
     const from = begin === 0 || places.length === 0 ? 0 : text.indexOf(" ", begin) + 1;
-    return (from ? "… " : "") + text.slice(from, from + 150) + (text.length > from + 150 ? " …" : "");
+    const end = text.length > from + 150 ? " …" : "";
+    return (from ? "… " : "") + text.slice(from, from + 150) + end;
 }
 
 function showResults(list, results, terms) {
