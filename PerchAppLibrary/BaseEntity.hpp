@@ -40,8 +40,8 @@ protected:
     using ByNameOnly = PerchAppLibrary::ByNameOnly;
 
 private:
-    // Holds the properties of type Near<bool>, beside the virtual table pointer, which a call
-    // loads.
+    // Holds the properties of type Near<bool>. Beside the virtual table pointer, so both share a
+    // cache line.
     std::uint32_t m_flags = 0;
     SparseTexts m_sparseTexts; // holds the properties of type Rare<std::string>
 
@@ -126,7 +126,7 @@ public:
     /// Returns the schema of the most derived class that declares properties.
     virtual const RecordSchema& schema() const;
 
-    /// What create(json) calls. A class whose create(json) calls something else redeclares it.
+    /// The function that create(json) calls. A class may redeclare it.
     static constexpr JSONFilling jsonFilling = JSONFilling::setValue;
 
 protected:
@@ -137,6 +137,7 @@ protected:
     /// Like fill(), but runs BaseEntity's mapping even if a subclass overrides it.
     void fillByBase(const JSON& json, const Excluded& further = {});
 
+    /// @cond what the macros use
     /// Creates a record with defaults.
     template <class R>
     static std::shared_ptr<R> make() {
@@ -165,7 +166,7 @@ protected:
         return record;
     }
 
-    /// Return the value of a property from its place: a field, the flags or the sparse texts.
+    /// Return the value of a property from the field, flag or sparse text that stores it.
     template <class T>
     static const T& stored(const T& field) noexcept {
         return field; // NOLINT(bugprone-return-const-ref-from-parameter): a field of the record
@@ -178,7 +179,7 @@ protected:
     bool stored(Slot<Place::flag, Record, Line> /*slot*/) const noexcept {
         return (m_flags & flagMask<Record, Line>) != 0;
     }
-    /// Set the value of a property in its place.
+    /// Set the value of a property in the field, flag or sparse text that stores it.
     template <class T>
     static void store(T& field, std::type_identity_t<T>&& value) {
         field = std::move(value);
@@ -195,6 +196,7 @@ protected:
     /// The defaults for a class without PERCH_ON_CHANGE.
     static constexpr EffectOfChange perchEffect = nullptr;
     static void perchChanged(std::string_view /*name*/) noexcept {}
+    /// @endcond
 
     /// Returns all stored properties but the excluded ones. The `Dict` of a class starts from this.
     /// Ends the process (fatalError) if an excluded name is not the name of a stored property.
@@ -203,8 +205,10 @@ protected:
     /// Like reflect(excluded), in the storage of a larger dictionary.
     Dictionary reflect(const Excluded& excluded, const Storage& storage) const;
 
+    /// @cond what Dict() of FontItem uses
     /// Returns storage for a dictionary of the record and of this many members of its class.
     DictionaryArena arenaForDict(std::size_t members = 0) const;
+    /// @endcond
 
     /// Returns the stored and computed properties with these names, in the order of `names`, each
     /// once, for a record's `Dict` of certain keys. Throws UndefinedKeyError for an unknown name.

@@ -20,9 +20,3 @@ std::string markdownOf(const std::vector<Median>& medians);
 
 /// Returns the medians as a JSON array of objects.
 std::string jsonOf(const std::vector<Median>& medians);
-
-/// Returns an SVG chart of one kind of work: fonts per second of each side, at the median size.
-std::string throughputChartOf(const std::vector<Median>& medians, const std::string& work);
-
-/// Returns an SVG chart of one kind of work: time per font against the number of fonts.
-std::string growthChartOf(const std::vector<Median>& medians, const std::string& work);

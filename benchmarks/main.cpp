@@ -1,6 +1,7 @@
 // Runs the comparisons and prints a table: the median time of each side, from interleaved
 // repetitions, and its ratio to the time of the library. Takes the options of Google Benchmark and
-// --results=FOLDER, which writes the table to that folder as Markdown and as JSON, with charts.
+// --results=FOLDER, which writes the table to that folder as Markdown and as JSON. charts.py draws
+// the charts.
 #include "Benchmarks.hpp"
 #include "Report.hpp"
 #include "programs/Program.hpp"
@@ -75,11 +76,6 @@ void writeResults(const std::filesystem::path& folder, const std::vector<Median>
     std::filesystem::create_directories(folder);
     write(folder / "results.md", markdownOf(medians));
     write(folder / "results.json", jsonOf(medians));
-    for (const auto& [name, work] :
-         {std::pair<std::string, std::string>("load", "load, kept heap"), {"export", "export"}}) {
-        write(folder / (name + "-throughput.svg"), throughputChartOf(medians, work));
-        write(folder / (name + "-growth.svg"), growthChartOf(medians, work));
-    }
 }
 
 /// A folder for documents, which is removed at the end.

@@ -10,6 +10,6 @@
 /// at the limits of their types, texts that convert to numbers, escapes, nested values.
 std::string makeObject(Input& input, const std::vector<std::string_view>& keys);
 
-/// Returns the bytes as they are, or if they begin with none of ASCII, an array of such objects, in
+/// Returns the bytes as they are if the first byte is ASCII, otherwise an array of such objects, in
 /// which a byte may be wrong, or which may be cut off.
 std::string makeDocument(Input& input, const std::vector<std::string_view>& keys);

@@ -23,7 +23,8 @@ Bytes randomBytes(unsigned seed) {
     return bytes;
 }
 
-/// Returns whether the input is without fault. A copy of its very size shows reads behind its end.
+/// Returns whether the input is without fault. Copies the input exactly, so a sanitizer sees reads
+/// past its end.
 bool isFine(const Bytes& bytes, const std::string& name) {
     try {
         (void)LLVMFuzzerTestOneInput(bytes.data(), bytes.size());

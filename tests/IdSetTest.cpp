@@ -20,7 +20,7 @@ Ids row(std::int64_t first, std::size_t count, std::uint64_t step) {
     return ids;
 }
 
-/// Lists that are kept as bits, lists that are kept as hashes, and lists close to the limit.
+/// Lists that are kept in a bitmap, in a sorted array, and lists close to the limit.
 std::vector<Ids> lists() {
     std::vector<Ids> all{{}, {0}, {INT64_MIN, INT64_MAX}, {INT64_MAX, 0, -1, INT64_MAX}};
     for (unsigned shift = 0; shift < 64; ++shift)

@@ -54,7 +54,7 @@ struct Overriding : Record {
     std::string calls;
 };
 
-/// In what a type of record differs from most.
+/// How a type of record differs from the others.
 struct Special {
     const char* defaults = "{}";            // those that are not zero, false or empty
     const char* dictionary = "";            // the keys of Dict, "all", or empty without a Dict

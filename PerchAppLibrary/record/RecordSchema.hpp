@@ -108,8 +108,8 @@ public:
 
     std::string_view className() const noexcept { return m_className; }
 
-    /// Returns the class of records that override exactly overrides(). A subclass without a schema
-    /// of its own may override more.
+    /// Returns the exact class that overrides() describes. A subclass without a schema of its own
+    /// may override more.
     const std::type_info& type() const noexcept { return *m_type; }
 
     /// Returns the overrides of records of exactly type().

@@ -14,9 +14,9 @@ namespace PerchAppLibrary {
 void readRecords(const JSON& json, bool onlyObjects, RecordSink& sink);
 
 /// Does readRecords(JSON::parse(text, limits), onlyObjects, sink), but nearly always without a
-/// document: it fills the records while it reads the text. If it then finds a fault, it destroys
-/// them and parses a document. So it must not be used for a class with constructors or overrides of
-/// a client, who could notice. Throws JSON::ParseError if the text is malformed or exceeds the
+/// document: it fills the records while it reads the text. If the text is malformed, destroys the
+/// records and parses a document. So do not use it for classes whose constructors, destructors or
+/// overrides have a visible effect. Throws JSON::ParseError if the text is malformed or exceeds the
 /// limits.
 void parseRecords(std::string_view text, bool onlyObjects, RecordSink& sink,
                   const JSON::Limits& limits = {});

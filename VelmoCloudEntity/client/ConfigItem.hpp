@@ -42,7 +42,7 @@ class ConfigItem : public PerchAppLibrary::BaseEntity {
 
     PERCH_RECORD_END;
 
-    /// create(json) does not exist.
+    /// A ConfigItem cannot be created from JSON.
     static constexpr auto jsonFilling = PerchAppLibrary::JSONFilling::none;
 };
 

@@ -28,12 +28,14 @@ private:
     std::optional<ServiceError> m_serviceError;
 };
 
+/// @cond what parseReply() uses
 /// Throws ReplyError for a document that is a service's error, or that is not an array (`isList`)
 /// or not an object.
 void requireReply(const PerchAppLibrary::JSON& document, bool isList);
 
 /// Returns whether a JSON text begins an array. Constant time, white space aside.
 bool beginsArray(std::string_view text) noexcept;
+/// @endcond
 
 /// Returns T::parse(text, limits) for a reply of the service, where T is a list wrapper or a
 /// record. Throws JSON::ParseError if the text is malformed or exceeds the limits, and ReplyError

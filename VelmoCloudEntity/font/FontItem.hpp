@@ -184,6 +184,7 @@ class FontItem : public PerchAppLibrary::BaseEntity {
     /// group's own flag unchanged.
     virtual void setActivated(bool activated);
 
+    /// @cond what the schema uses
     /// Returns whether a class keeps the functions that walk a tree in a loop.
     template <class Record>
     static consteval bool perchKeepsFunctions() {
@@ -191,6 +192,7 @@ class FontItem : public PerchAppLibrary::BaseEntity {
             requires std::same_as<decltype(&Record::setActivated), void (FontItem::*)(bool)>;
         };
     }
+    /// @endcond
 
     /// Returns the Dicts of the fonts, in order.
     static std::vector<PerchAppLibrary::Dictionary> getFontArray(const Records<FontItem>& list);
@@ -285,10 +287,12 @@ class FontItem : public PerchAppLibrary::BaseEntity {
 private:
     friend struct FontAccess; // reads the names for searches
 
+    /// @cond what a walk over a tree uses
     /// Returns the last byte that a walk over a tree reads, for prefetching.
     friend const void* lastWalkedByte(const FontItem& font) noexcept {
         return reinterpret_cast<const char*>(&font.m_nameSignature + 1) - 1;
     }
+    /// @endcond
 
     void forgetNames() noexcept { m_nameSignature.forget(); }
 

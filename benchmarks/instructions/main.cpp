@@ -40,7 +40,7 @@ Work load() {
     return [text = sample("font-list.json")] { FontList::parse(text); };
 }
 
-/// Twice, since the first search leaves notes for the next.
+/// Twice: the first search fills caches.
 Work search() {
     return [fonts = fontList()] {
         for (int times = 0; times < 2; ++times)

@@ -1,20 +1,25 @@
 #!/usr/bin/env python3
 """Opens the documentation site in Chromium: check.py FOLDER, which holds html/.
 
-The front page, the search and a class show what they should, and no page scrolls sideways on a
-telephone or on a desktop. Screenshots are kept in FOLDER. linkchecker looks for broken links.
+The front page and a class show what they should, the search finds first the page that a person
+means, and no page scrolls sideways on a telephone or on a desktop. Screenshots are kept in FOLDER.
+linkchecker looks for broken links.
 """
 import pathlib
 import sys
 
 from selenium import webdriver
 from selenium.webdriver.common.by import By
-from selenium.webdriver.common.keys import Keys
 from selenium.webdriver.support.wait import WebDriverWait
 
 WIDTHS = {"telephone": 400, "desktop": 1400}
 SHOWN = ["index", "getting-started", "client", "records", "architecture", "performance",
          "classVelmoCloudEntity_1_1FontItem"]
+# What a person types, and the address that comes first.
+QUESTIONS = {"install": "getting-started.html", "activate": "searching.html#searching-activat",
+             "nested array": "records.html#records-nested-arrays", "search": "searching.html",
+             "setProductName": "FontItem.html", "error code": "errors.html#errors-errors-of",
+             "how do I override a setter": "records.html#records-overriding"}
 # What sticks out of the page: the page itself, or the part of it that scrolls.
 SIDEWAYS = """
 return [document.documentElement, document.body, document.getElementById('doc-content')]
@@ -39,25 +44,26 @@ def resize(width):
         "width": width, "height": 900, "deviceScaleFactor": 1, "mobile": False})
 
 
-def is_found(name):
-    """Returns whether the results of the search come to show a name. Old Doxygens have a frame."""
-    browser.find_element(By.ID, "MSearchField").send_keys(name, Keys.ENTER)
-    results = browser.find_element(By.ID, "MSearchResults")
-    if results.tag_name == "iframe":
-        browser.switch_to.frame(results)
-    return WebDriverWait(browser, 10).until(
-        lambda _: name.lower() in browser.find_element(By.TAG_NAME, "body").text.lower())
+def found(question):
+    """Returns the address of the first result of the search."""
+    browser.get((folder / "html" / "index.html").as_uri())
+    browser.find_element(By.ID, "find-field").send_keys(question)
+    first = WebDriverWait(browser, 10).until(lambda _: browser.find_elements(
+        By.CSS_SELECTOR, "#find-results a"))[0].get_attribute("href")
+    browser.save_screenshot(str(folder / f"search-{question.replace(' ', '-')}.png"))
+    return first
 
 
 with webdriver.Chrome(options=options) as browser:
     resize(WIDTHS["desktop"])
     for page, words in {"index.html": ["Getting started"], "RecordTree_8hpp.html": ["forEachLeaf"],
                         "classVelmoCloudEntity_1_1FontItem.html": [
-                            "ProductName()", "setProductName(", 'JSON key "ProductName"']}.items():
+                            "Filled from key", "ProductName", "setProductName("]}.items():
         faults += [f"{page} does not show {word}" for word in words if word not in text(page)]
-    if "Getting started" not in text("index.html") or not is_found("setProductName"):
-        faults.append("the search does not find setProductName")
-    browser.save_screenshot(str(folder / "search.png"))
+    for question, address in QUESTIONS.items():
+        first = found(question)
+        if address not in first:
+            faults.append(f'the search for "{question}" finds {first} first, not {address}')
     for page in sorted((folder / "html").glob("*.html")):
         browser.get(page.as_uri())
         for name, width in WIDTHS.items():

@@ -1,9 +1,10 @@
 #!/usr/bin/env python3
 """Prepares one file for Doxygen: filter.py FILE prints it.
 
-In a header, each macro of record/Record.hpp becomes the functions that it declares, with comments.
-In a guide, headings get identifiers, and links to them, to headers and to other files of the
-repository get the forms that the site needs. The list of examples gets their sources.
+In a header, each macro of record/Record.hpp becomes the functions that it declares, and each record
+gets a table of its properties. In a guide, headings get identifiers, and links to them, to headers
+and to other files of the repository get the forms that the site needs. The list of examples gets
+their sources.
 """
 
 import glob
@@ -11,31 +12,20 @@ import os
 import re
 import sys
 
-MACRO = re.compile(r"^ *(PERCH_[A-Z_]+)\b(\((?:[^()]|\((?:[^()]|\([^()]*\))*\))*\))?;", re.M)
+from properties import ARGUMENTS, arguments, plain, with_tables
 
-ZEROS = {"std::int64_t": "0", "float": "0", "bool": "false", "PerchAppLibrary::JSON": "null"}
-
-
-def arguments(text):
-    """Splits the arguments of a macro at the commas outside of brackets."""
-    parts, depth = [""], 0
-    for character in text[1:-1]:
-        depth += (character in "(<{") - (character in ")>}")
-        if character == "," and depth == 0:
-            parts.append("")
-        else:
-            parts[-1] += character
-    return [" ".join(part.split()) for part in parts]
+MACRO = re.compile(rf"^ *(PERCH_[A-Z_]+)\b({ARGUMENTS})?;", re.M)
 
 
-def stored(line_type, name, setter, default):
-    plain = re.sub(r"^(?:Rare|Near)<(.*)>$", r"\1", line_type)
-    if default is None:
-        default = ZEROS.get(plain, "absent" if "optional" in plain else "empty")
-    note = f'Stored property of type `{plain}`. JSON key "{name}". Default: {default}.'
-    read = plain if plain in ("std::int64_t", "float", "bool") else f"const {plain}&"
-    return (f"virtual {read} {name}() const; /**< {note} */ "
-            f"virtual void {setter}({plain} newValue); /**< Sets {name}(). */")
+def accessors(declarations):
+    """Declares functions in a group, without a comment: the table of properties has it."""
+    return f"/** @name Getters and setters *//** @{{ */ {declarations} /** @}} */"
+
+
+def stored(line_type, name, setter, *default):
+    own = plain(line_type)
+    read = own if own in ("std::int64_t", "float", "double", "bool") else f"const {own}&"
+    return accessors(f"virtual {read} {name}() const; virtual void {setter}({own} newValue);")
 
 
 def record(name, has_defaults, has_json):
@@ -70,14 +60,11 @@ def header(text):
             owner = words[0]
             result = record(owner, macro == "PERCH_RECORD", has_json)
         elif macro == "PERCH_PROPERTY":
-            result = stored(words[0], words[1], "set" + words[1], *words[2:] or [None])
+            result = stored(words[0], words[1], "set" + words[1])
         elif macro == "PERCH_PROPERTY_SET_BY":
-            result = stored(*words[:3], *words[3:] or [None])
-        elif macro == "PERCH_CONSTANT":
-            result = (f"virtual {words[0]} {words[1]}() const; /**< Constant property: `{words[2]}`"
-                      f" in all records; key \"{words[1]}\". */")
-        elif macro == "PERCH_COMPUTED":
-            result = f"virtual {words[0]} {words[1]}() const; /**< Computed property. */"
+            result = stored(*words)
+        elif macro in ("PERCH_CONSTANT", "PERCH_COMPUTED"):
+            result = accessors(f"virtual {words[0]} {words[1]}() const;")
         elif macro == "PERCH_LABELS":
             result = labels(owner, words[0], [arguments(pair) for pair in words[1:]])
         else:
@@ -85,6 +72,9 @@ def header(text):
         return result + "\n" * match.group(0).count("\n")
 
     text = re.sub(r"(?m)^ *friend (class|struct) \w+;", "", text)
+    # Settings of a class that its base reads.
+    text = re.sub(r"(?m)(^ *///.*\n)*^ *(using Self|static constexpr .*(parsing|jsonFilling)) =.*;",
+                  "", text)
     return MACRO.sub(declaration, text)
 
 
@@ -154,7 +144,8 @@ def main():
     if path.endswith(".md"):
         text = guide(path, text)
     else:
-        text = with_page(text if path.endswith("record/Record.hpp") else header(text))
+        text = with_page(text if path.endswith("record/Record.hpp") else
+                         header(with_tables(path, text)))
     sys.stdout.write(text)
 
 

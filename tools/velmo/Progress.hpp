@@ -23,7 +23,7 @@ public:
     /// Sets how many bytes were read.
     void setRead(std::uint64_t read);
 
-    /// Begins a step after reading, whose end is not foreseen, such as "parsing".
+    /// Begins a step of unknown length after reading, such as "parsing".
     void begin(const char* step);
 
     /// Removes the line until the next call of another function.

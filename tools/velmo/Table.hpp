@@ -50,7 +50,7 @@ public:
     /// rows if it is full.
     void add(std::vector<Cell> cells, bool isEmphasised = false);
 
-    /// Prints the rows that are not printed yet, one line each; with the first, the titles.
+    /// Prints the pending rows, one line each; the titles before the first row.
     void print();
 
 private:

@@ -13,8 +13,9 @@
 #include <variant>
 #include <vector>
 
-/// The conversions of JSON::as() and of filling, for elements of the parser. Each function stores
-/// its result in `value` and returns true, or leaves `value` unchanged and returns false.
+/// The conversions of JSON::as() and of filling, for elements of the parser. Each `convert`
+/// function stores its result in `value` and returns true, or leaves `value` unchanged and returns
+/// false.
 namespace PerchAppLibrary {
 
 /// Returns the shortest decimal that reads back as the number, with a point or an exponent: "22.0",

@@ -6,9 +6,8 @@
 
 namespace PerchAppLibrary {
 
-/// Throws JSON::ParseError, with the position, if the text exceeds the limits. Takes any text; what
-/// it finds in one that is no document means nothing. Linear; default limits need no look at the
-/// text.
+/// Throws JSON::ParseError, with the position, if the text exceeds the limits. Takes any text. For
+/// malformed text the result is unspecified. Linear; with default limits, the text is not read.
 void checkLimits(std::string_view text, const JSON::Limits& limits);
 
 } // namespace PerchAppLibrary

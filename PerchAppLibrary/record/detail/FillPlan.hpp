@@ -42,8 +42,8 @@ public:
     /// The index in the actions for an unknown key.
     std::uint32_t unknownKey() const noexcept { return m_names.count(); }
 
-    /// Returns the action for each property and, at unknownKey(), for an unknown key. For a record
-    /// of exactly the class, which no code but the filler reads meanwhile.
+    /// Returns one action for each property, then one for unknown keys, at unknownKey(). For a
+    /// record of exactly the class, which no code but the filler reads meanwhile.
     std::span<const FillAction> directActions() const noexcept { return m_directActions; }
 
     /// Like directActions(), but defers all values. For a record of a subclass, or with excluded

@@ -20,11 +20,11 @@ namespace PerchAppLibrary {
 /// control characters. It runs over one window of the text after the other, which stays in the
 /// cache until its tokens are read. The rest of the grammar is checked here, at each token.
 ///
-/// Values are read in their order. Who visits a value may read it or not; if not, the source skips
-/// it. Of the values before, only scalars can be read again.
+/// Values are read in document order. Values that are not read are skipped. Of the values already
+/// passed, only scalars can be read again.
 ///
-/// Throws Fault at a fault in the text, and at what is too unusual to read here. JSON::parse()
-/// decides then.
+/// Throws Fault for malformed text and for anything that is not supported here. The caller then
+/// uses JSON::parse().
 class TokenSource {
 public:
     struct Fault {};
@@ -127,7 +127,7 @@ private:
 
     [[noreturn]] static void fail() { throw Fault(); }
 
-    /// Behind the last token of the text is a blank, which begins none.
+    /// A blank follows the text, so reading one token past the last is safe.
     const char* at(Token token) const noexcept { return m_window.data() + *token; }
 
     bool isNext(Element element) const noexcept { return element == at(m_next); }
@@ -237,7 +237,7 @@ private:
     /// call.
     simdjson::dom::element parse(Element element);
 
-    /// Deep enough for usual documents, and few frames on the stack.
+    /// Enough for real replies, and bounds the stack.
     static constexpr std::size_t maximumDepth = 64;
 
     std::string_view m_text;

@@ -35,11 +35,11 @@ private:
     std::vector<const Property*> m_members; // the properties to write, in their order
 };
 
-/// Reserves memory for the text of a list of `count` records. Goes after each record that is
-/// appended, with the number of records so far. After a part of the list, reserves what the rest
-/// takes at the size of this part, since growing a text step by step copies it to new pages each
-/// time. Reserves at most nine times the size of the text. After the last record, gives memory back
-/// if over half of it is unused.
+/// Reserves memory for the text of a list of `count` records. Call after appending each record,
+/// with the number of records so far. After a part of the list, reserves what the rest takes at the
+/// size of this part, since growing a text step by step copies it to new pages each time. Reserves
+/// at most nine times the size of the text. After the last record, gives memory back if over half
+/// of it is unused.
 void reserveForList(std::string& text, std::size_t written, std::size_t count);
 
 } // namespace PerchAppLibrary
