@@ -9,24 +9,29 @@ home=/root/VelmoCloudEntity
 
 say() { printf '%s\n' "$*"; }
 
-# The address of Debian's packages on this machine.
+# Prints the address of Debian's packages: VELMO_MIRROR, or what apt uses on this machine.
 mirror() {
     local found
     # shellcheck disable=SC2016
-    found=$(apt-get indextargets --format '$(SITE)' 'Created-By: Packages' 'Origin: Debian' |
-        head -n 1)
-    printf '%s\n' "${found:-http://deb.debian.org/debian}"
+    found=${VELMO_MIRROR:-$(apt-get indextargets --format '$(SITE)' 'Created-By: Packages' \
+        'Origin: Debian' | sed -n 1p)}
+    [ -n "$found" ] || {
+        say "apt has no archive of Debian here. Run with VELMO_MIRROR=ADDRESS of one." >&2
+        return 1
+    }
+    printf '%s\n' "$found"
 }
 
 make_chroot() { # SUITE
-    local proxy log=$root.log
+    local proxy address log=$root.log
     [ ! -e "$root/etc/apt/apt.conf.d/machine" ] || return 0
+    address=$(mirror)
     say "Making a chroot of Debian $1 in $root"
     rm -rf "$root"
     mkdir -p "$root"
     proxy=$(apt-config dump --format '%v' Acquire::http::Proxy)
     unshare --mount env ${proxy:+http_proxy="$proxy"} \
-        debootstrap --variant=minbase "$1" "$root" "$(mirror)" >"$log" 2>&1 ||
+        debootstrap --variant=minbase "$1" "$root" "$address" >"$log" 2>&1 ||
         { cat "$log"; exit 1; }
     apt-config dump Acquire >"$root/etc/apt/apt.conf.d/machine"
 }
@@ -61,9 +66,12 @@ test_arm64() {
     in_project '
         dpkg --add-architecture arm64
         apt-get -qq update
-        packages=(g++-aarch64-linux-gnu qemu-user cmake ninja-build)
-        for package in $(./dev packages | grep -e "-dev$"); do
-            apt-cache show "$package:arm64" >/dev/null 2>&1 && package+=:arm64
+        packages=(g++-aarch64-linux-gnu qemu-user)
+        for package in $(./dev packages); do
+            case $package in
+            g++) continue ;;
+            *-dev) ! apt-cache show "$package:arm64" >/dev/null 2>&1 || package+=:arm64 ;;
+            esac
             packages+=("$package")
         done
         export DEBIAN_FRONTEND=noninteractive

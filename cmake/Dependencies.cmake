@@ -1,5 +1,5 @@
-# Finds the libraries that PerchAppLibrary uses. The project's build and the installed package
-# include this file.
+# Finds the libraries that PerchAppLibrary uses. The project's build includes this file, and a
+# function of the installed package.
 
 # velmo_missing(REASON): ends the configuration. In an installed package, the find_package call that
 # reads it fails instead, if the package is required.
@@ -7,8 +7,8 @@ macro(velmo_missing reason)
   if(NOT DEFINED CMAKE_FIND_PACKAGE_NAME)
     message(FATAL_ERROR "${reason}")
   endif()
-  set(${CMAKE_FIND_PACKAGE_NAME}_NOT_FOUND_MESSAGE "${reason}")
-  set(${CMAKE_FIND_PACKAGE_NAME}_FOUND FALSE)
+  set(${CMAKE_FIND_PACKAGE_NAME}_NOT_FOUND_MESSAGE "${reason}" PARENT_SCOPE)
+  set(${CMAKE_FIND_PACKAGE_NAME}_FOUND FALSE PARENT_SCOPE)
   return()
 endmacro()
 

@@ -4,9 +4,12 @@ include(CMakePackageConfigHelpers)
 
 set(CMAKE_INSTALL_DEFAULT_COMPONENT_NAME development)
 set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/VelmoCloudEntity)
+# Headers compile parts of a record's layout into a program, so each minor version is a library of
+# its own for the loader.
+set(abi_version ${PROJECT_VERSION_MAJOR}.${PROJECT_VERSION_MINOR})
 foreach(library PerchAppLibrary VelmoCloudEntity)
   set_target_properties(${library} PROPERTIES VERSION ${PROJECT_VERSION}
-                                              SOVERSION ${PROJECT_VERSION_MAJOR})
+                                              SOVERSION ${abi_version})
   install(DIRECTORY ${PROJECT_SOURCE_DIR}/${library} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}
           FILES_MATCHING PATTERN *.hpp PATTERN detail EXCLUDE
           PATTERN internal EXCLUDE)
@@ -15,6 +18,19 @@ install(FILES ${version_header} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/VelmoClo
 
 install(TARGETS PerchAppLibrary VelmoCloudEntity EXPORT VelmoCloudEntityTargets
         LIBRARY COMPONENT runtime NAMELINK_COMPONENT development)
+# run_path(TARGET FOLDER): a target that is installed into FOLDER finds the shared libraries from
+# there, so an installed tree can be moved. CMAKE_SKIP_INSTALL_RPATH leaves the run path out.
+function(run_path target folder)
+  file(RELATIVE_PATH path /prefix/${folder} /prefix/${CMAKE_INSTALL_LIBDIR})
+  set_property(TARGET ${target} APPEND PROPERTY
+               INSTALL_RPATH "$<IF:$<PLATFORM_ID:Darwin>,@loader_path,$ORIGIN>/${path}")
+endfunction()
+if(BUILD_SHARED_LIBS)
+  run_path(VelmoCloudEntity ${CMAKE_INSTALL_LIBDIR})
+  if(VELMO_TOOL)
+    run_path(velmo ${CMAKE_INSTALL_BINDIR})
+  endif()
+endif()
 install(EXPORT VelmoCloudEntityTargets NAMESPACE VelmoCloudEntity::
         FILE VelmoCloudEntityTargets.cmake DESTINATION ${package_dir})
 configure_package_config_file(${CMAKE_CURRENT_LIST_DIR}/VelmoCloudEntityConfig.cmake.in

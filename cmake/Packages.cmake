@@ -35,7 +35,7 @@ endfunction()
 if(NOT CMAKE_SYSTEM_NAME STREQUAL "Linux" OR NOT BUILD_SHARED_LIBS)
   return()
 endif()
-set(runtime_name libvelmocloudentity${PROJECT_VERSION_MAJOR})
+set(runtime_name libvelmocloudentity${abi_version})
 package(runtime ${runtime_name} libs
 "Shared libraries that read the replies of a font-cloud service into a tree of
 fonts, search and filter it, compute titles and locations, and export JSON.")

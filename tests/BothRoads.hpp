@@ -4,8 +4,10 @@
 
 #include <PerchAppLibrary/json/Dictionary.hpp>
 #include <PerchAppLibrary/json/JSON.hpp>
+#ifdef PERCH_DIRECT_READING
 #include <PerchAppLibrary/record/detail/RecordFiller.hpp>
 #include <PerchAppLibrary/record/detail/TokenSource.hpp>
+#endif
 
 #include <optional>
 #include <string>
@@ -20,12 +22,14 @@ struct BothRoads {
     }
     /// Like directly(), but in windows of few bytes, and without a document: returns nullopt
     /// instead.
-    static std::optional<std::string> inWindows(const std::string& text) {
+    static std::optional<std::string> inWindows([[maybe_unused]] const std::string& text) {
+#ifdef PERCH_DIRECT_READING
         try {
             return outcome([&text] { return recordsInWindows(text, List()); });
         } catch (const PerchAppLibrary::TokenSource::Fault&) {
-            return std::nullopt;
         }
+#endif
+        return std::nullopt;
     }
     static std::string byDocument(const std::string& text) {
         return outcome([&text] { return List(PerchAppLibrary::JSON::parse(text)); });
@@ -45,6 +49,7 @@ private:
         return VelmoCloudEntity::makeRecords<Overriding>(PerchAppLibrary::JSON::parse(text), which);
     }
 
+#ifdef PERCH_DIRECT_READING
     template <class Item, VelmoCloudEntity::Elements which>
     static VelmoCloudEntity::Records<Item>
     recordsInWindows(std::string text, const VelmoCloudEntity::RecordRange<List, Item, which>&) {
@@ -58,6 +63,7 @@ private:
         source.finish(root);
         return std::move(sink.records);
     }
+#endif
 
     template <class Read>
     static std::string outcome(Read read) {

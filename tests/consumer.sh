@@ -17,6 +17,7 @@ if find "$prefix/include/PerchAppLibrary" "$prefix/include/VelmoCloudEntity" -na
     echo "Private headers are installed"
     exit 1
 fi
+"$prefix/bin/velmo" --version
 
 by_cmake() { # WAY [OPTIONS]
     local way=$1
@@ -27,13 +28,14 @@ by_cmake() { # WAY [OPTIONS]
         cmake --build "$work/$way" --target consumer
 }
 
-by_pkg_config() {
-    local found
-    found=$(dirname "$(find "$prefix/lib" -name VelmoCloudEntity.pc)")
+by_pkg_config() { # as docs/getting-started.md says; pkg-config finds a package without help
+    local flags
+    [ "$prefix" = /usr ] || export PKG_CONFIG_PATH=$prefix/lib/pkgconfig
+    flags=$(pkg-config --cflags --libs VelmoCloudEntity)
+    [ "$prefix" = /usr ] || flags+=" -Wl,-rpath,$prefix/lib"
     mkdir "$work/pkg-config"
-    # shellcheck disable=SC2046
-    "$compiler" -std=c++20 "$example" -o "$work/pkg-config/consumer" \
-        $(PKG_CONFIG_PATH=$found pkg-config --cflags --libs VelmoCloudEntity)
+    # shellcheck disable=SC2086
+    "$compiler" -std=c++20 "$example" $flags -o "$work/pkg-config/consumer"
 }
 
 build() { # WAY
@@ -48,8 +50,6 @@ build() { # WAY
     esac
 }
 
-export LD_LIBRARY_PATH
-LD_LIBRARY_PATH=$(find "$prefix/lib" -name 'libVelmoCloudEntity.so' -printf '%h\n')
 for way; do
     build "$way" >"$work/log" 2>&1 || { cat "$work/log"; echo "Failed: $way"; exit 1; }
     "$work/$way/consumer" | grep -q '^1 favourite$'

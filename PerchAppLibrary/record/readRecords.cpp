@@ -1,14 +1,16 @@
 #include <PerchAppLibrary/record/readRecords.hpp>
 
-#include <PerchAppLibrary/json/detail/Stages.hpp>
 #include <PerchAppLibrary/record/detail/DocumentSource.hpp>
 #include <PerchAppLibrary/record/detail/RecordFiller.hpp>
-#include <PerchAppLibrary/record/detail/TokenSource.hpp>
 #include <PerchAppLibrary/record/detail/fillRecord.hpp>
+#ifdef PERCH_DIRECT_READING // by cmake/DirectReading.cmake
+#include <PerchAppLibrary/record/detail/TokenSource.hpp>
+#endif
 
 namespace PerchAppLibrary {
 namespace {
 
+#ifdef PERCH_DIRECT_READING
 /// Puts the parser's padding behind a text, for as long as it lives.
 class Padding {
 public:
@@ -42,12 +44,17 @@ bool readDirectly(std::string& text, bool onlyObjects, RecordSink& sink,
     }
     return true;
 }
+#else
+bool readDirectly(const std::string& /*text*/, bool /*onlyObjects*/, RecordSink& /*sink*/) {
+    return false;
+}
+#endif
 
 } // namespace
 
 void parseRecords(std::string&& text, bool onlyObjects, RecordSink& sink,
                   const JSON::Limits& limits) {
-    if (areStagesTested && readDirectly(text, onlyObjects, sink, limits))
+    if (readDirectly(text, onlyObjects, sink, limits))
         return;
     sink.clear();
     readRecords(JSON::parse(std::move(text), limits), onlyObjects, sink);

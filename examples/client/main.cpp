@@ -11,7 +11,7 @@ namespace {
 int run(client::MainWindow& window, const QCommandLineParser& options) {
     window.resize(1000, 700);
     window.findChild<QLineEdit*>("search")->setText(options.value("search"));
-    window.open(options.positionalArguments().value(0, "samples"));
+    window.open(options.positionalArguments().value(0, VELMO_SAMPLES));
     if (!options.isSet("screenshot")) {
         window.show();
         return QApplication::exec();
