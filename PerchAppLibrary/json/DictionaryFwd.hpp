@@ -41,8 +41,7 @@ class PlatformFont; // completed by PerchAppLibrary/platform/PlatformFont.hpp
 ///
 /// - An integer or a Boolean becomes an equal value.
 /// - A float becomes its shortest decimal, so 0.1F becomes 0.1. A double becomes an equal value.
-/// NaN
-///   and the infinities become null.
+///   NaN and the infinities become null.
 /// - In a text, each ill-formed sequence of bytes becomes U+FFFD.
 /// - An empty optional becomes null.
 /// - A URL becomes its text, a font {"name", "size"}, and a JSON an equal value.
