@@ -271,7 +271,7 @@ TEST(OwnRecords, WorkInDeepTreesInLinearTime) {
                              nested<Shy, Star>(10'000, leaf)}) {
         tree->setActivated(true);
         EXPECT_TRUE(leaf->IsActivated());
-        EXPECT_GT(FontItem::getFontArrayText({tree}).size(), 10'000'000U);
+        EXPECT_GT(FontItem::getFontArrayText({tree}).size(), 5'000'000U);
     }
 }
 

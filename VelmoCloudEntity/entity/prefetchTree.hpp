@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cassert>
 #include <cstddef>
 #include <memory>
 #include <span>
@@ -54,8 +55,10 @@ void prefetchTree(std::span<const std::shared_ptr<Item>> items) {
     std::size_t itemCount = 0;
     const auto add = [&](std::span<const std::shared_ptr<Item>> added) {
         const std::size_t room = capacity - itemCount;
-        for (const std::shared_ptr<Item>& item : added.first(std::min(added.size(), room)))
+        for (const std::shared_ptr<Item>& item : added.first(std::min(added.size(), room))) {
+            assert(item != nullptr && "no member of a group is null");
             level[itemCount++] = item.get();
+        }
     };
     add(items);
     while (itemCount > 0) {

@@ -20,8 +20,7 @@ class FontTagItem; // completed by VelmoCloudEntity/catalogue/FontTagItem.hpp
 /// it says otherwise, it walks the tree once, depth first, and returns or marks leaf fonts only.
 /// Results share the fonts of the tree, in its order; a font that occurs twice in the tree occurs
 /// twice in the result. Fonts are read and written through their virtual accessors. Requires that
-/// no font is null; a debug build asserts it. To visit the leaves yourself, see
-/// entity/RecordTree.hpp.
+/// no font is null; a debug build asserts it. entity/RecordTree.hpp lets you visit the leaves.
 ///
 /// Texts may hold any bytes; ill-formed ones count as U+FFFD. Texts are equal if canonically
 /// equivalent (UAX #15). text::Needle defines when a name contains a key: case is ignored by the

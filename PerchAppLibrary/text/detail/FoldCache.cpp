@@ -11,6 +11,8 @@
 namespace PerchAppLibrary::text {
 
 std::optional<std::string_view> FoldCache::formOf(std::string_view text) {
+    if (m_misses > missesOf(maximumSize))
+        return std::nullopt;
     m_form.clear();
     std::uint8_t lastClass = 0;
     for (std::size_t offset = 0; offset < text.size();) {
@@ -48,13 +50,17 @@ bool FoldCache::appendHangul(std::int32_t codePoint) {
 }
 
 const FoldCache::Entry& FoldCache::entryOf(std::int32_t codePoint) {
-    const auto index = static_cast<std::uint32_t>(codePoint);
-    std::unique_ptr<Page>& page = m_pages[index / pageSize];
-    if (!page)
-        page = std::make_unique<Page>();
-    Entry& entry = (*page)[index % pageSize];
-    if (entry.length == unknown)
-        fill(entry, codePoint);
+    const auto slot =
+        static_cast<std::uint32_t>(codePoint ^ (codePoint >> 8)) & (m_entries.size() - 1);
+    Entry& entry = m_entries[slot];
+    if (entry.codePoint == codePoint)
+        return entry;
+    if (++m_misses > missesOf(m_entries.size()) && m_entries.size() < maximumSize) {
+        m_entries.assign(m_entries.size() * growth, Entry());
+        m_misses = 0;
+        return entryOf(codePoint);
+    }
+    fill(entry, codePoint);
     return entry;
 }
 
@@ -64,6 +70,7 @@ void FoldCache::fill(Entry& entry, std::int32_t codePoint) const {
     const std::string parts = decomposed(character);
     const std::string form = m_case == Case::insensitive ? folded(character) : parts;
     std::size_t begin = 0;
+    entry.codePoint = codePoint;
     entry.firstClass = u_getCombiningClass(nextCodePoint(parts, begin));
     std::size_t last = previousOffset(parts, parts.size());
     entry.lastClass = u_getCombiningClass(nextCodePoint(parts, last));
