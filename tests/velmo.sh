@@ -290,7 +290,7 @@ while read -r type text warning; do
     got=$("$velmo" read "$type" "$directory/other.json" --force 2>&1 >/dev/null; echo $?)
     [ "$got" = "${warning:+velmo: warning: $message$'\n'}0" ] || fail "read $type of $text: $got"
     [ -z "$warning" ] || got=$("$velmo" read "$type" "$directory/other.json" 2>&1; echo $?)
-    [ "$got" = "${warning:+velmo: $message (--force reads it all the same)$'\n2'}" ] ||
+    [ "$got" = "${warning:+velmo: $message (use --force to read it)$'\n2'}" ] ||
         [ "$got" = 0 ] || fail "read $type of $text: $got"
 done <<END
 FontList {$error} is an error reply: 005001, The user login has expired.

@@ -95,7 +95,7 @@ ExitStatus check(const CheckOptions& options) {
             status = std::max(status, isClean ? ExitStatus::success : ExitStatus::nothingFound);
             if (!options.asJSON)
                 print(textOf(file, finding));
-        } catch (const Failure& failure) { // the other files are checked all the same
+        } catch (const Failure& failure) { // the other files are still checked
             warn(failure.what());
             finding.problem = failure.what();
             status = ExitStatus::failure;
