@@ -11,8 +11,7 @@ namespace velmo {
 
 std::unique_ptr<CLI::App> makeApplication(Action& selected) {
     auto application = std::make_unique<CLI::App>(
-        "Reads saved replies of the service with the font-cloud entity library and shows the "
-        "result.\n"
+        "Runs the font-cloud entity library on saved replies, and shows the result.\n"
         "FILE is a saved reply; \"-\" is standard input.",
         "velmo");
     application->formatter(std::make_shared<HelpFormatter>());

@@ -72,14 +72,13 @@ Value describe(const std::string& file, const Finding& finding) {
 
 std::string textOf(const std::string& file, const Finding& finding) {
     const Explanation& explanation = finding.explanation;
-    std::string text = nameOf(file) + ": ";
-    if (finding.type.empty())
-        text += finding.problem.empty() ? "empty" : finding.problem;
-    else
-        text += fmt::format("{}; {} values used, {} ignored",
-                            finding.problem.empty() ? finding.type : finding.problem,
+    const std::string empty = finding.type.empty() ? "empty" : "";
+    std::string text = printable(nameOf(file)) + ": " +
+                       printable(finding.problem.empty() ? finding.type + empty : finding.problem);
+    if (!finding.type.empty())
+        text += fmt::format("{}{} values used, {} ignored", finding.problem.empty() ? "; " : "\n  ",
                             explanation.used, explanation.ignored);
-    text = printable(text) + "\n";
+    text += '\n';
     for (const Mismatch& each : explanation.mismatches)
         text += "  " + printable(each.text()) + "\n";
     return text;
@@ -96,7 +95,7 @@ ExitStatus check(const CheckOptions& options) {
             status = std::max(status, isClean ? ExitStatus::success : ExitStatus::nothingFound);
             if (!options.asJSON)
                 print(textOf(file, finding));
-        } catch (const Failure& failure) { // the other files are checked all the same
+        } catch (const Failure& failure) { // the other files are still checked
             warn(failure.what());
             finding.problem = failure.what();
             status = ExitStatus::failure;

@@ -38,10 +38,10 @@ std::uint64_t sizeOf(std::FILE* stream) {
 std::size_t endOfParsable(std::string_view content, std::size_t parsed) {
     constexpr std::string_view firsts = "[{\"-0123456789tfn";
     const std::size_t first = content.find_first_not_of(" \t\r\n");
-    if (first != content.npos && firsts.find(content[first]) == firsts.npos)
+    if (first != std::string::npos && firsts.find(content[first]) == std::string::npos)
         return first + PerchAppLibrary::text::firstCodePoint(content.substr(first)).size();
     const std::size_t zero = content.find('\0', parsed);
-    return zero == content.npos ? zero : zero + 1;
+    return zero == std::string::npos ? zero : zero + 1;
 }
 
 /// Returns the content of the stream, or its begin through the first byte that cannot be in a
@@ -56,7 +56,7 @@ std::string readAll(const std::string& file, std::FILE* stream, Progress& progre
     while (std::feof(stream) == 0 && std::ferror(stream) == 0) {
         const std::size_t before = content.size();
         content.append(block.data(), std::fread(block.data(), 1, block.size(), stream));
-        if (const std::size_t end = endOfParsable(content, before); end != content.npos) {
+        if (const std::size_t end = endOfParsable(content, before); end != std::string::npos) {
             content.resize(end);
             return content;
         }

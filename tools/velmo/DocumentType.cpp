@@ -154,7 +154,7 @@ void requireType(const std::string& file, const JSON& document, const RecordType
         return;
     const std::string message = nameOf(file) + ": " + difference;
     if (!isForced)
-        throw Failure(message + " (--force reads it all the same)");
+        throw Failure(message + " (use --force to read it)");
     warn("warning: " + message);
 }
 
