@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # refused.sh COMPILER [--lines]: compiles each case of refused/cases.cpp. The compiler must refuse it
-# with a message that matches. --lines prints the number of lines of each message.
+# with a message that matches, in the first error. --lines prints the number of lines of each
+# message, and the first error.
 set -u
 compiler=$1 lines=${2:-}
 cd "$(dirname "$0")/.." || exit 2
@@ -16,10 +17,11 @@ cases=$(sed -nE 's;^// ([A-Z]+=.*) // (.*)$;\1\t\2;p' tests/refused/cases.cpp)
 [ -n "$cases" ] || { echo "refused/cases.cpp has no cases"; exit 1; }
 while IFS=$'\t' read -r case message; do
     said=$(compile "-D$case") && { echo "$case is not refused"; status=1; }
-    if ! grep -qE -- "$message" <<<"$said"; then
-        printf '%s is refused, but not with "%s":\n%s\n' "$case" "$message" "$said"
+    first=$(grep -m 1 -E 'error:' <<<"$said")
+    if ! grep -qE -- "$message" <<<"$first"; then
+        printf '%s is refused, but not first with "%s":\n%s\n' "$case" "$message" "$said"
         status=1
     fi
-    [ -z "$lines" ] || printf '%-60s %3d lines\n' "$case" "$(wc -l <<<"$said")"
+    [ -z "$lines" ] || printf '%-60s %3d lines: %s\n' "$case" "$(wc -l <<<"$said")" "$first"
 done <<<"$cases"
 exit $status

@@ -1,24 +1,26 @@
 // What must not compile, and what the compiler then says. refused.sh compiles this file without a
 // case, and once for each of these lines, with the macro defined so: MACRO=code // message.
 //
+// clang-format off
 // PROPERTY=PERCH_PROPERTY(int, Count) // Count has the type int, which no property can have
-// PROPERTY=PERCH_PROPERTY(std::optional<float>, Weight) // Weight has the type
-// std::optional<float>, which PROPERTY=PERCH_PROPERTY(std::vector<std::shared_ptr<int>>, Items) //
-// objects that are no records PROPERTY=PERCH_PROPERTY(Rare<std::int64_t>, Seldom) // Seldom has the
-// type Rare<std::int64_t> PROPERTY=PERCH_PROPERTY(bool, First); PERCH_PROPERTY(bool, Second) //
-// onePropertyPerLine PROPERTY=PERCH_PROPERTY(bool, small) // PERCH_PROPERTY_SET_BY names the setter
-// of small PROPERTY=PERCH_PROPERTY(std::map<int, int>, Sizes) // A type with a comma needs an alias
+// PROPERTY=PERCH_PROPERTY(std::optional<float>, Weight) // Weight has the type std::optional<float>, which
+// PROPERTY=PERCH_PROPERTY(std::vector<std::shared_ptr<int>>, Items) // objects that are no records
+// PROPERTY=PERCH_PROPERTY(Rare<std::int64_t>, Seldom) // Seldom has the type Rare<std::int64_t>
+// PROPERTY=PERCH_PROPERTY(bool, First); PERCH_PROPERTY(bool, Second) // onePropertyPerLine|cannot be redeclared
+// PROPERTY=PERCH_PROPERTY(bool, small) // PERCH_PROPERTY_SET_BY names the setter of small
+// PROPERTY=PERCH_PROPERTY(std::map<int, int>, Sizes) // A type with a comma needs an alias
 // PROPERTY=PERCH_COMPUTED(std::map<int, int>, Sizes) // A type with a comma needs an alias
-// PROPERTY=PERCH_PROPERTY(Rare<std::string>, Seldom, "x") // Rare<std::string>, which takes no
-// default PROPERTY=PERCH_PROPERTY(std::int64_t, Count, 3.5) // narrowing
-// PROPERTY=PERCH_PROPERTY(std::vector<std::string>, Words, "a", "b") // many initializers|no viable
-// conversion PROPERTY=enum class Kind {}; PERCH_COMPUTED(Kind, Sort) // Sort has the type Kind,
-// which no comp BASE=BaseEntity // does not name the direct base END= // Own needs PERCH_RECORD_END
-// after its properties EFFECT=PERCH_PROPERTY(bool, Late) // Late does not stand between
-// PERCH_RECORD and PERCH_RECORD EFFECT=PERCH_ON_CHANGE(forget, Format) // names a property of
-// another class: Format EFFECT=PERCH_ON_CHANGE(remember, Stars) // remember of PERCH_ON_CHANGE must
-// be noexcept CALL=FontSearchItem::create({"k", "u"}) // no matching
-// CALL=FontSearchItem::create({.searchKey = "k", .userGuid = "u"}) // declaration order|no matching
+// PROPERTY=PERCH_PROPERTY(Rare<std::string>, Seldom, "x") // Rare<std::string>, which takes no default
+// PROPERTY=PERCH_PROPERTY(std::int64_t, Count, 3.5) // narrowing
+// PROPERTY=PERCH_PROPERTY(std::vector<std::string>, Words, "a", "b") // many initializers|no viable conversion
+// PROPERTY=enum class Kind {}; PERCH_COMPUTED(Kind, Sort) // Sort has the type Kind, which no comp
+// BASE=BaseEntity // does not name the direct base
+// END= // Own needs PERCH_RECORD_END after its properties
+// EFFECT=PERCH_PROPERTY(bool, Late) // Late does not stand between PERCH_RECORD and PERCH_RECORD
+// EFFECT=PERCH_ON_CHANGE(forget, Format) // names a property of another class: Format
+// EFFECT=PERCH_ON_CHANGE(remember, Stars) // remember of PERCH_ON_CHANGE must be noexcept
+// CALL=FontSearchItem::create({"k", "u"}) // no matching
+// CALL=FontSearchItem::create({.searchKey = "k", .userGuid = "u"}) // declaration order|no matching|could not convert
 // CALL=FontItem::create({.id = 7, .productName = "A"}) // no matching
 // CALL=FontItem::create({.id = 7, .productName = "A", .isPrivat = true}) // no matching
 // CALL=FontItem::create({.id = 7, .productName = "A", .isPrivate = "no"}) // no matching
@@ -32,13 +34,14 @@
 // CALL=FontItem::create({.productName = nullptr}) // no matching
 // CALL=FontItem::create({.productName = 65}) // no matching
 // CALL=font.getLocalPreviewFile({true, "S", "B", 32}) // no matching
-// CALL=EnterpriseUser user // isMadeByCreateFromJSON
+// CALL=EnterpriseUser user // abstract
 // CALL=ConfigItem::create(json) // no matching
 // CALL=FontItem::create("{}") // no matching
 // CALL=FontList list("[]") // deleted
 // CALL=font.setValue("{}") // deleted
 // CALL=ClientOperaItem::create()->setPlatformId(2) // has no member|no member named
 // CALL=(void)json.as<unsigned>() // JSON::as<T>..: T is
+// clang-format on
 #include <VelmoCloudEntity/account/EsUserItem.hpp>
 #include <VelmoCloudEntity/account/UserFontGroupMapItem.hpp>
 #include <VelmoCloudEntity/catalogue/FontSearchItem.hpp>
