@@ -24,4 +24,9 @@ while IFS=$'\t' read -r case message; do
     fi
     [ -z "$lines" ] || printf '%-60s %3d lines: %s\n' "$case" "$(wc -l <<<"$said")" "$first"
 done <<<"$cases"
+
+# The guide's tables, up to the last one, have messages of cases.
+while read -r row; do
+    grep -qE -f <(cut -f 2 <<<"$cases") <<<"$row" || { echo "No case has the message $row"; status=1; }
+done < <(sed -nE '/^## Others/q; s/^\| (`[^|]*) \|.*/\1/p' docs/compiler-messages.md | tr -d '`')
 exit $status
