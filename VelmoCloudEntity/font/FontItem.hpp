@@ -31,7 +31,7 @@ using PerchAppLibrary::Required;
 /// several groups and lists, and each of them shows a change of it.
 ///
 /// Requires that no group contains itself, at any depth, and that no member is null. A document
-/// nests groups at most 511 deep. A tree that is built by hand may be deeper. Queries, destruction,
+/// nests fonts at most 512 deep. A tree that is built by hand may be deeper. Queries, destruction,
 /// setActivated() and getFontArrayText() work at any depth. Dict() and properties() recurse once
 /// for each level, and so does copying, writing or destroying a Dictionary. 10,000 levels are
 /// tested.
@@ -128,8 +128,8 @@ class FontItem : public PerchAppLibrary::BaseEntity {
     /// displayName, previewText and isActivated; "Children" comes last, as the members' Dicts.
     PERCH_COMPUTED(PerchAppLibrary::Dictionary, Dict);
 
-    /// Whether a file exists at LocalFile(). If LocalFile() is empty, false without reading the
-    /// file system.
+    /// Whether a file exists at LocalFile(), a folder not counted. If LocalFile() is empty, false
+    /// without reading the file system.
     PERCH_COMPUTED(bool, IsLocaled);
 
     /// Path of the font file: ProductFileName() in the client's cache directory if the font is on
@@ -203,7 +203,7 @@ class FontItem : public PerchAppLibrary::BaseEntity {
     static std::vector<PerchAppLibrary::Dictionary> getFontArray(const Records<FontItem>& list);
 
     /// Returns toText(getFontArray(list)): the text of a JSON array of the Dicts (RFC 8259, without
-    /// white space). Makes no dictionaries, so it is about seven times as fast.
+    /// white space). Faster, since it makes no dictionaries.
     static std::string getFontArrayText(const Records<FontItem>& list);
 
     /// Returns ProductFileName() without its last four characters: a dot and an extension of three
