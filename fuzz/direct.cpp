@@ -3,7 +3,7 @@
 // error.
 #include "Document.hpp"
 
-#include <tests/BothRoads.hpp>
+#include <tests/BothPaths.hpp>
 #include <tests/Sample.hpp>
 
 #include <VelmoCloudEntity/account/PhoneNumberPrefixList.hpp>
@@ -27,10 +27,10 @@ void check(Input& input) {
     for (const auto& property : Item().schema().properties())
         keys.push_back(property.name);
     const std::string text = makeDocument(input, keys);
-    const std::string expected = BothRoads<List>::byDocument(text);
-    requireEqual(BothRoads<List>::directly(text), expected, text);
-    requireEqual(BothRoads<List>::bySetters(text), expected, text);
-    requireEqual(BothRoads<List>::inWindows(text).value_or(expected), expected, text);
+    const std::string expected = BothPaths<List>::byDocument(text);
+    requireEqual(BothPaths<List>::directly(text), expected, text);
+    requireEqual(BothPaths<List>::bySetters(text), expected, text);
+    requireEqual(BothPaths<List>::inWindows(text).value_or(expected), expected, text);
 }
 
 } // namespace

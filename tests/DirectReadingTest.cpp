@@ -1,5 +1,5 @@
 // Reading a list wrapper straight from a text gives what the document gives.
-#include "BothRoads.hpp"
+#include "BothPaths.hpp"
 #include "Sample.hpp"
 
 #include <VelmoCloudEntity/account/UserFontMap.hpp>
@@ -20,9 +20,9 @@ namespace {
 
 template <class List = FontList>
 void expectEqual(const std::string& text) {
-    const std::string expected = BothRoads<List>::byDocument(text);
-    EXPECT_EQ(BothRoads<List>::directly(text), expected) << text;
-    EXPECT_EQ(BothRoads<List>::inWindows(text).value_or(expected), expected) << text;
+    const std::string expected = BothPaths<List>::byDocument(text);
+    EXPECT_EQ(BothPaths<List>::directly(text), expected) << text;
+    EXPECT_EQ(BothPaths<List>::inWindows(text).value_or(expected), expected) << text;
 }
 
 // Everything that a reply may have, in few bytes: spaces, escapes, a repeated key, an unknown
@@ -39,9 +39,9 @@ TEST(DirectReading, NeedsNoDocumentForASoundText) {
     std::string text = "[";
     for (int count = 0; count < 100; ++count) // more windows and arrays than are nested at most
         text += reply.substr(2, reply.size() - 4) + ",";
-    EXPECT_EQ(BothRoads<FontList>::inWindows(text + "{}]"),
-              BothRoads<FontList>::byDocument(text + "{}]"));
-    EXPECT_TRUE(BothRoads<SampleList>::inWindows(R"([{"Int":1,"String":"\n"},{"Int":2}])"));
+    EXPECT_EQ(BothPaths<FontList>::inWindows(text + "{}]"),
+              BothPaths<FontList>::byDocument(text + "{}]"));
+    EXPECT_TRUE(BothPaths<SampleList>::inWindows(R"([{"Int":1,"String":"\n"},{"Int":2}])"));
 }
 #endif
 

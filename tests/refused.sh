@@ -31,4 +31,9 @@ if ! grep -m 1 'error:' <<<"$said" | grep -q 'need C++20' || [ "$(wc -l <<<"$sai
     printf 'C++17 is not refused with few lines:\n%s\n' "$said"
     status=1
 fi
+
+# The guide's tables, up to the last one, have messages of cases.
+while read -r row; do
+    grep -qE -f <(cut -f 2 <<<"$cases") <<<"$row" || { echo "No case has the message $row"; status=1; }
+done < <(sed -nE '/^## Others/q; s/^\| (`[^|]*) \|.*/\1/p' docs/compiler-messages.md | tr -d '`')
 exit $status

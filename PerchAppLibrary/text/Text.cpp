@@ -200,15 +200,12 @@ std::size_t columnCount(std::string_view text) noexcept {
 
 namespace {
 
-/// Uses ICU and simdjson once, when the program is loaded. If an allocation fails in its first use,
-/// ICU crashes or refuses for the rest of the process; later it reports each failure. simdjson has
-/// static objects, made on first use: made now, they are destroyed after those of the client.
+/// Uses simdjson once, when the program is loaded. Its static objects are made on first use: made
+/// now, they are destroyed after those of the client.
 struct Startup {
     Startup() noexcept {
         try {
             (void)isWellFormed(std::string(100, 'a')); // too long for the test for ASCII alone
-            (void)composed("\u00C9");
-            (void)graphemeCount("a");
         } catch (const std::bad_alloc&) { // NOLINT(bugprone-empty-catch): the next use reports it
         }
     }

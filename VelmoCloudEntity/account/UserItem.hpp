@@ -16,7 +16,8 @@ namespace VelmoCloudEntity {
 class UserItem : public PerchAppLibrary::BaseEntity {
     PERCH_RECORD(UserItem, PerchAppLibrary::BaseEntity);
 
-    /// Token of the SMS verification: any JSON value. `setSms_token("abc")` stores a text, which
+    /// Token of the SMS verification: any JSON value; a number beyond 64 bits or 17 digits becomes
+    /// the nearest double. `setSms_token("abc")` stores a text, which
     /// `sms_token().as<std::string>()` reads.
     PERCH_PROPERTY_SET_BY(PerchAppLibrary::JSON, sms_token, setSms_token,
                           PerchAppLibrary::JSON::emptyString());

@@ -123,8 +123,8 @@ class FontItem : public PerchAppLibrary::BaseEntity {
     /// displayName, previewText and isActivated; "Children" comes last, as the members' Dicts.
     PERCH_COMPUTED(PerchAppLibrary::Dictionary, Dict);
 
-    /// Whether a file exists at LocalFile(). If LocalFile() is empty, false without reading the
-    /// file system.
+    /// Whether a file exists at LocalFile(), a folder not counted. If LocalFile() is empty, false
+    /// without reading the file system.
     PERCH_COMPUTED(bool, IsLocaled);
 
     /// Path of the font file: ProductFileName() in the client's cache directory if the font is on
@@ -198,7 +198,7 @@ class FontItem : public PerchAppLibrary::BaseEntity {
     static std::vector<PerchAppLibrary::Dictionary> getFontArray(const Records<FontItem>& list);
 
     /// Returns toText(getFontArray(list)): the text of a JSON array of the Dicts (RFC 8259, without
-    /// white space). Makes no dictionaries, so it is about seven times as fast.
+    /// white space). Faster, since it makes no dictionaries.
     static std::string getFontArrayText(const Records<FontItem>& list);
 
     /// Returns ProductFileName() without its last four characters: a dot and an extension of three

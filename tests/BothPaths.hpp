@@ -16,7 +16,7 @@
 /// The ways of reading a list wrapper: each returns the properties of its records as text, or the
 /// message of the ParseError.
 template <class List>
-struct BothRoads {
+struct BothPaths {
     static std::string directly(const std::string& text) {
         return outcome([&text] { return List::parse(text); });
     }
