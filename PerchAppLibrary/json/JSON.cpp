@@ -233,7 +233,7 @@ JSON::Iterator JSON::begin() const noexcept {
     dom::array array;
     if (!element || element->get(array) != simdjson::SUCCESS)
         return first;
-    first.m_position = std::bit_cast<Place>(array.begin());
+    first.m_position = std::bit_cast<Position>(array.begin());
     if (array.begin() != array.end())
         first.m_element = JSONElement::inDocumentOf(*this, *array.begin());
     return first;
@@ -243,14 +243,14 @@ JSON::Iterator JSON::end() const noexcept {
     Iterator last;
     const std::optional<dom::element> element = JSONElement::of(*this);
     if (dom::array array; element && element->get(array) == simdjson::SUCCESS)
-        last.m_position = std::bit_cast<Place>(array.end());
+        last.m_position = std::bit_cast<Position>(array.end());
     return last;
 }
 
 JSON::Iterator& JSON::Iterator::operator++() noexcept {
     auto position = std::bit_cast<dom::array::iterator>(m_position);
     ++position;
-    m_position = std::bit_cast<Place>(position);
+    m_position = std::bit_cast<Position>(position);
     // At the end, this is the position of the array's end, which nothing dereferences.
     m_element.m_position = std::bit_cast<Position>(*position);
     return *this;
