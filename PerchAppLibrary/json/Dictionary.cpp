@@ -18,22 +18,6 @@ namespace {
 
 namespace dom = simdjson::dom;
 
-template <class Element>
-void assignArray(Value& place, const std::vector<Element>& elements) {
-    ValueArray& array = place.emplace_array();
-    array.reserve(elements.size());
-    for (const Element& element : elements)
-        assign(array.emplace_back(nullptr), element);
-}
-
-template <class T>
-void assignOptional(Value& place, const std::optional<T>& source) {
-    if (source)
-        assign(place, *source);
-    else
-        place = nullptr;
-}
-
 void assign(Value& place, dom::element element);
 
 void assign(Value& place, dom::array elements) {
@@ -106,6 +90,7 @@ std::string textOf(const Source& source) {
 
 } // namespace
 
+void assign(Value& place, std::nullptr_t) { place = nullptr; }
 void assign(Value& place, std::int64_t number) { place = number; }
 void assign(Value& place, std::uint64_t number) { place = number; }
 void assign(Value& place, bool flag) { place = flag; }
@@ -113,12 +98,6 @@ void assign(Value& place, bool flag) { place = flag; }
 void assign(Value& place, double number) {
     place = std::isfinite(number) ? Value(number) : Value(nullptr);
 }
-void assign(Value& place, const std::optional<std::int64_t>& number) {
-    assignOptional(place, number);
-}
-void assign(Value& place, const std::optional<bool>& flag) { assignOptional(place, flag); }
-void assign(Value& place, const std::optional<double>& number) { assignOptional(place, number); }
-
 void assign(Value& place, float number) {
     if (!std::isfinite(number)) {
         place = nullptr;
@@ -140,12 +119,6 @@ void assign(Value& place, std::string_view text) {
 }
 
 void assign(Value& place, const std::string& text) { assign(place, std::string_view(text)); }
-void assign(Value& place, const std::optional<std::string>& text) { assignOptional(place, text); }
-void assign(Value& place, const std::vector<std::int64_t>& numbers) { assignArray(place, numbers); }
-void assign(Value& place, const std::optional<std::vector<std::int64_t>>& numbers) {
-    assignOptional(place, numbers);
-}
-void assign(Value& place, const std::vector<std::string>& texts) { assignArray(place, texts); }
 void assignArray(Value& place) { place.emplace_array(); }
 Value& append(Value& array) { return array.get_array().emplace_back(nullptr); }
 void assign(Value& place, const URL& url) { assign(place, std::string_view(url.buffer())); }

@@ -2,6 +2,7 @@
 
 #include <PerchAppLibrary/platform/URLFwd.hpp>
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -39,11 +40,12 @@ class PlatformFont; // completed by PerchAppLibrary/platform/PlatformFont.hpp
 /// Sets a value of a Dictionary, in the value's storage. Linear in the size of the source.
 ///
 /// - An integer or a Boolean becomes an equal value.
-/// - A float becomes its shortest decimal, so 0.1F becomes 0.1. A double becomes an equal value. NaN
+/// - A float becomes its shortest decimal, so 0.1F becomes 0.1. A double becomes an equal value.
+/// NaN
 ///   and the infinities become null.
 /// - In a text, each ill-formed sequence of bytes becomes U+FFFD.
-/// - An empty optional becomes null.
 /// - A URL becomes its text, a font {"name", "size"}, and a JSON an equal value.
+void assign(Value& place, std::nullptr_t);
 void assign(Value& place, std::int64_t number);
 void assign(Value& place, std::uint64_t number);
 void assign(Value& place, bool flag);
@@ -52,13 +54,6 @@ void assign(Value& place, double number);
 void assign(Value& place, std::string_view text);
 void assign(Value& place, const std::string& text);
 void assign(Value& place, const char* text) = delete; // would convert to bool
-void assign(Value& place, const std::optional<std::int64_t>& number);
-void assign(Value& place, const std::optional<bool>& flag);
-void assign(Value& place, const std::optional<double>& number);
-void assign(Value& place, const std::optional<std::string>& text);
-void assign(Value& place, const std::vector<std::int64_t>& numbers);
-void assign(Value& place, const std::optional<std::vector<std::int64_t>>& numbers);
-void assign(Value& place, const std::vector<std::string>& texts);
 void assign(Value& place, const URL& url);
 void assign(Value& place, const PlatformFont& font);
 void assign(Value& place, const JSON& json);
@@ -69,5 +64,22 @@ void assignArray(Value& place);
 
 /// Appends a null to an array, and returns it. Requires that the value is an array.
 Value& append(Value& array);
+
+template <class T>
+void assign(Value& place, const std::vector<T>& elements)
+    requires requires(const T& each) { assign(place, each); }
+{
+    assignArray(place);
+    for (const T& each : elements)
+        assign(append(place), each);
+}
+
+/// An empty optional becomes null.
+template <class T>
+void assign(Value& place, const std::optional<T>& source)
+    requires requires { assign(place, *source); }
+{
+    source ? assign(place, *source) : assign(place, nullptr);
+}
 
 } // namespace PerchAppLibrary

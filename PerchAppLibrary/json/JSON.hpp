@@ -150,10 +150,10 @@ public:
     ///   have been rounded.
     /// - An array converts if each element converts by the column of the element's type.
     ///
-    /// Properties of records have three more types. A std::optional<std::string> converts like a
-    /// std::string, and a null becomes nullopt. A JSON takes every value, null included, as a copy
-    /// in a document of its own. An array of records is not converted:
-    /// BaseEntity::setValue(json) fills it.
+    /// Properties of records have more types. A std::optional converts like its value, and a null
+    /// becomes nullopt. A JSON takes every value, null included, as a copy in a document of its
+    /// own. A record and an array of records are not converted:
+    /// BaseEntity::setValue(json) fills them.
     template <class T>
     std::optional<T> as() const;
 

@@ -45,6 +45,7 @@
 #define PERCH_RECORD(Class, BaseClass)                                                         \
 private:                                                                                       \
     friend struct PerchAppLibrary::RecordAccess;                                               \
+    static const PerchAppLibrary::RecordSchema& perchSchema();                                 \
     static constexpr int firstPropertyLine = __LINE__;                                         \
     static void onePropertyPerLine(PerchAppLibrary::At<__LINE__>);                             \
                                                                                                \
@@ -157,16 +158,17 @@ public:                                                                         
     static_assert(PerchAppLibrary::isPropertyType<Type> &&                                     \
                       PerchAppLibrary::ValueTypes::contains<Type>,                             \
                   #Name " has the type " #Type ", which no constant can have");                \
-    virtual PerchAppLibrary::ReadType<Type> Name() const {                                     \
+    virtual PerchAppLibrary::ReadType<Type> Name() const { return constant##Name(); }          \
+                                                                                               \
+private:                                                                                       \
+    static const Type& constant##Name() {                                                      \
         static const PerchAppLibrary::NoDestructor<Type> constant(Type{Constant});             \
         return *constant;                                                                      \
     }                                                                                          \
-                                                                                               \
-private:                                                                                       \
     static consteval PerchAppLibrary::StoredProperty<Self, Type, PerchAppLibrary::Place::none> \
     onePropertyPerLine(PerchAppLibrary::At<__LINE__>) {                                        \
         PERCH_ASSERT_IN_LIST(Name)                                                             \
-        return {#Name, &Self::Name, nullptr, nullptr};                                         \
+        return {#Name, &Self::Name, nullptr, nullptr, &Self::constant##Name};                  \
     }                                                                                          \
                                                                                                \
 public:                                                                                        \
@@ -183,23 +185,25 @@ public:                                                                         
 ///     };
 ///
 /// The accessors keep their types, so setChildren() still takes other fonts.
-#define PERCH_ELEMENTS(Name, Item)                                                    \
-private:                                                                              \
-    static consteval PerchAppLibrary::ElementsOfArray<Self, Item> onePropertyPerLine( \
-        PerchAppLibrary::At<__LINE__>) {                                              \
-        PERCH_ASSERT_IN_LIST(Name)                                                    \
-        return {#Name};                                                               \
-    }                                                                                 \
-    template <class Record>                                                           \
-    static constexpr auto getterOfArrayAt(PerchAppLibrary::At<__LINE__>) {            \
-        return &Record::Name;                                                         \
-    }                                                                                 \
-    template <class Record>                                                           \
-    static constexpr auto setterOfArrayAt(PerchAppLibrary::At<__LINE__>) {            \
-        return &Record::set##Name;                                                    \
-    }                                                                                 \
-                                                                                      \
-public:                                                                               \
+#define PERCH_ELEMENTS(Name, Item)                                                             \
+private:                                                                                       \
+    static consteval PerchAppLibrary::ElementsOfArray<Self, Item> onePropertyPerLine(          \
+        PerchAppLibrary::At<__LINE__>) {                                                       \
+        PERCH_ASSERT_IN_LIST(Name)                                                             \
+        return {#Name};                                                                        \
+    }                                                                                          \
+    template <class Record>                                                                    \
+    static consteval auto perchArrayAt(PerchAppLibrary::At<__LINE__>) {                        \
+        static_assert(                                                                         \
+            requires {                                                                         \
+                requires PerchAppLibrary::returnsBasesOf<decltype(&Record::Base::Name), Item>; \
+                &Record::Base::set##Name;                                                      \
+            }, "PERCH_ELEMENTS(" #Name ", " #Item "): a base has no property " #Name           \
+               " with an array of records from which " #Item " derives");                      \
+        return PerchAppLibrary::ArrayAccessors{&Record::Name, &Record::set##Name};             \
+    }                                                                                          \
+                                                                                               \
+public:                                                                                        \
     static_assert(true)
 
 /// Declares a computed property with the virtual getter `Name()`, which the class defines. Its type
@@ -223,9 +227,7 @@ private:                                                                        
                             "number, bool, std::string, JSON, URL, Dictionary, PlatformFont, "     \
                             "std::vector<std::shared_ptr<R>> of a record R, or a std::vector or "  \
                             "std::optional of them");                                              \
-        constexpr bool computed =                                                                  \
-            requires { requires std::same_as<decltype(&Record::Name), Type (Self::*)() const>; };  \
-        return {true, true, computed};                                                             \
+        return {true, true};                                                                       \
     }                                                                                              \
                                                                                                    \
 public:                                                                                            \
@@ -306,7 +308,7 @@ public:                                            \
         };                                                                                        \
         constexpr bool setter =                                                                   \
             requires { requires std::same_as<decltype(&Record::Setter), void (Self::*)(Type)>; }; \
-        return {getter, setter, true};                                                            \
+        return {getter, setter};                                                                  \
     }
 
 // A type with a comma comes as two arguments, so the second one is no name.

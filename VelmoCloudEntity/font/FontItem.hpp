@@ -34,7 +34,9 @@ using PerchAppLibrary::Required;
 /// nests groups at most 511 deep. A tree that is built by hand may be deeper. Queries, destruction,
 /// setActivated() and getFontArrayText() work at any depth. Dict() and properties() recurse once
 /// for each level, and so does copying, writing or destroying a Dictionary. 10,000 levels are
-/// tested.
+/// tested. setActivated() and getFontArrayText() also recurse, the latter in time that grows with
+/// the square of the depth, over groups of a class that overrides Dict() or setActivated(), or that
+/// has no PERCH_RECORD of its own.
 class FontItem : public PerchAppLibrary::BaseEntity {
     /// Lies near the flags, since queries read both.
     PerchAppLibrary::text::CachedSignature m_nameSignature;
@@ -189,14 +191,6 @@ class FontItem : public PerchAppLibrary::BaseEntity {
     /// group's own flag unchanged.
     virtual void setActivated(bool activated);
 
-    /// Returns whether a class keeps the functions that walk a tree in a loop.
-    template <class Record>
-    static consteval bool perchKeepsFunctions() {
-        return requires {
-            requires std::same_as<decltype(&Record::setActivated), void (FontItem::*)(bool)>;
-        };
-    }
-
     /// Returns the Dicts of the fonts, in order.
     static std::vector<PerchAppLibrary::Dictionary> getFontArray(const Records<FontItem>& list);
 
@@ -293,6 +287,17 @@ private:
     /// Returns the last byte that a walk over a tree reads, for prefetching.
     friend const void* lastWalkedByte(const FontItem& font) noexcept {
         return reinterpret_cast<const char*>(&font.m_nameSignature + 1) - 1;
+    }
+
+    /// Returns whether a subclass keeps the functions that call themselves for members, so that a
+    /// walk over a tree may go on in a loop.
+    template <class Record>
+    static consteval bool perchKeepsWalks() {
+        return requires {
+            requires std::same_as<decltype(&Record::Dict), decltype(&FontItem::Dict)>;
+            requires std::same_as<decltype(&Record::setActivated),
+                                  decltype(&FontItem::setActivated)>;
+        };
     }
 
     void forgetNames() noexcept { m_nameSignature.forget(); }

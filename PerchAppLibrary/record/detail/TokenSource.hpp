@@ -2,6 +2,7 @@
 
 #include <PerchAppLibrary/json/JSON.hpp>
 #include <PerchAppLibrary/json/detail/Conversion.hpp>
+#include <PerchAppLibrary/record/detail/PropertyKind.hpp>
 
 #include <cstddef>
 #include <cstdint>
@@ -113,9 +114,9 @@ public:
     template <class T>
     bool convert(Element element, T& value) {
         if constexpr (ConvertsFromScalar<T>)
-            return convertScalar(readScalar(element), value);
+            return PropertyKind<T>::convert(readScalar(element), value);
         else
-            return convertElement(parse(element), value);
+            return PropertyKind<T>::convert(parse(element), value);
     }
 
     /// Throws Fault: a class that overrides how it is filled takes documents.
