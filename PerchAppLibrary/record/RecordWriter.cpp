@@ -151,9 +151,9 @@ void RecordWriter::writeTo(const BaseEntity& record, Sink sink) const {
         return access != nullptr;
     };
     for (const Property* const property : m_members)
-        if (!addIf(*property, std::type_identity<std::int64_t>()) &&
+        if (!addIf(*property, std::type_identity<std::string>()) &&
             !addIf(*property, std::type_identity<bool>()) &&
-            !addIf(*property, std::type_identity<std::string>()))
+            !addIf(*property, std::type_identity<std::int64_t>()))
             std::visit([&](const auto& access) { add(*property, access); }, property->access);
 }
 
