@@ -50,19 +50,11 @@ struct ComputedProperty {
     T (Record::*get)() const;
 };
 
-/// An inherited array of records whose elements have a class of their own in this one. Its
-/// accessors are those of ArrayAccessors.
+/// An inherited array of records whose elements have a class of their own in this one.
 template <class Record, class Item>
 struct ElementsOfArray {
     static constexpr Place place = Place::none;
     std::string_view name;
-};
-
-/// The accessors of an array of records.
-template <class Getter, class Setter>
-struct ArrayAccessors {
-    Getter get;
-    Setter set;
 };
 
 /// True if this getter returns an array of records of a base of Item.
@@ -155,7 +147,8 @@ struct RecordAccess {
             return {true, true};
     }
 
-    /// Returns the accessors of the array whose elements a line of PERCH_ELEMENTS declares.
+    /// Returns the getter and the setter of the array whose elements a line of PERCH_ELEMENTS
+    /// declares.
     template <class Record, int Line>
     static consteval auto arrayAt() {
         return Record::template perchArrayAt<Record>(At<Line>());

@@ -200,7 +200,7 @@ private:                                                                        
                 &Record::Base::set##Name;                                                      \
             }, "PERCH_ELEMENTS(" #Name ", " #Item "): a base has no property " #Name           \
                " with an array of records from which " #Item " derives");                      \
-        return PerchAppLibrary::ArrayAccessors{&Record::Name, &Record::set##Name};             \
+        return std::pair(&Record::Name, &Record::set##Name);                                   \
     }                                                                                          \
                                                                                                \
 public:                                                                                        \

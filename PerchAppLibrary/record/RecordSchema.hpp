@@ -263,7 +263,7 @@ private:
     template <int Line, class Item>
     static auto accessOf(ElementsOfArray<Record, Item>) {
         constexpr auto array = RecordAccess::arrayAt<Record, Line>();
-        RecordsAccess access = recordsAccess<Item, array.get, array.set>(false);
+        RecordsAccess access = recordsAccess<Item, array.first, array.second>(false);
         access.isNarrowed = true;
         return access;
     }
