@@ -32,12 +32,14 @@ Excluded merged(const Excluded& left, const Excluded& right) {
 BaseEntity::BaseEntity() = default;
 BaseEntity::~BaseEntity() = default;
 
-const RecordSchema& BaseEntity::schema() const {
+const RecordSchema& BaseEntity::perchSchema() {
     static const NoDestructor<RecordSchema> schema("BaseEntity", typeid(BaseEntity), nullptr,
                                                    PropertyCollector<BaseEntity>::collect(),
                                                    Overrides{}, perchEffect);
     return *schema;
 }
+
+const RecordSchema& BaseEntity::schema() const { return perchSchema(); }
 
 void BaseEntity::setValue(const JSON& json) { fill(json); }
 

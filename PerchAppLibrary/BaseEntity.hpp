@@ -55,6 +55,7 @@ public:
 
 private:
     friend struct RecordAccess;
+    static const RecordSchema& perchSchema();
     static constexpr int firstPropertyLine = __LINE__;
     static void onePropertyPerLine(At<__LINE__>);
 

@@ -17,8 +17,9 @@
 /// message of the ParseError.
 template <class List>
 struct BothPaths {
-    static std::string directly(const std::string& text) {
-        return outcome([&text] { return List::parse(text); });
+    static std::string directly(const std::string& text,
+                                const PerchAppLibrary::JSON::Limits& limits = {}) {
+        return outcome([&] { return List::parse(text, limits); });
     }
     /// Like directly(), but in windows of few bytes, and without a document: returns nullopt
     /// instead.
@@ -31,8 +32,9 @@ struct BothPaths {
 #endif
         return std::nullopt;
     }
-    static std::string byDocument(const std::string& text) {
-        return outcome([&text] { return List(PerchAppLibrary::JSON::parse(text)); });
+    static std::string byDocument(const std::string& text,
+                                  const PerchAppLibrary::JSON::Limits& limits = {}) {
+        return outcome([&] { return List(PerchAppLibrary::JSON::parse(text, limits)); });
     }
     /// Like byDocument(), but the records are of a subclass, so each property is set in its turn.
     static std::string bySetters(const std::string& text) {

@@ -98,6 +98,23 @@ TEST(DirectReading, AgreesAtEachDepth) {
         }
 }
 
+TEST(DirectReading, AgreesOnEachLimit) {
+    const std::string text = "[{\"Id\":7,\n\"Tags\":[1,2,3],\"x\":[[4],{}]},\n" + reply.substr(2);
+    for (std::size_t limit = 0; limit <= text.size() + 1; ++limit)
+        for (const JSON::Limits& limits :
+             {JSON::Limits{.depth = limit}, JSON::Limits{.bytes = limit},
+              JSON::Limits{.elements = limit}}) {
+            const std::string expected = BothPaths<FontList>::byDocument(text, limits);
+            EXPECT_EQ(BothPaths<FontList>::directly(text, limits), expected) << limit;
+        }
+    try {
+        (void)FontList::parse(text, {.elements = 6});
+        ADD_FAILURE();
+    } catch (const JSON::ParseError& excess) { // at the comma before the third of Tags
+        EXPECT_STREQ(excess.what(), "line 2, column 15: more than 6 elements");
+    }
+}
+
 /// A class in which another nests two levels, so that records of both have even depths.
 struct MapList : RecordList<MapList, UserFontMap> {
     using RecordList::RecordList;

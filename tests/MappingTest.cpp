@@ -60,17 +60,27 @@ TEST(Mapping, ConvertsEachKindOfValueToEachKindOfPropertyOrLeavesItAlone) {
         {"[1]", "- - - -"}};
     for (const auto& [text, expected] : rows)
         for (const auto& sample :
-             filledWith(text, {"Int", "On", "Flag", "Float", "String", "Optional"})) {
+             filledWith(text, {"Int", "On", "Flag", "Float", "Double", "String", "Optional",
+                               "OptionalInt", "OptionalDouble", "OptionalBool"})) {
             const bool isKept = sample->On() != sample->Flag();
             const std::string flag = isKept ? "-" : toText(sample->value("On"));
             EXPECT_EQ(taken(*sample, "Int") + " " + flag + " " + taken(*sample, "Float") + " " +
                           taken(*sample, "String"),
                       expected)
                 << text;
-            EXPECT_EQ(taken(*sample, "Optional"),
-                      text == "null"sv ? "null" : taken(*sample, "String"))
+            const bool isNull = text == "null"sv;
+            for (const std::string name : {"String", "Int", "Double"})
+                EXPECT_EQ(taken(*sample, "Optional" + (name == "String" ? "" : name)),
+                          isNull ? "null" : taken(*sample, name))
+                    << text;
+            EXPECT_EQ(sample->OptionalBool(),
+                      isNull ? std::nullopt : std::optional(isKept || sample->On()))
                 << text;
         }
+    for (const auto& [text, expected] :
+         {std::pair("1e39", "1E39"), {"0.1", "1E-1"}, {"\"1e-60\"", "1E-60"}, {"\"1e-999\"", "-"}})
+        for (const auto& sample : filledWith(text, {"Double"}))
+            EXPECT_EQ(taken(*sample, "Double"), expected);
 }
 
 TEST(Mapping, ConvertsArraysAsAWholeOrNotAtAll) {

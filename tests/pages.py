@@ -17,8 +17,8 @@ PRELUDE = """// The code on the guides. Made by tests/pages.py.
 #include <cassert>
 """
 BLOCK = re.compile(r"^```(\w*)\n(.*?)^```$", re.M | re.S)
-DECLARATION = re.compile(r"(///.*\n)*(class|struct|template) |#include |"
-                         r"[\w:<>]+ \w+\(.*\) \{$", re.M)
+DECLARATION = re.compile(r"#include |(///.*\n)*((class|struct|template) |"
+                         r"[\w:<>]+ \w+\(.*\) \{$)", re.M)
 
 
 def heading_id(heading):

@@ -16,22 +16,6 @@ namespace {
 
 namespace dom = simdjson::dom;
 
-template <class Element>
-void assignArray(Value& target, const std::vector<Element>& elements) {
-    ValueArray& array = target.emplace_array();
-    array.reserve(elements.size());
-    for (const Element& element : elements)
-        assign(array.emplace_back(nullptr), element);
-}
-
-template <class T>
-void assignOptional(Value& target, const std::optional<T>& source) {
-    if (source)
-        assign(target, *source);
-    else
-        target = nullptr;
-}
-
 void assign(Value& target, dom::element element);
 
 void assign(Value& target, dom::array elements) {
@@ -104,6 +88,7 @@ std::string textOf(const Source& source) {
 
 } // namespace
 
+void assign(Value& target, std::nullptr_t) { target = nullptr; }
 void assign(Value& target, std::int64_t number) { target = number; }
 void assign(Value& target, std::uint64_t number) { target = number; }
 void assign(Value& target, bool flag) { target = flag; }
@@ -111,12 +96,6 @@ void assign(Value& target, bool flag) { target = flag; }
 void assign(Value& target, double number) {
     target = std::isfinite(number) ? Value(number) : Value(nullptr);
 }
-void assign(Value& target, const std::optional<std::int64_t>& number) {
-    assignOptional(target, number);
-}
-void assign(Value& target, const std::optional<bool>& flag) { assignOptional(target, flag); }
-void assign(Value& target, const std::optional<double>& number) { assignOptional(target, number); }
-
 void assign(Value& target, float number) {
     if (!std::isfinite(number)) {
         target = nullptr;
@@ -138,14 +117,6 @@ void assign(Value& target, std::string_view text) {
 }
 
 void assign(Value& target, const std::string& text) { assign(target, std::string_view(text)); }
-void assign(Value& target, const std::optional<std::string>& text) { assignOptional(target, text); }
-void assign(Value& target, const std::vector<std::int64_t>& numbers) {
-    assignArray(target, numbers);
-}
-void assign(Value& target, const std::optional<std::vector<std::int64_t>>& numbers) {
-    assignOptional(target, numbers);
-}
-void assign(Value& target, const std::vector<std::string>& texts) { assignArray(target, texts); }
 void assignArray(Value& target) { target.emplace_array(); }
 Value& append(Value& array) { return array.get_array().emplace_back(nullptr); }
 void assign(Value& target, const JSON& json) {

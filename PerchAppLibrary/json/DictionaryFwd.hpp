@@ -2,6 +2,7 @@
 
 #include <PerchAppLibrary/needsCxx20.hpp>
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -41,8 +42,8 @@ class JSON; // completed by PerchAppLibrary/json/JSON.hpp
 /// - A float becomes its shortest decimal, so 0.1F becomes 0.1. A double becomes an equal value.
 /// - NaN and the infinities become null.
 /// - In a text, each ill-formed sequence of bytes becomes U+FFFD.
-/// - An empty optional becomes null.
 /// - A JSON becomes an equal value.
+void assign(Value& target, std::nullptr_t);
 void assign(Value& target, std::int64_t number);
 void assign(Value& target, std::uint64_t number);
 void assign(Value& target, bool flag);
@@ -51,13 +52,6 @@ void assign(Value& target, double number);
 void assign(Value& target, std::string_view text);
 void assign(Value& target, const std::string& text);
 void assign(Value& target, const char* text) = delete; // would convert to bool
-void assign(Value& target, const std::optional<std::int64_t>& number);
-void assign(Value& target, const std::optional<bool>& flag);
-void assign(Value& target, const std::optional<double>& number);
-void assign(Value& target, const std::optional<std::string>& text);
-void assign(Value& target, const std::vector<std::int64_t>& numbers);
-void assign(Value& target, const std::optional<std::vector<std::int64_t>>& numbers);
-void assign(Value& target, const std::vector<std::string>& texts);
 void assign(Value& target, const JSON& json);
 void assign(Value& target, Dictionary&& dictionary);
 
@@ -66,5 +60,22 @@ void assignArray(Value& target);
 
 /// Appends a null to an array, and returns it. Requires that the value is an array.
 Value& append(Value& array);
+
+template <class T>
+void assign(Value& target, const std::vector<T>& elements)
+    requires requires(const T& each) { assign(target, each); }
+{
+    assignArray(target);
+    for (const T& each : elements)
+        assign(append(target), each);
+}
+
+/// An empty optional becomes null.
+template <class T>
+void assign(Value& target, const std::optional<T>& source)
+    requires requires { assign(target, *source); }
+{
+    source ? assign(target, *source) : assign(target, nullptr);
+}
 
 } // namespace PerchAppLibrary

@@ -153,9 +153,10 @@ public:
     ///   magnitude is 2^63 or more does not convert, since it may have been rounded.
     /// - An array converts if each element converts by the column of the element's type.
     ///
-    /// Properties of records have more types. A std::optional<T> converts like a T, and a null
+    /// Properties of records have more types. A std::optional converts like its value, and a null
     /// becomes nullopt. A JSON takes every value, null included, as a copy in a document of its
-    /// own. Nested records are not converted: BaseEntity::setValue(json) fills them.
+    /// own. A record and an array of records are not converted:
+    /// BaseEntity::setValue(json) fills them.
     template <class T>
     std::optional<T> as() const;
 

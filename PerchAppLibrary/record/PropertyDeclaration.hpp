@@ -16,6 +16,7 @@
 namespace PerchAppLibrary {
 
 class BaseEntity;
+class RecordSchema;
 
 /// Returns whether the text of a macro's argument is an identifier.
 consteval bool isName(std::string_view text) {
@@ -29,8 +30,8 @@ struct At {};
 /// Called after a change of properties.
 using EffectOfChange = void (*)(BaseEntity& record);
 
-/// A stored property: its name, its virtual accessors, and its field if the value is in one. The
-/// setter of a constant is null.
+/// A stored property: its name, its virtual accessors, and its field if the value is in one. A
+/// constant has its value in place of a setter.
 template <class Record, class T, Place itsPlace>
 struct StoredProperty {
     static constexpr Place place = itsPlace;
@@ -38,6 +39,7 @@ struct StoredProperty {
     ReadType<T> (Record::*get)() const;
     void (Record::*set)(T);
     T Record::* field;
+    const T& (*constant)() = nullptr;
 };
 
 /// A property that its getter computes.
@@ -55,12 +57,13 @@ struct ElementsOfArray {
     std::string_view name;
 };
 
-/// The accessors of such an array.
-template <class Record, class Array>
-struct ArrayAccessors {
-    const Array& (Record::*get)() const;
-    void (Record::*set)(Array);
-};
+/// True if this getter returns an array of records of a base of Item.
+template <class Getter, class Item>
+inline constexpr bool returnsBasesOf = false;
+template <class Record, class Base, class Item>
+inline constexpr bool
+    returnsBasesOf<const std::vector<std::shared_ptr<Base>>& (Record::*)() const, Item> =
+        std::derived_from<Item, Base>;
 
 /// The empty member of a property whose value is not in a field.
 template <Place place, class Record, int Line>
@@ -114,13 +117,18 @@ consteval T Record::* fieldPointer(Slot<place, Record, Line> Record::* /*slot*/)
 /// Whether a class keeps the accessors of a property as a base declares them. What a property does
 /// not have is kept.
 struct Kept {
-    bool getter;   // of a stored property
-    bool setter;   // of a stored property
-    bool computed; // the getter of a computed property
+    bool getter;
+    bool setter;
 };
 
 /// Reads what the macros declare, which is private. The friend of each record.
 struct RecordAccess {
+    /// Returns the schema of the class, or of its nearest base with a PERCH_RECORD.
+    template <class Record>
+    static const RecordSchema& schema() {
+        return Record::perchSchema();
+    }
+
     /// True if a class has a PERCH_RECORD_END of its own.
     template <class Record>
     static constexpr bool isEnded = std::same_as<typename Record::Ended, Record>;
@@ -150,20 +158,21 @@ struct RecordAccess {
         if constexpr (requires { Record::template keptAt<Subclass>(At<Line>()); })
             return Record::template keptAt<Subclass>(At<Line>());
         else
-            return {true, true, true};
+            return {true, true};
     }
 
-    /// The accessors of the array whose elements a line of PERCH_ELEMENTS declares.
+    /// Returns the getter and the setter of the array whose elements a line of PERCH_ELEMENTS
+    /// declares.
     template <class Record, int Line>
-    static constexpr auto arrayAccessors() {
-        return Record::template accessorsOfArrayAt<Record>(At<Line>());
+    static consteval auto arrayAt() {
+        return Record::template perchArrayAt<Record>(At<Line>());
     }
 
-    /// True if a class keeps the functions that its base names in perchKeepsFunctions().
+    /// Returns whether a class keeps the functions that a base names in perchKeepsWalks().
     template <class Record>
-    static constexpr bool keepsFunctions() {
-        if constexpr (requires { Record::template perchKeepsFunctions<Record>(); })
-            return Record::template perchKeepsFunctions<Record>();
+    static consteval bool keepsWalks() {
+        if constexpr (requires { Record::template perchKeepsWalks<Record>(); })
+            return Record::template perchKeepsWalks<Record>();
         else
             return true;
     }

@@ -64,6 +64,11 @@ template <class T>
 inline constexpr bool isArray<std::vector<T>> = true;
 
 template <class T>
+inline constexpr bool isShared = false;
+template <class R>
+inline constexpr bool isShared<std::shared_ptr<R>> = true;
+
+template <class T>
 inline constexpr bool isArrayOfShared = false;
 template <class R>
 inline constexpr bool isArrayOfShared<std::vector<std::shared_ptr<R>>> = true;
@@ -78,18 +83,12 @@ struct TypeList {
     static constexpr bool contains = (std::same_as<T, Types> || ...);
 };
 
-/// The types of values. A further type needs one line here, and what is special about it: a
-/// conversion (json/detail/Conversion.hpp), and how it is named, written and compared with zero
-/// (record/detail/PropertyKind.hpp).
+/// The types of values. A further type needs a word here and a PropertyKind
+/// (record/detail/PropertyKind.hpp), which arrays and optionals of other types have.
 using ValueTypes =
     TypeList<std::int64_t, bool, float, double, std::string, std::optional<std::int64_t>,
              std::optional<bool>, std::optional<double>, std::optional<std::string>,
              std::vector<std::int64_t>, std::vector<std::string>, JSON>;
-
-template <class T>
-inline constexpr bool isShared = false;
-template <class R>
-inline constexpr bool isShared<std::shared_ptr<R>> = true;
 
 /// True if a property's line can have this type. isRecords checks the class of shared objects,
 /// which may be incomplete here.
@@ -120,5 +119,14 @@ template <class T>
 inline constexpr bool isComputedType<std::optional<T>> = isComputedType<T>;
 template <class T>
 inline constexpr bool isComputedType<std::vector<T>> = isComputedType<T>;
+/// The class of a shared record, or of the records of an array.
+template <class T>
+struct ItemOfType;
+template <class R>
+struct ItemOfType<std::shared_ptr<R>> : std::type_identity<R> {};
+template <class R>
+struct ItemOfType<std::vector<std::shared_ptr<R>>> : std::type_identity<R> {};
+template <class T>
+using ItemOf = typename ItemOfType<T>::type;
 
 } // namespace PerchAppLibrary

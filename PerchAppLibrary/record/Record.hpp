@@ -45,6 +45,7 @@
 #define PERCH_RECORD(Class, BaseClass)                                                          \
 private:                                                                                        \
     friend struct PerchAppLibrary::RecordAccess;                                                \
+    static const PerchAppLibrary::RecordSchema& perchSchema();                                  \
     static constexpr int firstPropertyLine = __LINE__;                                          \
     static void onePropertyPerLine(PerchAppLibrary::At<__LINE__>);                              \
                                                                                                 \
@@ -164,16 +165,17 @@ public:                                                                         
                   #Name " has the type " #Type ", which no constant can have");                \
     static_assert(PerchAppLibrary::isDefault<Type>(#Constant),                                 \
                   "The value of " #Name " is no " #Type ": " #Constant);                       \
-    virtual PerchAppLibrary::ReadType<Type> Name() const {                                     \
+    virtual PerchAppLibrary::ReadType<Type> Name() const { return constant##Name(); }          \
+                                                                                               \
+private:                                                                                       \
+    static const Type& constant##Name() {                                                      \
         static const PerchAppLibrary::NoDestructor<Type> constant(Type{Constant});             \
         return *constant;                                                                      \
     }                                                                                          \
-                                                                                               \
-private:                                                                                       \
     static consteval PerchAppLibrary::StoredProperty<Self, Type, PerchAppLibrary::Place::none> \
     onePropertyPerLine(PerchAppLibrary::At<__LINE__>) {                                        \
         PERCH_ASSERT_IN_LIST(Name)                                                             \
-        return {#Name, &Self::Name, nullptr, nullptr};                                         \
+        return {#Name, &Self::Name, nullptr, nullptr, &Self::constant##Name};                  \
     }                                                                                          \
                                                                                                \
 public:                                                                                        \
@@ -182,20 +184,25 @@ public:                                                                         
 /// Gives the elements of an inherited array of records another class when it is filled: Item, which
 /// derives from theirs. `PERCH_ELEMENTS(Children, StarFont);` in a font class StarFont makes trees
 /// of it. The accessors keep their types, so setChildren() still takes other fonts.
-#define PERCH_ELEMENTS(Name, Item)                                                                \
-private:                                                                                          \
-    static consteval PerchAppLibrary::ElementsOfArray<Self, Item> onePropertyPerLine(             \
-        PerchAppLibrary::At<__LINE__>) {                                                          \
-        PERCH_ASSERT_IN_LIST(Name)                                                                \
-        return {#Name};                                                                           \
-    }                                                                                             \
-    template <class Record>                                                                       \
-    static constexpr auto accessorsOfArrayAt(PerchAppLibrary::At<__LINE__>) {                     \
-        using Array = std::remove_cvref_t<decltype(std::declval<Record&>().Name())>;              \
-        return PerchAppLibrary::ArrayAccessors<Record, Array>{&Record::Name, &Record::set##Name}; \
-    }                                                                                             \
-                                                                                                  \
-public:                                                                                           \
+#define PERCH_ELEMENTS(Name, Item)                                                             \
+private:                                                                                       \
+    static consteval PerchAppLibrary::ElementsOfArray<Self, Item> onePropertyPerLine(          \
+        PerchAppLibrary::At<__LINE__>) {                                                       \
+        PERCH_ASSERT_IN_LIST(Name)                                                             \
+        return {#Name};                                                                        \
+    }                                                                                          \
+    template <class Record>                                                                    \
+    static consteval auto perchArrayAt(PerchAppLibrary::At<__LINE__>) {                        \
+        static_assert(                                                                         \
+            requires {                                                                         \
+                requires PerchAppLibrary::returnsBasesOf<decltype(&Record::Base::Name), Item>; \
+                &Record::Base::set##Name;                                                      \
+            }, "PERCH_ELEMENTS(" #Name ", " #Item "): a base has no property " #Name           \
+               " with an array of records from which " #Item " derives");                      \
+        return std::pair(&Record::Name, &Record::set##Name);                                   \
+    }                                                                                          \
+                                                                                               \
+public:                                                                                        \
     static_assert(true)
 
 /// Declares a computed property with the virtual getter `Name()`, which the class defines. Its type
@@ -219,9 +226,7 @@ private:                                                                        
                             "number, bool, std::string, JSON, URL, Dictionary, PlatformFont, "     \
                             "std::vector<std::shared_ptr<R>> of a record R, or a std::vector or "  \
                             "std::optional of them");                                              \
-        constexpr bool computed =                                                                  \
-            requires { requires std::same_as<decltype(&Record::Name), Type (Self::*)() const>; };  \
-        return {true, true, computed};                                                             \
+        return {true, true};                                                                       \
     }                                                                                              \
                                                                                                    \
 public:                                                                                            \
@@ -311,7 +316,7 @@ public:                                            \
         };                                                                            \
         constexpr bool setter =                                                       \
             requires(void (*take)(void(Self::*)(Type))) { take(&Record::Setter); };   \
-        return {getter, setter, true};                                                \
+        return {getter, setter};                                                      \
     }
 
 // A type with a comma comes as two arguments, so the second one is no name.

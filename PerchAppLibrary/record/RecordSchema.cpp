@@ -10,24 +10,24 @@
 namespace PerchAppLibrary {
 namespace {
 
-/// Returns the base's properties, without those that the class redeclares, and then its own.
+/// Returns the base's properties, without those that the class redeclares, and then its own. An
+/// array that has other elements keeps its place.
 std::vector<Property> inheritedAndOwn(const RecordSchema* base, std::vector<Property> own) {
     std::vector<Property> properties;
-    const auto isNarrowed = [](const Property& property) {
-        const auto* const records = std::get_if<RecordsAccess>(&property.access);
-        return records != nullptr && records->isNarrowed;
-    };
     if (base != nullptr)
-        std::ranges::copy_if(
-            base->properties(), std::back_inserter(properties), [&](const Property& inherited) {
-                const auto found = std::ranges::find(own, inherited.name, &Property::name);
-                return found == own.end() || isNarrowed(*found);
-            });
-    for (Property& each : own) // An array with other elements keeps its place.
-        if (isNarrowed(each))
-            *std::ranges::find(properties, each.name, &Property::name) = std::move(each);
-        else
+        properties.assign(base->properties().begin(), base->properties().end());
+    for (Property& each : own) {
+        const auto* const records = std::get_if<RecordsAccess>(&each.access);
+        const bool keepsPlace = records != nullptr && records->isNarrowed;
+        const auto inherited = std::ranges::find(properties, each.name, &Property::name);
+        if (inherited != properties.end() && keepsPlace)
+            *inherited = std::move(each);
+        else {
+            if (inherited != properties.end())
+                properties.erase(inherited);
             properties.push_back(std::move(each));
+        }
+    }
     for (Property& property : properties)
         property.textKey = ",\"" + std::string(property.name) + "\":";
     return properties;
@@ -93,9 +93,11 @@ std::string Property::kind() const {
 Value Property::value(const BaseEntity& record) const {
     return std::visit(
         [&]<class Access>(const Access& each) -> Value {
-            if constexpr (requires { typename Access::Value; })
-                return toValue((record.*each.get)());
-            else if constexpr (requires { each.read; }) {
+            if constexpr (requires { typename Access::Value; }) {
+                Value value;
+                PropertyKind<typename Access::Value>::assign(value, (record.*each.get)());
+                return value;
+            } else if constexpr (requires { each.read; }) {
                 Value value;
                 each.read(record, value);
                 return value;

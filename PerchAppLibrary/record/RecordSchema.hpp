@@ -31,10 +31,11 @@ struct FieldAccess {
     using Value = T;
 
     ReadType<T> (BaseEntity::*get)() const;
-    void (BaseEntity::*set)(T);
+    void (BaseEntity::*set)(T); // null for a constant
     Place place;
-    T BaseEntity::* field; // null unless the place is Place::field
-    unsigned slot;         // number of a flag or of a sparse text, else 0
+    T BaseEntity::* field;  // null unless the place is Place::field
+    unsigned slot;          // number of a flag or of a sparse text, else 0
+    const T& (*constant)(); // null unless the property is a constant
 };
 
 /// Access to a stored array of records of one class, or to a single one.
@@ -86,11 +87,10 @@ class RecordWriter;
 
 /// The functions of its bases that a class of records overrides.
 struct Overrides {
-    bool getters;           // of at least one property
-    bool setters;           // of at least one property
-    bool mapping;           // setValue(json, excluded)
-    bool computed = false;  // of at least one computed property
-    bool functions = false; // of those that a base names in perchKeepsFunctions()
+    bool getters; // of at least one property
+    bool setters; // of at least one property
+    bool mapping; // setValue(json, excluded)
+    bool walks;   // a function that a base names in perchKeepsWalks()
 };
 
 /// The properties of one class of records. Each class has one, which is created on first use and
@@ -200,8 +200,8 @@ public:
     }
 
     static Overrides overrides() {
-        Overrides found{false, false, !UsesBaseMapping<Record>};
-        found.functions = !RecordAccess::keepsFunctions<Record>();
+        Overrides found{false, false, !UsesBaseMapping<Record>,
+                        !RecordAccess::keepsWalks<Record>()};
         addOverridesOf<typename Record::Base>(found);
         return found;
     }
@@ -222,7 +222,6 @@ private:
             constexpr Kept kept = RecordAccess::kept<Ancestor, Line, Record>();
             found.getters = found.getters || !kept.getter;
             found.setters = found.setters || !kept.setter;
-            found.computed = found.computed || !kept.computed;
         });
         if constexpr (requires { typename Ancestor::Base; })
             addOverridesOf<typename Ancestor::Base>(found);
@@ -245,45 +244,26 @@ private:
         if constexpr (place == Place::flag || place == Place::sparse)
             slot = slotNumber<place, Record, Line>;
         return FieldAccess<T>{static_cast<ReadType<T> (BaseEntity::*)() const>(property.get),
-                              static_cast<void (BaseEntity::*)(T)>(property.set), place,
-                              static_cast<T BaseEntity::*>(property.field), slot};
+                              static_cast<void (BaseEntity::*)(T)>(property.set),
+                              place,
+                              static_cast<T BaseEntity::*>(property.field),
+                              slot,
+                              property.constant};
     }
 
-    template <int Line, class Item, Place place>
-        requires std::derived_from<Item, BaseEntity>
-    static auto accessOf(StoredProperty<Record, std::vector<std::shared_ptr<Item>>, place>) {
-        return accessOfArray<Item>([] { return RecordAccess::property<Record, Line>(); }, false);
+    template <int Line, class T, Place place>
+        requires(isRecords<T>)
+    static auto accessOf(StoredProperty<Record, T, place>) {
+        constexpr auto declared = RecordAccess::property<Record, Line>();
+        return recordsAccess<ItemOf<T>, declared.get, declared.set>(isShared<T>);
     }
 
     template <int Line, class Item>
     static auto accessOf(ElementsOfArray<Record, Item>) {
-        return accessOfArray<Item>([] { return RecordAccess::arrayAccessors<Record, Line>(); },
-                                   true);
-    }
-
-    template <int Line, class Item, Place place>
-        requires std::derived_from<Item, BaseEntity>
-    static auto accessOf(StoredProperty<Record, std::shared_ptr<Item>, place>) {
-        constexpr auto declared = RecordAccess::property<Record, Line>();
-        return RecordsAccess{
-            Item::recordName,
-            true,
-            false,
-            &itemSchema<Item>,
-            [](const BaseEntity& record) {
-                return std::vector<const BaseEntity*>{
-                    (static_cast<const Record&>(record).*declared.get)().get()};
-            },
-            [](BaseEntity& record, RecordReader* reader, bool isOverridden) {
-                auto& self = static_cast<Record&>(record);
-                if (reader == nullptr && !isOverridden && (self.*declared.get)() == nullptr)
-                    return;
-                RecordsSink<Item> sink;
-                if (reader != nullptr)
-                    reader->readInto(sink);
-                (self.*declared.set)(sink.records.empty() ? nullptr
-                                                          : std::move(sink.records.front()));
-            }};
+        constexpr auto array = RecordAccess::arrayAt<Record, Line>();
+        RecordsAccess access = recordsAccess<Item, array.first, array.second>(false);
+        access.isNarrowed = true;
+        return access;
     }
 
     template <int Line, class T>
@@ -295,37 +275,42 @@ private:
         }};
     }
 
-    template <class Item>
-    static const RecordSchema& itemSchema() {
-        return std::make_shared<Concrete<Item>>()->schema();
+    /// Returns the access by two accessors to records that filling makes of the class Item.
+    template <class Item, auto get, auto set>
+    static RecordsAccess recordsAccess(bool isSingle) {
+        return {Item::recordName,
+                isSingle,
+                false,
+                &RecordAccess::schema<Item>,
+                [](const BaseEntity& record) {
+                    const auto& value = (static_cast<const Record&>(record).*get)();
+                    std::vector<const BaseEntity*> items;
+                    if constexpr (isShared<std::remove_cvref_t<decltype(value)>>)
+                        items.push_back(value.get());
+                    else
+                        for (const auto& item : value)
+                            items.push_back(item.get());
+                    return items;
+                },
+                &fillRecords<Item, get, set>};
     }
 
-    /// Requires that `declared()` returns the accessors. The array's own elements may be of a base
-    /// of Item.
-    template <class Item, class Declared>
-    static RecordsAccess accessOfArray(Declared, bool isNarrowed) {
-        const auto get = [](const BaseEntity& record) {
-            std::vector<const BaseEntity*> items;
-            for (const auto& item : (static_cast<const Record&>(record).*Declared()().get)())
-                items.push_back(item.get());
-            return items;
-        };
-        const auto fill = [](BaseEntity& record, RecordReader* reader, bool isOverridden) {
-            constexpr auto declared = Declared()();
-            auto& self = static_cast<Record&>(record);
-            const auto& array = (self.*declared.get)();
-            if (reader == nullptr && !isOverridden && array.empty())
-                return;
-            RecordsSink<Item> sink;
-            if (reader != nullptr)
-                reader->readInto(sink);
-            if constexpr (std::same_as<decltype(array), const decltype(sink.records)&>)
-                (self.*declared.set)(std::move(sink.records));
-            else
-                (self.*declared.set)({std::make_move_iterator(sink.records.begin()),
-                                      std::make_move_iterator(sink.records.end())});
-        };
-        return {Item::recordName, false, isNarrowed, &itemSchema<Item>, get, fill};
+    template <class Item, auto get, auto set>
+    static void fillRecords(BaseEntity& record, RecordReader* reader, bool isOverridden) {
+        auto& self = static_cast<Record&>(record);
+        using Given = std::remove_cvref_t<decltype((self.*get)())>;
+        if (reader == nullptr && !isOverridden && (self.*get)() == Given())
+            return;
+        RecordsSink<Item> sink;
+        if (reader != nullptr)
+            reader->readInto(sink);
+        if constexpr (isShared<Given>)
+            (self.*set)(sink.records.empty() ? nullptr : std::move(sink.records.front()));
+        else if constexpr (std::same_as<Given, std::vector<std::shared_ptr<Item>>>)
+            (self.*set)(std::move(sink.records));
+        else
+            (self.*set)({std::make_move_iterator(sink.records.begin()),
+                         std::make_move_iterator(sink.records.end())});
     }
 };
 
@@ -335,15 +320,17 @@ private:
 /// Defines the functions that PERCH_RECORD(Class, ...) declares. Goes once into the record's source
 /// file, in its namespace.
 #define PERCH_RECORD_SCHEMA(Class)                                                              \
-    const PerchAppLibrary::RecordSchema& Class::schema() const {                                \
+    const PerchAppLibrary::RecordSchema& Class::perchSchema() {                                 \
         static_assert(PerchAppLibrary::RecordAccess::isEnded<Class>,                            \
                       #Class " needs PERCH_RECORD_END after its properties");                   \
         static_assert(std::is_same_v<PerchAppLibrary::NearestBase<Class>, typename Base::Self>, \
                       "PERCH_RECORD(" #Class ", ...) does not name the direct base");           \
         static const PerchAppLibrary::NoDestructor<PerchAppLibrary::RecordSchema> schema(       \
-            #Class, typeid(PerchAppLibrary::Concrete<Class>), &Base::schema(),                  \
+            #Class, typeid(PerchAppLibrary::Concrete<Class>),                                   \
+            &PerchAppLibrary::RecordAccess::schema<Base>(),                                     \
             PerchAppLibrary::PropertyCollector<Class>::collect(),                               \
             PerchAppLibrary::PropertyCollector<Class>::overrides(), Class::perchEffect);        \
         return *schema;                                                                         \
     }                                                                                           \
+    const PerchAppLibrary::RecordSchema& Class::schema() const { return perchSchema(); }        \
     static_assert(true)

@@ -12,8 +12,10 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <cstdio>
 #include <memory>
 #include <new>
+#include <numeric>
 #include <utility>
 #include <vector>
 
@@ -163,6 +165,42 @@ bool isControl(std::string_view character) noexcept {
 char32_t codePoint(std::string_view character) noexcept {
     std::size_t offset = 0;
     return character.empty() ? U'\0' : static_cast<char32_t>(nextCodePoint(character, offset));
+}
+
+std::string printable(std::string_view text, std::size_t maximum) {
+    std::string shown;
+    for (; !text.empty() && maximum > 0; --maximum) {
+        const std::string_view character = firstCodePoint(text);
+        text.remove_prefix(character.size());
+        if (!isControl(character)) {
+            shown += wellFormed(character);
+            continue;
+        }
+        char escape[16];
+        const auto number = static_cast<unsigned>(codePoint(character));
+        shown.append(escape, static_cast<std::size_t>(
+                                 std::snprintf(escape, sizeof escape, "\\u%04X", number)));
+    }
+    return text.empty() ? shown : shown + "...";
+}
+
+std::size_t editDistance(std::string_view from, std::string_view to) {
+    const auto lowercase = [](char letter) {
+        return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
+    };
+    // Distances of the letters read so far to each prefix of `to`.
+    std::vector<std::size_t> row(to.size() + 1);
+    std::iota(row.begin(), row.end(), std::size_t{0});
+    for (const char letter : from) {
+        std::size_t diagonal = row.front()++;
+        for (std::size_t length = 1; length <= to.size(); ++length) {
+            const bool isEqual = lowercase(letter) == lowercase(to[length - 1]);
+            const std::size_t replaced = diagonal + (isEqual ? 0 : 1);
+            diagonal = row[length];
+            row[length] = std::min({replaced, row[length] + 1, row[length - 1] + 1});
+        }
+    }
+    return row.back();
 }
 
 std::size_t graphemeCount(std::string_view text) {

@@ -56,6 +56,15 @@ bool isControl(std::string_view character) noexcept;
 /// Constant time.
 char32_t codePoint(std::string_view character) noexcept;
 
+/// Returns the text for a message: without ill-formed sequences, each control (isControl) as
+/// "\u000A". Of a text of more than `maximum` code points, returns these and "...". Linear in what
+/// is returned.
+std::string printable(std::string_view text, std::size_t maximum = static_cast<std::size_t>(-1));
+
+/// Returns how many letters to add, remove or replace to make one text of the other, where ASCII
+/// case is ignored (Levenshtein distance of bytes). Takes the product of their lengths.
+std::size_t editDistance(std::string_view from, std::string_view to);
+
 /// Returns the number of user-perceived characters: extended grapheme clusters (UAX #29).
 std::size_t graphemeCount(std::string_view text);
 

@@ -9,13 +9,13 @@
 #include <stdexcept>
 #include <string>
 #include <string_view>
-#include <type_traits>
 #include <utility>
 
 namespace VelmoCloudEntity {
 
 /// Thrown by parseReply() for a reply that is not what was asked for. what() is a sentence in
-/// English.
+/// English, of one line: a long message of the service is shortened, its control characters are
+/// escaped.
 class ReplyError : public std::runtime_error {
 public:
     explicit ReplyError(ServiceError error);
@@ -39,8 +39,8 @@ bool beginsArray(std::string_view text) noexcept;
 
 /// Returns T::parse(text, limits) for a reply of the service, where T is a list wrapper or a
 /// record. Throws JSON::ParseError if the text is malformed or exceeds the limits, and ReplyError
-/// if it is an error of the service, an object in place of a list, or the reverse. T::parse() makes
-/// an empty list or a record of defaults of these. As fast as T::parse().
+/// unless it is an array for a list, or for a record an object that reports no error. T::parse()
+/// makes an empty list or a record of such a reply. As fast as T::parse().
 ///
 ///     try {
 ///         fonts = parseReply<FontList>(text, {.elements = 8'000'000});

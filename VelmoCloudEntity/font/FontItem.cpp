@@ -61,16 +61,13 @@ std::string stemOrFail(const FontItem& font) {
     return *std::move(stem);
 }
 
-/// Returns whether Dict() of the font is that of FontItem. A class without a schema of its own may
-/// override it.
-bool keepsDict(const FontItem& font) {
+/// Returns whether Dict() and setActivated() of the font are those of FontItem, so that a walk may
+/// go on in a loop. A class without a schema of its own may override them.
+bool keepsWalks(const FontItem& font) {
+    if (isExactly(font))
+        return true;
     const PerchAppLibrary::RecordSchema& schema = font.schema();
-    return isExactly(font) || (isExactly(font, schema.type()) && !schema.overrides().computed);
-}
-
-bool keepsSetActivated(const FontItem& font) {
-    const PerchAppLibrary::RecordSchema& schema = font.schema();
-    return isExactly(font) || (isExactly(font, schema.type()) && !schema.overrides().functions);
+    return isExactly(font, schema.type()) && !schema.overrides().walks;
 }
 
 } // namespace
@@ -104,7 +101,7 @@ Dictionary FontItem::dictIn(const PerchAppLibrary::Storage& storage) const {
     PerchAppLibrary::ValueArray& members = dictionary["Children"].emplace_array();
     members.reserve(Children().size());
     for (const std::shared_ptr<FontItem>& member : Children())
-        members.emplace_back(keepsDict(*member) ? member->dictIn(storage) : member->Dict());
+        members.emplace_back(keepsWalks(*member) ? member->dictIn(storage) : member->Dict());
     return dictionary;
 }
 
@@ -139,7 +136,7 @@ std::string FontItem::getFontArrayText(const Records<FontItem>& list) {
         if (level.next > 0)
             text += ',';
         const FontItem& font = *(*level.fonts)[level.next++];
-        if (!keepsDict(font)) {
+        if (!keepsWalks(font)) {
             text += PerchAppLibrary::toText(font.Dict());
             continue;
         }
@@ -166,7 +163,6 @@ void FontItem::setActivated(bool activated) {
         setIsActivated(activated);
         return;
     }
-    // A subclass may override setActivated(), so the loop descends only into groups of this class.
     std::vector<std::span<const std::shared_ptr<FontItem>>> levels{Children()};
     while (!levels.empty()) {
         if (levels.back().empty()) {
@@ -175,7 +171,7 @@ void FontItem::setActivated(bool activated) {
         }
         FontItem& member = *levels.back().front();
         levels.back() = levels.back().subspan(1);
-        if (keepsSetActivated(member) && member.IsGroup())
+        if (keepsWalks(member) && member.IsGroup())
             levels.emplace_back(member.Children());
         else
             member.setActivated(activated);

@@ -27,9 +27,9 @@ namespace VelmoCloudEntity {
 ///
 /// Requires that no group contains itself, at any depth, and that no member is null. Queries,
 /// destruction, setActivated() and getFontArrayText() work at any depth. The last two recurse into
-/// a font whose class has no PERCH_RECORD, or overrides setActivated() or a computed property.
-/// Dict() and properties() recurse once for each level, and so does copying, writing or destroying
-/// a Dictionary: 10,000 levels are tested. A document nests groups at most 512 deep.
+/// a font whose class overrides Dict() or setActivated(), or has no PERCH_RECORD. Dict() and
+/// properties() recurse once for each level, and so does copying, writing or destroying a
+/// Dictionary: 10,000 levels are tested. A document nests groups at most 512 deep.
 class FontItem : public PerchAppLibrary::BaseEntity {
     /// Lies near the flags, since queries read both.
     PerchAppLibrary::text::CachedSignature m_nameSignature;
@@ -184,16 +184,6 @@ class FontItem : public PerchAppLibrary::BaseEntity {
     /// group's own flag unchanged.
     virtual void setActivated(bool activated);
 
-    /// @cond what the schema uses
-    /// Returns whether a class keeps the functions that walk a tree in a loop.
-    template <class Record>
-    static consteval bool perchKeepsFunctions() {
-        return requires {
-            requires std::same_as<decltype(&Record::setActivated), void (FontItem::*)(bool)>;
-        };
-    }
-    /// @endcond
-
     /// Returns the Dicts of the fonts, in order.
     static std::vector<PerchAppLibrary::Dictionary> getFontArray(const Records<FontItem>& list);
 
@@ -293,6 +283,17 @@ private:
         return reinterpret_cast<const char*>(&font.m_nameSignature + 1) - 1;
     }
     /// @endcond
+
+    /// Returns whether a subclass keeps the functions that call themselves for members, so that a
+    /// walk over a tree may go on in a loop.
+    template <class Record>
+    static consteval bool perchKeepsWalks() {
+        return requires {
+            requires std::same_as<decltype(&Record::Dict), decltype(&FontItem::Dict)>;
+            requires std::same_as<decltype(&Record::setActivated),
+                                  decltype(&FontItem::setActivated)>;
+        };
+    }
 
     void forgetNames() noexcept { m_nameSignature.forget(); }
 

@@ -51,7 +51,8 @@ Dictionary locationsOf(const FontItem& font, const LocateOptions& options) {
     Dictionary locations;
     locations["LocalFile"] = toValue(font.LocalFile());
     locations["LocalPreviewFile"] = ifStem([&] { return font.LocalPreviewFile(); });
-    locations["remotePreviewFile"] = remotePreview ? toValue(*remotePreview) : Value(nullptr);
+    locations["remotePreviewFile"] =
+        remotePreview ? toValue(remotePreview->buffer()) : Value(nullptr);
     locations["getRemoteFileUrl"] = toValue(
         font.getRemoteFileUrl(options.productUrl, options.privateProductUrl, options.userGuid));
     locations["getLocalPreviewFile"] = ifStem([&] {

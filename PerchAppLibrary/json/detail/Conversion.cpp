@@ -1,7 +1,5 @@
 #include <PerchAppLibrary/json/detail/Conversion.hpp>
 
-#include <PerchAppLibrary/json/detail/JSONElement.hpp>
-
 #include <boost/algorithm/string/predicate.hpp>
 #include <fast_float/fast_float.h>
 
@@ -136,20 +134,6 @@ const char* endOfDigits(const char* from) noexcept {
     return from;
 }
 
-template <class Element>
-bool convertArray(dom::element element, std::vector<Element>& value) {
-    dom::array elements;
-    if (element.get(elements) != simdjson::SUCCESS)
-        return false;
-    std::vector<Element> converted;
-    converted.reserve(elements.size());
-    for (const dom::element each : elements)
-        if (!convertElement(each, converted.emplace_back()))
-            return false;
-    value = std::move(converted);
-    return true;
-}
-
 } // namespace
 
 std::string shortestDecimal(float number) { return shortestDecimalOf(number); }
@@ -270,16 +254,5 @@ bool convertScalar(const Scalar& scalar, std::string& value) {
 
 bool convertScalar(const Scalar& scalar, float& value) { return convertReal(scalar, value); }
 bool convertScalar(const Scalar& scalar, double& value) { return convertReal(scalar, value); }
-bool convertElement(dom::element element, std::vector<std::int64_t>& value) {
-    return convertArray(element, value);
-}
-bool convertElement(dom::element element, std::vector<std::string>& value) {
-    return convertArray(element, value);
-}
-
-bool convertElement(dom::element element, JSON& value) {
-    value = JSONElement::detached(element);
-    return true;
-}
 
 } // namespace PerchAppLibrary

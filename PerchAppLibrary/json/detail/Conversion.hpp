@@ -10,6 +10,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <variant>
 #include <vector>
 
@@ -44,30 +45,32 @@ bool convertScalar(const Scalar& scalar, float& value);
 bool convertScalar(const Scalar& scalar, double& value);
 bool convertScalar(const Scalar& scalar, std::string& value);
 
-/// A null becomes nullopt.
 template <class T>
-bool convertScalar(const Scalar& scalar, std::optional<T>& value) {
-    T given{};
-    const bool isNull = std::holds_alternative<std::nullptr_t>(scalar);
-    if (!isNull && !convertScalar(scalar, given))
-        return false;
-    value = isNull ? std::nullopt : std::optional<T>(std::move(given));
-    return true;
-}
-
-template <class T>
-concept ConvertsFromScalar =
-    requires(const Scalar& scalar, T& value) { convertScalar(scalar, value); };
-
-template <ConvertsFromScalar T>
 bool convertElement(simdjson::dom::element element, T& value) {
     if constexpr (std::integral<T>) // the usual case, in line
         if (element.get(value) == simdjson::SUCCESS)
             return true;
     return convertScalar(scalarOf(element), value);
 }
-bool convertElement(simdjson::dom::element element, std::vector<std::int64_t>& value);
-bool convertElement(simdjson::dom::element element, std::vector<std::string>& value);
-bool convertElement(simdjson::dom::element element, JSON& value);
+
+/// An array converts if `convert(element, T&)` does for each element.
+template <class T, class Convert>
+bool convertArray(simdjson::dom::element element, std::vector<T>& value, Convert convert) {
+    simdjson::dom::array elements;
+    if (element.get(elements) != simdjson::SUCCESS)
+        return false;
+    std::vector<T> converted;
+    converted.reserve(elements.size());
+    for (const simdjson::dom::element each : elements)
+        if (!convert(each, converted.emplace_back()))
+            return false;
+    value = std::move(converted);
+    return true;
+}
+template <class T>
+bool convertElement(simdjson::dom::element element, std::vector<T>& value) {
+    return convertArray(element, value,
+                        [](auto each, T& item) { return convertElement(each, item); });
+}
 
 } // namespace PerchAppLibrary

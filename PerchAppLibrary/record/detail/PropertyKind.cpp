@@ -9,18 +9,7 @@ void PropertyKind<std::string>::write(Dictionary& dictionary, std::string_view k
     if (text::isWellFormed(value))
         dictionary.emplace(key, std::string_view(value));
     else
-        assign(dictionary[key], value);
-}
-
-void PropertyKind<std::vector<std::int64_t>>::write(std::string& text,
-                                                    const std::vector<std::int64_t>& values) {
-    char before = '[';
-    for (const std::int64_t value : values) {
-        text += before;
-        before = ',';
-        PropertyKind<std::int64_t>::write(text, value);
-    }
-    text += values.empty() ? "[]" : "]";
+        PerchAppLibrary::assign(dictionary[key], value);
 }
 
 } // namespace PerchAppLibrary

@@ -52,7 +52,7 @@ TokenSource::TokenSource(std::string_view text, const JSON::Limits& limits, std:
       m_window(text.substr(0, 0)),
       m_windowSize(windowSize),
       m_maximumDepth(std::min(limits.depth, maximumDepth)),
-      m_elementsLeft(limits.elements) {
+      m_elementsLeft(static_cast<std::int64_t>(std::min(limits.elements, text.size()))) {
     const simdjson::implementation& reader = *simdjson::get_active_implementation();
     // The fallback is for old processors. Its first stage does not check UTF-8.
     if (text.size() > simdjson::SIMDJSON_MAXSIZE_BYTES || reader.name() == "fallback")

@@ -2,6 +2,7 @@
 
 #include <PerchAppLibrary/json/JSON.hpp>
 #include <PerchAppLibrary/json/detail/Conversion.hpp>
+#include <PerchAppLibrary/record/detail/PropertyKind.hpp>
 
 #include <cstddef>
 #include <cstdint>
@@ -113,9 +114,9 @@ public:
     template <class T>
     bool convert(Element element, T& value) {
         if constexpr (ConvertsFromScalar<T>)
-            return convertScalar(readScalar(element), value);
+            return PropertyKind<T>::convert(readScalar(element), value);
         else
-            return convertElement(parse(element), value);
+            return PropertyKind<T>::convert(parse(element), value);
     }
 
     /// Throws Fault: a class that overrides how it is filled takes documents.
@@ -149,9 +150,9 @@ private:
     }
 
     void countElements(std::size_t count) {
-        if (count > m_elementsLeft) [[unlikely]]
+        m_elementsLeft -= static_cast<std::int64_t>(count);
+        if (m_elementsLeft < 0) [[unlikely]]
             fail();
-        m_elementsLeft -= count;
     }
 
     bool goesOn(char bracket) {
@@ -248,8 +249,8 @@ private:
     Token m_end = nullptr;
     std::size_t m_depth = 0;
     std::size_t m_maximumDepth;
-    std::size_t m_elementsLeft;
-    const char* m_plainBegin; // a part of the text without backslashes
+    std::int64_t m_elementsLeft; // signed, since a test for its sign takes fewest instructions
+    const char* m_plainBegin;    // a part of the text without backslashes
     const char* m_plainEnd;
     std::vector<std::uint8_t> m_unescaped;
     std::vector<std::int64_t> m_numbers;

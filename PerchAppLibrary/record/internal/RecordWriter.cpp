@@ -15,38 +15,6 @@ namespace {
 
 using RecordPointers = std::vector<const BaseEntity*>;
 
-/// Like std::visit, which calls by pointer, and inlines nothing, if there are over 11 alternatives.
-template <class Visitor, class... Access>
-void visitInline(Visitor visit, const std::variant<Access...>& access) {
-    static_assert(sizeof...(Access) <= 16);
-    const auto at = [&]<std::size_t I>(std::integral_constant<std::size_t, I>) {
-        if constexpr (I < sizeof...(Access))
-            visit(*std::get_if<I>(&access));
-    };
-#define VISIT_CASE(I) \
-    case I:           \
-        return at(std::integral_constant<std::size_t, I>())
-    switch (access.index()) {
-        VISIT_CASE(0);
-        VISIT_CASE(1);
-        VISIT_CASE(2);
-        VISIT_CASE(3);
-        VISIT_CASE(4);
-        VISIT_CASE(5);
-        VISIT_CASE(6);
-        VISIT_CASE(7);
-        VISIT_CASE(8);
-        VISIT_CASE(9);
-        VISIT_CASE(10);
-        VISIT_CASE(11);
-        VISIT_CASE(12);
-        VISIT_CASE(13);
-        VISIT_CASE(14);
-        VISIT_CASE(15);
-    }
-#undef VISIT_CASE
-}
-
 /// Adds members to a Dictionary. Requires that it has none of their names.
 struct DictionarySink {
     Dictionary& dictionary;
@@ -118,19 +86,6 @@ private:
     }
 };
 
-/// Most properties are of these types.
-template <class Access>
-constexpr bool isUsual =
-    std::same_as<Access, FieldAccess<std::int64_t>> || std::same_as<Access, FieldAccess<bool>> ||
-    std::same_as<Access, FieldAccess<std::string>>;
-
-/// Not inlined, so that what is usual is.
-template <class Sink, class Access>
-[[gnu::noinline]] void addUnusual(Sink& sink, const Property& property, const BaseEntity& record,
-                                  const Access& access, bool readsPlaces) {
-    sink.add(property, readsPlaces ? PlaceAccess::read(record, access) : (record.*access.get)());
-}
-
 } // namespace
 
 RecordWriter::RecordWriter(const RecordSchema& schema, const Excluded& excluded)
@@ -179,19 +134,27 @@ void RecordWriter::write(const BaseEntity& record, std::string& text) const {
 template <class Sink>
 void RecordWriter::writeTo(const BaseEntity& record, Sink sink) const {
     const bool readsPlaces = isExactly(record, m_schema.type()) && !m_schema.overrides().getters;
+    const auto add = [&]<class Access>(const Property& property, const Access& access) {
+        if constexpr (requires { typename Access::Value; })
+            sink.add(property,
+                     readsPlaces ? PlaceAccess::read(record, access) : (record.*access.get)());
+        else if constexpr (std::same_as<Access, RecordsAccess>)
+            access.isSingle ? sink.addSingle(property, access.get(record).front())
+                            : sink.add(property, access.get(record));
+    };
+    // Most properties are of three types. They are added in line, which std::visit never does if
+    // there are over eleven alternatives.
+    const auto addIf = [&]<class T>(const Property& property, std::type_identity<T>) {
+        const auto* const access = std::get_if<FieldAccess<T>>(&property.access);
+        if (access != nullptr)
+            add(property, *access);
+        return access != nullptr;
+    };
     for (const Property* const property : m_members)
-        visitInline(
-            [&]<class Access>(const Access& access) {
-                if constexpr (requires { typename Access::Value; } && !isUsual<Access>)
-                    addUnusual(sink, *property, record, access, readsPlaces);
-                else if constexpr (requires { typename Access::Value; })
-                    sink.add(*property, readsPlaces ? PlaceAccess::read(record, access)
-                                                    : (record.*access.get)());
-                else if constexpr (std::same_as<Access, RecordsAccess>)
-                    access.isSingle ? sink.addSingle(*property, access.get(record).front())
-                                    : sink.add(*property, access.get(record));
-            },
-            property->access);
+        if (!addIf(*property, std::type_identity<std::string>()) &&
+            !addIf(*property, std::type_identity<bool>()) &&
+            !addIf(*property, std::type_identity<std::int64_t>()))
+            std::visit([&](const auto& access) { add(*property, access); }, property->access);
 }
 
 } // namespace PerchAppLibrary
