@@ -57,8 +57,7 @@ class Holder : public PerchAppLibrary::OwnBase {
     PERCH_RECORD_END;
     PERCH_INHERIT_LABELS(NameLabels);
 };
-template <class T>
-PERCH_RECORD_SCHEMA(Holder<T>);
+PERCH_RECORD_SCHEMA(Holder<T>, template <class T>);
 template <class T>
 std::vector<bool> Holder<T>::Flags() const {
     return {true, false};

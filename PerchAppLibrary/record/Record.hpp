@@ -276,7 +276,7 @@ public:                                            \
     static_assert(true)
 
 /// Defines the schema of a record. RecordSchema.hpp defines this macro again.
-#define PERCH_RECORD_SCHEMA(Class)                                \
+#define PERCH_RECORD_SCHEMA(Class, ...)                           \
     static_assert(false, "PERCH_RECORD_SCHEMA(" #Class ") needs " \
                          "#include <PerchAppLibrary/record/RecordSchema.hpp>")
 

@@ -318,9 +318,9 @@ private:
 
 #undef PERCH_RECORD_SCHEMA
 /// Defines the functions that PERCH_RECORD(Class, ...) declares. Goes once into the record's source
-/// file, in its namespace.
-#define PERCH_RECORD_SCHEMA(Class)                                                              \
-    const PerchAppLibrary::RecordSchema& Class::perchSchema() {                                 \
+/// file, in its namespace. For a class template, the second argument is `template <class T>`.
+#define PERCH_RECORD_SCHEMA(Class, ...)                                                         \
+    __VA_ARGS__ const PerchAppLibrary::RecordSchema& Class::perchSchema() {                     \
         static_assert(PerchAppLibrary::RecordAccess::isEnded<Class>,                            \
                       #Class " needs PERCH_RECORD_END after its properties");                   \
         static_assert(std::is_same_v<PerchAppLibrary::NearestBase<Class>, typename Base::Self>, \
@@ -332,5 +332,7 @@ private:
             PerchAppLibrary::PropertyCollector<Class>::overrides(), Class::perchEffect);        \
         return *schema;                                                                         \
     }                                                                                           \
-    const PerchAppLibrary::RecordSchema& Class::schema() const { return perchSchema(); }        \
+    __VA_ARGS__ const PerchAppLibrary::RecordSchema& Class::schema() const {                    \
+        return perchSchema();                                                                   \
+    }                                                                                           \
     static_assert(true)

@@ -91,8 +91,8 @@ const RecordWriter& FontItem::writer() const {
 Dictionary FontItem::Dict() const {
     // In storage of its own, the Dict of each member of another class would be copied, so that a
     // deep tree would take quadratic time.
-    return dictIn(keepsDict(*this) ? arenaForDict(Children().size()).get()
-                                   : PerchAppLibrary::Storage());
+    return dictIn(keepsWalks(*this) ? arenaForDict(Children().size()).get()
+                                    : PerchAppLibrary::Storage());
 }
 
 Dictionary FontItem::dictIn(const PerchAppLibrary::Storage& storage) const {

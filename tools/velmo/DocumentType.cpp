@@ -51,7 +51,7 @@ Fit fitOf(const JSON& document, const RecordType& type) {
     const auto used = [&](const RecordSchema& schema) {
         return static_cast<std::ptrdiff_t>(explain(document, schema, isList, maxRecords).used);
     };
-    return {used(type.schema()) - used(PerchAppLibrary::schemaOf<BaseEntity>()),
+    return {used(type.schema()) - used(PerchAppLibrary::RecordAccess::schema<BaseEntity>()),
             -std::ssize(type.properties())};
 }
 

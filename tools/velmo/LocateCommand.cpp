@@ -52,7 +52,7 @@ Dictionary locationsOf(const FontItem& font, const LocateOptions& options) {
     locations["LocalFile"] = toValue(font.LocalFile());
     locations["LocalPreviewFile"] = ifStem([&] { return font.LocalPreviewFile(); });
     locations["remotePreviewFile"] =
-        remotePreview ? toValue(remotePreview->buffer()) : Value(nullptr);
+        remotePreview ? toValue(std::string_view(remotePreview->buffer())) : Value(nullptr);
     locations["getRemoteFileUrl"] = toValue(
         font.getRemoteFileUrl(options.productUrl, options.privateProductUrl, options.userGuid));
     locations["getLocalPreviewFile"] = ifStem([&] {

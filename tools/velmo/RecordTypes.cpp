@@ -66,7 +66,7 @@ template <class Record>
 RecordType record() {
     return {std::string(Record::recordName), "",
             [](const JSON& json) { return toValue(make<Record>(json)->properties()); },
-            &PerchAppLibrary::schemaOf<Record>,
+            &PerchAppLibrary::RecordAccess::schema<Record>,
             [] {
                 const std::shared_ptr<Record> record = make<Record>(JSON::null);
                 const BaseEntity base;
@@ -98,7 +98,7 @@ RecordType list(const char* name) {
                     array.push_back(item->properties());
                 return Value(std::move(array));
             },
-            &PerchAppLibrary::schemaOf<Item>,
+            &PerchAppLibrary::RecordAccess::schema<Item>,
             [] {
                 const List empty;
                 const char* const property =
