@@ -5,13 +5,13 @@
 #     $ mkdir replies; cp samples/font-*.json replies; nightly-check.sh replies
 #     $ sed -i 's/"Format":/"Fmt":/' replies/font-list.json; nightly-check.sh replies
 #     replies/font-list.json: FontList; 10798 values used, 59 ignored
-#       [0].Children[0].Fmt: no property of FontItem (59 times)
+#       [0].Children[0].Fmt: FontItem has no such property: "TTF" (59 times)
 #     replies/font-tags.json: FontTagList; 949 values used, 0 ignored
 #     [1]
 #     $ nightly-check.sh replies
 #     $ cp samples/error-reply.json replies/font-tags.json; nightly-check.sh replies
 #     replies/font-list.json: FontList; 10798 values used, 59 ignored
-#       [0].Children[0].Fmt: no property of FontItem (59 times)
+#       [0].Children[0].Fmt: FontItem has no such property: "TTF" (59 times)
 #     replies/font-tags.json: is an error reply: 005001, The user login has expired.
 #     [1]
 #

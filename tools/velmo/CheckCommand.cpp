@@ -61,6 +61,7 @@ Value describe(const std::string& file, const Finding& finding) {
                                         {"expected", each.expected},
                                         {"path", each.path},
                                         {"count", each.count},
+                                        {"value", each.value},
                                         {"text", each.text()}});
     return Dictionary{{"file", file},
                       {"type", textOrNull(finding.type)},

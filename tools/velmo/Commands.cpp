@@ -2,12 +2,13 @@
 
 #include "Terminal.hpp"
 
+#include <PerchAppLibrary/text/Text.hpp>
+
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
 #include <cctype>
 #include <charconv>
-#include <numeric>
 #include <system_error>
 
 namespace velmo {
@@ -19,23 +20,6 @@ std::int64_t parseInteger(const std::string& name, const std::string& text) {
     if (const auto value = integerIn(text))
         return *value;
     throw CLI::ValidationError(name, "\"" + text + "\" is not an integer");
-}
-
-/// Returns the Levenshtein distance: the least number of letters to insert, delete or replace to
-/// turn one text into the other.
-std::size_t editDistance(const std::string& from, const std::string& to) {
-    // Distances of the letters read so far to each prefix of `to`.
-    std::vector<std::size_t> row(to.size() + 1);
-    std::iota(row.begin(), row.end(), std::size_t{0});
-    for (const char letter : from) {
-        std::size_t diagonal = row.front()++;
-        for (std::size_t length = 1; length <= to.size(); ++length) {
-            const std::size_t replaced = diagonal + (letter == to[length - 1] ? 0 : 1);
-            diagonal = row[length];
-            row[length] = std::min({replaced, row[length] + 1, row[length - 1] + 1});
-        }
-    }
-    return row.back();
 }
 
 } // namespace
@@ -52,8 +36,8 @@ std::string footerOf(const CommandText& text) {
 }
 
 std::string suggestion(const std::string& text, const std::vector<std::string>& names) {
-    const auto distance = [from = lowercase(text)](const std::string& name) {
-        return editDistance(from, lowercase(name));
+    const auto distance = [&text](const std::string& name) {
+        return PerchAppLibrary::text::editDistance(text, name);
     };
     const auto nearest = std::ranges::min_element(names, {}, distance);
     const std::size_t limit = std::max<std::size_t>(text.size() / 3, 1);

@@ -36,21 +36,6 @@ std::string styled(const std::string& text, const char* sequence) {
 
 } // namespace
 
-std::string printable(std::string_view text) {
-    const std::string clean = PerchAppLibrary::text::wellFormed(text);
-    std::string shown;
-    for (std::string_view rest = clean; !rest.empty();) {
-        const std::string_view character = PerchAppLibrary::text::firstCodePoint(rest);
-        rest.remove_prefix(character.size());
-        if (PerchAppLibrary::text::isControl(character))
-            shown += fmt::format("\\u{:04X}", static_cast<std::uint32_t>(
-                                                  PerchAppLibrary::text::codePoint(character)));
-        else
-            shown += character;
-    }
-    return shown;
-}
-
 std::string indent(std::size_t depth) {
     constexpr std::size_t maxDepth = 20;
     return std::string(2 * std::min(depth, maxDepth), ' ');

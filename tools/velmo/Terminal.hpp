@@ -1,6 +1,7 @@
 #pragma once
 
 #include <PerchAppLibrary/json/DictionaryFwd.hpp>
+#include <PerchAppLibrary/text/Text.hpp>
 
 #include <cstddef>
 #include <cstdio>
@@ -9,9 +10,7 @@
 
 namespace velmo {
 
-/// Returns the text in a form that is safe for a terminal: ill-formed bytes as U+FFFD, the
-/// characters of text::isControl() as escapes such as "\u001B".
-std::string printable(std::string_view text);
+using PerchAppLibrary::text::printable; // makes a text safe for a terminal
 
 /// Returns the indentation of a line at this depth of a tree. Beyond depth 20 it stays constant, so
 /// that the output for a deep document stays small.
