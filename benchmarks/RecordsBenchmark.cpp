@@ -80,9 +80,9 @@ void read(ondemand::value value, std::shared_ptr<Record>& field) {
 #define PLAIN_STRUCT(Struct, ...)                                                               \
     struct Struct {                                                                             \
         using Self = Struct;                                                                    \
-        PERCH_FOR_EACH(DECLARE, __VA_ARGS__)                                                    \
+        PERCH_DETAIL_FOR_EACH(DECLARE, __VA_ARGS__)                                             \
         void fill(ondemand::object object) {                                                    \
-            static const Readers<Self> readers{PERCH_FOR_EACH(READER, __VA_ARGS__)};            \
+            static const Readers<Self> readers{PERCH_DETAIL_FOR_EACH(READER, __VA_ARGS__)};     \
             for (auto member : object)                                                          \
                 if (const auto reader = readers.find(std::string_view(member.unescaped_key())); \
                     reader != readers.end())                                                    \

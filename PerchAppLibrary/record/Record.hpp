@@ -5,6 +5,7 @@
 #endif
 
 #include <PerchAppLibrary/container/NoDestructor.hpp>
+#include <PerchAppLibrary/record/MacroHelpers.hpp>
 #include <PerchAppLibrary/record/PropertyDeclaration.hpp>
 
 /// The macros with which a record declares its properties.
@@ -108,14 +109,14 @@ public:                                               \
 /// follows the name, a list in braces: `{"en", "de"}`; without it, the default is the zero of the
 /// type.
 #define PERCH_PROPERTY(Type, Name, ...)                                \
-    PERCH_ASSERT_NAME(Name)                                            \
+    PERCH_DETAIL_ASSERT_NAME(Name)                                     \
     static_assert(#Name[0] < 'a' || #Name[0] > 'z',                    \
                   "PERCH_PROPERTY_SET_BY names the setter of " #Name); \
     PERCH_PROPERTY_SET_BY(Type, Name, set##Name __VA_OPT__(, ) __VA_ARGS__)
 
 /// Like PERCH_PROPERTY, but names the setter, for a property whose name begins with a small letter.
 #define PERCH_PROPERTY_SET_BY(Type, Name, Setter, ...)                                             \
-    PERCH_ASSERT_NAME(Name)                                                                        \
+    PERCH_DETAIL_ASSERT_NAME(Name)                                                                 \
 private:                                                                                           \
     [[no_unique_address]] PerchAppLibrary::FieldOf<Type, Self, __LINE__> m_##Name{                 \
         __VA_OPT__(PerchAppLibrary::initial<PerchAppLibrary::FieldOf<Type, Self, __LINE__>>(       \
@@ -141,17 +142,17 @@ public:                                                                         
         this->PerchAppLibrary::BaseEntity::store(this->m_##Name, std::move(newValue));             \
         this->perchChanged(#Name);                                                                 \
     }                                                                                              \
-PERCH_SECOND_OF(PERCH_REFUSES_##Type, PERCH_REFUSE_NOTHING, )(Setter)                              \
+PERCH_DETAIL_SECOND_OF(PERCH_DETAIL_REFUSES_##Type, PERCH_DETAIL_REFUSE_NOTHING, )(Setter)         \
                                                                                                    \
     private                                                                                        \
     : static consteval PerchAppLibrary::StoredProperty<Self, PerchAppLibrary::ValueOf<Type>,       \
                                                        PerchAppLibrary::Declared<Type>::place>     \
       onePropertyPerLine(PerchAppLibrary::At<__LINE__>) {                                          \
-        PERCH_ASSERT_IN_LIST(Name)                                                                 \
+        PERCH_DETAIL_ASSERT_IN_LIST(Name)                                                          \
         return {#Name, &Self::Name, &Self::Setter,                                                 \
                 PerchAppLibrary::fieldPointer<PerchAppLibrary::ValueOf<Type>>(&Self::m_##Name)};   \
     }                                                                                              \
-    PERCH_CHECKED_IN_SCHEMA(PerchAppLibrary::ValueOf<Type>, Name, Setter)                          \
+    PERCH_DETAIL_CHECKED_IN_SCHEMA(PerchAppLibrary::ValueOf<Type>, Name, Setter)                   \
                                                                                                    \
 public:                                                                                            \
     static_assert(true)
@@ -174,7 +175,7 @@ private:                                                                        
     }                                                                                          \
     static consteval PerchAppLibrary::StoredProperty<Self, Type, PerchAppLibrary::Place::none> \
     onePropertyPerLine(PerchAppLibrary::At<__LINE__>) {                                        \
-        PERCH_ASSERT_IN_LIST(Name)                                                             \
+        PERCH_DETAIL_ASSERT_IN_LIST(Name)                                                      \
         return {#Name, &Self::Name, nullptr, nullptr, &Self::constant##Name};                  \
     }                                                                                          \
                                                                                                \
@@ -188,7 +189,7 @@ public:                                                                         
 private:                                                                                       \
     static consteval PerchAppLibrary::ElementsOfArray<Self, Item> onePropertyPerLine(          \
         PerchAppLibrary::At<__LINE__>) {                                                       \
-        PERCH_ASSERT_IN_LIST(Name)                                                             \
+        PERCH_DETAIL_ASSERT_IN_LIST(Name)                                                      \
         return {#Name};                                                                        \
     }                                                                                          \
     template <class Record>                                                                    \
@@ -209,14 +210,14 @@ public:                                                                         
 /// is that of a property, any number, a URL, PlatformFont or Dictionary, or a vector or optional of
 /// these.
 #define PERCH_COMPUTED(Type, Name, ...)                                                            \
-    PERCH_ASSERT_NAME(Name)                                                                        \
+    PERCH_DETAIL_ASSERT_NAME(Name)                                                                 \
 public:                                                                                            \
     virtual Type Name() const;                                                                     \
                                                                                                    \
 private:                                                                                           \
     static consteval PerchAppLibrary::ComputedProperty<Self, Type> onePropertyPerLine(             \
         PerchAppLibrary::At<__LINE__>) {                                                           \
-        PERCH_ASSERT_IN_LIST(Name)                                                                 \
+        PERCH_DETAIL_ASSERT_IN_LIST(Name)                                                          \
         return {#Name, &Self::Name};                                                               \
     }                                                                                              \
     template <class Record>                                                                        \
@@ -237,7 +238,7 @@ public:                                                                         
 /// after the last change. Goes below the properties, once in a class.
 #define PERCH_ON_CHANGE(Effect, ...)                                                       \
 protected:                                                                                 \
-    PERCH_FOR_EACH_NAME(PERCH_ASSERT_OWN, __VA_ARGS__)                                     \
+    PERCH_DETAIL_FOR_EACH_NAME(PERCH_DETAIL_ASSERT_OWN, __VA_ARGS__)                       \
     static void perchCallEffect(PerchAppLibrary::BaseEntity& record) {                     \
         static_assert(noexcept(static_cast<Self&>(record).Effect()),                       \
                       #Effect " of PERCH_ON_CHANGE must be noexcept");                     \
@@ -245,7 +246,7 @@ protected:                                                                      
     }                                                                                      \
     static constexpr PerchAppLibrary::EffectOfChange perchEffect = &Self::perchCallEffect; \
     void perchChanged(std::string_view name) {                                             \
-        if (false PERCH_FOR_EACH_NAME(PERCH_OR_IS, __VA_ARGS__))                           \
+        if (false PERCH_DETAIL_FOR_EACH_NAME(PERCH_DETAIL_OR_IS, __VA_ARGS__))             \
             this->Effect();                                                                \
         Base::perchChanged(name); /* which may name a property that Self declares again */ \
     }                                                                                      \
@@ -256,99 +257,28 @@ public:                                                                         
 /// Declares a `create` with labels: PERCH_LABELS(PersonLabels, (name, Name), (age, Age)) gives
 /// `create({.name = "A", .age = 7})`, which calls setName() and setAge(). A call
 /// must give every label, by its name and in this order.
-#define PERCH_LABELS(Labels, ...)                                                         \
-public:                                                                                   \
-    struct Labels {                                                                       \
-        [[no_unique_address]] PerchAppLibrary::ByNameOnly byNameOnly =                    \
-            PerchAppLibrary::ByNameOnly();                                                \
-        PERCH_FOR_EACH(PERCH_DECLARE_LABEL, __VA_ARGS__)                                  \
-        void applyTo(Self& record) && { PERCH_FOR_EACH(PERCH_SET_LABELLED, __VA_ARGS__) } \
-    };                                                                                    \
-    PERCH_CREATE(Labels)                                                                  \
+#define PERCH_LABELS(Labels, ...)                                         \
+public:                                                                   \
+    struct Labels {                                                       \
+        [[no_unique_address]] PerchAppLibrary::ByNameOnly byNameOnly =    \
+            PerchAppLibrary::ByNameOnly();                                \
+        PERCH_DETAIL_FOR_EACH(PERCH_DETAIL_DECLARE_LABEL, __VA_ARGS__)    \
+        void applyTo(Self& record) && {                                   \
+            PERCH_DETAIL_FOR_EACH(PERCH_DETAIL_SET_LABELLED, __VA_ARGS__) \
+        }                                                                 \
+    };                                                                    \
+    PERCH_DETAIL_CREATE(Labels)                                           \
     static_assert(true)
 
 /// Declares in a subclass the `create`s of these labels of its bases:
 /// PERCH_INHERIT_LABELS(PersonLabels) gives `Pupil::create({.name = "A", .age = 7})`, a Pupil.
 /// Without this line, `Person::create<Pupil>({.name = "A", .age = 7})` makes one.
-#define PERCH_INHERIT_LABELS(...)                  \
-public:                                            \
-    PERCH_FOR_EACH_NAME(PERCH_CREATE, __VA_ARGS__) \
+#define PERCH_INHERIT_LABELS(...)                                \
+public:                                                          \
+    PERCH_DETAIL_FOR_EACH_NAME(PERCH_DETAIL_CREATE, __VA_ARGS__) \
     static_assert(true)
 
 /// Defines the schema of a record. RecordSchema.hpp defines this macro again.
 #define PERCH_RECORD_SCHEMA(Class, ...)                           \
     static_assert(false, "PERCH_RECORD_SCHEMA(" #Class ") needs " \
                          "#include <PerchAppLibrary/record/RecordSchema.hpp>")
-
-// The macros above use the following ones.
-
-#define PERCH_CREATE(Labels)                                                    \
-    template <class R = Self>                                                   \
-        requires std::derived_from<R, Self>                                     \
-    static std::shared_ptr<R> create(Labels labels) {                           \
-        return PerchAppLibrary::BaseEntity::makeLabelled<R>(std::move(labels)); \
-    }
-
-#define PERCH_DECLARE_LABEL(label, Name) decltype(PerchAppLibrary::labelOf(&Self::set##Name)) label;
-#define PERCH_SET_LABELLED(label, Name) record.set##Name(std::move(this->label.value));
-
-// Deletes a flag's setter for a text in quotes, which would convert to true. The type of a flag is
-// `bool` or `Near<bool>`, so its first word is known.
-#define PERCH_SECOND_OF(...) PERCH_SECOND(__VA_ARGS__)
-#define PERCH_SECOND(first, second, ...) second
-#define PERCH_REFUSES_bool , PERCH_REFUSE_TEXT
-#define PERCH_REFUSES_Near , PERCH_REFUSE_TEXT,
-#define PERCH_REFUSE_TEXT(Setter) PerchAppLibrary::IsNoFlag Setter(const char(&)[]) = delete;
-#define PERCH_REFUSE_NOTHING(Setter)
-
-// Declares a function that returns which accessors of this line a subclass keeps. The schema
-// instantiates it, where all classes are complete.
-#define PERCH_CHECKED_IN_SCHEMA(Type, Name, Setter)                                   \
-    template <class Record>                                                           \
-    static consteval PerchAppLibrary::Kept keptAt(PerchAppLibrary::At<__LINE__>) {    \
-        static_assert(!PerchAppLibrary::isPropertyType<Type> ||                       \
-                          PerchAppLibrary::ValueTypes::contains<Type> ||              \
-                          PerchAppLibrary::isRecords<Type>,                           \
-                      #Name " has shared objects that are no records");               \
-        constexpr bool getter = requires {                                            \
-            requires std::same_as<decltype(&Record::Name),                            \
-                                  PerchAppLibrary::ReadType<Type> (Self::*)() const>; \
-        };                                                                            \
-        constexpr bool setter =                                                       \
-            requires(void (*take)(void(Self::*)(Type))) { take(&Record::Setter); };   \
-        return {getter, setter};                                                      \
-    }
-
-// A type with a comma comes as two arguments, so the second one is no name.
-#define PERCH_ASSERT_NAME(Name)                   \
-    static_assert(PerchAppLibrary::isName(#Name), \
-                  #Name " is no name. A type with a comma needs an alias: using Alias = ...");
-
-// For the body of a member function, where the class is complete.
-#define PERCH_ASSERT_IN_LIST(Name)                                         \
-    static_assert(PerchAppLibrary::RecordAccess::isInList<Self, __LINE__>, \
-                  #Name " does not stand between PERCH_RECORD and PERCH_RECORD_END");
-
-#define PERCH_ASSERT_OWN(Name)                                       \
-    static_assert(PerchAppLibrary::isOwnProperty<Self>(&Self::Name), \
-                  "PERCH_ON_CHANGE names a property of another class: " #Name);
-#define PERCH_OR_IS(Name) || name == #Name
-
-// PERCH_FOR_EACH(MACRO, (a, b), (c, d)) gives MACRO(a, b) MACRO(c, d), PERCH_FOR_EACH_NAME(MACRO,
-// a, b) gives MACRO(a) MACRO(b). A macro does not expand within itself, so each step leaves the
-// next one unexpanded. PERCH_EXPAND scans the result again and expands it, at least 64 times.
-#define PERCH_FOR_EACH(MACRO, ...) __VA_OPT__(PERCH_EXPAND(PERCH_FOR_FIRST(MACRO, __VA_ARGS__)))
-#define PERCH_FOR_FIRST(MACRO, first, ...) \
-    MACRO first __VA_OPT__(PERCH_FOR_REST PERCH_PARENTHESES(MACRO, __VA_ARGS__))
-#define PERCH_FOR_REST() PERCH_FOR_FIRST
-#define PERCH_FOR_EACH_NAME(MACRO, ...) \
-    __VA_OPT__(PERCH_EXPAND(PERCH_FOR_FIRST_NAME(MACRO, __VA_ARGS__)))
-#define PERCH_FOR_FIRST_NAME(MACRO, first, ...) \
-    MACRO(first) __VA_OPT__(PERCH_FOR_REST_NAME PERCH_PARENTHESES(MACRO, __VA_ARGS__))
-#define PERCH_FOR_REST_NAME() PERCH_FOR_FIRST_NAME
-#define PERCH_PARENTHESES ()
-#define PERCH_EXPAND(...) \
-    PERCH_EXPAND16(PERCH_EXPAND16(PERCH_EXPAND16(PERCH_EXPAND16(__VA_ARGS__))))
-#define PERCH_EXPAND16(...) PERCH_EXPAND4(PERCH_EXPAND4(PERCH_EXPAND4(PERCH_EXPAND4(__VA_ARGS__))))
-#define PERCH_EXPAND4(...) PERCH_EXPAND1(PERCH_EXPAND1(PERCH_EXPAND1(PERCH_EXPAND1(__VA_ARGS__))))
-#define PERCH_EXPAND1(...) __VA_ARGS__
