@@ -144,12 +144,12 @@ struct RecordAccess {
         !isEnded<Record> || (firstLine<Record> < Line && Line < lastLine<Record>);
 
     template <class Record, int Line>
-    static constexpr bool hasProperty = requires { Record::onePropertyPerLine(At<Line>()).name; };
+    static constexpr bool hasProperty = requires { Record::propertyAt(At<Line>()).name; };
 
     /// Returns what a line of a class declares. Requires hasProperty<Record, Line>.
     template <class Record, int Line>
     static consteval auto property() {
-        return Record::onePropertyPerLine(At<Line>());
+        return Record::propertyAt(At<Line>());
     }
 
     /// Returns what a subclass keeps of a property.
@@ -212,7 +212,7 @@ consteval unsigned countBefore(int line) {
     return count;
 }
 
-/// The number of a flag or of a sparse text: unique in a class and its bases, and equal in all
+/// The number of a flag or of a rare text: unique in a class and its bases, and equal in all
 /// shared libraries.
 template <Place place, class Record, int Line>
 // NOLINTNEXTLINE(google-readability-casting): a call, which clang-tidy takes for a cast
@@ -221,7 +221,7 @@ inline constexpr unsigned slotNumber = countBefore<Record, place>(Line);
 /// The bit of a flag in the header of a record.
 template <class Record, int Line>
 inline constexpr std::uint32_t flagMask = [] {
-    constexpr unsigned number = slotNumber<Place::flag, Record, Line>;
+    constexpr unsigned number = slotNumber<Place::near, Record, Line>;
     static_assert(number < 32, "Too many properties of type Near<bool>: use bool");
     return std::uint32_t{1} << number;
 }();

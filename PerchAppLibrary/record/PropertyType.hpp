@@ -25,8 +25,8 @@ template <class T>
 struct Near {};
 
 /// Where a record keeps the value of a property: nowhere (a constant or computed one), in a field
-/// of its own, among the flags of the header, or in the list of sparse texts.
-enum class Place : std::uint8_t { none, field, flag, sparse };
+/// of its own, among the flags of the header, or in the list of rare texts.
+enum class Place : std::uint8_t { none, field, near, rare };
 
 /// The type of the value and its place, for the type on a property's line.
 template <class T>
@@ -37,12 +37,12 @@ struct Declared {
 template <class T>
 struct Declared<Rare<T>> {
     using Value = std::string;
-    static constexpr Place place = Place::sparse;
+    static constexpr Place place = Place::rare;
 };
 template <class T>
 struct Declared<Near<T>> {
     using Value = bool;
-    static constexpr Place place = Place::flag;
+    static constexpr Place place = Place::near;
 };
 
 /// The type of a property's accessors, for the type on its line.

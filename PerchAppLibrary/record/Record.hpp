@@ -48,7 +48,7 @@ private:                                                                        
     friend struct PerchAppLibrary::RecordAccess;                                                \
     static const PerchAppLibrary::RecordSchema& perchSchema();                                  \
     static constexpr int firstPropertyLine = __LINE__;                                          \
-    static void onePropertyPerLine(PerchAppLibrary::At<__LINE__>);                              \
+    static void propertyAt(PerchAppLibrary::At<__LINE__>);                                      \
                                                                                                 \
 public:                                                                                         \
     [[maybe_unused]] static constexpr std::string_view recordName = #Class;                     \
@@ -147,7 +147,7 @@ PERCH_DETAIL_SECOND_OF(PERCH_DETAIL_REFUSES_##Type, PERCH_DETAIL_REFUSE_NOTHING,
     private                                                                                        \
     : static consteval PerchAppLibrary::StoredProperty<Self, PerchAppLibrary::ValueOf<Type>,       \
                                                        PerchAppLibrary::Declared<Type>::place>     \
-      onePropertyPerLine(PerchAppLibrary::At<__LINE__>) {                                          \
+      propertyAt(PerchAppLibrary::At<__LINE__>) {                                                  \
         PERCH_DETAIL_ASSERT_IN_LIST(Name)                                                          \
         return {#Name, &Self::Name, &Self::Setter,                                                 \
                 PerchAppLibrary::fieldPointer<PerchAppLibrary::ValueOf<Type>>(&Self::m_##Name)};   \
@@ -174,7 +174,7 @@ private:                                                                        
         return *constant;                                                                      \
     }                                                                                          \
     static consteval PerchAppLibrary::StoredProperty<Self, Type, PerchAppLibrary::Place::none> \
-    onePropertyPerLine(PerchAppLibrary::At<__LINE__>) {                                        \
+    propertyAt(PerchAppLibrary::At<__LINE__>) {                                                \
         PERCH_DETAIL_ASSERT_IN_LIST(Name)                                                      \
         return {#Name, &Self::Name, nullptr, nullptr, &Self::constant##Name};                  \
     }                                                                                          \
@@ -187,7 +187,7 @@ public:                                                                         
 /// of it. The accessors keep their types, so setChildren() still takes other fonts.
 #define PERCH_ELEMENTS(Name, Item)                                                             \
 private:                                                                                       \
-    static consteval PerchAppLibrary::ElementsOfArray<Self, Item> onePropertyPerLine(          \
+    static consteval PerchAppLibrary::ElementsOfArray<Self, Item> propertyAt(                  \
         PerchAppLibrary::At<__LINE__>) {                                                       \
         PERCH_DETAIL_ASSERT_IN_LIST(Name)                                                      \
         return {#Name};                                                                        \
@@ -215,7 +215,7 @@ public:                                                                         
     virtual Type Name() const;                                                                     \
                                                                                                    \
 private:                                                                                           \
-    static consteval PerchAppLibrary::ComputedProperty<Self, Type> onePropertyPerLine(             \
+    static consteval PerchAppLibrary::ComputedProperty<Self, Type> propertyAt(                     \
         PerchAppLibrary::At<__LINE__>) {                                                           \
         PERCH_DETAIL_ASSERT_IN_LIST(Name)                                                          \
         return {#Name, &Self::Name};                                                               \

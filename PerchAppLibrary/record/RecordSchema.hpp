@@ -1,8 +1,8 @@
 #pragma once
 
-#include <PerchAppLibrary/BaseEntity.hpp>
 #include <PerchAppLibrary/container/NoDestructor.hpp>
 #include <PerchAppLibrary/json/DictionaryFwd.hpp>
+#include <PerchAppLibrary/record/BaseEntity.hpp>
 #include <PerchAppLibrary/record/RecordSink.hpp>
 
 #include <concepts>
@@ -34,7 +34,7 @@ struct FieldAccess {
     void (BaseEntity::*set)(T); // null for a constant
     Place place;
     T BaseEntity::* field;  // null unless the place is Place::field
-    unsigned slot;          // number of a flag or of a sparse text, else 0
+    unsigned slot;          // number of a flag or of a rare text, else 0
     const T& (*constant)(); // null unless the property is a constant
 };
 
@@ -241,7 +241,7 @@ private:
         requires(ValueTypes::contains<T>)
     static auto accessOf(StoredProperty<Record, T, place> property) {
         unsigned slot = 0;
-        if constexpr (place == Place::flag || place == Place::sparse)
+        if constexpr (place == Place::near || place == Place::rare)
             slot = slotNumber<place, Record, Line>;
         return FieldAccess<T>{static_cast<ReadType<T> (BaseEntity::*)() const>(property.get),
                               static_cast<void (BaseEntity::*)(T)>(property.set),

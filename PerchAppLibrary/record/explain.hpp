@@ -1,7 +1,7 @@
 #pragma once
 
-#include <PerchAppLibrary/BaseEntity.hpp>
 #include <PerchAppLibrary/json/JSON.hpp>
+#include <PerchAppLibrary/record/BaseEntity.hpp>
 #include <PerchAppLibrary/record/PropertyDeclaration.hpp>
 
 #include <concepts>

@@ -13,7 +13,7 @@ PROPERTY = re.compile(r"((?:^ *///.*\n)*)^ *PERCH_(PROPERTY|PROPERTY_SET_BY|CONS
 RECORD = re.compile(r"((?:^///.*\n)+)(class (\w+)\b[^;{]*\{\n(?:(?!class ).*\n)*? *PERCH_RECORD"
                     r"(?:_FROM_JSON)?\(\w+, (?:\w+::)*(\w*)\);\n(?:.*\n)*? *PERCH_RECORD_END;)",
                     re.M)
-ROOT = "PerchAppLibrary/BaseEntity.hpp"
+ROOT = "PerchAppLibrary/record/BaseEntity.hpp"
 ZEROS = {"std::int64_t": "0", "float": "0", "double": "0", "bool": "false", "JSON": "null"}
 
 

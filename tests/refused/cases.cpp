@@ -6,7 +6,7 @@
 // PROPERTY=PERCH_PROPERTY(std::optional<float>, Weight) // Weight has the type std::optional<float>, which
 // PROPERTY=PERCH_PROPERTY(std::vector<std::shared_ptr<int>>, Items) // objects that are no records
 // PROPERTY=PERCH_PROPERTY(Rare<std::int64_t>, Seldom) // Seldom has the type Rare<std::int64_t>
-// PROPERTY=PERCH_PROPERTY(bool, First); PERCH_PROPERTY(bool, Second) // onePropertyPerLine|cannot be redeclared
+// PROPERTY=PERCH_PROPERTY(bool, First); PERCH_PROPERTY(bool, Second) // propertyAt|cannot be redeclared
 // PROPERTY=PERCH_PROPERTY(bool, small) // PERCH_PROPERTY_SET_BY names the setter of small
 // PROPERTY=PERCH_PROPERTY(std::map<int, int>, Sizes) // A type with a comma needs an alias
 // PROPERTY=PERCH_COMPUTED(std::map<int, int>, Sizes) // A type with a comma needs an alias

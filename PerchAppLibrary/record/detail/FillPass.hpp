@@ -240,8 +240,8 @@ private:
         std::array<Handler, FillAction::fillFirstField + sizeof...(I)> by{};
         by[FillAction::ignore] = &ignore;
         by[FillAction::defer] = &defer;
-        by[FillAction::fillFlag] = &fillPlace<FieldAccess<bool>, NumberedPlace<bool>>;
-        by[FillAction::fillSparseText] =
+        by[FillAction::fillNearFlag] = &fillPlace<FieldAccess<bool>, NumberedPlace<bool>>;
+        by[FillAction::fillRareText] =
             &fillPlace<FieldAccess<std::string>, NumberedPlace<std::string>>;
         by[FillAction::fillRecords] = Source::readsInOrder ? &fillRecords : &defer;
         ((by[FillAction::fillFirstField + I] = fieldHandler<I>()), ...);

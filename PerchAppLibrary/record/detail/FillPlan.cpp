@@ -25,10 +25,10 @@ FillAction directActionOf(const Property& property) {
                     return {static_cast<std::uint8_t>(FillAction::fillFirstField +
                                                       property.access.index()),
                             &access};
-                case Place::flag:
-                    return {FillAction::fillFlag, &access};
-                case Place::sparse:
-                    return {FillAction::fillSparseText, &access};
+                case Place::near:
+                    return {FillAction::fillNearFlag, &access};
+                case Place::rare:
+                    return {FillAction::fillRareText, &access};
                 case Place::none:
                     break;
                 }

@@ -18,8 +18,8 @@ struct FillAction {
     enum Kind : std::uint8_t {
         ignore,
         defer,
-        fillFlag,
-        fillSparseText,
+        fillNearFlag,
+        fillRareText,
         fillRecords,
         fillFirstField
     };
@@ -28,7 +28,7 @@ struct FillAction {
     const void* access; // of the property, if the action stores a value, else null
 
     /// True for the actions that store a value even if the property is excluded.
-    bool ignoresState() const noexcept { return kind >= fillFlag && kind != fillRecords; }
+    bool ignoresState() const noexcept { return kind >= fillNearFlag && kind != fillRecords; }
 };
 
 /// The plan by which the records of a class are filled. Immutable.

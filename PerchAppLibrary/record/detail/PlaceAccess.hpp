@@ -14,20 +14,20 @@ namespace PerchAppLibrary {
 /// Reads and writes the values of records at their places, without accessors. Requires that no
 /// subclass overrides the accessors.
 struct PlaceAccess {
-    /// Returns the flag or the sparse text of this number.
+    /// Returns the flag or the rare text of this number.
     template <class T>
     static ReadType<T> read(const BaseEntity& record, unsigned slot) noexcept {
         if constexpr (std::same_as<T, bool>)
             return (record.m_flags >> slot & 1U) != 0;
         else
-            return record.m_sparseTexts[slot];
+            return record.m_rareTexts[slot];
     }
     static void write(BaseEntity& record, unsigned slot, bool value) noexcept {
         const std::uint32_t mask = std::uint32_t{1} << slot;
         record.m_flags = value ? record.m_flags | mask : record.m_flags & ~mask;
     }
     static void write(BaseEntity& record, unsigned slot, std::string&& text) {
-        record.m_sparseTexts.set(slot, std::move(text));
+        record.m_rareTexts.set(slot, std::move(text));
     }
 
     /// Returns the value of a property, by its getter if it has no place.
@@ -74,7 +74,7 @@ struct FieldPlace {
     }
 };
 
-/// The place of a flag or of a sparse text, which has a number, for filling.
+/// The place of a flag or of a rare text, which has a number, for filling.
 template <class T>
 struct NumberedPlace {
     using Value = T;

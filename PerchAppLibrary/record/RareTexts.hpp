@@ -8,12 +8,12 @@ namespace PerchAppLibrary {
 
 /// The texts of a record that are empty in most records, each under the number of its property.
 /// Takes one pointer, and one node for each text that has ever been set to other than empty.
-class SparseTexts {
+class RareTexts {
 public:
-    SparseTexts() = default;
-    SparseTexts(const SparseTexts&) = delete;
-    SparseTexts& operator=(const SparseTexts&) = delete;
-    ~SparseTexts();
+    RareTexts() = default;
+    RareTexts(const RareTexts&) = delete;
+    RareTexts& operator=(const RareTexts&) = delete;
+    ~RareTexts();
 
     /// Returns the text with this number, or an empty one. It lives until it is set or the record
     /// is destroyed. Linear in the number of nodes.

@@ -1,24 +1,24 @@
-#include <PerchAppLibrary/record/SparseTexts.hpp>
+#include <PerchAppLibrary/record/RareTexts.hpp>
 
 #include <PerchAppLibrary/container/NoDestructor.hpp>
 
 namespace PerchAppLibrary {
 
-SparseTexts::~SparseTexts() = default;
+RareTexts::~RareTexts() = default;
 
-const std::string& SparseTexts::empty() noexcept {
+const std::string& RareTexts::empty() noexcept {
     static const NoDestructor<std::string> none;
     return *none;
 }
 
-const std::string& SparseTexts::find(unsigned number) const noexcept {
+const std::string& RareTexts::find(unsigned number) const noexcept {
     for (const Node* node = m_first.get(); node != nullptr; node = node->next.get())
         if (node->number == number)
             return node->text;
     return empty();
 }
 
-void SparseTexts::set(unsigned number, std::string&& text) {
+void RareTexts::set(unsigned number, std::string&& text) {
     for (Node* node = m_first.get(); node != nullptr; node = node->next.get())
         if (node->number == number) {
             node->text = std::move(text);

@@ -1,4 +1,4 @@
-#include <PerchAppLibrary/BaseEntity.hpp>
+#include <PerchAppLibrary/record/BaseEntity.hpp>
 
 #include <PerchAppLibrary/container/NoDestructor.hpp>
 #include <PerchAppLibrary/json/internal/DictionaryArena.hpp>
