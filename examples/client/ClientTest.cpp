@@ -186,7 +186,7 @@ TEST(Client, ReportsABadReplyAndKeepsWhatItHad) {
     };
     for (const auto& [text, message] : {
              std::pair{"[1,\n 2", "font-list.json: line 2, column 3: "},
-             {"null", "font-list.json: the reply is no list"},
+             {"null", "font-list.json: an array is expected, not null"},
              {R"({"Exception":true,"ExceptionCode":"005001"})",
               "font-list.json: error 005001: 登录过期 / The user login has expired."},
              {R"({"ExceptionCode":"9","ExceptionMessage":"<b>x"})", "error 9: <b>x"},
