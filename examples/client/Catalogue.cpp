@@ -13,8 +13,6 @@ using namespace VelmoCloudEntity;
 
 namespace {
 
-constexpr JSON::Limits limits{.elements = 8'000'000}; // records of more would take gigabytes
-
 /// Returns the fonts that contain the key, then those that contain a character of it.
 Found search(const Fonts& fonts, const std::string& key) {
     auto [whole, byCharacter] = FontList::getSearchResultFont(fonts, key);
@@ -33,7 +31,7 @@ Found search(const Fonts& fonts, const std::string& key) {
 } // namespace
 
 void Catalogue::readFonts(const std::string& reply) {
-    m_fonts = parseReply<FontList>(reply, limits);
+    m_fonts = parseReply<FontList>(reply, replyLimits);
     m_fontCount = FontList::getFontCount(m_fonts.List());
     m_passing.reset();
     // The first search computes the signatures of all names. Here, nobody waits for a key.
@@ -41,18 +39,18 @@ void Catalogue::readFonts(const std::string& reply) {
 }
 
 void Catalogue::readTags(const std::string& reply) {
-    m_tags = parseReply<FontTagList>(reply, limits);
+    m_tags = parseReply<FontTagList>(reply, replyLimits);
     m_passing.reset();
 }
 
 void Catalogue::markActivated(const std::string& reply) {
     FontList::setActivatedFont(m_fonts.List(),
-                               parseReply<UserFontActivateMapItem>(reply, limits)->FontList());
+                               parseReply<UserFontActivateMapItem>(reply, replyLimits)->FontList());
 }
 
 void Catalogue::markFavourites(const std::string& reply) {
     FontList::setFavoritedFont(m_fonts.List(),
-                               parseReply<UserFontFavoriteMapItem>(reply, limits)->FontList());
+                               parseReply<UserFontFavoriteMapItem>(reply, replyLimits)->FontList());
 }
 
 Found Catalogue::find(const std::string& key) {

@@ -14,6 +14,9 @@ using VelmoCloudEntity::FontTagItem;
 using Fonts = VelmoCloudEntity::Records<FontItem>;
 using Tags = VelmoCloudEntity::Records<FontTagItem>;
 
+/// Allows about 90,000 fonts, which have some 30 elements each. So many empty fonts take 1.9 GB.
+constexpr JSON::Limits replyLimits{.elements = 3'000'000};
+
 /// What a query found.
 struct Found {
     Fonts fonts;                         // whole-key matches first; without a query, the tree

@@ -1,5 +1,11 @@
 #include "FontPanel.hpp"
 
+#include "Load.hpp"
+
+#include <PerchAppLibrary/ApplicationManager.hpp>
+
+#include <QDir>
+#include <QFileInfo>
 #include <QFontDatabase>
 #include <QRawFont>
 #include <QVBoxLayout>
@@ -27,10 +33,22 @@ void FontPanel::showFont(const FontItem* font, const VelmoCloudEntity::ConfigIte
         return;
     const QFont drawn = drawnWith(*font, static_cast<double>(settings.PreviewFontSize()));
     m_preview->setFont(drawn);
-    m_preview->setText(QString::fromStdString(font->PreviewText()));
-    m_details->setText(QString::fromStdString(font->TreeNodeTitle()) + ", drawn in " +
-                       drawn.family() + " " + drawn.styleName() +
-                       QString::fromStdString(locationsOf(*font, settings)));
+    m_preview->setText(shown(font->PreviewText()));
+    QStringList lines{shown(font->TreeNodeTitle()) + ", drawn in " + drawn.family() + " " +
+                      drawn.styleName()};
+    for (const std::string& line : locationsOf(*font, settings))
+        lines << shown(line);
+    m_details->setText(lines.join('\n'));
+}
+
+QString cachedFile(const FontItem& font) {
+    constexpr qint64 maximumSize = 64LL << 20;
+    const QFileInfo file(QString::fromStdString(font.LocalFile()));
+    const QDir cache(QString::fromStdString(PerchAppLibrary::ApplicationManager::tmpCachesDir()));
+    const bool isBelow = !font.IsGroup() && !cache.canonicalPath().isEmpty() &&
+                         file.canonicalFilePath().startsWith(cache.canonicalPath() + "/");
+    return isBelow && file.isFile() && file.size() <= maximumSize ? file.canonicalFilePath()
+                                                                  : QString();
 }
 
 QFont drawnWith(const FontItem& font, double points) {
@@ -38,8 +56,8 @@ QFont drawnWith(const FontItem& font, double points) {
     const auto installed = PlatformFont::named(font.ProductName(), points);
     const PlatformFont found = installed ? *installed : font.Font();
     QString file = QString::fromStdString(found.file());
-    if (!installed && font.IsLocaled()) {
-        file = QString::fromStdString(font.LocalFile());
+    if (const QString local = cachedFile(font); !installed && !local.isEmpty()) {
+        file = local;
         static std::set<QString> added;
         if (added.insert(file).second)
             QFontDatabase::addApplicationFont(file);
@@ -51,19 +69,22 @@ QFont drawnWith(const FontItem& font, double points) {
     return drawn;
 }
 
-std::string locationsOf(const FontItem& font, const VelmoCloudEntity::ConfigItem& settings) {
+std::vector<std::string> locationsOf(const FontItem& font,
+                                     const VelmoCloudEntity::ConfigItem& settings) {
     if (font.IsGroup())
-        return "";
-    std::string lines = "\nFile: " + font.LocalFile() + (font.IsLocaled() ? "" : " (not here)") +
-                        "\nFrom: " + font.ProductFileUrl();
+        return {};
+    std::vector<std::string> lines{"File: " + font.LocalFile() +
+                                       (font.IsLocaled() ? "" : " (not here)"),
+                                   "From: " + font.ProductFileUrl()};
     if (!font.stem()) // the locations of previews require it
         return lines;
     const FontItem::PreviewLabels preview{.isFixed = settings.UseFixPreviewTag(),
                                           .previewTag = settings.PreviewTag(),
                                           .colorTag = settings.PreviewColorTag(),
                                           .fontSize = settings.PreviewFontSize()};
-    return lines + "\nPreview: " + font.getLocalPreviewFile(preview) +
-           "\nFrom: " + font.getRemotePreviewFile(preview);
+    lines.push_back("Preview: " + font.getLocalPreviewFile(preview));
+    lines.push_back("From: " + font.getRemotePreviewFile(preview));
+    return lines;
 }
 
 } // namespace client

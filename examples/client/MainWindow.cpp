@@ -3,9 +3,6 @@
 #include "FontView.hpp"
 #include "Settings.hpp"
 
-#include <VelmoCloudEntity/entity/Reply.hpp>
-
-#include <QPushButton>
 #include <QSpinBox>
 #include <QSplitter>
 #include <QStatusBar>
@@ -13,17 +10,6 @@
 
 namespace client {
 namespace {
-
-/// A reply that the window shows, and the function that reads it.
-struct Document {
-    const char* name;
-    void (Catalogue::*read)(const std::string& reply);
-    const char* standIn; // for a missing reply; null for one that is needed
-};
-constexpr std::array documents{Document{"font-list.json", &Catalogue::readFonts, nullptr},
-                               Document{"font-tags.json", &Catalogue::readTags, "[]"},
-                               Document{"activated-fonts.json", &Catalogue::markActivated, "{}"},
-                               Document{"favorite-fonts.json", &Catalogue::markFavourites, "{}"}};
 
 /// Returns a widget with these in a row or column.
 QWidget* boxOf(QBoxLayout::Direction direction, std::initializer_list<QWidget*> widgets) {
@@ -33,14 +19,6 @@ QWidget* boxOf(QBoxLayout::Direction direction, std::initializer_list<QWidget*> 
     for (QWidget* const widget : widgets)
         layout->addWidget(widget);
     return box;
-}
-
-/// Returns what an error reply says, in both languages, or what else is wrong with a reply.
-std::string describe(const VelmoCloudEntity::ReplyError& error) {
-    const auto& reported = error.serviceError();
-    if (!reported || reported->text("Ch") == reported->text("En"))
-        return error.what();
-    return "error " + reported->code + ": " + reported->text("Ch") + " / " + reported->text("En");
 }
 
 } // namespace
@@ -54,7 +32,15 @@ MainWindow::MainWindow(QString settingsFile)
     m_message->setTextFormat(Qt::PlainText);
     m_message->setWordWrap(true);
     m_message->setStyleSheet("background: #ffdad6; color: black; padding: 6px");
+    m_detailsButton->setObjectName("details-button");
+    m_detailsButton->setCheckable(true);
+    m_ignored->setObjectName("ignored");
+    m_ignored->setTextFormat(Qt::PlainText);
+    m_ignored->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    m_cancel->setObjectName("cancel");
+    m_cancel->hide();
     m_status->setObjectName("status");
+    m_worker.setMaxThreadCount(1);
     try {
         loadSettings(m_settingsFile, *m_settings);
     } catch (const std::exception& error) {
@@ -64,6 +50,8 @@ MainWindow::MainWindow(QString settingsFile)
     makeWidgets();
     connect(m_search, &QLineEdit::textChanged, this, &MainWindow::find);
     connect(m_source, &QLineEdit::returnPressed, this, [this] { open(m_source->text()); });
+    connect(m_cancel, &QPushButton::clicked, this, &MainWindow::cancel);
+    connect(m_detailsButton, &QPushButton::toggled, m_ignored, &QWidget::setVisible);
     connect(m_fonts->selectionModel(), &QItemSelectionModel::currentChanged, this,
             &MainWindow::showSelected);
 }
@@ -77,6 +65,7 @@ void MainWindow::makeWidgets() {
     connect(size, &QSpinBox::valueChanged, this, &MainWindow::resizePreview);
     m_tags = new TagPanel(m_catalogue, [this] { find(); });
     auto* const untick = new QPushButton("Untick all");
+    untick->setObjectName("untick");
     connect(untick, &QPushButton::clicked, this, [this] {
         m_catalogue.untickAll();
         m_tags->showTags();
@@ -91,34 +80,68 @@ void MainWindow::makeWidgets() {
     columns->addWidget(boxOf(QBoxLayout::TopToBottom, {m_tags, untick}));
     columns->addWidget(fonts);
     columns->setSizes({220, 780});
-    auto* const top = boxOf(QBoxLayout::LeftToRight, {m_search, m_source, size});
+    auto* const top = boxOf(QBoxLayout::LeftToRight, {m_search, m_source, m_cancel, size});
+    auto* const message = boxOf(QBoxLayout::LeftToRight, {m_message, m_detailsButton});
     columns->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
-    setCentralWidget(boxOf(QBoxLayout::TopToBottom, {top, m_message, columns}));
+    setCentralWidget(boxOf(QBoxLayout::TopToBottom, {top, message, m_ignored, columns}));
     centralWidget()->layout()->setContentsMargins(8, 8, 8, 0);
     statusBar()->addWidget(m_status);
 }
 
 void MainWindow::open(const QString& source) {
+    cancel();
+    m_opened = source;
     m_source->setText(source);
     QStringList names;
     for (const Document& document : documents)
         names << document.name;
-    if (!isReading())
-        m_replies.read(source, names, [this](const auto& replies) { receive(replies); });
+    setReading(true);
+    m_replies.read(source, names, [this](const auto& replies) { receive(replies); });
+}
+
+void MainWindow::cancel() {
+    m_replies.cancel();
+    setReading(false);
+}
+
+void MainWindow::setReading(bool isReading) {
+    m_reading += isReading ? 1 : 0;
+    m_isReading = isReading;
+    m_cancel->setVisible(isReading);
 }
 
 void MainWindow::receive(const std::vector<Reply>& replies) {
-    QStringList problems = m_settingsProblems;
-    for (std::size_t i = 0; i < documents.size(); ++i)
-        try {
-            const char* const standIn = replies[i].isMissing ? documents[i].standIn : nullptr;
-            (m_catalogue.*documents[i].read)(standIn != nullptr ? standIn : textOf(replies[i]));
-        } catch (const VelmoCloudEntity::ReplyError& error) {
-            problems << replies[i].name + ": " + QString::fromStdString(describe(error));
-        } catch (const std::exception& error) {
-            problems << replies[i].name + ": " + error.what();
-        }
-    report(problems);
+    const int reading = m_reading;
+    const auto deliver = [this, reading](auto use) { // to this thread
+        QMetaObject::invokeMethod(
+            this,
+            [this, reading, use] {
+                if (reading == m_reading)
+                    use();
+            },
+            Qt::QueuedConnection);
+    };
+    m_worker.start([this, replies, deliver] {
+        const auto loaded = std::make_shared<Loaded>(load(replies));
+        deliver([this, loaded] { take(*loaded); });
+        const QStringList ignored = ignoredIn(replies, loaded->problems);
+        deliver([this, ignored, problems = loaded->problems] {
+            report(m_settingsProblems + problems, ignored);
+        });
+    });
+}
+
+void MainWindow::take(Loaded& loaded) {
+    if (!m_isReading)
+        return;
+    setReading(false);
+    report(m_settingsProblems + loaded.problems);
+    if (!loaded.catalogue)
+        return;
+    setWindowTitle(m_opened + " - Velmo Client");
+    m_model.setFound({}, {});
+    m_tags->clear();
+    m_catalogue = std::move(*loaded.catalogue);
     m_tags->showTags();
     find();
 }
@@ -150,9 +173,19 @@ void MainWindow::resizePreview(int points) {
     showSelected();
 }
 
-void MainWindow::report(const QStringList& messages) {
-    m_message->setText(messages.join('\n'));
-    m_message->setVisible(!messages.isEmpty());
+void MainWindow::report(const QStringList& messages, const QStringList& ignored) {
+    QStringList lines;
+    for (const QString& message : messages)
+        if (!message.isEmpty())
+            lines << shown(message.toStdString());
+    if (!ignored.isEmpty())
+        lines << "Some of what the service sent was not understood.";
+    m_message->setText(lines.join('\n'));
+    m_message->setVisible(!lines.isEmpty());
+    m_ignored->setText(ignored.join('\n').left(4000));
+    m_detailsButton->setChecked(false);
+    m_detailsButton->setVisible(!ignored.isEmpty());
+    m_ignored->hide();
 }
 
 } // namespace client

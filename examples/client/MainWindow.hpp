@@ -2,11 +2,13 @@
 
 #include "FontModel.hpp"
 #include "FontPanel.hpp"
-#include "Replies.hpp"
+#include "Load.hpp"
 #include "TagPanel.hpp"
 
 #include <QLineEdit>
 #include <QMainWindow>
+#include <QPushButton>
+#include <QThreadPool>
 
 namespace client {
 
@@ -17,19 +19,26 @@ public:
     explicit MainWindow(QString settingsFile);
 
     /// Reads the replies of a folder or an address, and shows them. Reports in the window what
-    /// cannot be read, and goes on with what it had. Does nothing while it is reading.
+    /// cannot be read. Without a list of fonts, goes on with what it had. Cancels what is under
+    /// way.
     void open(const QString& source);
-    bool isReading() const noexcept { return m_replies.isReading(); }
+
+    /// Ends the reading, and keeps what the window had.
+    void cancel();
+
+    bool isReading() const noexcept { return m_isReading; }
 
     std::chrono::nanoseconds queryTime() const noexcept { return m_queryTime; }
 
 private:
     void makeWidgets();
     void receive(const std::vector<Reply>& replies);
+    void take(Loaded& loaded);
+    void setReading(bool isReading);
     void find();
     void showSelected();
     void resizePreview(int points);
-    void report(const QStringList& messages);
+    void report(const QStringList& messages, const QStringList& ignored = {});
 
     QString m_settingsFile;
     std::shared_ptr<VelmoCloudEntity::ConfigItem> m_settings;
@@ -39,12 +48,19 @@ private:
     std::chrono::nanoseconds m_queryTime{};
     QLineEdit* m_search = new QLineEdit;
     QLineEdit* m_source = new QLineEdit;
+    QString m_opened;  // the source that is read, or was read last
+    int m_reading = 0; // counts the readings, so that what a cancelled one gives is dropped
+    bool m_isReading = false;
     QLabel* m_message = new QLabel;
+    QPushButton* m_detailsButton = new QPushButton("Details");
+    QLabel* m_ignored = new QLabel;
+    QPushButton* m_cancel = new QPushButton("Cancel");
     QLabel* m_status = new QLabel;
     TagPanel* m_tags = nullptr;
     QAbstractItemView* m_fonts = nullptr;
     FontPanel* m_panel = new FontPanel;
     Replies m_replies;
+    QThreadPool m_worker{this}; // last, so that its thread ends before what it reads is destroyed
 };
 
 } // namespace client

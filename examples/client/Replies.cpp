@@ -1,13 +1,19 @@
 #include "Replies.hpp"
 
 #include <QFile>
+#include <QFileInfo>
 #include <QNetworkReply>
 
-#include <stdexcept>
-
 namespace client {
+namespace {
+
+constexpr qint64 maximumSize = 1LL << 28;
+constexpr const char* tooLong = "is longer than 256 MB";
+
+} // namespace
 
 void Replies::read(const QString& source, const QStringList& names, Receiver receiver) {
+    cancel();
     m_replies.clear();
     m_receiver = std::move(receiver);
     const bool isAddress = source.startsWith("http://") || source.startsWith("https://");
@@ -20,48 +26,60 @@ void Replies::read(const QString& source, const QStringList& names, Receiver rec
         m_receiver(m_replies);
 }
 
+void Replies::cancel() {
+    while (!m_pending.empty()) {
+        QNetworkReply& answer = *m_pending.back();
+        forget(answer);
+        answer.abort();
+    }
+}
+
 void Replies::get(const QString& address, Reply& reply) {
-    constexpr qint64 maxBytes = 1LL << 28;
     QNetworkRequest request{QUrl(address)};
     request.setTransferTimeout(); // half a minute without a byte
     QNetworkReply* const answer = m_network.get(request);
-    ++m_pending;
-    QObject::connect(answer, &QNetworkReply::downloadProgress, answer, [answer](qint64 bytes) {
-        if (bytes > maxBytes)
-            answer->abort();
-    });
+    m_pending.push_back(answer);
+    QObject::connect(answer, &QNetworkReply::downloadProgress, answer,
+                     [answer, &reply](qint64 bytes) {
+                         if (bytes <= maximumSize)
+                             return;
+                         reply.error = tooLong;
+                         answer->abort();
+                     });
     QObject::connect(answer, &QNetworkReply::finished, &m_network,
                      [this, answer, &reply] { finish(*answer, reply); });
 }
 
 void Replies::finish(QNetworkReply& answer, Reply& reply) {
     reply.text = answer.readAll();
-    // An error reply may come with a status of failure. It says more than the status.
-    const QString type = answer.header(QNetworkRequest::ContentTypeHeader).toString();
-    if (answer.error() != QNetworkReply::NoError && !type.startsWith("application/json")) {
+    reply.isMissing = answer.error() == QNetworkReply::ContentNotFoundError;
+    if (answer.error() != QNetworkReply::NoError && reply.error.isEmpty())
         reply.error = answer.errorString();
-        reply.isMissing = answer.error() == QNetworkReply::ContentNotFoundError;
-    }
-    answer.deleteLater();
-    if (--m_pending == 0)
+    forget(answer);
+    if (m_pending.empty())
         m_receiver(m_replies);
 }
 
+void Replies::forget(QNetworkReply& answer) {
+    std::erase(m_pending, &answer);
+    answer.disconnect();
+    answer.deleteLater();
+}
+
 Reply readFile(const QString& file, const QString& name) {
+    const QFileInfo info(file);
     QFile device(file);
     Reply reply{name};
-    reply.isMissing = !device.exists();
-    if (device.open(QIODevice::ReadOnly))
+    reply.isMissing = !info.exists();
+    if (info.exists() && !info.isFile()) // a device or a pipe may have no end
+        reply.error = "is no regular file";
+    else if (info.size() > maximumSize)
+        reply.error = tooLong;
+    else if (device.open(QIODevice::ReadOnly))
         reply.text = device.readAll();
     if (device.error() != QFileDevice::NoError)
         reply.error = device.errorString();
     return reply;
-}
-
-std::string textOf(const Reply& reply) {
-    if (!reply.error.isEmpty())
-        throw std::runtime_error(reply.error.toStdString());
-    return reply.text.toStdString();
 }
 
 } // namespace client

@@ -4,11 +4,11 @@
 #include <QStringList>
 
 #include <functional>
-#include <string>
+#include <vector>
 
 namespace client {
 
-/// One reply of the service, as text. If it could not be read, `error` says why.
+/// One reply of the service. If the transfer failed, `error` says why, and `text` is what came.
 struct Reply {
     QString name;
     QByteArray text{};
@@ -23,25 +23,26 @@ public:
 
     /// Reads the files of these names from a folder or an address, then calls the receiver with
     /// the replies in this order: at once for a folder, after the last answer for an address.
-    /// Requires that no reading is under way.
+    /// Cancels what is under way.
     void read(const QString& source, const QStringList& names, Receiver receiver);
 
-    bool isReading() const noexcept { return m_pending > 0; }
+    /// Ends the reading. The receiver is not called.
+    void cancel();
+
+    bool isReading() const noexcept { return !m_pending.empty(); }
 
 private:
     void get(const QString& address, Reply& reply);
     void finish(QNetworkReply& answer, Reply& reply);
+    void forget(QNetworkReply& answer);
 
     QNetworkAccessManager m_network;
     std::vector<Reply> m_replies;
     Receiver m_receiver;
-    int m_pending = 0; // number of answers that have not arrived
+    std::vector<QNetworkReply*> m_pending; // answers that have not arrived
 };
 
-/// Reads a file. One that does not exist is missing.
+/// Reads a regular file of at most 256 MB. One that does not exist is missing.
 Reply readFile(const QString& file, const QString& name);
-
-/// Returns the text of a reply. Throws std::runtime_error if it could not be read.
-std::string textOf(const Reply& reply);
 
 } // namespace client

@@ -1,5 +1,7 @@
 #include "TagPanel.hpp"
 
+#include "Load.hpp"
+
 #include <QSignalBlocker>
 
 namespace client {
@@ -8,11 +10,11 @@ namespace {
 constexpr int tagRole = Qt::UserRole; // the FontTagItem of a row, which the catalogue owns
 
 QString labelOf(const FontTagItem& tag) {
-    const QString name = QString::fromStdString(tag.Name());
+    const QString name = shown(tag.Name());
     if (!tag.IsGroup())
         return name + QString(" (%1)").arg(tag.FontIdList().size());
     const char* const filter = tag.SubTagFilterType() == "And" ? ": all of" : ": any of";
-    return name + " " + QString::fromStdString(tag.Alias()) + filter;
+    return name + " " + shown(tag.Alias()) + filter;
 }
 
 } // namespace
