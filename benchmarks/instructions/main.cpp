@@ -42,6 +42,7 @@ Work load() {
 
 /// Twice: the first search fills caches.
 Work search() {
+    FontList::getSearchResultFont(fontList().List(), "é"); // ICU loads its data at its first use
     return [fonts = fontList()] {
         for (int times = 0; times < 2; ++times)
             for (const char* const key : {"sans", "宋体", "Étude", "q"}) {
