@@ -64,7 +64,7 @@ Found Catalogue::find(const std::string& key) {
 }
 
 Fonts Catalogue::fontsPassingTags() const {
-    if (FontTagList::getCheckedFontTagList(tags()).empty())
+    if (!isAnyTicked())
         return m_fonts.List();
     std::vector<std::int64_t> ids;
     forEachLeaf(m_fonts.List(), [&ids](const auto& font) { ids.push_back(font->Id()); });
@@ -74,6 +74,8 @@ Fonts Catalogue::fontsPassingTags() const {
     std::erase_if(passing, [](const auto& font) { return font->IsPrivate(); });
     return passing;
 }
+
+bool Catalogue::isAnyTicked() const { return !FontTagList::getCheckedFontTagList(tags()).empty(); }
 
 void Catalogue::tick(FontTagItem& tag, bool isTicked) {
     tag.setIsChecked(isTicked);

@@ -41,6 +41,7 @@ public:
     const Tags& tags() const noexcept { return m_tags.List(); }
     void tick(FontTagItem& tag, bool isTicked);
     void untickAll();
+    bool isAnyTicked() const;
 
     std::int64_t fontCount() const noexcept { return m_fontCount; }
 

@@ -154,6 +154,31 @@ TEST(Client, SwitchesMarksThatStay) {
     EXPECT_TRUE(client.isMarked(1, FontModel::favourite));
 }
 
+TEST(Client, FollowsTheKeyboard) {
+    const Client client;
+    const auto press = [&client](Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
+        QTest::keyClick(client.window->focusWidget(), key, modifiers);
+    };
+    client.window->activateWindow();
+    client.part<QWidget>("fonts").setFocus();
+    press(Qt::Key_F, Qt::ControlModifier);
+    EXPECT_EQ(client.window->focusWidget()->objectName(), "search");
+    QTest::keyClicks(client.window->focusWidget(), "abeezee");
+    press(Qt::Key_Down);
+    EXPECT_EQ(client.window->focusWidget()->objectName(), "fonts");
+    press(Qt::Key_Space);
+    press(Qt::Key_F);
+    EXPECT_TRUE(client.isMarked(0, FontModel::activated));
+    EXPECT_TRUE(client.isMarked(0, FontModel::favourite));
+    press(Qt::Key_Up);
+    press(Qt::Key_Escape);
+    EXPECT_EQ(client.model().rowCount(), 59);
+    EXPECT_EQ(client.model().index(0, FontModel::activated).data(Qt::CheckStateRole).toInt(),
+              Qt::PartiallyChecked)
+        << "a group with one of two";
+    EXPECT_FALSE(client.part<QPushButton>("untick").isEnabled());
+}
+
 TEST(Client, DrawsAnInstalledFontInItself) {
     const Client client;
     client.type("DejaVu Sans Mono");

@@ -1,5 +1,6 @@
 #include "FontModel.hpp"
 
+#include <VelmoCloudEntity/font/FontList.hpp>
 #include <VelmoCloudEntity/font/searchedCharacters.hpp>
 
 #include <PerchAppLibrary/text/Text.hpp>
@@ -25,8 +26,13 @@ std::string textOf(const FontItem& font, int column) {
     }
 }
 
-bool isMarked(const FontItem& font, int column) {
-    return column == FontModel::activated ? font.IsActivated() : font.IsFavorited();
+/// A group of which some members are activated is so in part.
+Qt::CheckState markOf(const FontItem& font, int column) {
+    if (column == FontModel::activated ? font.IsActivated() : font.IsFavorited())
+        return Qt::Checked;
+    const bool isPart = column == FontModel::activated && font.IsGroup() &&
+                        VelmoCloudEntity::FontList::getActivatedFontCount(font.Children()) > 0;
+    return isPart ? Qt::PartiallyChecked : Qt::Unchecked;
 }
 
 void mark(FontItem& font, int column, bool isMarked) {
@@ -114,7 +120,7 @@ QVariant FontModel::data(const QModelIndex& index, int role) const {
     if (role == Qt::DisplayRole && !isMark(index.column()))
         return QString::fromStdString(textOf(font, index.column())).left(longest);
     if (role == Qt::CheckStateRole && (flags(index) & Qt::ItemIsUserCheckable) != 0)
-        return isMarked(font, index.column()) ? Qt::Checked : Qt::Unchecked;
+        return markOf(font, index.column());
     if (role == foundParts)
         return QVariant::fromValue(rangesFound(index));
     return {};

@@ -25,8 +25,8 @@ struct Loaded {
 /// Reads the replies of the documents. Takes its time, so call it in a thread of its own.
 Loaded load(const std::vector<Reply>& replies);
 
-/// Returns what load() ignored of the replies without a problem, a line for each kind. Takes several
-/// times as long as load().
+/// Returns what load() ignored of the replies without a problem, a line for each kind. Takes
+/// several times as long as load().
 QStringList ignoredIn(const std::vector<Reply>& replies, const QStringList& problems);
 
 /// Returns a text that may come from a reply in a form that can be drawn: one line of at most 200

@@ -3,6 +3,8 @@
 #include "FontView.hpp"
 #include "Settings.hpp"
 
+#include <QKeyEvent>
+#include <QShortcut>
 #include <QSpinBox>
 #include <QSplitter>
 #include <QStatusBar>
@@ -25,6 +27,7 @@ QWidget* boxOf(QBoxLayout::Direction direction, std::initializer_list<QWidget*> 
 
 MainWindow::MainWindow(QString settingsFile)
     : m_settingsFile(std::move(settingsFile)), m_settings(VelmoCloudEntity::ConfigItem::create()) {
+    setWindowTitle("Velmo Client");
     m_search->setObjectName("search");
     m_search->setPlaceholderText("Search names, in any script");
     m_source->setObjectName("source");
@@ -64,9 +67,8 @@ void MainWindow::makeWidgets() {
     size->setSuffix(" pt");
     connect(size, &QSpinBox::valueChanged, this, &MainWindow::resizePreview);
     m_tags = new TagPanel(m_catalogue, [this] { find(); });
-    auto* const untick = new QPushButton("Untick all");
-    untick->setObjectName("untick");
-    connect(untick, &QPushButton::clicked, this, [this] {
+    m_untick->setObjectName("untick");
+    connect(m_untick, &QPushButton::clicked, this, [this] {
         m_catalogue.untickAll();
         m_tags->showTags();
         find();
@@ -77,7 +79,7 @@ void MainWindow::makeWidgets() {
     fonts->addWidget(m_panel);
     fonts->setStretchFactor(0, 1);
     auto* const columns = new QSplitter;
-    columns->addWidget(boxOf(QBoxLayout::TopToBottom, {m_tags, untick}));
+    columns->addWidget(boxOf(QBoxLayout::TopToBottom, {m_tags, m_untick}));
     columns->addWidget(fonts);
     columns->setSizes({220, 780});
     auto* const top = boxOf(QBoxLayout::LeftToRight, {m_search, m_source, m_cancel, size});
@@ -85,7 +87,53 @@ void MainWindow::makeWidgets() {
     columns->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
     setCentralWidget(boxOf(QBoxLayout::TopToBottom, {top, message, m_ignored, columns}));
     centralWidget()->layout()->setContentsMargins(8, 8, 8, 0);
+    statusBar()->setContentsMargins(6, 0, 8, 4); // it has 2 pixels of its own
     statusBar()->addWidget(m_status);
+    size->setAccessibleName("Size of the preview");
+    nameForReaders();
+    addShortcuts();
+}
+
+void MainWindow::nameForReaders() {
+    m_search->setAccessibleName("Search");
+    m_source->setAccessibleName("Folder or address of the replies");
+    m_fonts->setAccessibleName("Fonts");
+    m_message->setAccessibleName("Problems");
+    m_ignored->setAccessibleName("What was not understood");
+    m_status->setAccessibleName("Numbers of fonts");
+}
+
+void MainWindow::addShortcuts() {
+    const auto focus = [](QLineEdit* edit) {
+        return [edit] {
+            edit->setFocus(Qt::ShortcutFocusReason);
+            edit->selectAll();
+        };
+    };
+    connect(new QShortcut(QKeySequence::Find, this), &QShortcut::activated, this, focus(m_search));
+    connect(new QShortcut(QKeySequence::Open, this), &QShortcut::activated, this, focus(m_source));
+    connect(new QShortcut(QKeySequence("Ctrl+Q"), this), &QShortcut::activated, this,
+            &QWidget::close);
+    m_search->setClearButtonEnabled(true);
+    m_search->installEventFilter(this);
+    m_fonts->installEventFilter(this);
+}
+
+bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
+    const int key = event->type() == QEvent::KeyPress ? static_cast<QKeyEvent*>(event)->key() : 0;
+    if (watched == m_search && key == Qt::Key_Escape) {
+        m_search->clear();
+    } else if (watched == m_search && key == Qt::Key_Down) {
+        m_fonts->setFocus();
+        if (!m_fonts->currentIndex().isValid())
+            m_fonts->setCurrentIndex(m_model.index(0, 0));
+    } else if (watched == m_fonts && key == Qt::Key_Up &&
+               m_fonts->currentIndex() == m_model.index(0, m_fonts->currentIndex().column())) {
+        m_search->setFocus();
+    } else {
+        return QMainWindow::eventFilter(watched, event);
+    }
+    return true;
 }
 
 void MainWindow::open(const QString& source) {
@@ -100,12 +148,12 @@ void MainWindow::open(const QString& source) {
 }
 
 void MainWindow::cancel() {
+    ++m_reading;
     m_replies.cancel();
     setReading(false);
 }
 
 void MainWindow::setReading(bool isReading) {
-    m_reading += isReading ? 1 : 0;
     m_isReading = isReading;
     m_cancel->setVisible(isReading);
 }
@@ -155,6 +203,7 @@ void MainWindow::find() {
         status += QString(", %1 with the whole key").arg(found.wholeKey);
     m_status->setText(status + QString("; the query took %1 µs").arg(m_queryTime.count() / 1000));
     m_model.setFound(std::move(found), key);
+    m_untick->setEnabled(m_catalogue.isAnyTicked());
     showSelected();
 }
 

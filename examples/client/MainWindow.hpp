@@ -32,6 +32,9 @@ public:
 
 private:
     void makeWidgets();
+    void nameForReaders();
+    void addShortcuts();
+    bool eventFilter(QObject* watched, QEvent* event) override;
     void receive(const std::vector<Reply>& replies);
     void take(Loaded& loaded);
     void setReading(bool isReading);
@@ -54,6 +57,7 @@ private:
     QLabel* m_message = new QLabel;
     QPushButton* m_detailsButton = new QPushButton("Details");
     QLabel* m_ignored = new QLabel;
+    QPushButton* m_untick = new QPushButton("Untick all");
     QPushButton* m_cancel = new QPushButton("Cancel");
     QLabel* m_status = new QLabel;
     TagPanel* m_tags = nullptr;

@@ -1,5 +1,6 @@
 #include "TagPanel.hpp"
 
+#include "FontView.hpp"
 #include "Load.hpp"
 
 #include <QSignalBlocker>
@@ -21,7 +22,10 @@ QString labelOf(const FontTagItem& tag) {
 
 TagPanel::TagPanel(Catalogue& catalogue, std::function<void()> onChange) : m_catalogue(catalogue) {
     setObjectName("tags");
+    setAccessibleName("Tags");
     setHeaderHidden(true);
+    setIndentation(16);
+    setItemDelegate(new RowDelegate(this));
     connect(this, &QTreeWidget::itemChanged, this, [this, onChange](QTreeWidgetItem* row) {
         auto* const tag = static_cast<FontTagItem*>(row->data(0, tagRole).value<void*>());
         m_catalogue.tick(*tag, row->checkState(0) == Qt::Checked);

@@ -30,12 +30,26 @@ int run(client::MainWindow& window, const QCommandLineParser& options) {
     return EXIT_FAILURE;
 }
 
+/// Without a display, Qt would abort.
+bool hasDisplay() {
+#ifdef Q_OS_LINUX
+    return !qEnvironmentVariableIsEmpty("DISPLAY") ||
+           !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
+#else
+    return true;
+#endif
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
     for (int i = 1; i < argc; ++i)
         if (QString(argv[i]).startsWith("--screenshot") || QString(argv[i]) == "--help")
             qputenv("QT_QPA_PLATFORM", "offscreen"); // needs no display
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM") && !hasDisplay()) {
+        qWarning("There is no display. To draw the window into a file, use --screenshot FILE.");
+        return EXIT_FAILURE;
+    }
     const QApplication application(argc, argv);
     const QString folder = QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation);
     QCommandLineParser options;
