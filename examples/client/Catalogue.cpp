@@ -13,6 +13,12 @@ using namespace VelmoCloudEntity;
 
 namespace {
 
+Found searchWholeKey(const Fonts& fonts, const std::string& key) {
+    Found found{.fonts = FontList::getFontByKey(fonts, key, true)};
+    found.wholeKey = found.fonts.size();
+    return found;
+}
+
 /// Returns the fonts that contain the key, then those that contain a character of it.
 Found search(const Fonts& fonts, const std::string& key) {
     auto [whole, byCharacter] = FontList::getSearchResultFont(fonts, key);
@@ -53,11 +59,13 @@ void Catalogue::markFavourites(const std::string& reply) {
                                parseReply<UserFontFavoriteMapItem>(reply, replyLimits)->FontList());
 }
 
-Found Catalogue::find(const std::string& key) {
+Found Catalogue::find(const std::string& key, bool alsoByCharacter) {
     const auto begin = std::chrono::steady_clock::now();
     if (!m_passing)
         m_passing = fontsPassingTags();
-    Found found = key.empty() ? Found{.fonts = *m_passing} : search(*m_passing, key);
+    Found found = key.empty()       ? Found{.fonts = *m_passing}
+                  : alsoByCharacter ? search(*m_passing, key)
+                                    : searchWholeKey(*m_passing, key);
     found.duration = std::chrono::steady_clock::now() - begin;
     found.count = FontList::getFontCount(found.fonts);
     return found;

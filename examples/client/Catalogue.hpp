@@ -34,9 +34,10 @@ public:
     void markActivated(const std::string& reply);
     void markFavourites(const std::string& reply);
 
-    /// Returns the fonts that pass the ticked tags and contain the key, then those that contain a
-    /// character of it. Returns the tree of fonts if the key is empty and no tag is ticked.
-    Found find(const std::string& key);
+    /// Returns the fonts that pass the ticked tags and contain the key, then, if asked for, those
+    /// that contain a character of it. Returns the tree of fonts if the key is empty and no tag is
+    /// ticked.
+    Found find(const std::string& key, bool alsoByCharacter);
 
     const Tags& tags() const noexcept { return m_tags.List(); }
     void tick(FontTagItem& tag, bool isTicked);

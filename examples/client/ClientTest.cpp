@@ -108,6 +108,9 @@ void expectIn(const std::string& part, const std::string& text) {
 TEST(Client, FiltersWithEachKeyAndMarksWhatItFound) {
     const Client client;
     EXPECT_EQ(client.model().rowCount(), 59);
+    client.type("ito i");
+    EXPECT_EQ(client.model().rowCount(), 1);
+    client.part<QCheckBox>("characters").click();
     client.type("BÖL");
     expectIn("0 with the whole key", client.text("status"));
     client.type("ito i");
@@ -135,7 +138,7 @@ TEST(Client, FiltersByTickedTags) {
     expectIn("52 of 376 fonts", client.text("status"));
     client.tick("Bold (");
     client.type("ptserif");
-    expectIn("2 with the whole key", client.text("status"));
+    expectIn("2 of 376 fonts; ", client.text("status"));
     QTest::mouseClick(&client.part<QPushButton>("untick"), Qt::LeftButton);
     client.type("");
     expectIn("376 of 376 fonts", client.text("status"));
@@ -194,6 +197,10 @@ TEST(Client, KeepsSettings) {
     client.part<QSpinBox>().setValue(48);
     client.window = client.restart();
     EXPECT_EQ(client.part<QSpinBox>().value(), 48);
+    EXPECT_FALSE(client.part<QCheckBox>("characters").isChecked());
+    client.part<QCheckBox>("characters").click();
+    client.window = client.restart();
+    EXPECT_TRUE(client.part<QCheckBox>("characters").isChecked());
     expectIn(R"("LastUseVersion":")" VELMO_VERSION R"(","PreviewTag":"S")",
              contentOf(client.file("settings/settings.json")).toStdString());
     write(client.file("settings/settings.json"), "{\n oops");

@@ -1,8 +1,6 @@
 #include "MainWindow.hpp"
 
 #include "FontView.hpp"
-#include "Settings.hpp"
-
 #include <QKeyEvent>
 #include <QShortcut>
 #include <QSpinBox>
@@ -26,7 +24,7 @@ QWidget* boxOf(QBoxLayout::Direction direction, std::initializer_list<QWidget*> 
 } // namespace
 
 MainWindow::MainWindow(QString settingsFile)
-    : m_settingsFile(std::move(settingsFile)), m_settings(VelmoCloudEntity::ConfigItem::create()) {
+    : m_settingsFile(std::move(settingsFile)), m_settings(Settings::create()) {
     setWindowTitle("Velmo Client");
     m_search->setObjectName("search");
     m_search->setPlaceholderText("Search names, in any script");
@@ -66,6 +64,13 @@ void MainWindow::makeWidgets() {
     m_settings->setPreviewFontSize(size->value()); // in the range
     size->setSuffix(" pt");
     connect(size, &QSpinBox::valueChanged, this, &MainWindow::resizePreview);
+    m_characters->setObjectName("characters");
+    m_characters->setChecked(m_settings->MatchesCharacters());
+    connect(m_characters, &QCheckBox::toggled, this, [this](bool isOn) {
+        m_settings->setMatchesCharacters(isOn);
+        keepSettings();
+        find();
+    });
     m_tags = new TagPanel(m_catalogue, [this] { find(); });
     m_untick->setObjectName("untick");
     connect(m_untick, &QPushButton::clicked, this, [this] {
@@ -82,7 +87,8 @@ void MainWindow::makeWidgets() {
     columns->addWidget(boxOf(QBoxLayout::TopToBottom, {m_tags, m_untick}));
     columns->addWidget(fonts);
     columns->setSizes({220, 780});
-    auto* const top = boxOf(QBoxLayout::LeftToRight, {m_search, m_source, m_cancel, size});
+    auto* const top =
+        boxOf(QBoxLayout::LeftToRight, {m_search, m_characters, m_source, m_cancel, size});
     auto* const message = boxOf(QBoxLayout::LeftToRight, {m_message, m_detailsButton});
     columns->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
     setCentralWidget(boxOf(QBoxLayout::TopToBottom, {top, message, m_ignored, columns}));
@@ -196,10 +202,10 @@ void MainWindow::take(Loaded& loaded) {
 
 void MainWindow::find() {
     const std::string key = m_search->text().toStdString();
-    Found found = m_catalogue.find(key);
+    Found found = m_catalogue.find(key, m_settings->MatchesCharacters());
     m_queryTime = found.duration;
     QString status = QString("%1 of %2 fonts").arg(found.count).arg(m_catalogue.fontCount());
-    if (!key.empty())
+    if (!key.empty() && m_settings->MatchesCharacters())
         status += QString(", %1 with the whole key").arg(found.wholeKey);
     m_status->setText(status + QString("; the query took %1 µs").arg(m_queryTime.count() / 1000));
     m_model.setFound(std::move(found), key);
@@ -214,12 +220,16 @@ void MainWindow::showSelected() {
 
 void MainWindow::resizePreview(int points) {
     m_settings->setPreviewFontSize(points);
+    keepSettings();
+    showSelected();
+}
+
+void MainWindow::keepSettings() {
     try {
         saveSettings(m_settingsFile, *m_settings);
     } catch (const std::exception& error) {
         report({m_settingsFile + ": " + error.what()});
     }
-    showSelected();
 }
 
 void MainWindow::report(const QStringList& messages, const QStringList& ignored) {

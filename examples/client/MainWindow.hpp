@@ -3,8 +3,10 @@
 #include "FontModel.hpp"
 #include "FontPanel.hpp"
 #include "Load.hpp"
+#include "Settings.hpp"
 #include "TagPanel.hpp"
 
+#include <QCheckBox>
 #include <QLineEdit>
 #include <QMainWindow>
 #include <QPushButton>
@@ -41,15 +43,17 @@ private:
     void find();
     void showSelected();
     void resizePreview(int points);
+    void keepSettings();
     void report(const QStringList& messages, const QStringList& ignored = {});
 
     QString m_settingsFile;
-    std::shared_ptr<VelmoCloudEntity::ConfigItem> m_settings;
+    std::shared_ptr<Settings> m_settings;
     QStringList m_settingsProblems;
     Catalogue m_catalogue;
     FontModel m_model;
     std::chrono::nanoseconds m_queryTime{};
     QLineEdit* m_search = new QLineEdit;
+    QCheckBox* m_characters = new QCheckBox("Also single characters");
     QLineEdit* m_source = new QLineEdit;
     QString m_opened;  // the source that is read, or was read last
     int m_reading = 0; // counts the readings, so that what a cancelled one gives is dropped

@@ -5,6 +5,7 @@
 #include <VelmoCloudEntity/version.hpp>
 
 #include <PerchAppLibrary/json/Dictionary.hpp>
+#include <PerchAppLibrary/record/RecordSchema.hpp>
 
 #include <QDir>
 #include <QFileInfo>
@@ -13,6 +14,8 @@
 namespace client {
 
 using PerchAppLibrary::JSON;
+
+PERCH_RECORD_SCHEMA(Settings);
 
 void loadSettings(const QString& file, VelmoCloudEntity::ConfigItem& settings) {
     const Reply content = readFile(file, file);
