@@ -1,252 +1,12 @@
-// Drives the client without a display. With --measure, prints the times of keystrokes.
-#include "MainWindow.hpp"
+// Runs the tests of the client. With --measure, prints the times of keystrokes.
+#include "TestClient.hpp"
 
-#include <VelmoCloudEntity/version.hpp>
-
-#include <QAbstractItemModelTester>
 #include <QApplication>
-#include <QDir>
-#include <QPushButton>
-#include <QSpinBox>
-#include <QTcpServer>
-#include <QTcpSocket>
-#include <QTemporaryDir>
-#include <QTest>
-
-#include <gtest/gtest.h>
 
 #include <ctime>
 #include <iostream>
 
 using namespace client;
-
-namespace {
-
-const QStringList names{"font-list.json", "font-tags.json", "activated-fonts.json",
-                        "favorite-fonts.json"};
-
-QByteArray contentOf(const QString& file) {
-    QFile device(file);
-    return device.open(QIODevice::ReadOnly) ? device.readAll() : QByteArray();
-}
-
-void write(const QString& file, const QByteArray& content) {
-    QFile device(file);
-    ASSERT_TRUE(device.open(QIODevice::WriteOnly) && device.write(content) == content.size());
-}
-
-/// A window on a copy of the sample, with its fonts repeated.
-struct Client {
-    explicit Client(int repeats = 1) {
-        for (const QString& name : names)
-            QFile::copy(VELMO_SAMPLES "/" + name, file(name));
-        if (repeats > 1) {
-            const QByteArray list = contentOf(file(names[0])).trimmed();
-            const QByteArray items = list.sliced(1, list.size() - 2);
-            write(file(names[0]), "[" + items + ("," + items).repeated(repeats - 1) + "]");
-        }
-        window = restart();
-        window->open(folder.path());
-    }
-    QString file(const QString& name) const { return folder.filePath(name); }
-    std::unique_ptr<MainWindow> restart() const {
-        auto started = std::make_unique<MainWindow>(file("settings/settings.json"));
-        started->resize(1000, 700);
-        started->show();
-        return started;
-    }
-    /// Requires that the model keeps the rules of Qt, or ends the process.
-    void checkModel() const {
-        QAbstractItemModelTester(&model(), QAbstractItemModelTester::FailureReportingMode::Fatal);
-    }
-    template <class Widget>
-    Widget& part(const char* name = "") const {
-        return *window->findChild<Widget*>(name);
-    }
-    std::string text(const char* label) const { return part<QLabel>(label).text().toStdString(); }
-    QAbstractItemModel& model() const { return *part<QAbstractItemView>("fonts").model(); }
-    std::string cell(int row, int column) const {
-        return model().index(row, column).data().toString().toStdString();
-    }
-    bool isMarked(int row, FontModel::Column column) const {
-        return model().index(row, column).data(Qt::CheckStateRole).toInt() == Qt::Checked;
-    }
-    void type(const char* key) const {
-        part<QLineEdit>("search").clear();
-        QTest::keyClicks(&part<QLineEdit>("search"), key);
-    }
-    void tick(const char* tag) const {
-        auto& tags = part<QTreeWidget>("tags");
-        const auto rows = tags.findItems(tag, Qt::MatchStartsWith | Qt::MatchRecursive);
-        ASSERT_EQ(rows.size(), 1) << tag;
-        rows.front()->setCheckState(0, Qt::Checked);
-    }
-    void select(int row) const {
-        part<QAbstractItemView>("fonts").setCurrentIndex(model().index(row, 0));
-    }
-    void click(int row, FontModel::Column column) const {
-        auto& fonts = part<QTreeView>("fonts");
-        const QRect cell = fonts.visualRect(model().index(row, column));
-        QTest::mouseClick(fonts.viewport(), Qt::LeftButton, {}, cell.topLeft() + QPoint(12, 10));
-    }
-
-    QTemporaryDir folder;
-    std::unique_ptr<MainWindow> window;
-};
-
-void expectIn(const std::string& part, const std::string& text) {
-    EXPECT_NE(text.find(part), std::string::npos) << part << "\nis not in\n" << text;
-}
-
-} // namespace
-
-TEST(Client, FiltersWithEachKeyAndMarksWhatItFound) {
-    const Client client;
-    EXPECT_EQ(client.model().rowCount(), 59);
-    client.type("BÖL");
-    expectIn("0 with the whole key", client.text("status"));
-    client.type("ito i");
-    expectIn("1 with the whole key; the query took ", client.text("status"));
-    EXPECT_EQ(client.cell(0, 0), "Carlito Italic");
-    const auto rangesOf = [&client](int row) {
-        return client.model()
-            .index(row, 0)
-            .data(FontModel::foundParts)
-            .value<QList<FontModel::Range>>();
-    };
-    ASSERT_EQ(rangesOf(0).size(), 1);
-    EXPECT_EQ(rangesOf(0)[0].begin, 4);
-    EXPECT_EQ(rangesOf(0)[0].size, 5);
-    EXPECT_GT(rangesOf(1).size(), 1) << "characters";
-    client.checkModel();
-    client.type("");
-    EXPECT_EQ(client.model().rowCount(), 59);
-    client.checkModel();
-}
-
-TEST(Client, FiltersByTickedTags) {
-    const Client client;
-    client.tick("serif (");
-    expectIn("52 of 376 fonts", client.text("status"));
-    client.tick("Bold (");
-    client.type("ptserif");
-    expectIn("2 with the whole key", client.text("status"));
-    QTest::mouseClick(&client.part<QPushButton>(), Qt::LeftButton);
-    client.type("");
-    expectIn("376 of 376 fonts", client.text("status"));
-}
-
-TEST(Client, SwitchesMarksThatStay) {
-    const Client client;
-    client.click(0, FontModel::activated); // a group of two
-    client.type("abeezee");
-    client.click(1, FontModel::favourite);
-    client.type("");
-    client.type("abeezee");
-    for (const int row : {0, 1})
-        EXPECT_TRUE(client.isMarked(row, FontModel::activated)) << row;
-    EXPECT_FALSE(client.isMarked(0, FontModel::favourite));
-    EXPECT_TRUE(client.isMarked(1, FontModel::favourite));
-}
-
-TEST(Client, DrawsAnInstalledFontInItself) {
-    const Client client;
-    client.type("DejaVu Sans Mono");
-    client.select(0);
-    EXPECT_EQ(client.part<QLabel>("preview").font().family(), "DejaVu Sans Mono");
-    EXPECT_EQ(client.text("preview"), "DejaVu Sans Mono");
-    expectIn("/DejaVuSansMono.ttf\n", client.text("details"));
-    expectIn("/DejaVuSansMono_S_B_32.png\n", client.text("details"));
-}
-
-TEST(Client, KeepsSettings) {
-    Client client;
-    client.part<QSpinBox>().setValue(48);
-    client.window = client.restart();
-    EXPECT_EQ(client.part<QSpinBox>().value(), 48);
-    expectIn(R"("LastUseVersion":")" VELMO_VERSION R"(","PreviewTag":"S")",
-             contentOf(client.file("settings/settings.json")).toStdString());
-    write(client.file("settings/settings.json"), "{\n oops");
-    client.window = client.restart();
-    client.window->open(client.folder.path());
-    expectIn("settings.json: line 2, column 2: ", client.text("message"));
-    EXPECT_EQ(client.part<QSpinBox>().value(), 32);
-    write(client.file("settings/settings.json"), R"({"PreviewFontSize":1000000000})");
-    client.window = client.restart();
-    client.window->open(client.folder.path());
-    client.select(1);
-    EXPECT_EQ(client.part<QLabel>("preview").font().pointSize(), 96);
-}
-
-TEST(Client, ReportsABadReplyAndKeepsWhatItHad) {
-    const Client client;
-    EXPECT_TRUE(client.part<QLabel>("message").isHidden());
-    const auto open = [&client] {
-        QTest::keyClick(&client.part<QLineEdit>("source"), Qt::Key_Enter);
-    };
-    for (const auto& [text, message] : {
-             std::pair{"[1,\n 2", "font-list.json: line 2, column 3: "},
-             {"null", "font-list.json: the reply is no list"},
-             {R"({"Exception":true,"ExceptionCode":"005001"})",
-              "font-list.json: error 005001: 登录过期 / The user login has expired."},
-             {R"({"ExceptionCode":"9","ExceptionMessage":"<b>x"})", "error 9: <b>x"},
-             {"", "font-list.json: line 1, column 1: "},
-         }) {
-        write(client.file("font-list.json"), text);
-        open();
-        expectIn(message, client.text("message"));
-        expectIn("376 of 376 fonts; ", client.text("status"));
-    }
-    for (const QString& name : names)
-        QFile::remove(client.file(name));
-    open();
-    EXPECT_EQ(client.text("message"), "font-list.json: No such file or directory");
-    EXPECT_EQ(client.part<QTreeWidget>("tags").topLevelItemCount(), 0);
-    expectIn("376 of 376 fonts", client.text("status"));
-}
-
-TEST(Client, ReadsAServiceOverHTTP) {
-    const Client client;
-    QTcpServer server;
-    ASSERT_TRUE(server.listen(QHostAddress::LocalHost));
-    QObject::connect(&server, &QTcpServer::newConnection, &server, [&] {
-        QTcpSocket* const socket = server.nextPendingConnection();
-        QObject::connect(socket, &QTcpSocket::readyRead, socket, [&client, socket] {
-            const QList<QByteArray> words = socket->readAll().split(' ');
-            const QByteArray content = contentOf(client.file(words.value(1).mid(1)));
-            QByteArray head = "HTTP/1.1 200 OK\r\nContent-Type: application/json";
-            if (content.isEmpty())
-                head = "HTTP/1.1 404 Not Found\r\nContent-Type: text/html";
-            else if (content.contains("Exception"))
-                head.replace("200 OK", "401 Unauthorized");
-            socket->write(head + "\r\nConnection: close\r\n\r\n" + content);
-            socket->disconnectFromHost();
-        });
-    });
-    const QString address = QString("http://127.0.0.1:%1").arg(server.serverPort());
-    const auto open = [&](const QString& source) {
-        client.window->open(source);
-        return QTest::qWaitFor([&] { return !client.window->isReading(); });
-    };
-    client.click(0, FontModel::activated);
-    ASSERT_TRUE(open(address));
-    EXPECT_EQ(client.text("message"), "");
-    EXPECT_FALSE(client.isMarked(0, FontModel::activated)) << "as the service has it";
-    client.type("anuphan l");
-    EXPECT_TRUE(client.isMarked(0, FontModel::activated));
-    client.type("");
-    QFile::remove(client.file("font-tags.json"));
-    write(client.file("font-list.json"), R"({"Exception":true,"ExceptionCode":"002001"})");
-    ASSERT_TRUE(open(address + "/"));
-    EXPECT_EQ(client.text("message"),
-              "font-list.json: error 002001: 手机号无效 / Phone number is invalid.");
-    server.close();
-    ASSERT_TRUE(open(address));
-    expectIn("font-list.json: Connection refused", client.text("message"));
-    expectIn("376 of 376 fonts", client.text("status"));
-    client.window->open(address); // the window closes while it reads
-    EXPECT_TRUE(client.window->isReading());
-}
 
 namespace {
 
@@ -289,7 +49,9 @@ Times timesOf(const Client& client) {
 
 void measure() {
     for (const int repeats : {16, 160}) {
-        const Times times = timesOf(Client(repeats));
+        const Client client(repeats);
+        client.part<QCheckBox>("characters").click();
+        const Times times = timesOf(client);
         std::cout << repeats * 376 << " fonts, " << times.queries.size() << " keystrokes\n";
         times.print("  query", &Times::queries);
         times.print("  query and drawing", &Times::keystrokes);
@@ -301,6 +63,7 @@ void measure() {
 
 TEST(Client, ShowsAKeystrokeAmongManyFontsWithinAFrame) {
     const Client client(160);
+    client.part<QCheckBox>("characters").click(); // the longer way
     const Times times = timesOf(client);
     EXPECT_LT(Times::median(times.processor), 16);
     client.type("a");

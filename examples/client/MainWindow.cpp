@@ -1,158 +1,177 @@
 #include "MainWindow.hpp"
 
-#include "FontView.hpp"
+#include "Look.hpp"
 #include "Settings.hpp"
+#include "Texts.hpp"
 
-#include <VelmoCloudEntity/entity/Reply.hpp>
-
-#include <QPushButton>
-#include <QSpinBox>
-#include <QSplitter>
-#include <QStatusBar>
-#include <QVBoxLayout>
+#include <QApplication>
+#include <QFileDialog>
+#include <QKeyEvent>
+#include <QLocale>
+#include <QtConcurrent>
 
 namespace client {
-namespace {
-
-/// A reply that the window shows, and the function that reads it.
-struct Document {
-    const char* name;
-    void (Catalogue::*read)(const std::string& reply);
-    const char* standIn; // for a missing reply; null for one that is needed
-};
-constexpr std::array documents{Document{"font-list.json", &Catalogue::readFonts, nullptr},
-                               Document{"font-tags.json", &Catalogue::readTags, "[]"},
-                               Document{"activated-fonts.json", &Catalogue::markActivated, "{}"},
-                               Document{"favorite-fonts.json", &Catalogue::markFavourites, "{}"}};
-
-/// Returns a widget with these in a row or column.
-QWidget* boxOf(QBoxLayout::Direction direction, std::initializer_list<QWidget*> widgets) {
-    auto* const box = new QWidget;
-    auto* const layout = new QBoxLayout(direction, box);
-    layout->setContentsMargins(0, 0, 0, 0);
-    for (QWidget* const widget : widgets)
-        layout->addWidget(widget);
-    return box;
-}
-
-/// Returns what an error reply says, in both languages, or what else is wrong with a reply.
-std::string describe(const VelmoCloudEntity::ReplyError& error) {
-    const auto& reported = error.serviceError();
-    if (!reported || reported->text("Ch") == reported->text("En"))
-        return error.what();
-    return "error " + reported->code + ": " + reported->text("Ch") + " / " + reported->text("En");
-}
-
-} // namespace
 
 MainWindow::MainWindow(QString settingsFile)
     : m_settingsFile(std::move(settingsFile)), m_settings(VelmoCloudEntity::ConfigItem::create()) {
-    m_search->setObjectName("search");
-    m_search->setPlaceholderText("Search names, in any script");
-    m_source->setObjectName("source");
-    m_message->setObjectName("message");
-    m_message->setTextFormat(Qt::PlainText);
-    m_message->setWordWrap(true);
-    m_message->setStyleSheet("background: #ffdad6; color: black; padding: 6px");
-    m_status->setObjectName("status");
     try {
         loadSettings(m_settingsFile, *m_settings);
     } catch (const std::exception& error) {
-        m_settingsProblems << m_settingsFile + ": " + error.what();
+        m_settingsProblems << m_settingsFile + ": " + drawable(error.what(), 300);
     }
-    report(m_settingsProblems);
     makeWidgets();
-    connect(m_search, &QLineEdit::textChanged, this, &MainWindow::find);
-    connect(m_source, &QLineEdit::returnPressed, this, [this] { open(m_source->text()); });
-    connect(m_fonts->selectionModel(), &QItemSelectionModel::currentChanged, this,
-            &MainWindow::showSelected);
+    makeActions();
+    connectParts();
+    restoreLayout();
+    m_message->showMessage(m_settingsProblems, {}, false);
+    m_progress->hide();
+    find();
 }
 
-void MainWindow::makeWidgets() {
-    auto* const size = new QSpinBox;
-    size->setRange(6, 96);
-    size->setValue(static_cast<int>(m_settings->PreviewFontSize()));
-    m_settings->setPreviewFontSize(size->value()); // in the range
-    size->setSuffix(" pt");
-    connect(size, &QSpinBox::valueChanged, this, &MainWindow::resizePreview);
-    m_tags = new TagPanel(m_catalogue, [this] { find(); });
-    auto* const untick = new QPushButton("Untick all");
-    connect(untick, &QPushButton::clicked, this, [this] {
-        m_catalogue.untickAll();
-        m_tags->showTags();
-        find();
-    });
-    m_fonts = new FontView(m_model);
-    auto* const fonts = new QSplitter(Qt::Vertical);
-    fonts->addWidget(m_fonts);
-    fonts->addWidget(m_panel);
-    fonts->setStretchFactor(0, 1);
-    auto* const columns = new QSplitter;
-    columns->addWidget(boxOf(QBoxLayout::TopToBottom, {m_tags, untick}));
-    columns->addWidget(fonts);
-    columns->setSizes({220, 780});
-    auto* const top = boxOf(QBoxLayout::LeftToRight, {m_search, m_source, size});
-    columns->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
-    setCentralWidget(boxOf(QBoxLayout::TopToBottom, {top, m_message, columns}));
-    centralWidget()->layout()->setContentsMargins(8, 8, 8, 0);
-    statusBar()->addWidget(m_status);
-}
+MainWindow::~MainWindow() { m_fonts->selectionModel()->disconnect(this); }
 
 void MainWindow::open(const QString& source) {
+    cancel();
     m_source->setText(source);
-    QStringList names;
-    for (const Document& document : documents)
-        names << document.name;
-    if (!isReading())
-        m_replies.read(source, names, [this](const auto& replies) { receive(replies); });
+    m_opened = source;
+    setReading(true);
+    m_replies.get(
+        source, replyNames(),
+        [this](std::vector<Reply> replies) {
+            m_loading.setFuture(QtConcurrent::run(load, std::move(replies)));
+        },
+        [this](qint64 received) {
+            m_progress->showProgress("Reading " + drawable(m_opened.toStdString()) + ": " +
+                                     QLocale().formattedDataSize(received));
+        });
 }
 
-void MainWindow::receive(const std::vector<Reply>& replies) {
-    QStringList problems = m_settingsProblems;
-    for (std::size_t i = 0; i < documents.size(); ++i)
-        try {
-            const char* const standIn = replies[i].isMissing ? documents[i].standIn : nullptr;
-            (m_catalogue.*documents[i].read)(standIn != nullptr ? standIn : textOf(replies[i]));
-        } catch (const VelmoCloudEntity::ReplyError& error) {
-            problems << replies[i].name + ": " + QString::fromStdString(describe(error));
-        } catch (const std::exception& error) {
-            problems << replies[i].name + ": " + error.what();
-        }
-    report(problems);
-    m_tags->showTags();
+void MainWindow::cancel() {
+    m_replies.cancel();
+    m_loading.setFuture({}); // a load that is running ends unheard
+    m_explaining.setFuture({});
+    setReading(false);
+}
+
+void MainWindow::setReading(bool isReading) {
+    m_isReading = isReading;
+    m_progress->showProgress("Reading " + drawable(m_opened.toStdString()) + "\u2026");
+    m_progress->setVisible(isReading);
+    if (isReading)
+        m_message->showMessage({}, {}, false);
+    showEmpty();
+}
+
+void MainWindow::receive(Loaded loaded) {
+    m_problems = loaded.problems;
+    if (loaded.catalogue) {
+        m_catalogue = std::move(loaded.catalogue);
+        m_shown = m_opened;
+        m_tags->showTags(m_catalogue->tags());
+        m_explaining.setFuture(QtConcurrent::run(ignoredIn, std::move(loaded.replies)));
+    } else {
+        m_problems.prepend(drawable(m_opened.toStdString()) + " cannot be shown.");
+    }
+    setReading(false);
+    // Without fonts, the page in their place says it.
+    m_message->showMessage(m_catalogue ? m_settingsProblems + m_problems : m_settingsProblems, {},
+                           m_catalogue != nullptr);
+    m_from->setText(m_catalogue ? "From " + drawable(m_shown.toStdString(), 80) : QString());
     find();
 }
 
 void MainWindow::find() {
     const std::string key = m_search->text().toStdString();
-    Found found = m_catalogue.find(key);
+    Found found = m_catalogue ? m_catalogue->find(key, m_characters->isChecked()) : Found{};
     m_queryTime = found.duration;
-    QString status = QString("%1 of %2 fonts").arg(found.count).arg(m_catalogue.fontCount());
-    if (!key.empty())
-        status += QString(", %1 with the whole key").arg(found.wholeKey);
-    m_status->setText(status + QString("; the query took %1 µs").arg(m_queryTime.count() / 1000));
+    const bool isTree = key.empty() && m_catalogue && !m_catalogue->hasTicks();
+    const auto number = [](auto count) {
+        return QLocale().toString(static_cast<qlonglong>(count));
+    };
+    const auto all = m_catalogue ? m_catalogue->fontCount() : 0;
+    QString status = number(all) + (all == 1 ? " font" : " fonts");
+    if (!isTree)
+        status = number(found.fonts.size()) + " of " + status;
+    if (!found.byCharacter.empty())
+        status += ", " + number(found.byCharacter.size()) + " more by single characters";
+    m_status->setText(m_catalogue ? status : QString());
+    m_untick->setEnabled(m_catalogue && m_catalogue->hasTicks());
+    m_fonts->setRootIsDecorated(isTree); // else, no row has members
     m_model.setFound(std::move(found), key);
+    showEmpty();
     showSelected();
+}
+
+void MainWindow::showEmpty() {
+    const bool isEmpty = m_model.rowCount() == 0;
+    m_list->setCurrentWidget(isEmpty ? static_cast<QWidget*>(m_empty) : m_fonts);
+    if (!isEmpty)
+        return;
+    if (m_isReading)
+        m_empty->showPage("Reading the fonts\u2026", drawable(m_opened.toStdString()), {}, {});
+    else if (!m_catalogue && !m_problems.isEmpty())
+        m_empty->showPage("The fonts could not be read", m_problems.join('\n'), "Try again",
+                          [this] { open(m_opened); });
+    else if (!m_catalogue)
+        m_empty->showPage("No fonts yet",
+                          "Open a folder of saved replies, or enter the address of a service.",
+                          "Open folder\u2026", [this] { chooseFolder(); });
+    else if (m_catalogue->fontCount() == 0)
+        m_empty->showPage("No fonts", "The list of fonts is empty.", "Open folder\u2026",
+                          [this] { chooseFolder(); });
+    else
+        m_empty->showPage("No font found",
+                          m_catalogue->hasTicks() ? "No font has these tags and this name."
+                                                  : "No font has this name.",
+                          "Clear search and tags", [this] {
+                              m_search->clear();
+                              m_untick->click();
+                              m_search->setFocus();
+                          });
 }
 
 void MainWindow::showSelected() {
     const QModelIndex current = m_fonts->currentIndex();
-    m_panel->showFont(current.isValid() ? FontModel::fontAt(current).get() : nullptr, *m_settings);
+    m_panel->showFont(current.isValid() ? FontModel::fontAt(current) : nullptr);
 }
 
-void MainWindow::resizePreview(int points) {
-    m_settings->setPreviewFontSize(points);
+void MainWindow::saveSettings() {
     try {
-        saveSettings(m_settingsFile, *m_settings);
+        client::saveSettings(m_settingsFile, *m_settings);
     } catch (const std::exception& error) {
-        report({m_settingsFile + ": " + error.what()});
+        m_message->showMessage({m_settingsFile + ": " + drawable(error.what())}, {}, false);
     }
-    showSelected();
 }
 
-void MainWindow::report(const QStringList& messages) {
-    m_message->setText(messages.join('\n'));
-    m_message->setVisible(!messages.isEmpty());
+void MainWindow::chooseFolder() {
+    const QString folder = QFileDialog::getExistingDirectory(this, "Open saved replies", m_shown);
+    if (!folder.isEmpty())
+        open(folder);
+}
+
+void MainWindow::setDark(bool isDark) {
+    QApplication::setPalette(paletteOf(isDark));
+    m_dark->setChecked(isDark);
+    if (m_catalogue)
+        m_tags->showTags(m_catalogue->tags()); // whose rows have colours of their own
+}
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+    saveLayout();
+    QMainWindow::closeEvent(event);
+}
+
+bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == m_search && event->type() == QEvent::KeyPress &&
+        static_cast<QKeyEvent*>(event)->key() == Qt::Key_Down) {
+        if (m_model.rowCount() == 0)
+            return true;
+        if (!m_fonts->currentIndex().isValid())
+            m_fonts->goToFirst();
+        m_fonts->setFocus(Qt::TabFocusReason);
+        return true;
+    }
+    return QMainWindow::eventFilter(watched, event);
 }
 
 } // namespace client

@@ -15,9 +15,13 @@ namespace client {
 using PerchAppLibrary::JSON;
 
 void loadSettings(const QString& file, VelmoCloudEntity::ConfigItem& settings) {
-    const Reply content = readFile(file, file);
-    if (!content.isMissing)
-        settings.setValue(JSON::parse(textOf(content)));
+    Reply content{file, file};
+    readFile(content);
+    if (content.isMissing)
+        return;
+    if (!content.error.isEmpty())
+        throw std::runtime_error(content.error.toStdString());
+    settings.setValue(JSON::parse(content.text.toStdString()));
 }
 
 void saveSettings(const QString& file, VelmoCloudEntity::ConfigItem& settings) {
