@@ -1,7 +1,7 @@
 #include "FontPanel.hpp"
 
-#include "Look.hpp"
 #include "Texts.hpp"
+#include "ui_MainWindow.h"
 
 #include <PerchAppLibrary/ApplicationManager.hpp>
 
@@ -12,107 +12,58 @@
 
 namespace client {
 
-FontPanel::FontPanel(std::shared_ptr<VelmoCloudEntity::ConfigItem> settings,
+FontPanel::FontPanel(Ui::MainWindow& ui, std::shared_ptr<VelmoCloudEntity::ConfigItem> settings,
                      std::function<void()> onResize)
-    : m_settings(std::move(settings)) {
-    m_text->setObjectName("previewText");
-    m_text->setAccessibleName("Text of the preview");
-    m_text->setMaxLength(200);
-    m_text->setClearButtonEnabled(true);
-    m_text->setTextMargins(gap / 2, 0, gap / 2, 0);
-    m_size->setObjectName("size");
-    m_size->setAccessibleName("Size of the preview");
-    m_size->setRange(6, 96);
-    m_size->setFixedWidth(160);
-    m_size->setValue(static_cast<int>(m_settings->PreviewFontSize()));
-    m_settings->setPreviewFontSize(m_size->value()); // in the range
-    m_points->setMinimumWidth(m_points->fontMetrics().horizontalAdvance("96 pt"));
-    m_points->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    m_preview->setObjectName("preview");
-    m_preview->setMinimumHeight(64);
-    m_preview->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);
-    m_drawnIn->setObjectName("drawnIn");
-    m_title->setObjectName("title");
-    QFont bold(font());
-    bold.setBold(true);
-    m_title->setFont(bold);
-    for (QLabel* const label : {m_preview, m_title, m_drawnIn}) {
-        label->setTextFormat(Qt::PlainText); // a name may look like markup
-        label->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    }
-    m_title->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-    m_lines->setContentsMargins(0, 0, 0, 0);
-    m_lines->setVerticalSpacing(gap / 2);
-    m_lines->setHorizontalSpacing(2 * gap);
-
-    auto* const controls = new QHBoxLayout;
-    controls->addWidget(m_text, 1);
-    controls->addWidget(m_size);
-    controls->addWidget(m_points);
-    auto* const titles = new QHBoxLayout;
-    titles->addWidget(m_title, 1);
-    titles->addWidget(m_drawnIn);
-    auto* const layout = new QVBoxLayout(this);
-    layout->setContentsMargins(0, gap, 0, 0);
-    layout->setSpacing(gap);
-    layout->addLayout(titles);
-    layout->addLayout(controls);
-    layout->addWidget(m_preview, 1);
-    layout->addWidget(m_locations);
-    connect(m_text, &QLineEdit::textChanged, this, &FontPanel::showPreview);
-    connect(m_size, &QSlider::valueChanged, this, [this, onResize](int points) {
+    : m_ui(ui), m_settings(std::move(settings)) {
+    m_ui.size->setValue(static_cast<int>(m_settings->PreviewFontSize()));
+    m_settings->setPreviewFontSize(m_ui.size->value()); // in the range
+    for (QLabel* const caption : {m_ui.fileCaption, m_ui.addressCaption, m_ui.previewFileCaption,
+                                  m_ui.previewAddressCaption})
+        caption->setForegroundRole(QPalette::PlaceholderText);
+    m_ui.drawnIn->setBackgroundRole(QPalette::Button);
+    QObject::connect(m_ui.previewText, &QLineEdit::textChanged, [this] { showPreview(); });
+    QObject::connect(m_ui.size, &QSlider::valueChanged, [this, onResize](int points) {
         m_settings->setPreviewFontSize(points);
         showPreview();
         showLocations(); // the file of a preview is named after its size
-        if (!m_size->isSliderDown())
+        if (!m_ui.size->isSliderDown())
             onResize();
     });
-    connect(m_size, &QSlider::sliderReleased, this, onResize);
-    showFont(nullptr);
-}
-
-QLabel* FontPanel::addLocation(const char* title, const char* name) {
-    auto* const label = new QLabel;
-    label->setObjectName(name);
-    label->setTextFormat(Qt::PlainText);
-    label->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-    auto* const caption = new QLabel(title);
-    caption->setForegroundRole(QPalette::PlaceholderText);
-    m_lines->addRow(caption, label);
-    return label;
+    QObject::connect(m_ui.size, &QSlider::sliderReleased, onResize);
 }
 
 void FontPanel::showFont(std::shared_ptr<FontItem> font) {
     m_font = std::move(font);
-    m_locations->setVisible(m_font != nullptr && !m_font->IsGroup());
-    m_title->setText(m_font ? drawable(m_font->TreeNodeTitle()) : QString());
-    m_text->setPlaceholderText(m_font ? drawable(m_font->PreviewText()) : "Text of the preview");
+    m_ui.locations->setVisible(m_font != nullptr && !m_font->IsGroup());
+    m_ui.title->setText(m_font ? drawable(m_font->TreeNodeTitle()) : QString());
+    m_ui.previewText->setPlaceholderText(m_font ? drawable(m_font->PreviewText())
+                                                : "Text of the preview");
     showPreview();
     showLocations();
 }
 
 void FontPanel::showPreview() {
     const auto points = static_cast<double>(m_settings->PreviewFontSize());
-    m_points->setText(QString("%1 pt").arg(points));
-    m_preview->setForegroundRole(m_font ? QPalette::WindowText : QPalette::PlaceholderText);
-    m_preview->setAlignment(m_font ? Qt::AlignLeft | Qt::AlignVCenter : Qt::AlignCenter);
-    m_drawnIn->setVisible(m_font != nullptr);
+    m_ui.points->setText(QString("%1 pt").arg(points));
+    m_ui.preview->setForegroundRole(m_font ? QPalette::WindowText : QPalette::PlaceholderText);
+    m_ui.preview->setAlignment(m_font ? Qt::AlignLeft | Qt::AlignVCenter : Qt::AlignCenter);
+    m_ui.drawnIn->setVisible(m_font != nullptr);
     if (!m_font) {
-        m_preview->setFont(font());
-        m_preview->setText("Select a font to see it.");
+        m_ui.preview->setFont(m_ui.title->parentWidget()->font());
+        m_ui.preview->setText("Select a font to see it.");
         return;
     }
     const Drawn drawn = drawnWith(*m_font, points);
     const QString name = drawn.font.family() + " " + drawn.font.styleName();
-    m_preview->setFont(drawn.font);
-    m_preview->setText(m_text->text().isEmpty() ? m_text->placeholderText() : m_text->text());
-    m_drawnIn->setText(drawn.isSubstitute ? " Not on this computer: drawn in a substitute "
-                                          : drawable(name.trimmed().toStdString(), 60));
-    m_drawnIn->setAutoFillBackground(drawn.isSubstitute);
-    m_drawnIn->setForegroundRole(drawn.isSubstitute ? QPalette::ButtonText
-                                                    : QPalette::PlaceholderText);
-    m_drawnIn->setBackgroundRole(QPalette::Button);
+    m_ui.preview->setFont(drawn.font);
+    m_ui.preview->setText(m_ui.previewText->text().isEmpty() ? m_ui.previewText->placeholderText()
+                                                             : m_ui.previewText->text());
+    m_ui.drawnIn->setText(drawn.isSubstitute ? " Not on this computer: drawn in a substitute "
+                                             : drawable(name.trimmed().toStdString(), 60));
+    m_ui.drawnIn->setAutoFillBackground(drawn.isSubstitute);
+    m_ui.drawnIn->setForegroundRole(drawn.isSubstitute ? QPalette::ButtonText
+                                                       : QPalette::PlaceholderText);
+    m_ui.drawnIn->setBackgroundRole(QPalette::Button);
 }
 
 Drawn FontPanel::drawnWith(const FontItem& font, double points) {
@@ -163,15 +114,15 @@ void FontPanel::showLocations() {
     const auto show = [](QLabel* label, const std::string& text) {
         label->setText(text.empty() ? QString("\u2013") : drawable(text, 400));
     };
-    show(m_file, m_font->LocalFile() + (m_font->IsLocaled() ? "" : " (not here)"));
-    show(m_address, m_font->ProductFileUrl());
+    show(m_ui.file, m_font->LocalFile() + (m_font->IsLocaled() ? "" : " (not here)"));
+    show(m_ui.address, m_font->ProductFileUrl());
     const bool hasPreview = m_font->stem().has_value(); // the locations of previews require it
     const FontItem::PreviewLabels preview{.isFixed = m_settings->UseFixPreviewTag(),
                                           .previewTag = m_settings->PreviewTag(),
                                           .colorTag = m_settings->PreviewColorTag(),
                                           .fontSize = m_settings->PreviewFontSize()};
-    show(m_previewFile, hasPreview ? m_font->getLocalPreviewFile(preview) : "");
-    show(m_previewAddress, hasPreview ? m_font->getRemotePreviewFile(preview) : "");
+    show(m_ui.previewFile, hasPreview ? m_font->getLocalPreviewFile(preview) : "");
+    show(m_ui.previewAddress, hasPreview ? m_font->getRemotePreviewFile(preview) : "");
 }
 
 } // namespace client

@@ -67,17 +67,9 @@ QSize RowDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelInde
             option.fontMetrics.height() + gap};
 }
 
-FontView::FontView(QAbstractItemModel& model, std::function<void()> onLeave)
-    : m_onLeave(std::move(onLeave)) {
-    setObjectName("fonts");
-    setAccessibleName("Fonts");
-    setUniformRowHeights(true);
-    setAlternatingRowColors(true);
-    setAllColumnsShowFocus(true);
+void FontView::showModel(QAbstractItemModel& model) {
     setModel(&model);
     setItemDelegate(new FoundPartDelegate(this));
-    header()->setStretchLastSection(false);
-    header()->setMinimumSectionSize(4 * fontMetrics().averageCharWidth());
     const int wide = fontMetrics().averageCharWidth();
     header()->resizeSection(FontModel::name, 36 * wide);
     header()->resizeSection(FontModel::family, 24 * wide);
@@ -104,7 +96,7 @@ void FontView::keyPressEvent(QKeyEvent* event) {
     else if (isPlain && event->key() == Qt::Key_F)
         switchMark(FontModel::favourite);
     else if (isPlain && event->key() == Qt::Key_Up && (!row.isValid() || row == firstRow()))
-        m_onLeave();
+        onLeave();
     else
         QTreeView::keyPressEvent(event);
 }

@@ -18,7 +18,11 @@ public:
 /// activated, F whether it is a favourite. Calls `onLeave` for Up in the first row.
 class FontView : public QTreeView {
 public:
-    FontView(QAbstractItemModel& model, std::function<void()> onLeave);
+    using QTreeView::QTreeView;
+
+    /// Shows this model from now on. Call it once.
+    void showModel(QAbstractItemModel& model);
+    std::function<void()> onLeave;
 
     /// Makes the first row that is not a heading the current one, if there is any.
     void goToFirst();
@@ -33,8 +37,6 @@ protected:
 private:
     void switchMark(int column);
     QModelIndex firstRow() const;
-
-    std::function<void()> m_onLeave;
 };
 
 } // namespace client

@@ -2,19 +2,13 @@
 
 #include "FontModel.hpp"
 #include "FontPanel.hpp"
-#include "FontView.hpp"
-#include "Messages.hpp"
-#include "TagPanel.hpp"
 
-#include <QCheckBox>
 #include <QFutureWatcher>
 #include <QMainWindow>
-#include <QSplitter>
-#include <QStackedWidget>
 
 namespace client {
 
-/// The window: a search box, the tags, the fonts, and the selected font.
+/// The window: a search box, the tags, the fonts, and the selected font. MainWindow.ui lays it out.
 class MainWindow : public QMainWindow {
 public:
     /// Reads the settings from this file, and keeps them there. What belongs to the window, such as
@@ -35,51 +29,36 @@ public:
     std::chrono::nanoseconds queryTime() const noexcept { return m_queryTime; }
 
 protected:
-    void closeEvent(QCloseEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
 
 private:
-    void makeWidgets();
-    void makeActions();
     void connectParts();
     void restoreLayout();
-    void saveLayout() const;
     void chooseFolder();
     void cancel();
+    void setReading(bool isReading);
     void receive(Loaded loaded);
     void find();
-    void showEmpty();
-    void showSelected();
+    void untickAll();
+    void showPage();
+    void showMessage(const QStringList& details);
+    void showDetails();
     void saveSettings();
-    void setReading(bool isReading);
 
+    std::unique_ptr<Ui::MainWindow> m_ui;
     QString m_settingsFile;
     std::shared_ptr<VelmoCloudEntity::ConfigItem> m_settings;
     QStringList m_settingsProblems;
     QStringList m_problems; // of the last reading
+    QStringList m_details;  // what its replies hold that is not used
     std::shared_ptr<Catalogue> m_catalogue;
     QString m_opened; // the source of the last reading
-    QString m_shown;  // the source of the catalogue
     bool m_isReading = false;
+    std::function<void()> m_onEmptyButton; // what the button in place of the fonts does
     FontModel m_model;
     std::chrono::nanoseconds m_queryTime{};
-    QLineEdit* m_search = new QLineEdit;
-    QCheckBox* m_characters = new QCheckBox("Also match single &characters");
-    QLineEdit* m_source = new QLineEdit;
-    QPushButton* m_choose = new QPushButton("Open\u2026");
-    ProgressLine* m_progress = new ProgressLine([this] { cancel(); });
-    MessageLine* m_message = new MessageLine([this] { open(m_opened); });
-    TagPanel* m_tags = nullptr;
-    QPushButton* m_untick = new QPushButton("&Untick all");
-    FontView* m_fonts = nullptr;
-    EmptyPage* m_empty = new EmptyPage;
-    QStackedWidget* m_list = new QStackedWidget; // the fonts, or why there are none
-    FontPanel* m_panel = nullptr;
-    QSplitter* m_columns = new QSplitter;
-    QSplitter* m_rows = new QSplitter(Qt::Vertical);
-    QLabel* m_status = new QLabel;
-    QLabel* m_from = new QLabel;
-    QAction* m_dark = nullptr;
+    std::unique_ptr<FontPanel> m_panel;
     Replies m_replies;
     QFutureWatcher<Loaded> m_loading;
     QFutureWatcher<QStringList> m_explaining;

@@ -4,6 +4,7 @@
 #include "Texts.hpp"
 
 #include <QHeaderView>
+#include <QLocale>
 #include <QPainter>
 #include <QSignalBlocker>
 
@@ -14,9 +15,7 @@ constexpr int tagRole = Qt::UserRole; // the FontTagItem of a row
 
 } // namespace
 
-TagPanel::TagPanel(std::function<void(FontTagItem&, bool isTicked)> onTick) {
-    setObjectName("tags");
-    setAccessibleName("Tags");
+TagPanel::TagPanel(QWidget* parent) : QTreeWidget(parent) {
     setColumnCount(2);
     setHeaderHidden(true);
     setUniformRowHeights(true);
@@ -26,7 +25,7 @@ TagPanel::TagPanel(std::function<void(FontTagItem&, bool isTicked)> onTick) {
     header()->setStretchLastSection(false);
     header()->setSectionResizeMode(0, QHeaderView::Stretch);
     header()->setSectionResizeMode(1, QHeaderView::ResizeToContents);
-    connect(this, &QTreeWidget::itemChanged, this, [onTick](QTreeWidgetItem* row) {
+    connect(this, &QTreeWidget::itemChanged, this, [this](QTreeWidgetItem* row) {
         auto* const tag = static_cast<FontTagItem*>(row->data(0, tagRole).value<void*>());
         onTick(*tag, row->checkState(0) == Qt::Checked);
     });

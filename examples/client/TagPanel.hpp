@@ -11,7 +11,8 @@ namespace client {
 /// The tags of a catalogue, to tick. Calls `onTick` when the user changes a tick.
 class TagPanel : public QTreeWidget {
 public:
-    explicit TagPanel(std::function<void(FontTagItem&, bool isTicked)> onTick);
+    explicit TagPanel(QWidget* parent);
+    std::function<void(FontTagItem&, bool isTicked)> onTick;
 
     /// Shows the tags that have fonts.
     void showTags(const Tags& tags);

@@ -1,11 +1,15 @@
 // A client with a window, the longest example of the library.
+#include "FontView.hpp"
 #include "Look.hpp"
 #include "MainWindow.hpp"
 
 #include <QApplication>
+#include <QCheckBox>
 #include <QCommandLineParser>
 #include <QIcon>
+#include <QLineEdit>
 #include <QStandardPaths>
+#include <QTreeWidget>
 
 #include <cstdio>
 
@@ -19,7 +23,7 @@ int drawInto(const QString& file, client::MainWindow& window, const QCommandLine
     for (const QString& tag : options.values("tag"))
         for (auto* const row : tags.findItems(tag, Qt::MatchFixedString | Qt::MatchRecursive))
             row->setCheckState(0, Qt::Checked);
-    static_cast<client::FontView*>(window.findChild<QTreeView*>("fonts"))->goToFirst();
+    dynamic_cast<client::FontView&>(*window.findChild<QTreeView*>("fonts")).goToFirst();
     QApplication::processEvents();
     if (window.grab().save(file))
         return EXIT_SUCCESS;
