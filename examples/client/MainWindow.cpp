@@ -8,10 +8,8 @@
 #include "ui_MainWindow.h"
 
 #include <QApplication>
-#include <QDialog>
 #include <QFileDialog>
 #include <QKeyEvent>
-#include <QPlainTextEdit>
 #include <QSettings>
 #include <QShortcut>
 #include <QtConcurrent>
@@ -44,11 +42,11 @@ MainWindow::MainWindow(QString settingsFile)
     large.setPointSizeF(large.pointSizeF() * 1.5);
     m_ui->emptyTitle->setFont(large);
     m_ui->empty->setBackgroundRole(QPalette::Base);
-    m_ui->icon->setPixmap(QApplication::windowIcon().pixmap(64));
     for (QLabel* const label : {m_ui->emptyText, m_ui->from})
         label->setForegroundRole(QPalette::PlaceholderText);
     for (QLineEdit* const edit : {m_ui->search, m_ui->source, m_ui->previewText})
         edit->setTextMargins(gap / 2, 0, gap / 2, 0);
+    m_ui->icon->setPixmap(QApplication::windowIcon().pixmap(64));
     m_ui->columns->setSizes({230, 770});
     m_ui->rows->setSizes({420, 250});
     connectParts();
@@ -67,7 +65,7 @@ void MainWindow::connectParts() {
     connect(ui.source, &QLineEdit::returnPressed, ui.againAction, &QAction::trigger);
     connect(ui.open, &QPushButton::clicked, ui.openAction, &QAction::trigger);
     connect(ui.retry, &QPushButton::clicked, this, [this] { open(m_opened); });
-    connect(ui.more, &QPushButton::clicked, this, &MainWindow::showDetails);
+    connect(ui.more, &QPushButton::toggled, ui.details, &QWidget::setVisible);
     connect(ui.cancel, &QPushButton::clicked, this, &MainWindow::cancel);
     connect(ui.untick, &QPushButton::clicked, this, &MainWindow::untickAll);
     connect(ui.emptyButton, &QPushButton::clicked, this, [this] { m_onEmptyButton(); });
@@ -211,6 +209,8 @@ void MainWindow::showMessage(const QStringList& details) {
     // Without fonts, the page in their place tells the problems of reading.
     const QStringList problems = m_settingsProblems + (m_catalogue ? m_problems : QStringList());
     m_details = details;
+    m_ui->details->setPlainText(details.join('\n'));
+    m_ui->details->setVisible(m_ui->more->isChecked() && !details.isEmpty());
     const QString ignored = QString("The replies hold values that are not used, of %1 %2.")
                                 .arg(details.size())
                                 .arg(details.size() == 1 ? "kind" : "kinds");
@@ -224,19 +224,6 @@ void MainWindow::showMessage(const QStringList& details) {
     m_ui->messageLine->setPalette(palette);
     palette.setColor(QPalette::WindowText, colours.text);
     m_ui->message->setPalette(palette);
-}
-
-void MainWindow::showDetails() {
-    auto* const dialog = new QDialog(this);
-    dialog->setAttribute(Qt::WA_DeleteOnClose);
-    dialog->setWindowTitle("What the replies hold that is not used");
-    dialog->resize(720, 360);
-    auto* const text = new QPlainTextEdit(m_details.join('\n'));
-    text->setReadOnly(true);
-    auto* const layout = new QVBoxLayout(dialog);
-    layout->setContentsMargins(gap, gap, gap, gap);
-    layout->addWidget(text);
-    dialog->open();
 }
 
 void MainWindow::saveSettings() {

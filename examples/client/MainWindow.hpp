@@ -43,7 +43,6 @@ private:
     void untickAll();
     void showPage();
     void showMessage(const QStringList& details);
-    void showDetails();
     void saveSettings();
 
     std::unique_ptr<Ui::MainWindow> m_ui;

@@ -63,7 +63,8 @@ TEST(Client, ReportsABadReplyAndKeepsWhatItHad) {
     EXPECT_EQ(client.text("status"), "1 font");
     EXPECT_EQ(client.part<QTreeWidget>("tags").topLevelItemCount(), 0);
     client.clickButton("more");
-    expectIn("font-list.json: ", client.part<QPlainTextEdit>().toPlainText().toStdString());
+    expectIn("font-list.json: ",
+             client.part<QPlainTextEdit>("details").toPlainText().toStdString());
     client.restart();
     EXPECT_EQ(client.text("emptyTitle"), "No fonts yet");
     client.open("/none");
