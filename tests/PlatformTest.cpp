@@ -15,7 +15,7 @@ using namespace PerchAppLibrary;
 
 namespace {
 
-TEST(Path, JoinsPartsWithOneSlashAndSeesFilesAlone) {
+TEST(Path, JoinsPartsWithOneSlashAndSeesAllButDirectories) {
     for (const auto& [path, component, joined] : {std::tuple("", "/a", "/a"),
                                                   {"a", "", "a"},
                                                   {"a", "b", "a/b"},

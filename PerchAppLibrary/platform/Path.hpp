@@ -11,8 +11,9 @@ namespace PerchAppLibrary::path {
 /// host.
 std::string append(std::string_view path, std::string_view component);
 
-/// Returns whether a file (anything but a directory) exists at the path. Returns false for a path
-/// that cannot be read or holds a NUL.
+/// Returns whether something other than a directory exists at the path, where a link stands for its
+/// target. This may be a device or a pipe, so check for a regular file before reading a path that
+/// comes from elsewhere. Returns false for a path that cannot be read or holds a NUL.
 bool fileExists(const std::string& path);
 
 } // namespace PerchAppLibrary::path

@@ -123,8 +123,8 @@ class FontItem : public PerchAppLibrary::BaseEntity {
     /// displayName, previewText and isActivated; "Children" comes last, as the members' Dicts.
     PERCH_COMPUTED(PerchAppLibrary::Dictionary, Dict);
 
-    /// Whether a file exists at LocalFile(), a folder not counted. If LocalFile() is empty, false
-    /// without reading the file system.
+    /// Whether path::fileExists(LocalFile()). It may be a device or a pipe: a reply names it. If
+    /// LocalFile() is empty, false without reading the file system.
     PERCH_COMPUTED(bool, IsLocaled);
 
     /// Path of the font file: ProductFileName() in the client's cache directory if the font is on

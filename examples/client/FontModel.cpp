@@ -1,15 +1,17 @@
 #include "FontModel.hpp"
 
-#include <VelmoCloudEntity/font/FontList.hpp>
+#include "Texts.hpp"
+
 #include <VelmoCloudEntity/font/searchedCharacters.hpp>
 
 #include <PerchAppLibrary/text/Text.hpp>
 
+#include <QLocale>
+
 namespace client {
 namespace {
 
-constexpr int batch = 200;         // rows, more than a window shows
-constexpr qsizetype longest = 500; // characters of a text in a row
+constexpr int batch = 200; // rows, more than a window shows
 
 bool isMark(int column) { return column == FontModel::activated || column == FontModel::favourite; }
 
@@ -26,13 +28,15 @@ std::string textOf(const FontItem& font, int column) {
     }
 }
 
-/// A group of which some members are activated is so in part.
 Qt::CheckState markOf(const FontItem& font, int column) {
-    if (column == FontModel::activated ? font.IsActivated() : font.IsFavorited())
-        return Qt::Checked;
-    const bool isPart = column == FontModel::activated && font.IsGroup() &&
-                        VelmoCloudEntity::FontList::getActivatedFontCount(font.Children()) > 0;
-    return isPart ? Qt::PartiallyChecked : Qt::Unchecked;
+    if (column == FontModel::favourite)
+        return font.IsFavorited() ? Qt::Checked : Qt::Unchecked;
+    if (!font.IsGroup())
+        return font.IsActivated() ? Qt::Checked : Qt::Unchecked;
+    const auto count = VelmoCloudEntity::FontList::getActivatedFontCount(font.Children());
+    if (count == 0)
+        return Qt::Unchecked;
+    return font.IsActivated() ? Qt::Checked : Qt::PartiallyChecked;
 }
 
 void mark(FontItem& font, int column, bool isMarked) {
@@ -51,8 +55,17 @@ std::unique_ptr<FontModel::Level> FontModel::levelOf(Level* outer, int row, Font
 
 void FontModel::setFound(Found found, const std::string& key) {
     beginResetModel();
-    m_root = levelOf(nullptr, 0, std::move(found.fonts));
-    m_wholeKey = found.wholeKey;
+    m_keyText = drawable(key, 40);
+    m_wholeKey = found.fonts.size();
+    Fonts rows = std::move(found.fonts);
+    if (!key.empty() && rows.size() + found.byCharacter.size() > 0) {
+        rows.insert(rows.begin(), nullptr); // a heading
+        if (!found.byCharacter.empty())
+            rows.push_back(nullptr);
+        rows.insert(rows.end(), std::move_iterator(found.byCharacter.begin()),
+                    std::move_iterator(found.byCharacter.end()));
+    }
+    m_root = levelOf(nullptr, 0, std::move(rows));
     m_key.clear();
     m_characters.clear();
     if (!key.empty())
@@ -97,8 +110,8 @@ int FontModel::rowCount(const QModelIndex& parent) const {
 bool FontModel::hasChildren(const QModelIndex& parent) const {
     if (!parent.isValid())
         return !m_root->fonts.empty();
-    const FontItem& font = *fontAt(parent);
-    return parent.column() == 0 && font.IsGroup() && !font.Children().empty();
+    const FontItem* const font = fontAt(parent).get();
+    return parent.column() == 0 && font != nullptr && font->IsGroup() && !font->Children().empty();
 }
 
 bool FontModel::canFetchMore(const QModelIndex& parent) const {
@@ -116,9 +129,11 @@ void FontModel::fetchMore(const QModelIndex& parent) {
 QVariant FontModel::data(const QModelIndex& index, int role) const {
     if (!index.isValid())
         return {};
+    if (fontAt(index) == nullptr)
+        return role == Qt::DisplayRole ? headingOf(index.row()) : QVariant();
     const FontItem& font = *fontAt(index);
     if (role == Qt::DisplayRole && !isMark(index.column()))
-        return QString::fromStdString(textOf(font, index.column())).left(longest);
+        return drawable(textOf(font, index.column()));
     if (role == Qt::CheckStateRole && (flags(index) & Qt::ItemIsUserCheckable) != 0)
         return markOf(font, index.column());
     if (role == foundParts)
@@ -126,13 +141,23 @@ QVariant FontModel::data(const QModelIndex& index, int role) const {
     return {};
 }
 
+QString FontModel::headingOf(int row) const {
+    const bool isFirst = row == 0;
+    const std::size_t count = isFirst ? m_wholeKey : m_root->fonts.size() - m_wholeKey - 2;
+    const char* const title = !isFirst         ? "Single characters of \u201C%1\u201D (%2)"
+                              : m_wholeKey > 0 ? "Names with \u201C%1\u201D (%2)"
+                                               : "No name with \u201C%1\u201D";
+    const QString heading = QString(title).arg(m_keyText);
+    return count > 0 ? heading.arg(QLocale().toString(static_cast<qulonglong>(count))) : heading;
+}
+
 QList<FontModel::Range> FontModel::rangesFound(const QModelIndex& index) const {
-    const std::string text = textOf(*fontAt(index), index.column());
+    const std::string text = drawable(textOf(*fontAt(index), index.column())).toStdString();
     const auto unitsBefore = [&text](std::size_t end) {
         return static_cast<int>(PerchAppLibrary::text::utf16Length({text.data(), end}));
     };
     QList<Range> ranges;
-    for (const auto& needle : std::cmp_less(index.row(), m_wholeKey) ? m_key : m_characters)
+    for (const auto& needle : std::cmp_less_equal(index.row(), m_wholeKey) ? m_key : m_characters)
         if (const auto part = needle.partOf(text)) {
             const int begin = unitsBefore(part->begin);
             ranges.append({begin, unitsBefore(part->end) - begin});
@@ -160,6 +185,8 @@ Qt::ItemFlags FontModel::flags(const QModelIndex& index) const {
     Qt::ItemFlags flags = QAbstractItemModel::flags(index);
     if (!index.isValid())
         return flags;
+    if (fontAt(index) == nullptr)
+        return Qt::ItemNeverHasChildren; // a heading: the keyboard passes it
     const bool isGroup = fontAt(index)->IsGroup();
     // A group is activated if its members are. It is no favourite itself.
     if (index.column() == activated || (index.column() == favourite && !isGroup))

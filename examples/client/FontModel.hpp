@@ -10,7 +10,8 @@
 
 namespace client {
 
-/// The rows of the font view: a tree of fonts, or the list that a query found.
+/// The rows of the font view: a tree of fonts, or what a key found, in two sections that each begin
+/// with a heading.
 ///
 /// Texts are read from the records when the view draws a row. The view asks for more rows when it
 /// is scrolled to the last one.
@@ -29,7 +30,7 @@ public:
     /// Shows what was found with this key.
     void setFound(Found found, const std::string& key);
 
-    /// Returns the font or group of a row. Requires a valid index.
+    /// Returns the font or group of a row, or null for a heading. Requires a valid index.
     static const std::shared_ptr<FontItem>& fontAt(const QModelIndex& index);
 
     QModelIndex index(int row, int column, const QModelIndex& parent = {}) const override;
@@ -57,9 +58,11 @@ private:
     static std::unique_ptr<Level> levelOf(Level* outer, int row, Fonts fonts);
     Level& levelBelow(const QModelIndex& parent) const;
     QList<Range> rangesFound(const QModelIndex& index) const;
+    QString headingOf(int row) const;
 
     std::unique_ptr<Level> m_root = levelOf(nullptr, 0, {});
-    std::size_t m_wholeKey = 0;
+    QString m_keyText;
+    std::size_t m_wholeKey = 0;                              // number of fonts in the first section
     std::vector<PerchAppLibrary::text::Needle> m_key;        // one, or none without a key
     std::vector<PerchAppLibrary::text::Needle> m_characters; // of the key
 };

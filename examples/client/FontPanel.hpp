@@ -4,33 +4,51 @@
 
 #include <VelmoCloudEntity/client/ConfigItem.hpp>
 
-#include <QLabel>
+#include <QFont>
+
+#include <map>
+
+namespace Ui {
+class MainWindow;
+}
 
 namespace client {
 
-/// Shows one font: a preview, its title and its locations.
-class FontPanel : public QWidget {
-public:
-    FontPanel();
-
-    /// Shows the font, or nothing for null.
-    void showFont(const FontItem* font, const VelmoCloudEntity::ConfigItem& settings);
-
-private:
-    QLabel* m_preview = new QLabel;
-    QLabel* m_details = new QLabel;
+/// A font to draw a preview with.
+struct Drawn {
+    QFont font;
+    bool isSubstitute; // the system's font, since the wanted one is not on this computer
 };
 
-/// Returns the file of a font in the client's cache directory, or nothing. A reply decides its
-/// name, so it must be a regular file of at most 64 MB, and lie below the directory.
-QString cachedFile(const FontItem& font);
+/// The part of the window that shows one font: a preview, with a text and a size that the user
+/// chooses, and its locations.
+class FontPanel {
+public:
+    /// Calls `onResize` after the user has chosen a size, which is then in the settings.
+    FontPanel(Ui::MainWindow& ui, std::shared_ptr<VelmoCloudEntity::ConfigItem> settings,
+              std::function<void()> onResize);
 
-/// Returns the font to draw a preview with: the font itself if it is installed or its file is in
-/// the client's cache directory, otherwise the system's font.
-QFont drawnWith(const FontItem& font, double points);
+    /// Shows the font, or a hint for null.
+    void showFont(std::shared_ptr<FontItem> font);
 
-/// Returns lines with the locations of a font and of its preview; none for a group.
-std::vector<std::string> locationsOf(const FontItem& font,
-                                     const VelmoCloudEntity::ConfigItem& settings);
+private:
+    void showPreview();
+    void showLocations();
+
+    /// Returns the font itself if it is installed or its file is in the client's cache directory,
+    /// otherwise the system's font.
+    Drawn drawnWith(const FontItem& font, double points);
+    bool isRead(const QString& file);
+
+    Ui::MainWindow& m_ui;
+    std::shared_ptr<VelmoCloudEntity::ConfigItem> m_settings;
+    std::shared_ptr<FontItem> m_font;
+    std::map<QString, QFont> m_read; // by file of the cache directory
+};
+
+/// Returns the path that a font file may be opened at: that of a regular file below the client's
+/// cache directory, links resolved, of at most 64 MB. Otherwise returns an empty text. A reply
+/// names the file, so it may be a device, a pipe or any file of the user.
+QString openableFile(const std::string& file);
 
 } // namespace client

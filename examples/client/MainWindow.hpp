@@ -2,73 +2,65 @@
 
 #include "FontModel.hpp"
 #include "FontPanel.hpp"
-#include "Load.hpp"
-#include "Settings.hpp"
-#include "TagPanel.hpp"
 
-#include <QCheckBox>
-#include <QLineEdit>
+#include <QFutureWatcher>
 #include <QMainWindow>
-#include <QPushButton>
-#include <QThreadPool>
 
 namespace client {
 
-/// The window: a search box, the tags, the fonts, and the selected font.
+/// The window: a search box, the tags, the fonts, and the selected font. MainWindow.ui lays it out.
 class MainWindow : public QMainWindow {
 public:
-    /// Reads the settings from this file, and keeps them there.
+    /// Reads the settings from this file, and keeps them there. What belongs to the window, such as
+    /// the widths of columns, is in `window.ini` beside it.
     explicit MainWindow(QString settingsFile);
+    ~MainWindow() override;
 
-    /// Reads the replies of a folder or an address, and shows them. Reports in the window what
-    /// cannot be read. Without a list of fonts, goes on with what it had. Cancels what is under
-    /// way.
+    /// Reads the replies of a folder or an address, and shows them. If the fonts cannot be read,
+    /// says why, and keeps what is shown. Cancels a reading that is under way.
     void open(const QString& source);
-
-    /// Ends the reading, and keeps what the window had.
-    void cancel();
-
     bool isReading() const noexcept { return m_isReading; }
+
+    /// Whether what the replies hold beyond what is shown is still being looked for.
+    bool isExplaining() const { return m_explaining.isRunning(); }
+
+    void setDark(bool isDark);
 
     std::chrono::nanoseconds queryTime() const noexcept { return m_queryTime; }
 
-private:
-    void makeWidgets();
-    void nameForReaders();
-    void addShortcuts();
+protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
-    void receive(const std::vector<Reply>& replies);
-    void take(Loaded& loaded);
-    void setReading(bool isReading);
-    void find();
-    void showSelected();
-    void resizePreview(int points);
-    void keepSettings();
-    void report(const QStringList& messages, const QStringList& ignored = {});
+    void closeEvent(QCloseEvent* event) override;
 
+private:
+    void connectParts();
+    void restoreLayout();
+    void chooseFolder();
+    void cancel();
+    void setReading(bool isReading);
+    void receive(Loaded loaded);
+    void find();
+    void untickAll();
+    void showPage();
+    void showMessage(const QStringList& details);
+    void saveSettings();
+
+    std::unique_ptr<Ui::MainWindow> m_ui;
     QString m_settingsFile;
-    std::shared_ptr<Settings> m_settings;
+    std::shared_ptr<VelmoCloudEntity::ConfigItem> m_settings;
     QStringList m_settingsProblems;
-    Catalogue m_catalogue;
+    QStringList m_problems; // of the last reading
+    QStringList m_details;  // what its replies hold that is not used
+    std::shared_ptr<Catalogue> m_catalogue;
+    QString m_opened; // the source of the last reading
+    bool m_isReading = false;
+    std::function<void()> m_onEmptyButton; // what the button in place of the fonts does
     FontModel m_model;
     std::chrono::nanoseconds m_queryTime{};
-    QLineEdit* m_search = new QLineEdit;
-    QCheckBox* m_characters = new QCheckBox("Also single characters");
-    QLineEdit* m_source = new QLineEdit;
-    QString m_opened;  // the source that is read, or was read last
-    int m_reading = 0; // counts the readings, so that what a cancelled one gives is dropped
-    bool m_isReading = false;
-    QLabel* m_message = new QLabel;
-    QPushButton* m_detailsButton = new QPushButton("Details");
-    QLabel* m_ignored = new QLabel;
-    QPushButton* m_untick = new QPushButton("Untick all");
-    QPushButton* m_cancel = new QPushButton("Cancel");
-    QLabel* m_status = new QLabel;
-    TagPanel* m_tags = nullptr;
-    QAbstractItemView* m_fonts = nullptr;
-    FontPanel* m_panel = new FontPanel;
+    std::unique_ptr<FontPanel> m_panel;
     Replies m_replies;
-    QThreadPool m_worker{this}; // last, so that its thread ends before what it reads is destroyed
+    QFutureWatcher<Loaded> m_loading;
+    QFutureWatcher<QStringList> m_explaining;
 };
 
 } // namespace client

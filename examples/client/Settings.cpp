@@ -5,7 +5,6 @@
 #include <VelmoCloudEntity/version.hpp>
 
 #include <PerchAppLibrary/json/Dictionary.hpp>
-#include <PerchAppLibrary/record/RecordSchema.hpp>
 
 #include <QDir>
 #include <QFileInfo>
@@ -15,10 +14,9 @@ namespace client {
 
 using PerchAppLibrary::JSON;
 
-PERCH_RECORD_SCHEMA(Settings);
-
 void loadSettings(const QString& file, VelmoCloudEntity::ConfigItem& settings) {
-    const Reply content = readFile(file, file);
+    Reply content{file, file};
+    readFile(content);
     if (content.isMissing)
         return;
     if (!content.error.isEmpty())

@@ -6,16 +6,6 @@
 
 namespace client {
 
-/// The settings of the library, and one of this client's own.
-class Settings : public VelmoCloudEntity::ConfigItem {
-    PERCH_RECORD(Settings, VelmoCloudEntity::ConfigItem);
-
-    /// Whether a search also shows the fonts that contain a single character of the key.
-    PERCH_PROPERTY(bool, MatchesCharacters);
-
-    PERCH_RECORD_END;
-};
-
 /// Fills the settings from a file, if there is one. What it does not hold keeps its value. Throws
 /// std::runtime_error if it cannot be read or is malformed.
 void loadSettings(const QString& file, VelmoCloudEntity::ConfigItem& settings);

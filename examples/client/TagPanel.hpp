@@ -8,18 +8,22 @@
 
 namespace client {
 
-/// The tags of a catalogue, to tick. Calls `onChange` after the user has changed a tick.
+/// The tags of a catalogue, to tick. Calls `onTick` when the user changes a tick.
 class TagPanel : public QTreeWidget {
 public:
-    TagPanel(Catalogue& catalogue, std::function<void()> onChange);
+    explicit TagPanel(QWidget* parent);
+    std::function<void(FontTagItem&, bool isTicked)> onTick;
 
-    /// Shows the tags that have fonts. Call it after the catalogue's tags have changed.
-    void showTags();
+    /// Shows the tags that have fonts.
+    void showTags(const Tags& tags);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
 
 private:
     void add(QTreeWidgetItem& group, const Tags& tags);
 
-    Catalogue& m_catalogue;
+    Tags m_shown; // the owners of the rows' tags
 };
 
 } // namespace client

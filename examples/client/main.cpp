@@ -1,61 +1,92 @@
 // A client with a window, the longest example of the library.
+#include "FontView.hpp"
+#include "Look.hpp"
 #include "MainWindow.hpp"
 
 #include <QApplication>
+#include <QCheckBox>
 #include <QCommandLineParser>
+#include <QIcon>
+#include <QLineEdit>
 #include <QStandardPaths>
+#include <QTreeWidget>
+
+#include <cstdio>
 
 namespace {
 
-/// Shows the window, or draws it into a file. Returns the exit status of the process.
-int run(client::MainWindow& window, const QCommandLineParser& options) {
-    window.resize(1000, 700);
-    window.findChild<QLineEdit*>("search")->setText(options.value("search"));
-    window.open(options.positionalArguments().value(0, VELMO_SAMPLES));
-    if (!options.isSet("screenshot")) {
-        window.show();
-        return QApplication::exec();
-    }
-    while (window.isReading())
+/// Reads the source, ticks the tags, selects the first font, and draws the window into a file.
+int drawInto(const QString& file, client::MainWindow& window, const QCommandLineParser& options) {
+    while (window.isReading() || window.isExplaining())
         QApplication::processEvents(QEventLoop::WaitForMoreEvents);
     auto& tags = *window.findChild<QTreeWidget*>("tags");
     for (const QString& tag : options.values("tag"))
-        for (auto* const row : tags.findItems(tag + " (", Qt::MatchStartsWith | Qt::MatchRecursive))
+        for (auto* const row : tags.findItems(tag, Qt::MatchFixedString | Qt::MatchRecursive))
             row->setCheckState(0, Qt::Checked);
-    auto& fonts = *window.findChild<QAbstractItemView*>("fonts");
-    fonts.setCurrentIndex(fonts.model()->index(0, 0));
-    if (window.grab().save(options.value("screenshot")))
+    dynamic_cast<client::FontView&>(*window.findChild<QTreeView*>("fonts")).goToFirst();
+    QApplication::processEvents();
+    if (window.grab().save(file))
         return EXIT_SUCCESS;
-    qWarning("%s cannot be written", qPrintable(options.value("screenshot")));
+    std::fprintf(stderr, "%s cannot be written\n", qPrintable(file));
     return EXIT_FAILURE;
 }
 
-/// Without a display, Qt would abort.
-bool hasDisplay() {
-#ifdef Q_OS_LINUX
-    return !qEnvironmentVariableIsEmpty("DISPLAY") ||
-           !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
-#else
+/// Shows the window, or draws it into a file. Returns the exit status of the process.
+int run(client::MainWindow& window, const QCommandLineParser& options) {
+    if (options.isSet("dark"))
+        window.setDark(true);
+    if (options.isSet("characters"))
+        window.findChild<QCheckBox*>("characters")->setChecked(true);
+    window.findChild<QLineEdit*>("search")->setText(options.value("search"));
+    const QString source = options.positionalArguments().value(0, VELMO_SAMPLES);
+    if (!source.isEmpty())
+        window.open(source);
+    if (options.isSet("screenshot"))
+        return drawInto(options.value("screenshot"), window, options);
+    window.show();
+    return QApplication::exec();
+}
+
+/// Chooses the plugin for the display: none for a screenshot. Returns whether a display is needed.
+bool choosePlatform(int argc, char** argv) {
+    for (int i = 1; i < argc; ++i)
+        if (QString(argv[i]).startsWith("--screenshot") || QString(argv[i]) == "--help") {
+            qputenv("QT_QPA_PLATFORM", "offscreen");
+            return false;
+        }
+#if defined(Q_OS_UNIX) && !defined(Q_OS_MACOS)
+    if (qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
+        return false;
+    // Qt takes the first that works, and would end the process with an abort if none did.
+    const bool isWayland = qEnvironmentVariableIsSet("WAYLAND_DISPLAY");
+    qputenv("QT_QPA_PLATFORM", isWayland ? "wayland;xcb;offscreen" : "xcb;offscreen");
     return true;
+#else
+    return false;
 #endif
 }
 
 } // namespace
 
 int main(int argc, char** argv) {
-    for (int i = 1; i < argc; ++i)
-        if (QString(argv[i]).startsWith("--screenshot") || QString(argv[i]) == "--help")
-            qputenv("QT_QPA_PLATFORM", "offscreen"); // needs no display
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM") && !hasDisplay()) {
-        qWarning("There is no display. To draw the window into a file, use --screenshot FILE.");
+    const bool needsDisplay = choosePlatform(argc, argv);
+    if (needsDisplay)
+        qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
+    const QApplication application(argc, argv);
+    qInstallMessageHandler(nullptr);
+    if (needsDisplay && QApplication::platformName() == "offscreen") {
+        std::fputs("There is no display. Draw the window into a file: --screenshot FILE\n", stderr);
         return EXIT_FAILURE;
     }
-    const QApplication application(argc, argv);
+    QApplication::setStyle(new client::Style);
+    QApplication::setWindowIcon(QIcon(":/velmo-client.svg"));
     const QString folder = QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation);
     QCommandLineParser options;
     options.addHelpOption();
     options.addPositionalArgument("source", "Folder of saved replies, or http:// address of them.");
     options.addOptions({{"search", "Search for a text.", "text"},
+                        {"characters", "Also match single characters."},
+                        {"dark", "Use dark colours."},
                         {"tag", "Tick a tag of the screenshot; may be repeated.", "name"},
                         {"screenshot", "Draw the window into a PNG file, and end.", "file"},
                         {"settings", "File of the settings.", "file", folder + "/settings.json"}});
