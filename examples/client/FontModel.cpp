@@ -142,13 +142,12 @@ QVariant FontModel::data(const QModelIndex& index, int role) const {
 }
 
 QString FontModel::headingOf(int row) const {
-    const bool isFirst = row == 0;
-    const std::size_t count = isFirst ? m_wholeKey : m_root->fonts.size() - m_wholeKey - 2;
-    const char* const title = !isFirst         ? "Single characters of \u201C%1\u201D (%2)"
-                              : m_wholeKey > 0 ? "Names with \u201C%1\u201D (%2)"
-                                               : "No name with \u201C%1\u201D";
-    const QString heading = QString(title).arg(m_keyText);
-    return count > 0 ? heading.arg(QLocale().toString(static_cast<qulonglong>(count))) : heading;
+    if (row == 0 && m_wholeKey == 0)
+        return QString("No name with \u201C%1\u201D").arg(m_keyText);
+    const std::size_t count = row == 0 ? m_wholeKey : m_root->fonts.size() - m_wholeKey - 2;
+    const char* const title = row == 0 ? "Names with" : "Single characters of";
+    return QString("%1 \u201C%2\u201D (%3)")
+        .arg(title, m_keyText, QLocale().toString(static_cast<qulonglong>(count)));
 }
 
 QList<FontModel::Range> FontModel::rangesFound(const QModelIndex& index) const {

@@ -48,16 +48,20 @@ std::string_view textOf(const Reply& reply) {
     return {reply.text.constData(), static_cast<std::size_t>(reply.text.size())};
 }
 
+/// Returns the error of the service that a text reports. One that is no JSON reports none.
+std::optional<ServiceError> reportedIn(std::string_view text) {
+    try {
+        return serviceError(JSON::parse(text, limits));
+    } catch (const JSON::ParseError&) {
+        return std::nullopt;
+    }
+}
+
 /// Throws the error of a failed transfer: the service's own if the reply reports one.
 void requireTransferred(const Reply& reply) {
     if (reply.error.isEmpty())
         return;
-    std::optional<ServiceError> reported;
-    try {
-        reported = serviceError(JSON::parse(textOf(reply), limits));
-    } catch (const JSON::ParseError&) { // such as a page in HTML: the transfer's error says more
-    }
-    if (reported)
+    if (const auto reported = reportedIn(textOf(reply)))
         throw ReplyError(*reported);
     if (!reply.isMissing)
         throw std::runtime_error(reply.error.toStdString());
@@ -145,7 +149,8 @@ QStringList ignoredIn(const std::vector<Reply>& replies) {
             for (const auto& mismatch : explanation.mismatches)
                 if (lines.size() < longest)
                     lines << documents[i].name + (": " + drawable(mismatch.text(), 300));
-        } catch (const std::exception&) { // load() has reported it
+        } catch (const std::exception&) {
+            continue; // load() has reported it
         }
     return lines;
 }
