@@ -15,7 +15,8 @@ from lunr import lunr
 
 # A guide answers a question, a class an exact name. Some guides tell what is inside, or measured.
 BOOSTS = {"guide": 4, "inside": 1.5, "class": 1.5, "member": 1}
-INSIDE = {"architecture", "performance", "reliability", "results", "examples", "client"}
+INSIDE = {"architecture", "client", "command", "examples", "from-reply-to-screen", "performance",
+          "reliability", "results"}
 # Pages that list what others say.
 LISTS = re.compile(r"-members$|^(annotated|classes|functions|hierarchy|namespaces|namespacemembers|"
                    r"files|globals|dir_)|_8hpp$|_source$")
