@@ -110,7 +110,8 @@ TEST(JSON, StepsThroughAnArray) {
     std::string stepped;
     std::size_t index = 0;
     for (const JSON& element : json) {
-        stepped += toText(toValue(element)) + ":" + std::to_string(static_cast<int>(element.type())) + " ";
+        stepped +=
+            toText(toValue(element)) + ":" + std::to_string(static_cast<int>(element.type())) + " ";
         EXPECT_TRUE(element == json.arrayValue().at(index) && element == json[index]) << index;
         ++index;
     }
