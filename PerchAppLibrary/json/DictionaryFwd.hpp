@@ -32,7 +32,7 @@ using ValueArray = boost::json::array;
 /// The memory that a Dictionary and its values are allocated from; by default, the heap. Moving a
 /// value to another storage copies it.
 using Storage = boost::json::storage_ptr;
-class DictionaryArena; // completed by PerchAppLibrary/json/internal/DictionaryArena.hpp
+class DictionaryArena; // of this library
 
 class JSON; // completed by PerchAppLibrary/json/JSON.hpp
 

@@ -253,7 +253,7 @@ private:
              std::string_view part = {}, std::string expected = {}) {
         ++m_explanation.ignored;
         std::vector<Mismatch>& mismatches = m_explanation.mismatches;
-        const Group group{reason, &schema, kindOf(value), part, key};
+        const Group group{reason, &schema, key};
         if (const auto known = m_groups.find(group); known != m_groups.end()) {
             ++mismatches[known->second].count;
             return;
@@ -292,9 +292,8 @@ private:
         return path;
     }
 
-    /// What one Mismatch tells of. The texts are the document's, or constants.
-    using Group = std::tuple<Reason, const RecordSchema*, std::string_view, std::string_view,
-                             std::string_view>;
+    /// What one Mismatch tells of: the last is a key of the document.
+    using Group = std::tuple<Reason, const RecordSchema*, std::string_view>;
 
     std::size_t m_left; // number of elements to visit
     Explanation m_explanation;

@@ -14,8 +14,8 @@
 /// does not convert, or under an unknown key, changes nothing.
 namespace PerchAppLibrary {
 
-/// Values of a document that filling ignores for one reason: all that have one kind and are under
-/// one key of one class. Its texts come from the document, but are safe to show: long ones are
+/// Values of a document that filling ignores for one reason: all that are under one key of one
+/// class. Its texts come from the document, but are safe to show: long ones are
 /// shortened, and control characters are escaped.
 struct Mismatch {
     enum class Reason : std::uint8_t {
@@ -27,7 +27,7 @@ struct Mismatch {
     };
     Reason reason;
     std::string place;    ///< class and key, "FontItem.Tags"; for noRecord the class alone
-    std::string found;    ///< the kind of the values: "String", "array with String"
+    std::string found;    ///< the kind of the first value: "String", "array with String"
     std::string expected; ///< the kind of the property; of an unknown key, a similar name or empty
     std::string path;     ///< where the first value is: "[3].Children[0].Tags"; empty: the document
     std::string value;    ///< the first value: `["x"]`
@@ -39,8 +39,8 @@ struct Mismatch {
 
 /// The result of explain().
 struct Explanation {
-    /// One entry for each class, key, reason and kind of value, in the order of their first values.
-    /// At most 1,000, since a hostile document may have a new key in each object.
+    /// One entry for each class, key and reason, in the order of their first values. At most 1,000,
+    /// since a hostile document may have a new key in each object.
     std::vector<Mismatch> mismatches;
 
     /// The number of values that filling stores. An array of records, or a nested record, counts as

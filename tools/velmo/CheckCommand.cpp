@@ -50,7 +50,7 @@ Finding findingOf(const std::string& file, const CheckOptions& options) {
             PerchAppLibrary::explain(document, type->schema(), isList)};
 }
 
-Value describe(const std::string& file, const Finding& finding) {
+Value dataOf(const std::string& file, const Finding& finding) {
     const auto textOrNull = [](const std::string& text) {
         return text.empty() ? Value(nullptr) : toValue(text);
     };
@@ -102,7 +102,7 @@ ExitStatus check(const CheckOptions& options) {
             status = ExitStatus::failure;
         }
         if (options.asJSON)
-            findings.push_back(describe(file, finding));
+            findings.push_back(dataOf(file, finding));
     }
     if (options.asJSON)
         printJSON(findings);
