@@ -79,15 +79,13 @@ TEST(Explain, NamesEachReasonOnceForAllValues) {
         "ProductName":null},{"Colour":"s","Colour":7,"Tags":[1,{}],"IsLocaled":true},8,
         {"Children":[{"Price":0},{"Version":[]}],"Price":10.5,"ApplyHot":10.5}])"))),
               R"([0].Id: a later member has this key: 1
-[0].Colour: FontItem has no such property: "r" (2 times)
+[0].Colour: FontItem has no such property: "r" (3 times)
 [0].ID: FontItem has no such property, but Id: 0
-[1].Colour: FontItem has no such property: 7
 [1].Tags[1]: FontItem.Tags takes an array of Int, not an array with object: [1,{}]
 [1].IsLocaled: FontItem.IsLocaled cannot be set: true
 [2]: FontItem is read from an object, not an Int: 8
-[3].Children[0].Price: FontItem has no such property: 0
+[3].Children[0].Price: FontItem has no such property: 0 (2 times)
 [3].Children[1].Version: FontItem.Version takes a String, not an array: []
-[3].Price: FontItem has no such property: 10.5
 [3].ApplyHot: FontItem.ApplyHot takes an Int, not a Float: 10.5
 1 used, 12 ignored)");
     EXPECT_EQ(explained(explain<ClientOperaItem>(JSON::parse(R"({"PlatformId":1,"Id":"x"})"))),

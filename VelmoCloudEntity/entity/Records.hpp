@@ -5,7 +5,6 @@
 #include <PerchAppLibrary/record/RecordSink.hpp>
 #include <PerchAppLibrary/record/readRecords.hpp>
 
-#include <algorithm>
 #include <concepts>
 #include <iterator>
 #include <memory>
@@ -23,7 +22,11 @@ using Records = std::vector<std::shared_ptr<Item>>;
 /// Returns whether no record is null. For assertions. Linear.
 template <class Item>
 bool hasNoNull(const Records<Item>& records) noexcept {
-    return std::find(records.begin(), records.end(), nullptr) == records.end();
+    // Not by <algorithm>, which would take a sixth of what a client's file includes.
+    for (const std::shared_ptr<Item>& record : records)
+        if (record == nullptr)
+            return false;
+    return true;
 }
 
 /// Returns the records as records of another class: a base, or the class that they are of. Throws
