@@ -131,14 +131,6 @@ void RecordWriter::write(const BaseEntity& record, std::string& text) const {
     writeTo(record, TextSink{text});
 }
 
-/// Not inlined, so the frame of writeTo() is small. It is on the stack once for each level.
-template <class Sink>
-[[gnu::noinline]] static void addRecords(const BaseEntity& record, const Property& property,
-                                         const RecordsAccess& access, Sink& sink) {
-    const RecordPointers records = access.get(record);
-    access.isSingle ? sink.addSingle(property, records.front()) : sink.add(property, records);
-}
-
 template <class Sink>
 void RecordWriter::writeTo(const BaseEntity& record, Sink sink) const {
     const bool readsPlaces = isExactly(record, m_schema.type()) && !m_schema.overrides().getters;
@@ -146,6 +138,9 @@ void RecordWriter::writeTo(const BaseEntity& record, Sink sink) const {
         if constexpr (requires { typename Access::Value; })
             sink.add(property,
                      readsPlaces ? PlaceAccess::read(record, access) : (record.*access.get)());
+        else if constexpr (std::same_as<Access, RecordsAccess>)
+            access.isSingle ? sink.addSingle(property, access.get(record).front())
+                            : sink.add(property, access.get(record));
     };
     // Most properties are of three types. They are added in line, which std::visit never does if
     // there are over eleven alternatives.
@@ -156,11 +151,9 @@ void RecordWriter::writeTo(const BaseEntity& record, Sink sink) const {
         return access != nullptr;
     };
     for (const Property* const property : m_members)
-        if (const auto* const records = std::get_if<RecordsAccess>(&property->access))
-            addRecords(record, *property, *records, sink);
-        else if (!addIf(*property, std::type_identity<std::string>()) &&
-                 !addIf(*property, std::type_identity<bool>()) &&
-                 !addIf(*property, std::type_identity<std::int64_t>()))
+        if (!addIf(*property, std::type_identity<std::string>()) &&
+            !addIf(*property, std::type_identity<bool>()) &&
+            !addIf(*property, std::type_identity<std::int64_t>()))
             std::visit([&](const auto& access) { add(*property, access); }, property->access);
 }
 
