@@ -45,7 +45,8 @@ bool readDirectly(std::string& text, bool onlyObjects, RecordSink& sink,
     return true;
 }
 #else
-bool readDirectly(const std::string& /*text*/, bool /*onlyObjects*/, RecordSink& /*sink*/) {
+bool readDirectly(const std::string& /*text*/, bool /*onlyObjects*/, RecordSink& /*sink*/,
+                  const JSON::Limits& /*limits*/) {
     return false;
 }
 #endif
