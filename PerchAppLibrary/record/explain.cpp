@@ -187,7 +187,7 @@ private:
     };
 
     void visitValue(const Property& property, Element value, const RecordSchema& schema) {
-        std::visit([&](const auto& access) { visitAccess(access, property, value, schema); },
+        std::visit([&](const auto& access) { this->visitAccess(access, property, value, schema); },
                    property.access);
     }
 
