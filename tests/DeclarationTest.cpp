@@ -228,7 +228,7 @@ std::optional<double> Defaults::None() const { return std::nullopt; }
 std::vector<std::optional<float>> Defaults::Floats() const { return {0.1F, std::nullopt}; }
 Records<FontItem> Defaults::Fonts() const { return {nullptr}; }
 
-/// Declares a property of its base again, of which a change has an effect on the base.
+/// Declares a property of its base again. A change of it has an effect on the base.
 class Redeclared : public Defaults {
     PERCH_RECORD(Redeclared, Defaults);
 

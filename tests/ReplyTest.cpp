@@ -1,4 +1,4 @@
-// What a client is told of a reply: its error, a document of another kind, what filling ignores.
+// What a client learns of a reply: its error, a document of another kind, what filling ignores.
 #include "RecordTesting.hpp"
 
 #include <VelmoCloudEntity/catalogue/FontTagList.hpp>

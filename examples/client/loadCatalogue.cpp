@@ -18,7 +18,7 @@ namespace {
 /// Returns the limits of a reply. A record takes hundreds of bytes, but may have two in the text. A
 /// font of the service has twenty bytes for each element.
 JSON::Limits limitsOf(std::string_view fonts) {
-    return {.elements = std::min<std::size_t>(1000 + fonts.size() / 10, 4'000'000)};
+    return {.elements = std::min<std::size_t>(1000 + fonts.size() / 10, 3'000'000)};
 }
 constexpr JSON::Limits limits{.elements = 1'000'000};    // of the other replies
 constexpr JSON::Limits explained{.elements = 4'000'000}; // of documents, which take less
