@@ -7,7 +7,6 @@
 #include <bit>
 #include <cstddef>
 #include <cstdint>
-#include <limits>
 #include <span>
 #include <string_view>
 #include <vector>
@@ -38,10 +37,10 @@ public:
         return find(name, headOfReadable(name));
     }
 
-    /// Returns whether the slot is that of this name. Always false for a name of more than headSize
-    /// bytes. Requires headSize readable bytes, and slot zero or one that slotOf() returned.
+    /// Returns whether the slot is that of this name. Requires headSize readable bytes, and slot
+    /// zero or one that slotOf() returned.
     bool isAt(std::uint32_t slot, std::string_view name) const noexcept {
-        return m_entries[slot].isShortName(name);
+        return m_entries[slot].matches(name, headOfReadable(name));
     }
 
     /// Returns the slot of the name, or an empty slot. Requires headSize readable bytes.
@@ -61,29 +60,15 @@ private:
         bool operator==(const Head&) const = default;
     };
 
-    /// Fills one cache line.
-    struct alignas(64) Entry {
+    struct Entry {
         Head head;
-        Head mask; // 0xFF for each byte of the head that belongs to the name
         std::string_view name;
-        std::uint32_t shortSize = noSize; // size of a name that fits in its head, else noSize
-        std::uint32_t index = 0;          // number of names if the slot is empty
+        std::uint32_t index; // number of names if the slot is empty
 
         bool matches(std::string_view other, Head headOfOther) const noexcept {
             return head == headOfOther && name.size() == other.size() &&
                    (name.size() <= headSize || name == other);
         }
-
-        bool isShortName(std::string_view readable) const noexcept {
-            const text::Word first = text::loadWord(readable.data()) & mask.first;
-            const text::Word second =
-                text::loadWord(readable.data() + text::wordSize) & mask.second;
-            return shortSize == readable.size() &&
-                   ((first ^ head.first) | (second ^ head.second)) == 0;
-        }
-
-        // No text in a document is that long.
-        static constexpr std::uint32_t noSize = std::numeric_limits<std::uint32_t>::max();
     };
 
     static Head headOf(std::string_view name) noexcept;
@@ -95,15 +80,11 @@ private:
         return bytes;
     }();
 
-    static Head maskOf(std::size_t size) noexcept {
-        const char* const mask = headMask.data() + headSize - std::min(size, headSize);
-        return {text::loadWord(mask), text::loadWord(mask + text::wordSize)};
-    }
-
     static Head headOfReadable(std::string_view name) noexcept {
-        const Head mask = maskOf(name.size());
-        return {text::loadWord(name.data()) & mask.first,
-                text::loadWord(name.data() + text::wordSize) & mask.second};
+        const char* const mask = headMask.data() + headSize - std::min(name.size(), headSize);
+        return {text::loadWord(name.data()) & text::loadWord(mask),
+                text::loadWord(name.data() + text::wordSize) &
+                    text::loadWord(mask + text::wordSize)};
     }
 
     std::uint32_t find(std::string_view name, Head head) const noexcept {
