@@ -81,7 +81,7 @@ std::string Property::kind() const {
     return std::visit(
         []<class Access>(const Access& each) -> std::string {
             if constexpr (requires { typename Access::Value; })
-                return std::string(PropertyKind<typename Access::Value>::name);
+                return PropertyKind<typename Access::Value>::name();
             else if constexpr (requires { each.className; })
                 return (each.isSingle ? "" : "array of ") + std::string(each.className);
             else

@@ -6,7 +6,6 @@
 #include <PerchAppLibrary/json/detail/JSONElement.hpp>
 #include <PerchAppLibrary/json/detail/JSONText.hpp>
 
-#include <array>
 #include <bit>
 #include <charconv>
 #include <concepts>
@@ -66,17 +65,9 @@ bool convertProperty(simdjson::dom::element element, T& value) {
         return PropertyKind<T>::convert(element, value);
 }
 
-/// Both words as one name.
-template <const std::string_view& prefix, const std::string_view& name>
-inline constexpr auto lettersOfBoth = [] {
-    std::array<char, prefix.size() + name.size()> letters{};
-    name.copy(letters.data() + prefix.copy(letters.data(), prefix.size()), name.size());
-    return letters;
-}();
-
 template <>
 struct PropertyKind<std::int64_t> : PropertyKindOf<std::int64_t> {
-    static constexpr std::string_view name = "Int";
+    static std::string name() { return "Int"; }
     static bool isZero(std::int64_t value) noexcept { return value == 0; }
     static void write(Dictionary& dictionary, std::string_view key, std::int64_t value) {
         dictionary.emplace(key, value);
@@ -89,7 +80,7 @@ struct PropertyKind<std::int64_t> : PropertyKindOf<std::int64_t> {
 
 template <>
 struct PropertyKind<bool> : PropertyKindOf<bool> {
-    static constexpr std::string_view name = "Bool";
+    static std::string name() { return "Bool"; }
     static bool isZero(bool value) noexcept { return !value; }
     static void write(Dictionary& dictionary, std::string_view key, bool value) {
         dictionary.emplace(key, value);
@@ -99,7 +90,7 @@ struct PropertyKind<bool> : PropertyKindOf<bool> {
 
 template <>
 struct PropertyKind<float> : PropertyKindOf<float> {
-    static constexpr std::string_view name = "Float";
+    static std::string name() { return "Float"; }
     static bool isZero(float value) noexcept {
         return std::bit_cast<std::uint32_t>(value) == 0; // -0 is not zero
     }
@@ -107,13 +98,13 @@ struct PropertyKind<float> : PropertyKindOf<float> {
 
 template <>
 struct PropertyKind<double> : PropertyKindOf<double> {
-    static constexpr std::string_view name = "Double";
+    static std::string name() { return "Double"; }
     static bool isZero(double value) noexcept { return std::bit_cast<std::uint64_t>(value) == 0; }
 };
 
 template <>
 struct PropertyKind<std::string> : PropertyKindOf<std::string> {
-    static constexpr std::string_view name = "String";
+    static std::string name() { return "String"; }
     static void write(Dictionary& dictionary, std::string_view key, const std::string& value);
     static void write(std::string& text, const std::string& value) {
         appendJSONString(text, value);
@@ -123,9 +114,7 @@ struct PropertyKind<std::string> : PropertyKindOf<std::string> {
 /// A null converts to nullopt, and is written for it.
 template <class T>
 struct PropertyKind<std::optional<T>> : PropertyKindOf<std::optional<T>> {
-    static constexpr std::string_view prefix = "optional ";
-    static constexpr auto& letters = lettersOfBoth<prefix, PropertyKind<T>::name>;
-    static constexpr std::string_view name{letters.data(), letters.size()};
+    static std::string name() { return "optional " + PropertyKind<T>::name(); }
     static bool isZero(const std::optional<T>& value) noexcept { return !value.has_value(); }
     static bool convert(const Scalar& scalar, std::optional<T>& value) {
         T given{};
@@ -143,9 +132,7 @@ struct PropertyKind<std::optional<T>> : PropertyKindOf<std::optional<T>> {
 
 template <class T>
 struct PropertyKind<std::vector<T>> : PropertyKindOf<std::vector<T>> {
-    static constexpr std::string_view prefix = "array of ";
-    static constexpr auto& letters = lettersOfBoth<prefix, PropertyKind<T>::name>;
-    static constexpr std::string_view name{letters.data(), letters.size()};
+    static std::string name() { return "array of " + PropertyKind<T>::name(); }
     static bool convert(simdjson::dom::element element, std::vector<T>& value) {
         return convertArray(element, value, &convertProperty<T>);
     }
@@ -169,7 +156,7 @@ struct PropertyKind<std::vector<T>> : PropertyKindOf<std::vector<T>> {
 
 template <>
 struct PropertyKind<JSON> : PropertyKindOf<JSON> {
-    static constexpr std::string_view name = "any";
+    static std::string name() { return "any"; }
     static bool isZero(const JSON& value) noexcept { return value.isNull(); }
     static bool convert(simdjson::dom::element element, JSON& value) {
         value = JSONElement::detached(element);
