@@ -3,10 +3,10 @@
 #include <boost/json/storage_ptr.hpp>
 
 #include <algorithm>
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <type_traits>
-#include <utility>
 #include <vector>
 
 namespace PerchAppLibrary {
@@ -23,7 +23,10 @@ public:
         self = this;
     }
 
-    void close() { isOpen = false; }
+    void close() {
+        isOpen = false;
+        left = 0;
+    }
 
 private:
     struct Block {
@@ -43,20 +46,23 @@ private:
     }
 
     void* do_allocate(std::size_t size, std::size_t alignment) override {
+        if (void* const piece = takeFromBlock(size, alignment)) [[likely]]
+            return piece;
         if (!isOpen)
             return heap->allocate(size, alignment);
-        if (void* const piece = takeFromBlock(size, alignment))
-            return piece;
         addBlock(std::max(size, 2 * blocks.back().size));
         return takeFromBlock(size, alignment);
     }
 
     /// Returns null if too little is left.
     void* takeFromBlock(std::size_t size, std::size_t alignment) {
-        if (std::align(alignment, size, next, left) == nullptr)
+        const std::size_t padding = -reinterpret_cast<std::uintptr_t>(next) & (alignment - 1);
+        if (size > left || padding > left - size)
             return nullptr;
-        left -= size;
-        return std::exchange(next, static_cast<std::byte*>(next) + size);
+        left -= padding + size;
+        std::byte* const piece = next + padding;
+        next = piece + size;
+        return piece;
     }
 
     void do_deallocate(void* piece, std::size_t size, std::size_t alignment) override {
@@ -68,7 +74,7 @@ private:
 
     const Storage heap;
     std::vector<Block> blocks; // each has at least twice the size of the one before
-    void* next = nullptr;      // begin of the unused part of the last block
+    std::byte* next = nullptr; // begin of the unused part of the last block
     std::size_t left = 0;      // size of that part
     bool isOpen = true;
 };

@@ -24,14 +24,15 @@ struct DictionarySink {
         PropertyKind<T>::write(dictionary, property.name, value);
     }
 
-    void add(const Property& property, const RecordPointers& records) {
-        ValueArray& values = dictionary[property.name].emplace_array();
+    void add(const Property& property, const RecordPointers& records, bool isSingle) {
+        Value& value = dictionary[property.name];
+        if (isSingle) {
+            write(value, records.front());
+            return;
+        }
+        ValueArray& values = value.emplace_array();
         for (const BaseEntity* const record : records)
             write(values.emplace_back(nullptr), record);
-    }
-
-    void addSingle(const Property& property, const BaseEntity* record) {
-        write(dictionary[property.name], record);
     }
 
 private:
@@ -53,10 +54,10 @@ struct TextSink {
         write(value);
     }
 
-    void addSingle(const Property& property, const BaseEntity* record) {
+    void add(const Property& property, const RecordPointers& records, bool isSingle) {
         text.append(property.textKey, skipped);
         skipped = 0;
-        write(record);
+        isSingle ? write(records.front()) : write(records);
     }
 
 private:
@@ -139,8 +140,7 @@ void RecordWriter::writeTo(const BaseEntity& record, Sink sink) const {
             sink.add(property,
                      readsPlaces ? PlaceAccess::read(record, access) : (record.*access.get)());
         else if constexpr (std::same_as<Access, RecordsAccess>)
-            access.isSingle ? sink.addSingle(property, access.get(record).front())
-                            : sink.add(property, access.get(record));
+            sink.add(property, access.get(record), access.isSingle);
     };
     // Most properties are of three types. They are added in line, which std::visit never does if
     // there are over eleven alternatives.
