@@ -16,12 +16,7 @@ std::optional<std::string_view> FoldCache::formOf(std::string_view text) {
     m_form.clear();
     std::uint8_t lastClass = 0;
     for (std::size_t offset = 0; offset < text.size();) {
-        const UChar32 codePoint = nextCodePoint(text, offset);
-        if (appendHangul(codePoint)) {
-            lastClass = 0;
-            continue;
-        }
-        const Entry& entry = entryOf(codePoint);
+        const Entry& entry = entryOf(nextCodePoint(text, offset));
         const bool isOutOfOrder = entry.firstClass != 0 && entry.firstClass < lastClass;
         if (isOutOfOrder || entry.length == tooLong)
             return std::nullopt;
@@ -29,24 +24,6 @@ std::optional<std::string_view> FoldCache::formOf(std::string_view text) {
         m_form.append(entry.bytes, entry.length);
     }
     return m_form;
-}
-
-bool FoldCache::appendHangul(std::int32_t codePoint) {
-    constexpr std::int32_t firstSyllable = 0xAC00;
-    constexpr std::int32_t firstLead = 0x1100;
-    constexpr std::int32_t firstVowel = 0x1161;
-    constexpr std::int32_t beforeTrails = 0x11A7;
-    constexpr std::int32_t vowels = 21;
-    constexpr std::int32_t trails = 28; // including none
-    constexpr std::int32_t syllables = 19 * vowels * trails;
-    const std::int32_t index = codePoint - firstSyllable;
-    if (index < 0 || index >= syllables)
-        return false;
-    append(m_form, firstLead + index / (vowels * trails));
-    append(m_form, firstVowel + index / trails % vowels);
-    if (index % trails != 0)
-        append(m_form, beforeTrails + index % trails);
-    return true;
 }
 
 const FoldCache::Entry& FoldCache::entryOf(std::int32_t codePoint) {
@@ -67,8 +44,9 @@ const FoldCache::Entry& FoldCache::entryOf(std::int32_t codePoint) {
 void FoldCache::fill(Entry& entry, std::int32_t codePoint) const {
     std::string character;
     append(character, codePoint);
-    const std::string parts = decomposed(character);
-    const std::string form = m_case == Case::insensitive ? folded(character) : parts;
+    const std::string parts = normalized(nfd(), character);
+    const std::string form =
+        m_case == Case::insensitive ? normalized(nfd(), uppercased(parts)) : parts;
     std::size_t begin = 0;
     entry.codePoint = codePoint;
     entry.firstClass = u_getCombiningClass(nextCodePoint(parts, begin));

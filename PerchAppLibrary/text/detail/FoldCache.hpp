@@ -43,10 +43,6 @@ private:
         char bytes[9] = {};          // the compared form: up to three characters of three bytes
     };
 
-    /// Appends the letters of a Hangul syllable (Unicode Standard, section 3.12), which have no
-    /// case. Returns false for any other character.
-    bool appendHangul(std::int32_t codePoint);
-
     const Entry& entryOf(std::int32_t codePoint);
     void fill(Entry& entry, std::int32_t codePoint) const;
 

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <bit>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
@@ -20,19 +19,6 @@ inline Word loadWord(const char* bytes) noexcept {
     Word word;
     std::memcpy(&word, bytes, wordSize);
     return word;
-}
-
-/// Returns the byte that loadWord() loads from this offset.
-constexpr char byteOf(Word word, std::size_t offset) noexcept {
-    const std::size_t place =
-        std::endian::native == std::endian::little ? offset : wordSize - 1 - offset;
-    return static_cast<char>(word >> 8 * place);
-}
-
-/// Returns the word with each byte replaced by the one that loadWord() loads behind it. The last
-/// byte becomes zero.
-constexpr Word bytesBehind(Word word) noexcept {
-    return std::endian::native == std::endian::little ? word >> 8U : word << 8U;
 }
 
 inline void storeWord(char* bytes, Word word) noexcept { std::memcpy(bytes, &word, wordSize); }
@@ -55,14 +41,11 @@ void forEachWord(std::string_view text, Visitor&& visit) {
     visit(0, word);
 }
 
-/// Returns words of the text or-ed together, so a byte's position in the result means nothing.
-inline Word anyBytes(std::string_view text) noexcept {
+inline bool isASCII(std::string_view text) noexcept {
     Word any = 0;
     forEachWord(text, [&any](std::size_t, Word word) { any |= word; });
-    return any;
+    return (any & highBits) == 0;
 }
-
-inline bool isASCII(std::string_view text) noexcept { return (anyBytes(text) & highBits) == 0; }
 
 /// Returns a word of eight such bytes.
 constexpr Word repeated(char byte) noexcept { return everyByte * static_cast<std::uint8_t>(byte); }

@@ -43,12 +43,7 @@ public:
         const std::string& name = font.ProductName();
         if (passes(name, test))
             return true;
-        const std::string& setName = font.ProductSetName();
-        // Usually the product name begins with the set name, which then needs no test. Overrides
-        // may return both names from one member, which then holds the set name only.
-        const bool isPartOfName =
-            m_name.isASCII() && &setName != &name && name.starts_with(setName);
-        if ((!isPartOfName && passes(setName, test)) || passes(font.ProductFileName(), test))
+        if (passes(font.ProductSetName(), test) || passes(font.ProductFileName(), test))
             return true;
         if (const std::string* const stored = FontAccess::storedDisplayName(font))
             return stored != &name && // which has failed the test
