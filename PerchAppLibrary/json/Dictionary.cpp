@@ -16,22 +16,6 @@ namespace {
 
 namespace dom = simdjson::dom;
 
-void assign(Value& target, dom::element element);
-
-void assign(Value& target, dom::array elements) {
-    ValueArray& array = target.emplace_array();
-    array.reserve(elements.size());
-    for (const dom::element each : elements)
-        assign(array.emplace_back(nullptr), each);
-}
-
-void assign(Value& target, dom::object members) {
-    Dictionary& dictionary = target.emplace_object();
-    dictionary.reserve(members.size());
-    for (const auto& [key, member] : members)
-        assign(dictionary[key], member);
-}
-
 /// Calls itself once for each level. A document has at most JSON::maximumDepth levels.
 void assign(Value& target, dom::element element) {
     switch (element.type()) {
@@ -51,10 +35,14 @@ void assign(Value& target, dom::element element) {
         target = element.get_bool().value_unsafe();
         break;
     case dom::element_type::ARRAY:
-        assign(target, element.get_array().value_unsafe());
+        target.emplace_array().reserve(element.get_array().size());
+        for (const dom::element each : element.get_array().value_unsafe())
+            assign(target.get_array().emplace_back(nullptr), each);
         break;
     case dom::element_type::OBJECT:
-        assign(target, element.get_object().value_unsafe());
+        target.emplace_object().reserve(element.get_object().size());
+        for (const auto& [key, member] : element.get_object().value_unsafe())
+            assign(target.get_object()[key], member);
         break;
     default: // Later versions of the parser have more kinds, which are off by default.
         target = nullptr;
@@ -62,10 +50,11 @@ void assign(Value& target, dom::element element) {
     }
 }
 
-/// For each piece, the serializer descends anew to where it stopped. Pieces of one size would take
-/// quadratic time in the depth, so the text grows by a factor.
+/// Returns the text with that of the source behind it. For each piece, the serializer descends anew
+/// to where it stopped. Pieces of one size would take quadratic time in the depth, so the text
+/// grows by a factor.
 template <class Source>
-void appendText(std::string& text, const Source& source) {
+std::string withText(std::string text, const Source& source) {
     char buffer[4096];
     boost::json::serializer serializer;
     serializer.reset(&source);
@@ -77,12 +66,6 @@ void appendText(std::string& text, const Source& source) {
         text.resize(begin + size);
         text.resize(begin + serializer.read(&text[begin], size).size());
     }
-}
-
-template <class Source>
-std::string textOf(const Source& source) {
-    std::string text;
-    appendText(text, source);
     return text;
 }
 
@@ -127,15 +110,15 @@ void assign(Value& target, const JSON& json) {
 }
 void assign(Value& target, Dictionary&& dictionary) { target = std::move(dictionary); }
 
-std::string toText(const Dictionary& dictionary) { return textOf(dictionary); }
-std::string toText(const Value& value) { return textOf(value); }
+std::string toText(const Dictionary& dictionary) { return withText({}, dictionary); }
+std::string toText(const Value& value) { return withText({}, value); }
 
 std::string toText(const std::vector<Dictionary>& dictionaries) {
     std::string text = "[";
     for (const Dictionary& dictionary : dictionaries) {
         if (text.size() > 1)
             text += ',';
-        appendText(text, dictionary);
+        text = withText(std::move(text), dictionary);
     }
     text += ']';
     return text;

@@ -1,8 +1,8 @@
 #include <PerchAppLibrary/json/JSON.hpp>
 
 #include <PerchAppLibrary/container/NoDestructor.hpp>
+#include <PerchAppLibrary/json/Dictionary.hpp>
 #include <PerchAppLibrary/json/detail/Conversion.hpp>
-#include <PerchAppLibrary/json/detail/Equality.hpp>
 #include <PerchAppLibrary/json/detail/JSONElement.hpp>
 #include <PerchAppLibrary/json/detail/JSONFallback.hpp>
 #include <PerchAppLibrary/json/detail/JSONLimits.hpp>
@@ -87,6 +87,41 @@ std::size_t countOf(const Container& container) noexcept {
                : static_cast<std::size_t>(std::distance(container.begin(), container.end()));
 }
 
+/// Makes an integer of each double that equals one. Equal numbers are then of one kind, or
+/// integers.
+void unifyNumbers(Value& value) {
+    constexpr double end = 9223372036854775808.0; // 2^63
+    if (const double* const number = value.if_double()) {
+        if (std::trunc(*number) != *number)
+            return;
+        if (*number >= -end && *number < end)
+            value = static_cast<std::int64_t>(*number);
+        else if (*number >= end && *number < 2 * end)
+            value = static_cast<std::uint64_t>(*number);
+    } else if (ValueArray* const elements = value.if_array()) {
+        for (Value& each : *elements)
+            unifyNumbers(each);
+    } else if (Dictionary* const members = value.if_object()) {
+        for (auto& member : *members)
+            unifyNumbers(member.value());
+    }
+}
+
+JSON parsed(std::string& text) {
+    const std::string_view readable = padded(text);
+    simdjson::error_code error = simdjson::SUCCESS;
+    if (std::optional<JSON> json = read(readable, JSON::maximumDepth, error))
+        return *std::move(json);
+    if (error == simdjson::CAPACITY)
+        throw JSON::ParseError(1, 1, "the text is too long");
+    std::string spelled = fallback::normalizedForParser(readable);
+    // The parser counts an innermost array or object only if it is empty, so it has rejected an
+    // empty one at maximumDepth. normalizedForParser() has checked the exact depth.
+    if (std::optional<JSON> json = read(padded(spelled), JSON::maximumDepth + 1, error))
+        return *std::move(json);
+    throw JSON::ParseError(1, 1, simdjson::error_message(error));
+}
+
 template <class Real>
 JSON fromReal(Real number) {
     return std::isfinite(number) ? JSON::parse(shortestDecimal(number)) : JSON::null;
@@ -126,35 +161,16 @@ JSON JSON::fromScalar(std::string_view text) {
     return parse(std::move(quoted));
 }
 
-JSON JSON::parse(std::string_view text) {
-    std::string copy;
-    copy.reserve(text.size() + simdjson::SIMDJSON_PADDING);
-    return parse(std::move(copy.append(text)));
-}
-
 JSON JSON::parse(std::string_view text, const Limits& limits) {
     checkLimits(text, limits);
-    return parse(text);
+    std::string copy;
+    copy.reserve(text.size() + simdjson::SIMDJSON_PADDING);
+    return parsed(copy.append(text));
 }
 
 JSON JSON::parse(std::string&& text, const Limits& limits) {
     checkLimits(text, limits);
-    return parse(std::move(text));
-}
-
-JSON JSON::parse(std::string&& text) {
-    const std::string_view readable = padded(text);
-    simdjson::error_code error = simdjson::SUCCESS;
-    if (std::optional<JSON> json = read(readable, maximumDepth, error))
-        return *std::move(json);
-    if (error == simdjson::CAPACITY)
-        throw ParseError(1, 1, "the text is too long");
-    std::string spelled = fallback::normalizedForParser(readable);
-    // The parser counts an innermost array or object only if it is empty, so it has rejected an
-    // empty one at maximumDepth. normalizedForParser() has checked the exact depth.
-    if (std::optional<JSON> json = read(padded(spelled), maximumDepth + 1, error))
-        return *std::move(json);
-    throw ParseError(1, 1, simdjson::error_message(error));
+    return parsed(text);
 }
 
 JSON::Type JSON::type() const noexcept {
@@ -179,9 +195,11 @@ template bool JSON::convertTo(std::vector<std::string>&) const;
 bool operator==(const JSON& left, const JSON& right) {
     if (left.m_document == right.m_document && left.m_position == right.m_position)
         return true;
-    const std::optional<dom::element> element = JSONElement::of(left);
-    const std::optional<dom::element> other = JSONElement::of(right);
-    return element && other ? areEqual(*element, *other) : left.isNull() && right.isNull();
+    Value value = toValue(left);
+    Value other = toValue(right);
+    unifyNumbers(value);
+    unifyNumbers(other);
+    return value == other;
 }
 
 std::size_t JSON::count() const noexcept {

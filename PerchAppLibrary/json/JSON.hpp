@@ -20,6 +20,16 @@ namespace PerchAppLibrary {
 
 class JSON;
 
+/// What JSON::parse() accepts of a text that it would otherwise parse. The defaults are what it can
+/// parse at all; greater values do not extend that.
+struct JSONLimits {
+    std::size_t depth = 1024;       ///< levels of nested arrays and objects
+    std::size_t bytes = 0xFFFFFFFF; ///< size of the text
+    /// Elements of arrays and members of objects, at all levels. Each element of an array of
+    /// records takes hundreds of bytes as a record, but may take two in the text: `[0,0]`.
+    std::size_t elements = static_cast<std::size_t>(-1);
+};
+
 /// A C++ character type. A character is neither a number nor a text, so none becomes a JSON.
 template <class T>
 concept CharacterType =
@@ -49,17 +59,9 @@ public:
     class ParseError;
 
     /// The greatest depth of nested arrays and objects.
-    static constexpr std::size_t maximumDepth = 1024;
+    static constexpr std::size_t maximumDepth = JSONLimits().depth;
 
-    /// What parse() accepts of a text that it would otherwise parse. The defaults are what it can
-    /// parse at all; greater values do not extend that.
-    struct Limits {
-        std::size_t depth = maximumDepth; ///< levels of nested arrays and objects
-        std::size_t bytes = 0xFFFFFFFF;   ///< size of the text
-        /// Elements of arrays and members of objects, at all levels. Each element of an array of
-        /// records takes hundreds of bytes as a record, but may take two in the text: `[0,0]`.
-        std::size_t elements = static_cast<std::size_t>(-1);
-    };
+    using Limits = JSONLimits;
 
     /// The null value. It also stands for a missing value.
     static const JSON null;
@@ -106,16 +108,12 @@ public:
     /// double. A number beyond the range of double becomes the greatest or the least double. An
     /// escaped half of a surrogate pair becomes U+FFFD. An rvalue is parsed in place if its
     /// capacity allows, and its content is unspecified afterwards.
-    static JSON parse(std::string_view text);
-    static JSON parse(std::string&& text);
-    static JSON parse(const char* text) { return parse(std::string_view(text)); }
-
-    /// Like parse(text), but first checks the text against the limits. Throws ParseError, with the
-    /// position, if it exceeds one. Takes one more pass over the text unless only the size is
-    /// limited.
-    static JSON parse(std::string_view text, const Limits& limits);
-    static JSON parse(std::string&& text, const Limits& limits);
-    static JSON parse(const char* text, const Limits& limits) {
+    ///
+    /// Throws ParseError, with the position, for a text that exceeds the limits. Takes one more
+    /// pass over the text if their depth or elements are less than the defaults.
+    static JSON parse(std::string_view text, const Limits& limits = {});
+    static JSON parse(std::string&& text, const Limits& limits = {});
+    static JSON parse(const char* text, const Limits& limits = {}) {
         return parse(std::string_view(text), limits);
     }
 
@@ -193,7 +191,7 @@ public:
     ///
     /// A C++ value converts to a JSON first, so `json["Id"] == 7` and `json["Name"] == "A"` work.
     /// To compare leniently, or in a hot loop, use as(): `json["Id"].as<std::int64_t>() == 7` holds
-    /// for "7" too, and allocates nothing. O(n log n) in the size of the values.
+    /// for "7" too, and allocates nothing. Linear; compares copies of the values.
     friend bool operator==(const JSON& left, const JSON& right);
 
 private:
