@@ -35,3 +35,17 @@ template <class Record>
 std::string changed(const std::shared_ptr<Record>& record) {
     return PerchAppLibrary::toText(changes(*record, *Record::create()));
 }
+
+/// Adds groups around a tree, by turns of these classes.
+template <class... Classes>
+std::shared_ptr<VelmoCloudEntity::FontItem>
+nested(int levels, std::shared_ptr<VelmoCloudEntity::FontItem> tree) {
+    const auto wrap = [&tree](std::shared_ptr<VelmoCloudEntity::FontItem> group) {
+        group->setGroup("g");
+        group->setChildren({std::move(tree)});
+        tree = std::move(group);
+    };
+    for (; levels > 0; levels -= static_cast<int>(sizeof...(Classes)))
+        (wrap(std::make_shared<Classes>()), ...);
+    return tree;
+}
