@@ -29,7 +29,6 @@
 
 #include <algorithm>
 #include <concepts>
-#include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <sstream>
@@ -180,12 +179,6 @@ struct Tested {
     std::shared_ptr<BaseEntity> record;
     testing::ScopedTrace trace{__FILE__, __LINE__, type.name()};
 };
-
-TEST(RecordTable, HasAllSamples) {
-    constexpr std::size_t lists = 6;
-    const std::filesystem::directory_iterator samples(VELMO_SAMPLES "/records");
-    EXPECT_EQ(std::distance(begin(samples), end(samples)), std::size(types) + lists);
-}
 
 TEST(RecordTable, PropertiesAreInOrderWithTheirDefaults) {
     for (const Tested each : types) {
