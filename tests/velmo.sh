@@ -59,41 +59,24 @@ document() { printf '%b' "$2" >"$directory/$1"; }
 
 document broken.json '[{"Id": 1},\n {"Id" 2}]'
 document cut.json '[{"Id": 1}'
-document empty.json ''
-document bom.json '\0357\0273\0277[]'
-document bytes.json '[{"ProductName": "\0377"}]'
 document twice.json '[{"Id":1},{"Id":1}]'
-document object.json '{"List": [{"Id": 1}]}'
 document odd.json '[{"Id":1,"ProductName":"A","ProductFileName":"abc",
         "ProductFileUrl":"https://h/a.ttf"},7,null,
     {"Id":"2","ProductName":"B\\u001b[31m","ProductFileName":"b.ttf","ProductFileUrl":"1:b.ttf"},
     {"Id":3,"IsGroup":true,"ProductSetName":"Set","GroupTag":"T ",
         "Children":[{"Id":4,"IsFavorited":true}]}]'
-printf '[%.0s' $(seq 1025) >"$directory/deep.json"
-printf ']%.0s' $(seq 1025) >>"$directory/deep.json"
 
 # Wrong usage, unreadable files, malformed documents: one line, status 2.
 expect 2 'subcommand'
 expect 2 '"tre" is no command; did you mean tree\?' tre "$fonts"
-expect 2 'list.*STATE|STATE.*foo' list foo "$fonts"
-expect 2 'FILE is required' tree
-expect 2 'read.*TYPE|TYPE.*FontLst' read FontLst "$fonts"
 expect 2 'ID: "7x" is not an integer' locate "$fonts" 7x
-expect 2 '99999999999999999999' locate "$fonts" 99999999999999999999
 expect 2 '/nonexistent: cannot be read: No such file' tree /nonexistent
 expect 2 'cannot be read: Is a directory' export "$directory"
 expect 2 'broken.json: line 2, column 8: unexpected "2"' tree "$directory/broken.json"
-expect 2 'cut.json: line 1, column 11: the text ends' list activated "$directory/cut.json"
-expect 2 'empty.json: line 1, column 1: the text is empty' export "$directory/empty.json"
-expect 2 'bom.json: line 1, column 1: a byte order mark' tree "$directory/bom.json"
-expect 2 'bytes.json: line 1, column 19: bytes that are not UTF-8' \
-    read FontList "$directory/bytes.json"
-expect 2 'deep.json: line 1, column 1025: .*deeper than 1024' tree "$directory/deep.json"
 expect 2 'broken.json: line 2' list activated "$fonts" --activate "$directory/broken.json"
 expect 2 'standard input: line 1, column 1: the text is empty' tree -
 expect 2 '--name= has no value; an empty one is written --name' find "$fonts" --name= --fuzzy
 expect 2 '"xyz" is no command \(see' xyz
-expect 2 'unknown TYPE "xyz" \(velmo' read xyz "$fonts"
 
 # What has no end is read to the first byte that cannot be in a document, or not at all.
 truncate -s 5G "$directory/sparse.json"
@@ -107,7 +90,6 @@ done
 # Help as a word; the example of each command, which the man page shows, on the samples.
 expect 0 '^velmo [0-9]+\.[0-9]' version
 expect 0 'velmo tree .OPTIONS. FILE$' help tree
-expect 2 'COMMAND: tre not in' help tre
 mapfile -t examples < <(sed -n '/^\.nf/{n;s/\\-/-/g;p}' "$made/velmo.1")
 [ ${#examples[@]} = 15 ] || fail "15 examples"
 for example in "${examples[@]}"; do
@@ -116,7 +98,6 @@ for example in "${examples[@]}"; do
 done
 
 # Colours.
-expect 2 '--color: some not in' tree "$fonts" --color some
 expect 0 $'^\033\\[1mTITLE' tree "$fonts" --color always
 expect 0 '^TITLE' tree "$fonts" --color auto
 expect_highlight 仿宋 "$fonts" $'\033[1;31m仿宋'
@@ -155,41 +136,27 @@ done
 [ -z "$(on_terminal "TERM=dumb; export TERM; $slow")" ] || fail "progress on TERM=dumb"
 
 # Well-formed documents of any shape.
-expect 0 '^\[\]$' tree "$directory/object.json" --json --force
-expect 0 '^\[\]$' export "$directory/object.json" --force
-expect_nothing '[]' list activated "$directory/object.json" --json --force
 document mixed.json '{"sms_token":[{"a":"b"},7,null,[1]]}'
 expect 0 '^ *7$' read UserItem "$directory/mixed.json"
+expect_nothing '[]' list activated "$directory/mixed.json" --json --force
 expect 0 '"FontList":\[\]' read UserFontActivateMapItem "$directory/odd.json" --json --force
 
 # The fonts of the sample: shown, listed, read and exported.
-expect 0 '^376 fonts, 0 activated$' tree "$fonts"
-expect 0 '^  宋体 标准\(OTF, 1.0\) +1 ' tree "$fonts"
-expect 0 '^22 fonts$' list activated "$fonts" --activate "$activated"
 expect 0 '^  Anuphan Light\(TTF, 3.00\) +339 +activated' tree "$fonts" --activate "$activated"
-expect 0 '^28 fonts$' list favorited "$fonts" --favorite "$samples/favorite-fonts.json"
 expect 0 ' activated favorite$' list favorited "$fonts" --favorite "$activated" --activate "$activated"
-expect 0 '^ +ProductName +Anuphan Light$' read FontList "$fonts"
 expect 0 '"UserGuid":"7f1c2c1e-5b0a-4a57-9c39-2f3d0d1a9e10","FontList":\[\{"Guid":"","Id":339,' \
     read UserFontActivateMapItem "$activated" --json
 expect 0 '^\[\{"Guid":"","Id":900001,.*"Children":\[\{"Guid":"","Id":1,' export "$fonts"
 
 # Finding: texts of any bytes; an empty result and status 1 if there is nothing.
-expect 0 '^2 fonts$' find "$fonts" --key ÉTUDE --fuzzy
 expect 0 '^ *10  Ünïcödé Straße ' find "$fonts" --name 'Ünïcödé Straße'
-expect 0 '^18 fonts$' find "$fonts" --key ''
 expect 0 '"ProductName":"Ünïcödé Straße"' find "$fonts" --key 'ÜNÏCÖDÉ STRASSE' --json
-for text in '' 'No such name' $'\xFF\xE5'; do
-    expect_nothing '[]' find "$fonts" --name "$text" --fuzzy --json
-done
-expect 2 'Exactly 1 option from' find "$fonts"
+expect_nothing '[]' find "$fonts" --name $'\xFF\xE5' --fuzzy --json
 expect 2 'Exactly 1 option from' find "$fonts" --name a --key b
 
 # Searching: whole-key matches first, and where they are.
 expect 0 '^ 4  仿宋       ProductName$' search "$fonts" 宋 # an ideograph takes two columns
 expect 0 '^0 fonts with "宋#"$' search "$fonts" '宋#'
-expect 0 '^337  Anuphan Thin  +ProductName$' search "$fonts" anuphan
-expect 0 '^7 fonts with "anuphan"$' search "$fonts" anuphan
 expect 0 '^369 fonts with one of its characters; 376 in all$' search "$fonts" anuphan
 for key in '' 'ǂ' $'\xFF'; do
     expect_nothing '{"whole":[],"character":[]}' search "$fonts" "$key" --json
@@ -198,40 +165,30 @@ expect 0 '^\{"whole":\[\{"Id":1,.*\{"Id":4,[^]]*\],"character":\[\{"Id":1,' sear
 expect_highlight strasse "$fonts" $'Ünïcödé \033[1;31mStraße\033[0m'
 
 document halves.json '[{"ProductName": "y 😀 x"}, {"ProductName": "😀"}]'
-expect 0 '^1 font with "😀 x"$' search "$directory/halves.json" '😀 x'
-expect 0 '^0 fonts with one of its characters; 2 in all$' search "$directory/halves.json" '😀'
 expect_highlight '😀xy' "$directory/halves.json" $'😀 \033[1;31mx'
 echo '[]' | "$velmo" list activated - --activate - 2>&1 |
     grep -qF 'standard input can be only one of the files' || fail "standard input read twice"
 
 # Looking up: in the order of the tree. With --flat, one item of the list itself, a group included.
 expect 0 '^\[\{"Id":337,.*\{"Id":339,[^{]*\}\]$' lookup "$fonts" 339,337 339 --json
-expect 0 '^1 font$' lookup "$fonts" 339 -5
-grep -qF 'font-list.json: no font has the Id -5' "$directory/err" ||
-    fail "an unknown Id is not named"
 expect 0 '^\{"Id":900001,"ProductName":"","IsGroup":true,' lookup "$fonts" 900001 --flat --json
-expect_nothing null lookup "$fonts" 339 --flat --json
 expect 1 'no item at the top level has the Id 339' lookup "$fonts" 339 --flat
 grep -q null "$directory/out" && fail "text for people says null"
 expect 2 'takes one ID' lookup "$fonts" 1 2 --flat
-expect 2 'ID: "x" is not an integer' lookup "$fonts" 1,x
 
-# Filtering by ticked tags: those of a group add up, and groups narrow one another.
+# Filtering by ticked tags, by Id or name: those of a group add up.
 expect 0 '^display \([0-9]+ fonts\)$' filter "$fonts" --tags "$tags" --check 4,5
 [ ! -s "$directory/err" ] || fail "filter: $(cat "$directory/err")"
 count() {
     "$velmo" filter "$fonts" --tags "$tags" --check "$1" --json | grep -o '"IsGroup":false' | wc -l
 }
 [ "$(count 4,5)" = $(($(count 4) + $(count 5))) ] || fail "tags of one group do not add up"
-[ "$(count 4,12)" -lt "$(count 4)" ] || fail "tags of two groups do not narrow one another"
-[ "$(count 8)" = 376 ] || fail "a group's own tick filters"
 expect 0 '^376 fonts$' filter --tags "$tags" --check 99999 "$fonts"
 grep -qF 'font-tags.json: no tag has the Id 99999' "$directory/err" ||
     fail "an unknown tag is not named"
 [ "$(count 'DISPLAY,5')" = "$(count 4,5)" ] || fail "a tag is not ticked by its name"
 expect 0 '^376 fonts$' filter "$fonts" --tags "$tags" --check 'no such'
 grep -qF 'no tag has the name no such' "$directory/err" || fail "an unknown name is not named"
-expect 0 '^  display +4 +67$' tags "$tags"
 
 # Many Ids, in many tags and fonts: linear, or the walks take minutes.
 { printf '[{"Id":0}' && printf ',{"Id":%d}' $(seq 60000) && echo ']'; } >"$directory/ids.json"
@@ -246,32 +203,18 @@ expect 0 '^\{"FontIdList":\[1,2,4\],' \
     filter "$directory/odd.json" --tags "$directory/tags.json" --check 9 --json
 expect 0 '^\{"FontIdList":\[1,4\],"fonts":\[\{"Id":1,.*\{"Id":4,[^{]*\}\]\}$' \
     filter "$directory/odd.json" --tags "$directory/tags.json" --check 2 --json
-expect_nothing '{"FontIdList":[],"fonts":[]}' \
-    filter "$directory/odd.json" --tags "$directory/tags.json" --check 3 --json
 expect 0 '^\[\{"Id":1,.*"Children":\[\{"Id":2,"Name":"","IsGroup":false,"FontCount":3\}' \
     tags "$directory/tags.json" --json
-expect 0 '^ +SubTagFilterType +Or$' read FontTagList "$tags"
-expect 0 '"IsChecked":false,"FontIdList":\[4,4,1\],"Children":\[\]\}' \
-    read FontTagList "$directory/tags.json" --json
 
-# Every record and list that a header declares is a type; its sample is read, and each of the
-# properties that --types names is shown.
-missing=$(cat "$samples"/../VelmoCloudEntity/*/*.hpp |
-    grep -oP '^ *PERCH_RECORD(_FROM_JSON)?\(\K(?!UserFontMap,)\w+|^class \K\w+List(?=$| : public \w*RecordList<\w+,)' |
-    LC_ALL=C sort | comm -3 - <("$velmo" read --types))
-[ -z "$missing" ] || fail "in a header or in velmo read --types alone: $missing"
+# The sample of each type is read, and shown as data.
 for type in $("$velmo" read --types); do
     expect 0 . read "$type" "$samples/records/$type.json"
     [ ! -s "$directory/err" ] || fail "read $type: $(cat "$directory/err")"
-    expect 0 "\"$type\":\[\{\"name\":" read --types --json
     expect 0 '^[[{]' read "$type" "$samples/records/$type.json" --json
 done
 for member in '{"name":"hotKeyCode","kind":"optional String","default":null}' \
-    '"UserFontGroupMapItem":[{"name":"UserGuid","kind":"String","default":""},' \
-    '{"name":"FontList","kind":"array of FontItem","default":[]}' \
     '"UrlList":[{"name":"list","kind":"array of UrlItem","default":[]}]' \
-    '{"name":"sms_token","kind":"any","default":""}' \
-    '{"name":"PlatformId","kind":"Int","default":1}'; do
+    '"UserFontGroupMapItem":[{"name":"UserGuid","kind":"String","default":""},'; do
     "$velmo" read --types --json | grep -qF "$member" || fail "read --types: no $member"
 done
 expect 0 '^EmSize +1.27E1$' read fontim "$samples/records/FontImageItem.json"
@@ -362,9 +305,7 @@ expect 0 '^  Ch  验证码记录失败$' error 002004
 for code in 2004 ''; do
     expect 1 "the code \"$code\" is not in the table; a code has six digits" error "$code"
 done
-expect 1 'the code "999999" is not in the table$' error 999999
 expect_nothing null error 000004 --json
-expect 2 'lang' error 000000 --lang De
 
 # Fonts in JSON: exactly these members.
 names='"Id":4,"ProductName":"","IsGroup":false,"DisplayName":"","TreeNodeTitle":"\(, \)"'
