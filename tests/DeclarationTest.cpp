@@ -2,6 +2,7 @@
 #include <VelmoCloudEntity/entity/UrlItem.hpp>
 
 #include "RecordTesting.hpp"
+#include "Sample.hpp"
 
 using namespace PerchAppLibrary;
 using namespace VelmoCloudEntity;
@@ -197,66 +198,44 @@ TEST(Declaration, FillsAClassOfManyProperties) {
     }
 }
 
-/// A client's record with arrays of records of its own class and of one of the library's, and with
-/// names that the library has as well.
-class Album : public BaseEntity {
-    PERCH_RECORD(Album, BaseEntity);
-
-    PERCH_PROPERTY(Records<FontItem>, Fonts);
-    PERCH_PROPERTY(std::string, Value);
-    PERCH_PROPERTY(Records<Album>, Parts);
-    PERCH_CONSTANT(bool, IsShared, true);
-
-    PERCH_RECORD_END;
-
-public:
-    /// The values and, of fonts, the Ids: Value(fonts;parts).
-    std::string outline() const {
-        std::string text = Value() + "(";
-        for (const auto& font : Fonts())
-            text += std::to_string(font->Id());
-        text += ";";
-        for (const auto& part : Parts())
-            text += part->outline();
-        return text + ")";
-    }
-    void changed(const std::string&) = delete; // the library has names of its own
-    void stored(const std::string&) = delete;
-    void make() = delete;
-};
-PERCH_RECORD_SCHEMA(Album);
-
-TEST(Declaration, FillsArraysOfRecordsFromTheirDeclaration) {
-    const auto album = Album::parse(R"({"Fonts":[{"Id":1},7],"Value":"t",
-        "Parts":[{"Value":"a","Parts":[{"Value":"b","Fonts":[{"Id":2}]}]},{"Value":"c"}]})");
-    EXPECT_EQ(album->outline(), "t(10;a(;b(2;))c(;))");
-    album->setValue(JSON::parse(R"({"Fonts":[{"Id":3}],"Parts":"x"})"));
-    EXPECT_EQ(album->outline(), "t(3;)") << "an array holds what the last document has";
-    album->setValue(JSON::parse(R"({"Fonts":[],"Value":"u"})"), Excluded());
-    EXPECT_EQ(album->outline(), "u(3;)") << "the mapping alone leaves arrays as they are";
-    album->setValue(JSON::parse(R"({"IsShared":false})"));
-    album->setValue(std::string("v"));
-    EXPECT_EQ(album->outline(), "v(;)");
-    EXPECT_EQ(album->properties().at("IsShared"), Value(true)) << "a constant";
+/// Returns the texts and the records in them: String(samples).
+std::string outline(const Sample& sample) {
+    std::string text = sample.String() + "(";
+    for (const auto& each : sample.Samples())
+        text += outline(*each);
+    return text + ")";
 }
 
-TEST(Declaration, FillsArraysAfterAllOtherPropertiesAndExcludesThemFromTheMapping) {
-    struct WatchedAlbum : Album {
-        using Album::fill;
-        using Album::setValue;
+TEST(Declaration, FillsArraysOfRecordsAsSetValueOfTheClassDoes) {
+    const auto sample = Sample::parse(R"({"Samples":[{"String":"a","Samples":[{"String":"b"},7]},
+        {"String":"c"}],"String":"t"})");
+    EXPECT_EQ(outline(*sample), "t(a(b()kept())c())");
+    sample->setValue(JSON::parse(R"({"Samples":[{}]})"));
+    EXPECT_EQ(outline(*sample), "t(kept())") << "an array holds what the last document has";
+    sample->setValue(JSON::parse(R"({"Samples":[],"String":"u"})"), Excluded());
+    EXPECT_EQ(outline(*sample), "u(kept())") << "the mapping alone leaves arrays as they are";
+    sample->setValue(JSON::parse(R"({"Constant":8,"Samples":7})"));
+    EXPECT_EQ(outline(*sample), "u()");
+    EXPECT_EQ(sample->properties().at("Constant"), Value(7));
+}
+
+TEST(Declaration, FillsArraysLastAndExcludesThemFromTheMapping) {
+    struct Watched : Sample {
+        using Sample::fill;
+        using Sample::setValue;
         void setValue(const JSON& json, Excluded excluded) override {
             for (const std::string& key : excluded.keys())
                 keys += key + " ";
-            Album::setValue(json, std::move(excluded));
+            Sample::setValue(json, std::move(excluded));
         }
-        void setFonts(Records<FontItem>) override { setGuid(Value()); }
+        void setSamples(Records<Sample>) override { setGuid(String()); }
         std::string keys;
     };
-    const auto album = Album::parse<WatchedAlbum>(R"({"Fonts":[{}],"Value":"set before"})");
-    EXPECT_EQ(album->keys + album->Guid(), "Fonts Parts set before");
-    album->fill(JSON(), Excluded{"Value"});
-    EXPECT_EQ(album->keys, "Fonts Parts Value Fonts Parts ");
-    EXPECT_EQ(makeRecords<WatchedAlbum>(JSON::parse("[{}]")).at(0)->keys, "Fonts Parts ");
+    const auto sample = Sample::parse<Watched>(R"({"Samples":[{}],"String":"set before"})");
+    EXPECT_EQ(sample->keys + sample->Guid(), "Samples Single set before");
+    sample->fill(JSON(), Excluded{"Value"});
+    EXPECT_EQ(sample->keys, "Samples Single Value Samples Single ");
+    EXPECT_EQ(makeRecords<Watched>(JSON::parse("[{}]")).at(0)->keys, "Samples Single ");
 }
 
 TEST(Declaration, EmptiesAnArrayWhoseGetterIsOverridden) {

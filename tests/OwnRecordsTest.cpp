@@ -26,8 +26,12 @@ namespace PerchAppLibrary {
 class OwnPupil : public client::BaseEntity {
     PERCH_RECORD(OwnPupil, client::BaseEntity);
     PERCH_PROPERTY(std::int64_t, Age, 7);
+    PERCH_PROPERTY(std::string, Value); // whose setter has the name of the library's
     PERCH_RECORD_END;
     PERCH_INHERIT_LABELS(NameLabels);
+    void changed(const std::string&) = delete; // the library has functions of its own
+    void stored(const std::string&) = delete;
+    void make() = delete;
 };
 PERCH_RECORD_SCHEMA(OwnPupil);
 } // namespace PerchAppLibrary
@@ -58,7 +62,8 @@ TEST(OwnRecords, InheritLabelsAndPropertiesOfAnyNamespace) {
         R"({"Age":5,"Held":"x","Parts":[{"Held":"y"}],"Name":"B","Id":1})");
     EXPECT_EQ(holder->Parts().at(0)->Held(), "y");
     holder->setParts({});
-    EXPECT_EQ(changed(holder), R"({"Id":1,"Name":"B","Age":5,"Held":"x"})");
+    holder->setValue(std::string("v"));
+    EXPECT_EQ(changed(holder), R"({"Id":1,"Name":"B","Age":5,"Value":"v","Held":"x"})");
     EXPECT_EQ(toText(holder->value("IsHeld")), "true");
 }
 
