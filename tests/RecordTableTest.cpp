@@ -1,27 +1,7 @@
 // What holds for every type of record and list, on a sample in which each property has a value.
-#include <VelmoCloudEntity/account/EsUserItem.hpp>
-#include <VelmoCloudEntity/account/PhoneNumberPrefixList.hpp>
-#include <VelmoCloudEntity/account/SmsTokenItem.hpp>
-#include <VelmoCloudEntity/account/UserFontActivateMapItem.hpp>
-#include <VelmoCloudEntity/account/UserFontFavoriteMapItem.hpp>
-#include <VelmoCloudEntity/account/UserFontGroupMapItem.hpp>
-#include <VelmoCloudEntity/account/UserItem.hpp>
-#include <VelmoCloudEntity/catalogue/FontApplyItem.hpp>
-#include <VelmoCloudEntity/catalogue/FontCollectionList.hpp>
-#include <VelmoCloudEntity/catalogue/FontImageItem.hpp>
-#include <VelmoCloudEntity/catalogue/FontSearchList.hpp>
-#include <VelmoCloudEntity/catalogue/FontTagList.hpp>
-#include <VelmoCloudEntity/catalogue/FontUploadItem.hpp>
-#include <VelmoCloudEntity/catalogue/WebFontItem.hpp>
-#include <VelmoCloudEntity/catalogue/ZRFontEffectEntity.hpp>
-#include <VelmoCloudEntity/client/ClientOperaItem.hpp>
-#include <VelmoCloudEntity/client/ClientStartupNoticeItem.hpp>
-#include <VelmoCloudEntity/client/ClientVersionItem.hpp>
-#include <VelmoCloudEntity/client/ConfigItem.hpp>
-#include <VelmoCloudEntity/client/ZRMessageBubbleItem.hpp>
-#include <VelmoCloudEntity/entity/UrlList.hpp>
-
 #include "RecordTesting.hpp"
+
+#include <tools/velmo/AllRecords.hpp>
 
 #include <PerchAppLibrary/record/internal/RecordWriter.hpp>
 
@@ -29,6 +9,7 @@
 
 #include <algorithm>
 #include <concepts>
+#include <map>
 #include <sstream>
 
 using namespace VelmoCloudEntity;
@@ -51,7 +32,7 @@ struct Overriding : Record {
     std::string calls;
 };
 
-/// How a type of record differs from the others.
+/// How a type of record differs from most.
 struct Special {
     const char* defaults = "{}";            // those that are not zero, false or empty
     const char* dictionary = "";            // the keys of Dict, "all", or empty without a Dict
@@ -69,8 +50,40 @@ struct Type {
     }
 };
 
+const char* const onPlatform1 = R"({"PlatformId":1})";
+
+const std::map<std::string_view, Special> specials{
+    {"FontItem", {.dictionary = "tested elsewhere"}},
+    {"FontTagItem", {.defaults = R"({"SubNameTextImageStyle":"TextOnly",
+                           "SubNameDisplayStyle":"List","SubTagFilterType":"Or"})"}},
+    {"UrlItem", {.calls = ""}},
+    {"FontSearchItem",
+     {.defaults = onPlatform1,
+      .dictionary = "UserGuid ProductId SearchKey PlatformId SearchCount Ranking"}},
+    {"FontImageItem",
+     {.defaults = R"({"BackColor":"#000000","ForeColor":"#FFFFFF","EmSize":32.0})",
+      .dictionary = "ProductId PreviewText BackColor ForeColor EmSize"}},
+    {"FontApplyItem", {.defaults = onPlatform1}},
+    {"ZRFontEffectEntity", {.defaults = R"({"ContainDisabled":true})"}},
+    {"FontUploadItem", {.dictionary = "UserGuid ProductFileName"}},
+    {"UserItem", {.defaults = R"({"sms_token":"","PlatformId":1})", .dictionary = "all"}},
+    {"SmsTokenItem", {.calls = ""}},
+    {"EsUserItem", {.dictionary = "all", .calls = "mapping"}},
+    {"UserFontGroupMapItem", {.calls = ""}},
+    {"UserFontActivateMapItem", {.calls = ""}},
+    {"UserFontFavoriteMapItem", {.calls = ""}},
+    {"PhoneNumberPrefixItem", {.calls = ""}},
+    {"ConfigItem",
+     {.defaults = R"({"PreviewTag":"S","PreviewColorTag":"B","PreviewFontSize":32,
+                          "hotKeyCode":null,"systemHotKeyCode":null,"hotKeyString":null})",
+      .dictionary = "all",
+      .calls = ""}},
+    {"ClientOperaItem", {.defaults = onPlatform1}},
+    {"ClientVersionItem", {.defaults = onPlatform1}},
+    {"ZRMessageBubbleItem", {.defaults = R"({"ContainDisabled":true})"}}};
+
 template <class Record>
-Type type(Special special = {}) {
+Type type() {
     const auto filled = [](const JSON& json) -> std::shared_ptr<BaseEntity> {
         if constexpr (requires { Record::create(json); }) {
             return Record::create(json);
@@ -85,44 +98,17 @@ Type type(Special special = {}) {
             return Record::template create<Overriding<Record>>(json)->calls;
         return "";
     };
-    return {special, filled, callsWhileMade};
+    const auto special = specials.find(Record::recordName);
+    return {special == specials.end() ? Special() : special->second, filled, callsWhileMade};
 }
 
+template <class... Records>
+std::vector<Type> typesOf(velmo::TypeList<Records...>) {
+    return {type<Records>()...};
+}
+const std::vector<Type> types = typesOf(velmo::AllRecords());
+
 static_assert(!std::default_initializable<ZRFontEffectEntity>); // made from JSON alone
-
-const char* const onPlatform1 = R"({"PlatformId":1})";
-
-const Type types[] = {
-    type<FontItem>({.dictionary = "tested elsewhere"}),
-    type<FontTagItem>({.defaults = R"({"SubNameTextImageStyle":"TextOnly",
-                           "SubNameDisplayStyle":"List","SubTagFilterType":"Or"})"}),
-    type<UrlItem>({.calls = ""}),
-    type<FontCollectionItem>(),
-    type<FontSearchItem>(
-        {.defaults = onPlatform1,
-         .dictionary = "UserGuid ProductId SearchKey PlatformId SearchCount Ranking"}),
-    type<FontImageItem>(
-        {.defaults = R"({"BackColor":"#000000","ForeColor":"#FFFFFF","EmSize":32.0})",
-         .dictionary = "ProductId PreviewText BackColor ForeColor EmSize"}),
-    type<FontApplyItem>({.defaults = onPlatform1}),
-    type<ZRFontEffectEntity>({.defaults = R"({"ContainDisabled":true})"}),
-    type<WebFontItem>(),
-    type<FontUploadItem>({.dictionary = "UserGuid ProductFileName"}),
-    type<UserItem>({.defaults = R"({"sms_token":"","PlatformId":1})", .dictionary = "all"}),
-    type<SmsTokenItem>({.calls = ""}),
-    type<EsUserItem>({.dictionary = "all", .calls = "mapping"}),
-    type<UserFontGroupMapItem>({.calls = ""}),
-    type<UserFontActivateMapItem>({.calls = ""}),
-    type<UserFontFavoriteMapItem>({.calls = ""}),
-    type<PhoneNumberPrefixItem>({.calls = ""}),
-    type<ConfigItem>({.defaults = R"({"PreviewTag":"S","PreviewColorTag":"B","PreviewFontSize":32,
-                          "hotKeyCode":null,"systemHotKeyCode":null,"hotKeyString":null})",
-                      .dictionary = "all",
-                      .calls = ""}),
-    type<ClientOperaItem>({.defaults = onPlatform1}),
-    type<ClientVersionItem>({.defaults = onPlatform1}),
-    type<ClientStartupNoticeItem>(),
-    type<ZRMessageBubbleItem>({.defaults = R"({"ContainDisabled":true})"})};
 
 /// Returns whether the exported value is the sample's. A nested record may have more properties.
 bool holds(const Value& exported, const Value& sample) {
