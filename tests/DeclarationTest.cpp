@@ -236,11 +236,19 @@ TEST(Declaration, EmptiesAnArrayWhoseGetterIsOverridden) {
     EXPECT_EQ(font->FontItem::Children().size(), 0U);
 }
 
-TEST(Declaration, MakesTheElementsOfAnArrayByTheirOwnCreate) {
+TEST(Declaration, MakesElementsAsTheirClassDecides) {
     struct Stamped : FontItem {
         static std::shared_ptr<Stamped> create(const JSON&) { return nullptr; }
     };
     EXPECT_EQ(makeRecords<Stamped>(JSON::parse("[{}]")), Records<Stamped>{nullptr});
+    struct Doubled : FontItem {
+        using FontItem::setValue;
+        void setValue(const JSON& json) override {
+            FontItem::setValue(json);
+            setId(2 * Id());
+        }
+    };
+    EXPECT_EQ(makeRecords<Doubled>(JSON::parse(R"([{"Id":2}])"))[0]->Id(), 4);
 }
 
 TEST(Declaration, FillsTheDeepestDocument) { // run again with a small stack

@@ -91,31 +91,4 @@ TEST(DirectReading, KeepsTheOrdersOfKeysOfNestedClassesApart) {
     expectEqual<MapList>(text + "{}]");
 }
 
-/// A class that decides how it is filled.
-class Doubled : public PerchAppLibrary::BaseEntity {
-    PERCH_RECORD(Doubled, BaseEntity);
-    PERCH_PROPERTY(std::int64_t, Number);
-    PERCH_RECORD_END;
-
-public:
-    void setValue(const JSON& json) override {
-        setNumber(2 * json["Number"].as<std::int64_t>().value_or(0));
-    }
-};
-class Pair : public PerchAppLibrary::BaseEntity {
-    PERCH_RECORD(Pair, BaseEntity);
-    PERCH_PROPERTY(Records<Doubled>, Members);
-    PERCH_RECORD_END;
-};
-PERCH_RECORD_SCHEMA(Doubled);
-PERCH_RECORD_SCHEMA(Pair);
-struct PairList : RecordList<PairList, Pair> {
-    using RecordList::RecordList;
-    static constexpr auto parsing = Parsing::direct;
-};
-
-TEST(DirectReading, GivesADocumentToAClassThatDecidesHowItIsFilled) {
-    EXPECT_EQ(PairList::parse(R"([{"Members":[{"Number":2}]}])")[0]->Members()[0]->Number(), 4);
-}
-
 } // namespace

@@ -95,10 +95,16 @@ public:
 };
 PERCH_RECORD_SCHEMA(Sorted);
 
+struct HolderList : RecordList<HolderList, Holder<Records<Mapped>>> {
+    using RecordList::RecordList;
+    static constexpr auto parsing = Parsing::direct;
+};
+
 TEST(OwnRecords, LetOverridesCountInEachWayOfFilling) {
     const std::string text = R"({"Id":9,"Stars":4,"Children":[{"Id":1},{"Id":2}],"Stars":5})";
-    for (const auto& font :
-         {Mapped::parse(text), makeRecords<Mapped>(JSON::parse("[{}," + text + "]"))[1]}) {
+    const HolderList holders = HolderList::parse(R"([{"Held":[)" + text + "]}]");
+    for (const auto& font : {Mapped::parse(text), holders[0]->Held().at(0),
+                             makeRecords<Mapped>(JSON::parse("[{}," + text + "]"))[1]}) {
         EXPECT_EQ(font->Id(), 0);
         EXPECT_EQ(font->Stars(), 6);
         EXPECT_EQ(font->Children().at(1)->Id(), 2);
