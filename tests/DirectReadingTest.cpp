@@ -1,15 +1,9 @@
 // Reading a list wrapper straight from a text gives what the document gives.
 #include "BothPaths.hpp"
+#include "RecordTesting.hpp"
 #include "Sample.hpp"
 
 #include <VelmoCloudEntity/account/UserFontMap.hpp>
-#include <VelmoCloudEntity/font/FontList.hpp>
-
-#include <PerchAppLibrary/record/RecordSchema.hpp>
-
-#include <gtest/gtest.h>
-
-#include <string>
 
 using namespace VelmoCloudEntity;
 using PerchAppLibrary::JSON;

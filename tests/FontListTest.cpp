@@ -1,17 +1,11 @@
 #include <VelmoCloudEntity/catalogue/FontTagItem.hpp>
 #include <VelmoCloudEntity/entity/RecordTree.hpp>
-#include <VelmoCloudEntity/font/FontList.hpp>
 
-#include <PerchAppLibrary/json/Dictionary.hpp>
+#include "RecordTesting.hpp"
+
 #include <PerchAppLibrary/text/internal/TextSet.hpp>
 
-#include <gtest/gtest.h>
-
-#include <cstdint>
 #include <stdexcept>
-#include <string>
-#include <string_view>
-#include <vector>
 
 using namespace VelmoCloudEntity;
 using PerchAppLibrary::JSON;

@@ -113,15 +113,12 @@ TEST(JSON, StepsThroughAnArray) {
     std::string stepped;
     std::size_t index = 0;
     for (const JSON& element : json) {
-        stepped +=
-            toText(toValue(element)) + ":" + std::to_string(static_cast<int>(element.type())) + " ";
+        stepped += std::to_string(static_cast<int>(element.type())) + " ";
         EXPECT_TRUE(element == json.arrayValue().at(index) && element == json[index]) << index;
         ++index;
     }
-    EXPECT_EQ(stepped, R"(1:0 [2,[3]]:3 {"a":4}:4 "5":1 true:2 null:5 1.5E0:0 )");
-    auto second = json.begin();
-    second++;
-    EXPECT_EQ(second->type(), JSON::Type::array);
+    EXPECT_EQ(stepped, "0 3 4 1 2 5 0 ");
+    EXPECT_EQ(toText(toValue(*std::next(json.begin(), 1))), "[2,[3]]");
 }
 
 TEST(JSON, KeepsTheDocumentAliveAndTheLastOfARepeatedKey) {

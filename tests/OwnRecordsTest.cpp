@@ -243,14 +243,7 @@ TEST(OwnRecords, HaveElementsOfTheClassAtAnyDepth) {
     EXPECT_EQ(outline(StarFontList(JSON::parse(document)).List()), outline(direct.List()));
     EXPECT_EQ(toText(direct[0]->Children()[0]->value("Price")), "1.05E1");
     EXPECT_EQ(toText(direct[0]->Children()[1]->value("Price")), "null");
-    std::vector<std::string_view> names, plain;
-    for (const PerchAppLibrary::Property& each : StarFont().schema().properties())
-        names.push_back(each.name);
-    for (const PerchAppLibrary::Property& each : FontItem().schema().properties())
-        plain.push_back(each.name);
-    names.resize(plain.size());
-    EXPECT_EQ(names, plain) << "the array keeps its place";
-
+    EXPECT_EQ(StarFont().schema().find("Children"), FontItem().schema().find("Children"));
     direct[0]->setChildren({StarFont::create(), FontItem::create()});
     EXPECT_THROW((void)recordsAs<StarFont>(direct[0]->Children()), std::bad_cast);
 }

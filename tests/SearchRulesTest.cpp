@@ -1,11 +1,7 @@
-#include <VelmoCloudEntity/font/FontList.hpp>
-
+#include "RecordTesting.hpp"
 #include "literal/LiteralSearch.hpp"
 
-#include <gtest/gtest.h>
-
 #include <sstream>
-#include <string>
 
 using namespace VelmoCloudEntity;
 
