@@ -1,5 +1,6 @@
 // What a client learns of a reply: its error, a document of another kind, what filling ignores.
 #include "RecordTesting.hpp"
+#include "Sample.hpp"
 
 #include <VelmoCloudEntity/catalogue/FontTagList.hpp>
 #include <VelmoCloudEntity/client/ClientOperaItem.hpp>
@@ -88,6 +89,10 @@ TEST(Explain, NamesEachReasonOnceForAllValues) {
               "Id: ClientOperaItem.Id takes an Int, not a String: \"x\"\n0 used, 1 ignored");
     EXPECT_EQ(explained(explain<ClientOperaItem>(JSON::parse(R"({"PlatformId":2})"))),
               "PlatformId: ClientOperaItem.PlatformId cannot be set: 2\n0 used, 1 ignored");
+    EXPECT_EQ(explained(explain<Sample>(JSON::parse(R"({"Single":[{"Int":1}],"Samples":{}})"))),
+              R"(Single: Sample.Single takes a Sample, not an array: [{"Int":1}]
+Samples: Sample.Samples takes an array of Sample, not an object: {}
+0 used, 2 ignored)");
     EXPECT_EQ(explain<FontList>(JSON::parse(R"([{"x":1},{"x":1},{"x":1}])"), 2).ignored, 2U);
 }
 
