@@ -4,6 +4,8 @@
 #include "RecordTesting.hpp"
 #include "Sample.hpp"
 
+#include <PerchAppLibrary/record/internal/RecordWriter.hpp>
+
 using namespace PerchAppLibrary;
 using namespace VelmoCloudEntity;
 
@@ -123,9 +125,13 @@ TEST(BaseEntity, ExportsWhateverASetterWasGiven) {
     font->setProductName("a\xFF\xC3(");
     font->setTags({std::numeric_limits<std::int64_t>::min(), -1});
     font->setWeight(std::numeric_limits<float>::infinity());
+    font->setChildren({nullptr});
     EXPECT_EQ(changed(font),
-              "{\"ProductName\":\"a\uFFFD\uFFFD(\",\"Tags\":[-9223372036854775808,-1],"
-              "\"Weight\":null}");
+              "{\"UserOrdinal\":2,\"ProductName\":\"a\uFFFD\uFFFD(\","
+              "\"Tags\":[-9223372036854775808,-1],\"Children\":[null],\"Weight\":null}");
+    std::string written = "{";
+    font->schema().writer().write(*font, written);
+    EXPECT_EQ(written + "}", toText(font->properties()));
 }
 
 TEST(BaseEntity, ClearsTheExceptionAndNothingElse) {
