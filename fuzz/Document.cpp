@@ -20,6 +20,10 @@ const std::vector<std::string> texts = split(
     R"(a -12 007 1.5 1e-999 true FALSE +1 9223372036854775808 宋 é 😀 \u5b8b \ud83d\ude00 \ud800
     \udfffx \u0000 \"\\\/\b\f\n\r\t a-text-that-is-long-enough-to-be-allocated)");
 
+const std::vector<std::string> brokenValues = split(
+    R"(truex tru nul - 00 -01 1. .5 1e 1e+ +1 0x1 1"x" "x"1 "\x" "\u12" " [1,] [,1] [1 {"a":1,} {1:2}
+    {"\q":1})");
+
 void appendText(std::string& document, Input& input) {
     document += '"';
     for (std::size_t parts = input.below(3); parts > 0; --parts)
@@ -91,7 +95,10 @@ std::string makeDocument(Input& input, const std::vector<std::string_view>& keys
     const std::size_t place = input.below(text.size());
     if (input.oneIn(16))
         text.resize(place);
-    else if (input.oneIn(3)) {
+    else if (input.oneIn(8)) {
+        const std::size_t begin = text.find_first_of(":[", place) + 1;
+        text.replace(begin, text.find_first_of(",]}", begin) - begin, input.pick(brokenValues));
+    } else if (input.oneIn(3)) {
         using namespace std::string_view_literals;
         constexpr std::string_view others =
             " \n\0\"\\{}[]:,0-.eE+u\x1F\x80\xBF\xC0\xE5\xED\xF4\xFF/a"sv;

@@ -11,5 +11,5 @@
 std::string makeObject(Input& input, const std::vector<std::string_view>& keys);
 
 /// Returns the bytes as they are if the first byte is ASCII, otherwise an array of such objects, in
-/// which a byte may be wrong, or which may be cut off.
+/// which a value or byte may be wrong, or which may be cut off.
 std::string makeDocument(Input& input, const std::vector<std::string_view>& keys);

@@ -4,39 +4,14 @@
 
 #include <tests/Sample.hpp>
 
-#include <VelmoCloudEntity/account/EsUserItem.hpp>
-#include <VelmoCloudEntity/account/PhoneNumberPrefixList.hpp>
-#include <VelmoCloudEntity/account/SmsTokenItem.hpp>
-#include <VelmoCloudEntity/account/UserFontActivateMapItem.hpp>
-#include <VelmoCloudEntity/account/UserFontFavoriteMapItem.hpp>
-#include <VelmoCloudEntity/account/UserFontGroupMapItem.hpp>
-#include <VelmoCloudEntity/account/UserItem.hpp>
-#include <VelmoCloudEntity/catalogue/FontApplyItem.hpp>
-#include <VelmoCloudEntity/catalogue/FontCollectionList.hpp>
-#include <VelmoCloudEntity/catalogue/FontImageItem.hpp>
-#include <VelmoCloudEntity/catalogue/FontSearchList.hpp>
-#include <VelmoCloudEntity/catalogue/FontTagList.hpp>
-#include <VelmoCloudEntity/catalogue/FontUploadItem.hpp>
-#include <VelmoCloudEntity/catalogue/WebFontItem.hpp>
-#include <VelmoCloudEntity/catalogue/ZRFontEffectEntity.hpp>
-#include <VelmoCloudEntity/client/ClientOperaItem.hpp>
-#include <VelmoCloudEntity/client/ClientStartupNoticeItem.hpp>
-#include <VelmoCloudEntity/client/ClientVersionItem.hpp>
-#include <VelmoCloudEntity/client/ConfigItem.hpp>
-#include <VelmoCloudEntity/client/ZRMessageBubbleItem.hpp>
-#include <VelmoCloudEntity/entity/UrlList.hpp>
-#include <VelmoCloudEntity/font/FontList.hpp>
+#include <tools/velmo/RecordTypes.hpp>
 
-#include <PerchAppLibrary/json/Dictionary.hpp>
-#include <PerchAppLibrary/record/RecordSchema.hpp>
 #include <PerchAppLibrary/record/explain.hpp>
 
-#include <array>
 #include <set>
-#include <sstream>
 
 using namespace PerchAppLibrary;
-using namespace VelmoCloudEntity;
+using velmo::RecordType;
 
 namespace {
 
@@ -76,30 +51,9 @@ std::vector<Place> placesIn(const std::string& text) {
     return places;
 }
 
-/// Returns the properties of what T is filled from the document.
-template <class T>
-std::string filled(const JSON& document) {
-    if constexpr (!std::derived_from<T, BaseEntity>) {
-        std::string text;
-        for (const auto& record : T(document))
-            text += toText(record->properties()) + "\n";
-        return text;
-    } else if constexpr (requires { T::create(document); }) {
-        return toText(T::create(document)->properties());
-    } else {
-        T record;
-        record.setValue(document);
-        return toText(record.properties());
-    }
-}
-
-template <class T>
 class Check {
 public:
-    explicit Check(std::string text) : m_text(std::move(text)), m_document(JSON::parse(m_text)) {
-        m_explanation = explain<T>(m_document);
-        m_filled = filled<T>(m_document);
-    }
+    Check(const RecordType& type, std::string text) : m_type(type), m_text(std::move(text)) {}
 
     void run() const {
         std::size_t count = 0;
@@ -128,6 +82,15 @@ private:
         return std::string(m_text).replace(place.begin, place.end - place.begin, value);
     }
 
+    Explanation explained(const std::string& text) const {
+        return explain(JSON::parse(text), m_type.schema(), !m_type.item.empty());
+    }
+
+    /// Returns the properties of what is filled from the text.
+    std::string filled(const std::string& text) const {
+        return toText(m_type.read(JSON::parse(text)));
+    }
+
     /// Returns what the explanation calls this value of a text, from what changes in the numbers
     /// without it. A null stands for a missing member, and an empty object for an element.
     static Use useOf(const Explanation& with, const Explanation& without) {
@@ -140,8 +103,7 @@ private:
 
     /// Returns whether the value is counted.
     bool checkPlace(const Place& place) const {
-        const Explanation without =
-            explain<T>(JSON::parse(with(place, place.isElement ? "{}" : "null")));
+        const Explanation without = explained(with(place, place.isElement ? "{}" : "null"));
         const Use use = useOf(m_explanation, without);
         if (use == Use::neither)
             return false;
@@ -149,12 +111,10 @@ private:
         for (const std::string_view value : {"7", "-7.5", "\"z\"", "\"5\"", "true", "false", "[]",
                                              "{}", "[7]", "[\"z\"]", "[[]]", "{\"z\":7}"}) {
             const std::string text = with(place, value);
-            const JSON changed = JSON::parse(text);
-            const std::string record = filled<T>(changed);
+            const std::string record = filled(text);
             // In an array or object with content, the content may be what is ignored.
             const bool isWhole = value.size() == 2 || value.find_first_of("[{") != 0;
-            if (use == Use::ignored && isWhole &&
-                useOf(explain<T>(changed), without) == Use::ignored)
+            if (use == Use::ignored && isWhole && useOf(explained(text), without) == Use::ignored)
                 requireEqual(record, m_filled, "ignored in\n" + m_text + "\nand\n" + text);
             isChanged = isChanged || record != m_filled;
         }
@@ -164,10 +124,10 @@ private:
         return true;
     }
 
+    const RecordType& m_type;
     std::string m_text;
-    JSON m_document;
-    Explanation m_explanation;
-    std::string m_filled;
+    Explanation m_explanation = explained(m_text);
+    std::string m_filled = filled(m_text);
 };
 
 /// Adds the names of the properties of a class, and of the records in it.
@@ -178,51 +138,30 @@ void addNames(const RecordSchema& schema, std::set<std::string_view>& names) {
                 addNames(records->schema(), names);
 }
 
-template <class T>
-void check(Input& input) {
-    static const std::vector<std::string_view> keys = [] {
-        std::set<std::string_view> names{"unknown"};
-        if constexpr (std::derived_from<T, BaseEntity>)
-            addNames(RecordAccess::schema<T>(), names);
-        else
-            addNames(RecordAccess::schema<typename T::value_type::element_type>(), names);
-        return std::vector<std::string_view>(names.begin(), names.end());
+/// Of all types, and often of the sample, which has properties of each kind.
+const std::vector<RecordType>& types() {
+    static const std::vector<RecordType> all = [] {
+        const auto read = [](const JSON& json) {
+            return Value(Sample::create(json)->properties());
+        };
+        std::vector<RecordType> types = velmo::recordTypes();
+        types.insert(types.end(), 10, {"Sample", "", read, &RecordAccess::schema<Sample>, nullptr});
+        return types;
     }();
-    std::string text = makeObject(input, keys);
-    if constexpr (!std::derived_from<T, BaseEntity>)
-        text = "[" + text + "," + makeObject(input, keys) + "]";
-    Check<T>(std::move(text)).run();
+    return all;
 }
 
 } // namespace
 
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     Input input(data, size);
-    constexpr std::array checks{check<FontItem>,
-                                check<FontList>,
-                                check<Sample>,
-                                check<SampleList>,
-                                check<FontTagList>,
-                                check<FontCollectionList>,
-                                check<FontSearchList>,
-                                check<PhoneNumberPrefixList>,
-                                check<UrlList>,
-                                check<ClientOperaItem>,
-                                check<ClientStartupNoticeItem>,
-                                check<ClientVersionItem>,
-                                check<ConfigItem>,
-                                check<EsUserItem>,
-                                check<FontApplyItem>,
-                                check<FontImageItem>,
-                                check<FontUploadItem>,
-                                check<SmsTokenItem>,
-                                check<UserFontActivateMapItem>,
-                                check<UserFontFavoriteMapItem>,
-                                check<UserFontGroupMapItem>,
-                                check<UserItem>,
-                                check<WebFontItem>,
-                                check<ZRFontEffectEntity>,
-                                check<ZRMessageBubbleItem>};
-    input.pick(checks)(input);
+    const RecordType& type = input.pick(types());
+    std::set<std::string_view> names{"unknown"};
+    addNames(type.schema(), names);
+    const std::vector<std::string_view> keys(names.begin(), names.end());
+    std::string text = makeObject(input, keys);
+    if (!type.item.empty())
+        text = "[" + text + "," + makeObject(input, keys) + "]";
+    Check(type, std::move(text)).run();
     return 0;
 }

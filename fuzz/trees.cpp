@@ -42,6 +42,10 @@ struct ClientFont : FontItem {
     std::int64_t Id() const override { return Base::Id() ^ 1; }
     bool IsPrivate() const override { return !Base::IsPrivate(); }
     bool IsAuthed() const override { return !Base::IsAuthed(); }
+    bool isActivated() const override { return !Base::isActivated(); }
+    void setIsActivated(bool flag) override { Base::setIsActivated(!flag); }
+    bool IsFavorited() const override { return !Base::IsFavorited(); }
+    void setIsFavorited(bool flag) override { Base::setIsFavorited(!flag); }
     bool IsGroup() const override { return !Base::IsGroup(); }
     const std::vector<std::int64_t>& Tags() const override { return tags; }
     const Fonts& Children() const override { return members; }

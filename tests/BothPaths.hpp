@@ -17,8 +17,12 @@
 /// message of the ParseError.
 template <class List>
 struct BothPaths {
-    static std::string directly(const std::string& text,
-                                const PerchAppLibrary::JSON::Limits& limits = {}) {
+    using JSON = PerchAppLibrary::JSON;
+    using Elements = VelmoCloudEntity::Elements;
+    template <class Item, Elements which>
+    using Range = VelmoCloudEntity::RecordRange<List, Item, which>;
+
+    static std::string directly(const std::string& text, const JSON::Limits& limits = {}) {
         return outcome([&] { return List::parse(text, limits); });
     }
     /// Like directly(), but in windows of few bytes, and without a document: returns nullopt
@@ -32,9 +36,8 @@ struct BothPaths {
 #endif
         return std::nullopt;
     }
-    static std::string byDocument(const std::string& text,
-                                  const PerchAppLibrary::JSON::Limits& limits = {}) {
-        return outcome([&] { return List(PerchAppLibrary::JSON::parse(text, limits)); });
+    static std::string byDocument(const std::string& text, const JSON::Limits& limits = {}) {
+        return outcome([&] { return List(JSON::parse(text, limits)); });
     }
     /// Like byDocument(), but the records are of a subclass, so each property is set in its turn.
     static std::string bySetters(const std::string& text) {
@@ -42,26 +45,23 @@ struct BothPaths {
     }
 
 private:
-    template <class Item, VelmoCloudEntity::Elements which>
-    static auto recordsBySetters(const std::string& text,
-                                 const VelmoCloudEntity::RecordRange<List, Item, which>&) {
+    template <class Item, Elements which>
+    static auto recordsBySetters(const std::string& text, const Range<Item, which>&) {
         struct Overriding : Item {
             void setId(std::int64_t id) override { Item::setId(id); }
         };
-        return VelmoCloudEntity::makeRecords<Overriding>(PerchAppLibrary::JSON::parse(text), which);
+        return VelmoCloudEntity::makeRecords<Overriding>(JSON::parse(text), which);
     }
 
 #ifdef PERCH_DIRECT_READING
-    template <class Item, VelmoCloudEntity::Elements which>
-    static VelmoCloudEntity::Records<Item>
-    recordsInWindows(std::string text, const VelmoCloudEntity::RecordRange<List, Item, which>&) {
+    template <class Item, Elements which>
+    static auto recordsInWindows(std::string text, const Range<Item, which>&) {
         const std::size_t size = text.size();
         text.append(simdjson::SIMDJSON_PADDING, ' ');
         PerchAppLibrary::TokenSource source(std::string_view(text).substr(0, size), {}, 32);
         const auto root = source.root();
         PerchAppLibrary::RecordsSink<Item> sink;
-        PerchAppLibrary::RecordFiller(source).readInto(
-            sink, root, which == VelmoCloudEntity::Elements::objects);
+        PerchAppLibrary::RecordFiller(source).readInto(sink, root, which == Elements::objects);
         source.finish(root);
         return std::move(sink.records);
     }

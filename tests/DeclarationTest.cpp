@@ -1,8 +1,10 @@
-// Tests what the declaration of a record class does, mostly for an application's own classes.
-#include <VelmoCloudEntity/account/UserItem.hpp>
+// Tests what the declaration of a record class does, for an application's own classes.
 #include <VelmoCloudEntity/entity/UrlItem.hpp>
 
 #include "RecordTesting.hpp"
+#include "Sample.hpp"
+
+#include <PerchAppLibrary/record/internal/RecordWriter.hpp>
 
 using namespace PerchAppLibrary;
 using namespace VelmoCloudEntity;
@@ -14,15 +16,28 @@ namespace {
     "-Winconsistent-missing-override" // of the property that is declared again
 #endif
 
-/// A client's font with properties of its own, one of them of a base's name and one computed.
+/// A client's font with properties of its own, one of them of a base's name, with defaults in
+/// braces and with each kind of computed property.
 class StarredFont : public FontItem {
     PERCH_RECORD(StarredFont, FontItem);
 
     PERCH_PROPERTY(std::int64_t, Stars, 3);
     PERCH_PROPERTY_SET_BY(std::string, note_text, setNote_text, "none");
     PERCH_PROPERTY(float, Weight, 400.5F);
-    PERCH_COMPUTED(std::string, Badge);
     PERCH_PROPERTY(std::string, Token, "again");
+    PERCH_PROPERTY(std::vector<std::string>, One, {"en"});
+    PERCH_PROPERTY(std::vector<std::string>, Two, {"en", "de"});
+    PERCH_PROPERTY(std::vector<std::int64_t>, Numbers, {3, 4});
+    PERCH_COMPUTED(std::string, Badge);
+    PERCH_COMPUTED(int, Int);
+    PERCH_COMPUTED(std::uint64_t, Large);
+    PERCH_COMPUTED(double, Real);
+    PERCH_COMPUTED(std::optional<std::int64_t>, Some);
+    PERCH_COMPUTED(std::optional<double>, None);
+    PERCH_COMPUTED(std::vector<std::optional<float>>, Floats);
+    PERCH_COMPUTED(std::vector<bool>, Flags);
+    PERCH_COMPUTED(std::vector<Dictionary>, Dicts);
+    PERCH_COMPUTED(Records<FontItem>, Fonts);
 
     PERCH_RECORD_END;
 
@@ -41,14 +56,34 @@ PERCH_RECORD_SCHEMA(StarredFont);
 std::string StarredFont::Badge() const {
     return ProductName() + std::string(static_cast<std::size_t>(Stars()), '*');
 }
+int StarredFont::Int() const { return -1; }
+std::uint64_t StarredFont::Large() const { return std::numeric_limits<std::uint64_t>::max(); }
+double StarredFont::Real() const { return 0.1; }
+std::optional<std::int64_t> StarredFont::Some() const { return 5; }
+std::optional<double> StarredFont::None() const { return std::nullopt; }
+std::vector<std::optional<float>> StarredFont::Floats() const { return {0.1F, std::nullopt}; }
+std::vector<bool> StarredFont::Flags() const { return {true, false}; }
+std::vector<Dictionary> StarredFont::Dicts() const { return {{{"a", 1}}, {}}; }
+Records<FontItem> StarredFont::Fonts() const { return {nullptr}; }
 
 TEST(BaseEntity, ReadsAnyPropertyByName) {
-    const auto font =
-        StarredFont::create(JSON::parse(R"({"ProductName":"A","Stars":2,"Tags":[4,7],"Id":9})"));
-    const std::pair<const char*, const char*> expected[] = {
-        {"Id", "9"},           {"Stars", "2"},        {"Tags", "[4,7]"},
-        {"Badge", R"("A**")"}, {"Weight", "4.005E2"}, {"note_text", R"("none")"},
-        {"Children", "[]"},    {"IsOnline", "false"}, {"DisplayName", R"("A")"}};
+    const auto font = StarredFont::create(JSON::parse(R"({"ProductName":"A","Stars":2})"));
+    const std::pair<const char*, const char*> expected[] = {{"Stars", "2"},
+                                                            {"Badge", R"("A**")"},
+                                                            {"Weight", "4.005E2"},
+                                                            {"One", R"(["en"])"},
+                                                            {"Two", R"(["en","de"])"},
+                                                            {"Numbers", "[3,4]"},
+                                                            {"Int", "-1"},
+                                                            {"Large", "18446744073709551615"},
+                                                            {"Real", "1E-1"},
+                                                            {"Some", "5"},
+                                                            {"None", "null"},
+                                                            {"Floats", "[1E-1,null]"},
+                                                            {"Flags", "[true,false]"},
+                                                            {"Dicts", R"([{"a":1},{}])"},
+                                                            {"Fonts", "[null]"},
+                                                            {"DisplayName", R"("A")"}};
     for (const auto& [name, text] : expected)
         EXPECT_EQ(toText(font->value(name)), text) << name;
     EXPECT_EQ(font->value("Dict"), Value(font->Dict()));
@@ -70,9 +105,10 @@ TEST(BaseEntity, TakesAClientsOwnProperties) {
     std::string names;
     for (const auto& [name, value] : font->Dict())
         names.append(name).append(" ");
-    EXPECT_TRUE(names.ends_with(" Stars note_text Weight Token Children ")) << names;
+    EXPECT_TRUE(names.ends_with(" Stars note_text Weight Token One Two Numbers Children "))
+        << names;
     EXPECT_EQ(names.find("Token"), names.rfind("Token")) << "of two of a name, the class's own";
-    EXPECT_EQ(font->schema().ownProperties().size(), 5U);
+    EXPECT_EQ(font->schema().ownProperties().front().name, "Stars");
     EXPECT_EQ(toText(font->Dict().at("Copyright")), R"("none")") << "by its overridden accessor";
     // An override in a class that declares properties sees those before it, and no later ones.
     for (const char* const json : {R"({"Version":"1.","Token":"t","Stars":5})",
@@ -89,9 +125,13 @@ TEST(BaseEntity, ExportsWhateverASetterWasGiven) {
     font->setProductName("a\xFF\xC3(");
     font->setTags({std::numeric_limits<std::int64_t>::min(), -1});
     font->setWeight(std::numeric_limits<float>::infinity());
+    font->setChildren({nullptr});
     EXPECT_EQ(changed(font),
-              "{\"ProductName\":\"a\uFFFD\uFFFD(\",\"Tags\":[-9223372036854775808,-1],"
-              "\"Weight\":null}");
+              "{\"UserOrdinal\":2,\"ProductName\":\"a\uFFFD\uFFFD(\","
+              "\"Tags\":[-9223372036854775808,-1],\"Children\":[null],\"Weight\":null}");
+    std::string written = "{";
+    font->schema().writer().write(*font, written);
+    EXPECT_EQ(written + "}", toText(font->properties()));
 }
 
 TEST(BaseEntity, ClearsTheExceptionAndNothingElse) {
@@ -113,31 +153,17 @@ TEST(BaseEntityDeathTest, EndsTheProcessOverAnExclusionThatIsNoStoredProperty) {
 /// usual.
 class NotedFont : public FontItem {
     PERCH_RECORD(NotedFont, FontItem);
-
     PERCH_PROPERTY(Rare<std::string>, Note);
     PERCH_PROPERTY(Near<bool>, IsMine);
-
     PERCH_RECORD_END;
 };
 PERCH_RECORD_SCHEMA(NotedFont);
 
 class WideFont : public NotedFont {
     PERCH_RECORD(WideFont, NotedFont);
-
-    PERCH_PROPERTY(std::int64_t, A);
-    PERCH_PROPERTY(std::int64_t, B);
     PERCH_PROPERTY(Near<bool>, IsYours);
-    PERCH_PROPERTY(std::int64_t, C);
-    PERCH_PROPERTY(std::int64_t, D);
-    PERCH_PROPERTY(std::int64_t, E);
-    PERCH_PROPERTY(std::int64_t, F);
-    PERCH_PROPERTY(std::int64_t, G);
-    PERCH_PROPERTY(std::int64_t, H);
     PERCH_PROPERTY(Rare<std::string>, SecondNote);
-    PERCH_PROPERTY(std::int64_t, I);
-    PERCH_PROPERTY(std::int64_t, J);
-    PERCH_PROPERTY(std::int64_t, K);
-
+    PERCH_PROPERTY(std::int64_t, Last);
     PERCH_RECORD_END;
 };
 PERCH_RECORD_SCHEMA(WideFont);
@@ -155,152 +181,54 @@ TEST(Declaration, KeepsSparseTextsAndFlagsOfAllClassesApart) {
 
 TEST(Declaration, FillsAClassOfManyProperties) {
     ASSERT_GT(WideFont::create()->schema().properties().size(), 64U);
-    const std::string text = R"({"K":1,"A":2,"Id":3,"J":4,"K":5,"B":6,"B":"x","Children":[{}]})";
+    const std::string text = R"({"Last":1,"Note":"a","Id":3,"IsYours":true,"Last":5,"Ordinal":6,
+        "Ordinal":"x","Note":"b","Children":[{}]})";
     // The keys of the second object are guessed from the first.
     for (const auto& font : makeRecords<WideFont>(JSON::parse("[" + text + "," + text + "]"))) {
         EXPECT_EQ(font->Children().size(), 1U);
         font->setChildren({});
-        EXPECT_EQ(changed(font), R"({"Id":3,"A":2,"J":4,"K":5})");
+        EXPECT_EQ(changed(font), R"({"Id":3,"Note":"b","IsYours":true,"Last":5})");
     }
 }
 
-/// A client's record with arrays of records of its own class and of one of the library's, and with
-/// names that the library has as well.
-class Album : public BaseEntity {
-    PERCH_RECORD(Album, BaseEntity);
-
-    PERCH_PROPERTY(Records<FontItem>, Fonts);
-    PERCH_PROPERTY(std::string, Value);
-    PERCH_PROPERTY(Records<Album>, Parts);
-    PERCH_CONSTANT(bool, IsShared, true);
-
-    PERCH_RECORD_END;
-
-public:
-    /// The values and, of fonts, the Ids: Value(fonts;parts).
-    std::string outline() const {
-        std::string text = Value() + "(";
-        for (const auto& font : Fonts())
-            text += std::to_string(font->Id());
-        text += ";";
-        for (const auto& part : Parts())
-            text += part->outline();
-        return text + ")";
-    }
-    void changed(const std::string&) = delete; // the library has names of its own
-    void stored(const std::string&) = delete;
-    void make() = delete;
-};
-PERCH_RECORD_SCHEMA(Album);
-
-/// Defaults in braces, and what a computed property may be.
-class Defaults : public BaseEntity {
-    PERCH_RECORD(Defaults, BaseEntity);
-
-    PERCH_PROPERTY(std::vector<std::string>, One, {"en"});
-    PERCH_PROPERTY(std::vector<std::string>, Two, {"en", "de"});
-    PERCH_PROPERTY(std::vector<std::string>, Three, {"en", "de", "fr"});
-    PERCH_PROPERTY(std::vector<std::int64_t>, Numbers, {3, 4});
-    PERCH_PROPERTY(std::int64_t, Watched);
-    PERCH_COMPUTED(int, Int);
-    PERCH_COMPUTED(std::uint64_t, Large);
-    PERCH_COMPUTED(double, Real);
-    PERCH_COMPUTED(std::optional<std::int64_t>, Some);
-    PERCH_COMPUTED(std::optional<double>, None);
-    PERCH_COMPUTED(std::vector<std::optional<float>>, Floats);
-    PERCH_COMPUTED(Records<FontItem>, Fonts);
-
-    PERCH_RECORD_END;
-    PERCH_ON_CHANGE(count, Watched);
-
-public:
-    int changes = 0;
-
-private:
-    void count() noexcept { ++changes; }
-};
-PERCH_RECORD_SCHEMA(Defaults);
-int Defaults::Int() const { return -1; }
-std::uint64_t Defaults::Large() const { return std::numeric_limits<std::uint64_t>::max(); }
-double Defaults::Real() const { return 0.1; }
-std::optional<std::int64_t> Defaults::Some() const { return 5; }
-std::optional<double> Defaults::None() const { return std::nullopt; }
-std::vector<std::optional<float>> Defaults::Floats() const { return {0.1F, std::nullopt}; }
-Records<FontItem> Defaults::Fonts() const { return {nullptr}; }
-
-/// Declares a property of its base again. A change of it has an effect on the base.
-class Redeclared : public Defaults {
-    PERCH_RECORD(Redeclared, Defaults);
-
-    PERCH_PROPERTY(std::int64_t, Watched);
-    PERCH_PROPERTY(std::int64_t, Other);
-
-    PERCH_RECORD_END;
-    PERCH_ON_CHANGE(countOther, Other);
-
-public:
-    int otherChanges = 0;
-
-private:
-    void countOther() noexcept { ++otherChanges; }
-};
-PERCH_RECORD_SCHEMA(Redeclared);
-
-TEST(Declaration, TakesDefaultsAsTheyAreWritten) {
-    EXPECT_EQ(toText(Defaults::create()->value("One")), R"(["en"])");
-    EXPECT_EQ(toText(Defaults::create()->value("Two")), R"(["en","de"])");
-    EXPECT_EQ(toText(Defaults::create()->value("Three")), R"(["en","de","fr"])");
-    EXPECT_EQ(toText(Defaults::create()->value("Numbers")), "[3,4]");
+/// Returns the texts and the records in them: String(samples).
+std::string outline(const Sample& sample) {
+    std::string text = sample.String() + "(";
+    for (const auto& each : sample.Samples())
+        text += outline(*each);
+    return text + ")";
 }
 
-TEST(Declaration, ReadsComputedPropertiesOfAnyKindByName) {
-    const std::pair<const char*, const char*> expected[] = {
-        {"Int", "-1"},    {"Large", "18446744073709551615"}, {"Real", "1E-1"},   {"Some", "5"},
-        {"None", "null"}, {"Floats", "[1E-1,null]"},         {"Fonts", "[null]"}};
-    for (const auto& [name, text] : expected)
-        EXPECT_EQ(toText(Defaults::create()->value(name)), text) << name;
+TEST(Declaration, FillsArraysOfRecordsAsSetValueOfTheClassDoes) {
+    const auto sample = Sample::parse(R"({"Samples":[{"String":"a","Samples":[{"String":"b"},7]},
+        {"String":"c"}],"String":"t"})");
+    EXPECT_EQ(outline(*sample), "t(a(b()kept())c())");
+    sample->setValue(JSON::parse(R"({"Samples":[{}]})"));
+    EXPECT_EQ(outline(*sample), "t(kept())") << "an array holds what the last document has";
+    sample->setValue(JSON::parse(R"({"Samples":[],"String":"u"})"), Excluded());
+    EXPECT_EQ(outline(*sample), "u(kept())") << "the mapping alone leaves arrays as they are";
+    sample->setValue(JSON::parse(R"({"Constant":8,"Samples":7})"));
+    EXPECT_EQ(outline(*sample), "u()");
+    EXPECT_EQ(sample->properties().at("Constant"), Value(7));
 }
 
-TEST(Declaration, KeepsTheEffectOfAPropertyThatASubclassDeclaresAgain) {
-    const auto record = Redeclared::create();
-    record->setWatched(1);
-    EXPECT_EQ(record->changes, 1);
-    record->setOther(1);
-    EXPECT_EQ(record->otherChanges, 1);
-    EXPECT_EQ(record->changes, 1);
-}
-
-TEST(Declaration, FillsArraysOfRecordsFromTheirDeclaration) {
-    const auto album = Album::parse(R"({"Fonts":[{"Id":1},7],"Value":"t",
-        "Parts":[{"Value":"a","Parts":[{"Value":"b","Fonts":[{"Id":2}]}]},{"Value":"c"}]})");
-    EXPECT_EQ(album->outline(), "t(10;a(;b(2;))c(;))");
-    album->setValue(JSON::parse(R"({"Fonts":[{"Id":3}],"Parts":"x"})"));
-    EXPECT_EQ(album->outline(), "t(3;)") << "an array holds what the last document has";
-    album->setValue(JSON::parse(R"({"Fonts":[],"Value":"u"})"), Excluded());
-    EXPECT_EQ(album->outline(), "u(3;)") << "the mapping alone leaves arrays as they are";
-    album->setValue(JSON::parse(R"({"IsShared":false})"));
-    album->setValue(std::string("v"));
-    EXPECT_EQ(album->outline(), "v(;)");
-    EXPECT_EQ(album->properties().at("IsShared"), Value(true)) << "a constant";
-}
-
-TEST(Declaration, FillsArraysAfterAllOtherPropertiesAndExcludesThemFromTheMapping) {
-    struct WatchedAlbum : Album {
-        using Album::fill;
-        using Album::setValue;
+TEST(Declaration, FillsArraysLastAndExcludesThemFromTheMapping) {
+    struct Watched : Sample {
+        using Sample::fill;
+        using Sample::setValue;
         void setValue(const JSON& json, Excluded excluded) override {
             for (const std::string& key : excluded.keys())
                 keys += key + " ";
-            Album::setValue(json, std::move(excluded));
+            Sample::setValue(json, std::move(excluded));
         }
-        void setFonts(Records<FontItem>) override { setGuid(Value()); }
+        void setSamples(Records<Sample>) override { setGuid(String()); }
         std::string keys;
     };
-    const auto album = Album::parse<WatchedAlbum>(R"({"Fonts":[{}],"Value":"set before"})");
-    EXPECT_EQ(album->keys + album->Guid(), "Fonts Parts set before");
-    album->fill(JSON(), Excluded{"Value"});
-    EXPECT_EQ(album->keys, "Fonts Parts Value Fonts Parts ");
-    EXPECT_EQ(makeRecords<WatchedAlbum>(JSON::parse("[{}]")).at(0)->keys, "Fonts Parts ");
+    const auto sample = Sample::parse<Watched>(R"({"Samples":[{}],"String":"set before"})");
+    EXPECT_EQ(sample->keys + sample->Guid(), "Samples Single set before");
+    sample->fill(JSON(), Excluded{"Value"});
+    EXPECT_EQ(sample->keys, "Samples Single Value Samples Single ");
+    EXPECT_EQ(makeRecords<Watched>(JSON::parse("[{}]")).at(0)->keys, "Samples Single ");
 }
 
 TEST(Declaration, EmptiesAnArrayWhoseGetterIsOverridden) {
@@ -314,11 +242,19 @@ TEST(Declaration, EmptiesAnArrayWhoseGetterIsOverridden) {
     EXPECT_EQ(font->FontItem::Children().size(), 0U);
 }
 
-TEST(Declaration, MakesTheElementsOfAnArrayByTheirOwnCreate) {
+TEST(Declaration, MakesElementsAsTheirClassDecides) {
     struct Stamped : FontItem {
         static std::shared_ptr<Stamped> create(const JSON&) { return nullptr; }
     };
     EXPECT_EQ(makeRecords<Stamped>(JSON::parse("[{}]")), Records<Stamped>{nullptr});
+    struct Doubled : FontItem {
+        using FontItem::setValue;
+        void setValue(const JSON& json) override {
+            FontItem::setValue(json);
+            setId(2 * Id());
+        }
+    };
+    EXPECT_EQ(makeRecords<Doubled>(JSON::parse(R"([{"Id":2}])"))[0]->Id(), 4);
 }
 
 TEST(Declaration, FillsTheDeepestDocument) { // run again with a small stack

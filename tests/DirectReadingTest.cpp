@@ -1,17 +1,9 @@
 // Reading a list wrapper straight from a text gives what the document gives.
 #include "BothPaths.hpp"
+#include "RecordTesting.hpp"
 #include "Sample.hpp"
 
 #include <VelmoCloudEntity/account/UserFontMap.hpp>
-#include <VelmoCloudEntity/font/FontList.hpp>
-
-#include <PerchAppLibrary/record/RecordSchema.hpp>
-
-#include <gtest/gtest.h>
-
-#include <sstream>
-#include <string>
-#include <vector>
 
 using namespace VelmoCloudEntity;
 using PerchAppLibrary::JSON;
@@ -56,36 +48,6 @@ TEST(DirectReading, AgreesOnEachTruncationAndEachFlippedBit) {
     }
 }
 
-/// Returns values, sound and broken ones.
-std::vector<std::string> manyValues() {
-    std::istringstream text(
-        "null|true|false|truex|tru|nul|"
-        "0|-0|-|00|-01|1.|.5|1.5|1e3|1e|1e+|-1E-2|1e999|-1e-999|+1|0x1|1 2|"
-        "123456789012345678|1234567890123456789|9223372036854775807|9223372036854775808|"
-        "-9223372036854775808|18446744073709551616|1\"x\"|"
-        "\"x\"1|\"\"|\"12\"|\"1.0\"|\"TRUE\"|\"\\u0000\\n\\\"\"|\"\\x\"|\"\\u12\"|\"\\ud800\"|"
-        "\"\\udc00\\ud800\"|\"\xC0\"|\"\x01\"|\"|"
-        "[]|[1,2]|[1,]|[,1]|[1|[1,\"2\",3.0]|[[1]]|{}|{\"a\":1}|{\"a\":1,}|{1:2}|{\"\\q\":1}");
-    std::vector<std::string> values;
-    for (std::string value; std::getline(text, value, '|');)
-        values.push_back(value);
-    return values;
-}
-
-TEST(DirectReading, AgreesOnEachValueInEachPlace) {
-    for (const std::string& value : manyValues()) {
-        for (const std::string place : {"$", "[$,{}]", R"([{"$":1}])", R"([{"Id":1 $}])"})
-            expectEqual(std::string(place).replace(place.find('$'), 1, value));
-        for (const auto& property : Sample().schema().properties()) {
-            const std::string member = "\"" + std::string(property.name) + "\":";
-            const std::string last = member + value;
-            expectEqual<SampleList>("[{" + last + ",\"Int\":1}]");
-            expectEqual<SampleList>("[{" + member + "true," + last + "},{" + last + "," + member +
-                                    "[{\"a\":[1]}]}]");
-        }
-    }
-}
-
 TEST(DirectReading, AgreesAtEachDepth) {
     for (const std::string key : {"Children", "x"})
         for (const std::size_t depth : {31U, 32U, 33U, 64U, 65U, 512U, 513U}) {
@@ -107,12 +69,6 @@ TEST(DirectReading, AgreesOnEachLimit) {
             const std::string expected = BothPaths<FontList>::byDocument(text, limits);
             EXPECT_EQ(BothPaths<FontList>::directly(text, limits), expected) << limit;
         }
-    try {
-        (void)FontList::parse(text, {.elements = 6});
-        ADD_FAILURE();
-    } catch (const JSON::ParseError& excess) { // at the comma before the third of Tags
-        EXPECT_STREQ(excess.what(), "line 2, column 15: more than 6 elements");
-    }
 }
 
 /// A class in which another nests two levels, so that records of both have even depths.
@@ -127,33 +83,6 @@ TEST(DirectReading, KeepsTheOrdersOfKeysOfNestedClassesApart) {
     for (const std::string key : {"FontList", R"(\u0046ontList)", R"(F\u006fntLis\u0074)", "x"})
         text += R"({"UserGuid":"1",")" + key + '"' + fonts + R"(,"UserGuid":"2"},)";
     expectEqual<MapList>(text + "{}]");
-}
-
-/// A class that decides how it is filled.
-class Doubled : public PerchAppLibrary::BaseEntity {
-    PERCH_RECORD(Doubled, BaseEntity);
-    PERCH_PROPERTY(std::int64_t, Number);
-    PERCH_RECORD_END;
-
-public:
-    void setValue(const JSON& json) override {
-        setNumber(2 * json["Number"].as<std::int64_t>().value_or(0));
-    }
-};
-class Pair : public PerchAppLibrary::BaseEntity {
-    PERCH_RECORD(Pair, BaseEntity);
-    PERCH_PROPERTY(Records<Doubled>, Members);
-    PERCH_RECORD_END;
-};
-PERCH_RECORD_SCHEMA(Doubled);
-PERCH_RECORD_SCHEMA(Pair);
-struct PairList : RecordList<PairList, Pair> {
-    using RecordList::RecordList;
-    static constexpr auto parsing = Parsing::direct;
-};
-
-TEST(DirectReading, GivesADocumentToAClassThatDecidesHowItIsFilled) {
-    EXPECT_EQ(PairList::parse(R"([{"Members":[{"Number":2}]}])")[0]->Members()[0]->Number(), 4);
 }
 
 } // namespace

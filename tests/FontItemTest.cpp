@@ -11,34 +11,14 @@ using namespace PerchAppLibrary;
 
 namespace {
 
-/// A chain of groups with the leaf at its bottom.
-std::shared_ptr<FontItem> nested(int levels, std::shared_ptr<FontItem> tree) {
-    for (; levels > 0; --levels) {
-        auto group = FontItem::create({.groupTag = "g"});
-        group->setChildren({std::move(tree)});
-        tree = std::move(group);
-    }
-    return tree;
-}
-
-TEST(FontItem, ExportsAndReadsBackItsPropertiesTheChildrenLast) {
-    Dictionary document = FontItem::create()->properties();
-    for (auto& [key, value] : document)
-        if (value.is_int64())
-            value = 9007199254740993; // has no double
-        else if (value.is_bool())
-            value = true;
-        else if (value.is_string())
-            value = std::string(key) + " 宋";
-    document["Tags"] = {3, 1, 3};
-    const auto font = FontItem::parse(toText(document));
+TEST(FontItem, ExportsAllButThreeOfItsPropertiesTheChildrenLast) {
+    const auto font = FontItem::parse(sample("records/FontItem.json"));
+    font->setChildren({font->Children().at(0)});
+    Dictionary expected = font->properties();
     for (const char* const hidden : {"displayName", "previewText", "isActivated", "Children"})
-        document.stable_erase(hidden);
-    document["Children"] = boost::json::array();
-    EXPECT_EQ(toText(font->Dict()), toText(document));
-    font->setChildren({FontItem::parse(toText(document))});
-    document["Children"] = PerchAppLibrary::ValueArray(1, document);
-    EXPECT_EQ(toText(font->Dict()), toText(document));
+        expected.stable_erase(hidden);
+    expected["Children"] = ValueArray(1, font->Children().at(0)->Dict());
+    EXPECT_EQ(difference(font->Dict(), expected), "");
 }
 
 TEST(FontItem, PartsOfADictOutliveIt) {
@@ -77,7 +57,7 @@ TEST(FontItem, ExportsTheSameTextOfSubclassesWithDictionariesAndWithout) {
     const auto font =
         FontItem::create({.productName = "quote \" nul \1 del \x7F \xFF\xED\xA0\x80"});
     const auto renamed = FontItem::create<Renamed>(JSON::parse(R"({"PostscriptName":"p"})"));
-    const auto group = nested(2, FontItem::create<Brief>(JSON::parse(R"({"Id":5})")));
+    const auto group = nested<FontItem>(2, FontItem::create<Brief>(JSON::parse(R"({"Id":5})")));
     group->setChildren({font, renamed, group->Children().front()});
     for (const Records<FontItem>& list : {Records<FontItem>{}, {font}, {group, renamed, font}})
         EXPECT_EQ(FontItem::getFontArrayText(list), toText(FontItem::getFontArray(list)));
@@ -208,43 +188,20 @@ TEST(FontItem, AlwaysHasAFontToDrawWith) {
 
 TEST(FontItem, TakesQueriesAndDestructionOfAnyDepthInLinearTime) {
     const auto leaf = FontItem::parse(R"({"Id":1})");
-    const Records<FontItem> list{nested(100'000, leaf)};
+    const Records<FontItem> list{nested<FontItem>(100'000, leaf)};
     FontList::setActivatedFont(list, {leaf});
     EXPECT_EQ(FontList::getActivatedFont(list), Records<FontItem>{leaf});
     EXPECT_EQ(FontList::getFontCount(list), 1);
 
     // Each way of letting go of a chain is safe; a part that somebody holds outlives the rest.
     list[0]->setValue(JSON::parse("{}"));
-    const auto held = nested(100'000, leaf);
-    nested(100'000, held).reset();
+    const auto held = nested<FontItem>(100'000, leaf);
+    nested<FontItem>(100'000, held).reset();
     EXPECT_EQ(FontList::getFontCount({held}), 1);
     held->setChildren({});
-    FontItem::create()->setChildren({nested(100'000, leaf), nested(100'000, leaf)}); // below a leaf
+    FontItem::create()->setChildren(
+        {nested<FontItem>(100'000, leaf), nested<FontItem>(100'000, leaf)}); // below a leaf
     EXPECT_EQ(leaf.use_count(), 1);
-}
-
-// With the address sanitizer, the frames of a level are several times as large.
-#if defined(__has_feature)
-#if __has_feature(address_sanitizer)
-#define VELMO_LARGE_FRAMES
-#endif
-#endif
-#if defined(VELMO_LARGE_FRAMES) || defined(__SANITIZE_ADDRESS__)
-constexpr int levels = 2'000;
-#else
-constexpr int levels = 10'000;
-#endif
-
-TEST(FontItem, ExportsAndActivatesDeepTrees) {
-    const auto leaf = FontItem::create(), tree = nested(levels, leaf);
-    const auto deeper = nested(290'000, tree); // more than calls that are nested could reach
-    deeper->setActivated(true);
-    EXPECT_TRUE(leaf->IsActivated());
-    EXPECT_GT(FontItem::getFontArrayText({deeper}).size(), 100'000'000U);
-    const std::string text = FontItem::getFontArrayText({tree, leaf, tree});
-    EXPECT_TRUE(text == toText(FontItem::getFontArray({tree, leaf, tree}))) << text.size();
-    // Only the leaf has the flag, below all groups.
-    EXPECT_NE(toText(tree->properties()).find(R"("isActivated":true)"), std::string::npos);
 }
 
 } // namespace

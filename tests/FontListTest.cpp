@@ -1,17 +1,11 @@
 #include <VelmoCloudEntity/catalogue/FontTagItem.hpp>
 #include <VelmoCloudEntity/entity/RecordTree.hpp>
-#include <VelmoCloudEntity/font/FontList.hpp>
 
-#include <PerchAppLibrary/json/Dictionary.hpp>
+#include "RecordTesting.hpp"
+
 #include <PerchAppLibrary/text/internal/TextSet.hpp>
 
-#include <gtest/gtest.h>
-
-#include <cstdint>
 #include <stdexcept>
-#include <string>
-#include <string_view>
-#include <vector>
 
 using namespace VelmoCloudEntity;
 using PerchAppLibrary::JSON;
@@ -88,38 +82,23 @@ struct ClientFont : FontItem {
     std::string name = "Client", writes;
     bool isStored = false;
     Fonts members;
-    std::int64_t Id() const override { return 12; }
-    bool IsPrivate() const override { return true; }
     const std::string& ProductName() const override { return name; }
     std::string DisplayName() const override { return "Shown"; }
     bool isActivated() const override { return isStored; }
     bool IsActivated() const override { return true; }
-    bool IsFavorited() const override { return true; }
     std::string LocalFile() const override { return "/dev/null"; }
     bool IsGroup() const override { return !members.empty(); }
     const Fonts& Children() const override { return members; }
     void setId(std::int64_t) override { writes += "I"; }
     void setIsActivated(bool flag) override { writes += flag ? "A" : "a"; }
-    void setIsFavorited(bool flag) override { writes += flag ? "F" : "f"; }
     PerchAppLibrary::Dictionary Dict() const override { return {{"client", "own"}}; }
 };
 
-TEST(FontList, MarkingReadsAndCallsOverriddenOperations) {
+TEST(FontItem, DerivedValuesReadOverriddenAccessors) {
     const auto client =
         FontItem::create<ClientFont>({.id = 7, .productName = "A", .isPrivate = true});
-    EXPECT_EQ(client->writes, "I") << "setId";
-    const auto byId = font(12, "A", true), other = font(12, "Client"), byName = font(0, "Client");
-    FontList::setActivatedFont({client}, {other, byName});
-    EXPECT_EQ(client->writes, "I") << "Id and IsPrivate count";
-    FontList::setFavoritedFont({client}, {byId});
-    EXPECT_EQ(client->writes, "IF");
-    EXPECT_EQ(FontList::getActivatedFontCount({client}), 1);
-    FontList::setActivatedFont({byId, other, byName}, {client});
-    EXPECT_EQ(FontList::getActivatedFont({byId, other, byName}), (Fonts{byId, byName}));
-}
-
-TEST(FontItem, DerivedValuesReadOverriddenAccessors) {
-    const auto client = FontItem::create<ClientFont>(), group = FontItem::create<ClientFont>();
+    const auto group = FontItem::create<ClientFont>();
+    EXPECT_EQ(FontList::getActivatedFontCount({client}), 1) << "IsActivated()";
     EXPECT_EQ(client->PreviewText() + client->TreeNodeTitle(), "ShownClient(, )");
     EXPECT_TRUE(client->IsLocaled());
     group->members = {client};
@@ -128,7 +107,7 @@ TEST(FontItem, DerivedValuesReadOverriddenAccessors) {
     EXPECT_TRUE(group->FontItem::IsActivated()) << "its isActivated() does";
     group->setActivated(true);
     group->setActivated(false);
-    EXPECT_EQ(client->writes, "Aa");
+    EXPECT_EQ(client->writes, "IAa");
     EXPECT_EQ(group->FontItem::DisplayName(), " (1)");
     EXPECT_EQ(toText(group->FontItem::Dict().at("Children")), R"([{"client":"own"}])");
 }

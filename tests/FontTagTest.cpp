@@ -1,12 +1,8 @@
 #include <VelmoCloudEntity/catalogue/FontTagList.hpp>
 
-#include <PerchAppLibrary/json/Dictionary.hpp>
-
-#include <gtest/gtest.h>
+#include "RecordTesting.hpp"
 
 #include <regex>
-#include <string>
-#include <vector>
 
 using namespace VelmoCloudEntity;
 using PerchAppLibrary::JSON;

@@ -57,12 +57,4 @@ TEST(IdSet, GivesTheUnionAndTheIntersectionOfLists) {
     EXPECT_EQ(intersectionOf({}), Ids{});
 }
 
-TEST(IdSet, TakesManyIdentifiersOfAnyKindInLinearTime) {
-    for (const std::uint64_t step : {0UL, 1UL, 1UL << 43U}) {
-        const Ids ids = row(INT64_MIN, 500'000, step), held = unionOf(std::vector{&ids, &ids});
-        EXPECT_EQ(held.size(), step == 0 ? 1U : ids.size()) << step;
-        EXPECT_EQ(intersectionOf(std::vector{&ids, &held}).size(), held.size()) << step;
-    }
-}
-
 } // namespace

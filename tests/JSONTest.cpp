@@ -17,6 +17,16 @@ std::string nested(std::size_t depth, const std::string& open, const std::string
     return text;
 }
 
+/// Returns why the text is refused.
+JSON::ParseError errorOf(const std::string& text, const JSON::Limits& limits = {}) {
+    try {
+        ADD_FAILURE() << toText(toValue(JSON::parse(text, limits))) << " is a document";
+    } catch (const JSON::ParseError& error) {
+        return error;
+    }
+    return {0, 0, ""};
+}
+
 TEST(JSON, RefusesWhatIsNoDocumentAndSaysWhereAndWhy) {
     const std::tuple<std::string, std::size_t, std::size_t, std::string> cases[] = {
         // text, line, column and reason
@@ -38,15 +48,15 @@ TEST(JSON, RefusesWhatIsNoDocumentAndSaysWhereAndWhy) {
         {std::string(100'000, '['), 1, 1025, "deeper than 1024"},
         {nested(1025, "{\"a\":", "1", "}"), 1, 5121, "deeper than 1024"},
     };
-    for (const auto& [text, line, column, reason] : cases)
-        try {
-            ADD_FAILURE() << toText(toValue(JSON::parse(text))) << " is a document";
-        } catch (const JSON::ParseError& error) {
-            EXPECT_EQ(error.what(), "line " + std::to_string(line) + ", column " +
-                                        std::to_string(column) + ": " + error.reason());
-            EXPECT_EQ(std::pair(error.line(), error.column()), std::pair(line, column));
-            EXPECT_NE(error.reason().find(reason), std::string::npos) << error.what();
-        }
+    for (const auto& [text, line, column, reason] : cases) {
+        const JSON::ParseError error = errorOf(text);
+        EXPECT_EQ(error.what(), "line " + std::to_string(line) + ", column " +
+                                    std::to_string(column) + ": " + error.reason());
+        EXPECT_EQ(std::pair(error.line(), error.column()), std::pair(line, column));
+        EXPECT_NE(error.reason().find(reason), std::string::npos) << error.what();
+    }
+    EXPECT_EQ(JSON::parse(nested(1024, "[", "", "]")).count(), 1U); // the greatest depth
+    EXPECT_EQ(JSON::parse(nested(1024, "{\"a\":", "1", "}")).count(), 1U);
 }
 
 TEST(JSON, SaysWhereATextExceedsALimitOfTheCaller) {
@@ -60,16 +70,9 @@ TEST(JSON, SaysWhereATextExceedsALimitOfTheCaller) {
         {"12", {.bytes = 1}, 1},
         {"[1", {.elements = 9}, 3}};
     for (const auto& [text, limits, column] : cases)
-        try {
-            ADD_FAILURE() << toText(toValue(JSON::parse(text, limits))) << " is accepted";
-        } catch (const JSON::ParseError& error) {
-            EXPECT_EQ(error.column(), column) << text << error.what();
-        }
-}
-
-TEST(JSON, TakesDocumentsOfTheGreatestDepth) {
-    EXPECT_EQ(JSON::parse(nested(1024, "[", "", "]")).count(), 1U);
-    EXPECT_EQ(JSON::parse(nested(1024, "{\"a\":", "1", "}")).count(), 1U);
+        EXPECT_EQ(errorOf(text, limits).column(), column) << text;
+    EXPECT_STREQ(errorOf("[7,\n[1,2,3]]", {.elements = 4}).what(),
+                 "line 2, column 5: more than 4 elements");
 }
 
 TEST(JSON, TakesNumbersOutOfRangeAndLoneSurrogates) {
@@ -110,15 +113,12 @@ TEST(JSON, StepsThroughAnArray) {
     std::string stepped;
     std::size_t index = 0;
     for (const JSON& element : json) {
-        stepped +=
-            toText(toValue(element)) + ":" + std::to_string(static_cast<int>(element.type())) + " ";
+        stepped += std::to_string(static_cast<int>(element.type())) + " ";
         EXPECT_TRUE(element == json.arrayValue().at(index) && element == json[index]) << index;
         ++index;
     }
-    EXPECT_EQ(stepped, R"(1:0 [2,[3]]:3 {"a":4}:4 "5":1 true:2 null:5 1.5E0:0 )");
-    auto second = json.begin();
-    second++;
-    EXPECT_EQ(second->type(), JSON::Type::array);
+    EXPECT_EQ(stepped, "0 3 4 1 2 5 0 ");
+    EXPECT_EQ(toText(toValue(*std::next(json.begin(), 1))), "[2,[3]]");
 }
 
 TEST(JSON, KeepsTheDocumentAliveAndTheLastOfARepeatedKey) {

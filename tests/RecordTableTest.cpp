@@ -1,27 +1,7 @@
 // What holds for every type of record and list, on a sample in which each property has a value.
-#include <VelmoCloudEntity/account/EsUserItem.hpp>
-#include <VelmoCloudEntity/account/PhoneNumberPrefixList.hpp>
-#include <VelmoCloudEntity/account/SmsTokenItem.hpp>
-#include <VelmoCloudEntity/account/UserFontActivateMapItem.hpp>
-#include <VelmoCloudEntity/account/UserFontFavoriteMapItem.hpp>
-#include <VelmoCloudEntity/account/UserFontGroupMapItem.hpp>
-#include <VelmoCloudEntity/account/UserItem.hpp>
-#include <VelmoCloudEntity/catalogue/FontApplyItem.hpp>
-#include <VelmoCloudEntity/catalogue/FontCollectionList.hpp>
-#include <VelmoCloudEntity/catalogue/FontImageItem.hpp>
-#include <VelmoCloudEntity/catalogue/FontSearchList.hpp>
-#include <VelmoCloudEntity/catalogue/FontTagList.hpp>
-#include <VelmoCloudEntity/catalogue/FontUploadItem.hpp>
-#include <VelmoCloudEntity/catalogue/WebFontItem.hpp>
-#include <VelmoCloudEntity/catalogue/ZRFontEffectEntity.hpp>
-#include <VelmoCloudEntity/client/ClientOperaItem.hpp>
-#include <VelmoCloudEntity/client/ClientStartupNoticeItem.hpp>
-#include <VelmoCloudEntity/client/ClientVersionItem.hpp>
-#include <VelmoCloudEntity/client/ConfigItem.hpp>
-#include <VelmoCloudEntity/client/ZRMessageBubbleItem.hpp>
-#include <VelmoCloudEntity/entity/UrlList.hpp>
-
 #include "RecordTesting.hpp"
+
+#include <tools/velmo/AllRecords.hpp>
 
 #include <PerchAppLibrary/record/internal/RecordWriter.hpp>
 
@@ -29,9 +9,7 @@
 
 #include <algorithm>
 #include <concepts>
-#include <filesystem>
-#include <fstream>
-#include <iterator>
+#include <map>
 #include <sstream>
 
 using namespace VelmoCloudEntity;
@@ -54,7 +32,7 @@ struct Overriding : Record {
     std::string calls;
 };
 
-/// How a type of record differs from the others.
+/// How a type of record differs from most.
 struct Special {
     const char* defaults = "{}";            // those that are not zero, false or empty
     const char* dictionary = "";            // the keys of Dict, "all", or empty without a Dict
@@ -72,8 +50,40 @@ struct Type {
     }
 };
 
+const char* const onPlatform1 = R"({"PlatformId":1})";
+
+const std::map<std::string_view, Special> specials{
+    {"FontItem", {.dictionary = "tested elsewhere"}},
+    {"FontTagItem", {.defaults = R"({"SubNameTextImageStyle":"TextOnly",
+                           "SubNameDisplayStyle":"List","SubTagFilterType":"Or"})"}},
+    {"UrlItem", {.calls = ""}},
+    {"FontSearchItem",
+     {.defaults = onPlatform1,
+      .dictionary = "UserGuid ProductId SearchKey PlatformId SearchCount Ranking"}},
+    {"FontImageItem",
+     {.defaults = R"({"BackColor":"#000000","ForeColor":"#FFFFFF","EmSize":32.0})",
+      .dictionary = "ProductId PreviewText BackColor ForeColor EmSize"}},
+    {"FontApplyItem", {.defaults = onPlatform1}},
+    {"ZRFontEffectEntity", {.defaults = R"({"ContainDisabled":true})"}},
+    {"FontUploadItem", {.dictionary = "UserGuid ProductFileName"}},
+    {"UserItem", {.defaults = R"({"sms_token":"","PlatformId":1})", .dictionary = "all"}},
+    {"SmsTokenItem", {.calls = ""}},
+    {"EsUserItem", {.dictionary = "all", .calls = "mapping"}},
+    {"UserFontGroupMapItem", {.calls = ""}},
+    {"UserFontActivateMapItem", {.calls = ""}},
+    {"UserFontFavoriteMapItem", {.calls = ""}},
+    {"PhoneNumberPrefixItem", {.calls = ""}},
+    {"ConfigItem",
+     {.defaults = R"({"PreviewTag":"S","PreviewColorTag":"B","PreviewFontSize":32,
+                          "hotKeyCode":null,"systemHotKeyCode":null,"hotKeyString":null})",
+      .dictionary = "all",
+      .calls = ""}},
+    {"ClientOperaItem", {.defaults = onPlatform1}},
+    {"ClientVersionItem", {.defaults = onPlatform1}},
+    {"ZRMessageBubbleItem", {.defaults = R"({"ContainDisabled":true})"}}};
+
 template <class Record>
-Type type(Special special = {}) {
+Type type() {
     const auto filled = [](const JSON& json) -> std::shared_ptr<BaseEntity> {
         if constexpr (requires { Record::create(json); }) {
             return Record::create(json);
@@ -88,50 +98,17 @@ Type type(Special special = {}) {
             return Record::template create<Overriding<Record>>(json)->calls;
         return "";
     };
-    return {special, filled, callsWhileMade};
+    const auto special = specials.find(Record::recordName);
+    return {special == specials.end() ? Special() : special->second, filled, callsWhileMade};
 }
+
+template <class... Records>
+std::vector<Type> typesOf(velmo::TypeList<Records...>) {
+    return {type<Records>()...};
+}
+const std::vector<Type> types = typesOf(velmo::AllRecords());
 
 static_assert(!std::default_initializable<ZRFontEffectEntity>); // made from JSON alone
-
-const char* const onPlatform1 = R"({"PlatformId":1})";
-
-const Type types[] = {
-    type<FontItem>({.dictionary = "tested elsewhere"}),
-    type<FontTagItem>({.defaults = R"({"SubNameTextImageStyle":"TextOnly",
-                           "SubNameDisplayStyle":"List","SubTagFilterType":"Or"})"}),
-    type<UrlItem>({.calls = ""}),
-    type<FontCollectionItem>(),
-    type<FontSearchItem>(
-        {.defaults = onPlatform1,
-         .dictionary = "UserGuid ProductId SearchKey PlatformId SearchCount Ranking"}),
-    type<FontImageItem>(
-        {.defaults = R"({"BackColor":"#000000","ForeColor":"#FFFFFF","EmSize":32.0})",
-         .dictionary = "ProductId PreviewText BackColor ForeColor EmSize"}),
-    type<FontApplyItem>({.defaults = onPlatform1}),
-    type<ZRFontEffectEntity>({.defaults = R"({"ContainDisabled":true})"}),
-    type<WebFontItem>(),
-    type<FontUploadItem>({.dictionary = "UserGuid ProductFileName"}),
-    type<UserItem>({.defaults = R"({"sms_token":"","PlatformId":1})", .dictionary = "all"}),
-    type<SmsTokenItem>({.calls = ""}),
-    type<EsUserItem>({.dictionary = "all", .calls = "mapping"}),
-    type<UserFontGroupMapItem>({.calls = ""}),
-    type<UserFontActivateMapItem>({.calls = ""}),
-    type<UserFontFavoriteMapItem>({.calls = ""}),
-    type<PhoneNumberPrefixItem>({.calls = ""}),
-    type<ConfigItem>({.defaults = R"({"PreviewTag":"S","PreviewColorTag":"B","PreviewFontSize":32,
-                          "hotKeyCode":null,"systemHotKeyCode":null,"hotKeyString":null})",
-                      .dictionary = "all",
-                      .calls = ""}),
-    type<ClientOperaItem>({.defaults = onPlatform1}),
-    type<ClientVersionItem>({.defaults = onPlatform1}),
-    type<ClientStartupNoticeItem>(),
-    type<ZRMessageBubbleItem>({.defaults = R"({"ContainDisabled":true})"})};
-
-std::string sampleOf(const std::string& type) {
-    std::ifstream file(VELMO_SAMPLES "/records/" + type + ".json");
-    EXPECT_TRUE(file) << type << " has no sample";
-    return {std::istreambuf_iterator<char>(file), {}};
-}
 
 /// Returns whether the exported value is the sample's. A nested record may have more properties.
 bool holds(const Value& exported, const Value& sample) {
@@ -152,19 +129,11 @@ Value zeroOfKind(const Value& value) {
     return value.is_array() ? Value(ValueArray()) : Value("");
 }
 
-/// Returns the place where the texts of the dictionaries differ; empty if they are equal.
-std::string difference(const Dictionary& given, const Dictionary& expected) {
-    const std::string text = toText(given), other = toText(expected);
-    const auto differ = std::ranges::mismatch(text, other).in1 - text.begin();
-    const std::size_t begin = text.rfind(',', static_cast<std::size_t>(differ)) + 1;
-    return text == other ? "" : text.substr(begin, 80) + " instead of " + other.substr(begin, 80);
-}
-
 /// A type's sample, and a record without and with its values.
 struct Tested {
     Tested(const Type& tested) // NOLINT(google-explicit-constructor): for loops over types
         : type(tested),
-          sample(sampleOf(type.name())),
+          sample(::sample("records/" + type.name() + ".json")),
           members(boost::json::parse(sample).as_object()),
           fresh(type.filled(JSON::parse("{}"))),
           record(type.filled(JSON::parse(sample))) {}
@@ -180,12 +149,6 @@ struct Tested {
     std::shared_ptr<BaseEntity> record;
     testing::ScopedTrace trace{__FILE__, __LINE__, type.name()};
 };
-
-TEST(RecordTable, HasAllSamples) {
-    constexpr std::size_t lists = 6;
-    const std::filesystem::directory_iterator samples(VELMO_SAMPLES "/records");
-    EXPECT_EQ(std::distance(begin(samples), end(samples)), std::size(types) + lists);
-}
 
 TEST(RecordTable, PropertiesAreInOrderWithTheirDefaults) {
     for (const Tested each : types) {
@@ -257,7 +220,7 @@ template <class List, class Item>
 void expectList(const char* type, const Records<Item>& (List::*get)() const&,
                 std::size_t itemsOfOdd = 6) {
     SCOPED_TRACE(type);
-    const JSON sample = JSON::parse(sampleOf(type));
+    const JSON sample = JSON::parse(::sample("records/" + std::string(type) + ".json"));
     EXPECT_EQ((List(sample).*get)().size(), sample.count());
     for (const char* const none : {R"({"List":[{}],"list":[{}]})", "null", R"("[{}]")"})
         EXPECT_EQ((List(JSON::parse(none)).*get)().size(), 0U) << none;
@@ -275,22 +238,11 @@ TEST(ListTable, MakesOneItemForEachElementOfAnArray) {
     expectList("PhoneNumberPrefixList", &PhoneNumberPrefixList::list);
 }
 
-TEST(RecordWriter, WritesNullForARecordThatIsNone) {
-    const auto font = FontItem::create();
-    font->setChildren({nullptr});
-    std::string written;
-    font->schema().writer().write(*font, written);
-    EXPECT_NE(written.find(R"("Children":[null])"), std::string::npos) << written;
-    EXPECT_EQ(toText(font->properties().at("Children")), "[null]");
-}
-
-TEST(RecordList, IsARangeAndOutlivesATemporary) {
+TEST(RecordList, IsARangeThatOutlivesATemporary) {
     std::int64_t ids = 0;
     for (const auto& font : FontList(JSON::parse(R"([{"Id":1},{"Id":2}])")).List())
         ids = ids * 10 + font->Id();
     EXPECT_EQ(ids, 12);
-    const FontList list = FontList::parse(R"([{"Id":1}])");
-    EXPECT_TRUE(list.size() == 1 && !list.empty() && list[0]->Id() == 1);
 }
 
 TEST(Export, WritesManyLargeDictionariesInLinearTime) {

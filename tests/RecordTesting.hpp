@@ -10,6 +10,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <fstream>
+#include <iterator>
 #include <limits>
 #include <memory>
 #include <optional>
@@ -18,6 +21,23 @@
 #include <tuple>
 #include <utility>
 #include <vector>
+
+/// Returns the text of a file in the folder of samples.
+inline std::string sample(const std::string& name) {
+    std::ifstream file(VELMO_SAMPLES "/" + name);
+    EXPECT_TRUE(file) << "no sample " << name;
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+/// Returns the place where the texts of the dictionaries differ; empty if they are equal.
+inline std::string difference(const PerchAppLibrary::Dictionary& given,
+                              const PerchAppLibrary::Dictionary& expected) {
+    const std::string text = PerchAppLibrary::toText(given),
+                      other = PerchAppLibrary::toText(expected);
+    const auto differ = std::ranges::mismatch(text, other).in1 - text.begin();
+    const std::size_t begin = text.rfind(',', static_cast<std::size_t>(differ)) + 1;
+    return text == other ? "" : text.substr(begin, 80) + " instead of " + other.substr(begin, 80);
+}
 
 /// Returns the stored properties in which a record differs from another of its class.
 inline PerchAppLibrary::Dictionary changes(const PerchAppLibrary::BaseEntity& record,
@@ -34,4 +54,18 @@ inline PerchAppLibrary::Dictionary changes(const PerchAppLibrary::BaseEntity& re
 template <class Record>
 std::string changed(const std::shared_ptr<Record>& record) {
     return PerchAppLibrary::toText(changes(*record, *Record::create()));
+}
+
+/// Adds groups around a tree, by turns of these classes.
+template <class... Classes>
+std::shared_ptr<VelmoCloudEntity::FontItem>
+nested(int levels, std::shared_ptr<VelmoCloudEntity::FontItem> tree) {
+    const auto wrap = [&tree](std::shared_ptr<VelmoCloudEntity::FontItem> group) {
+        group->setGroup("g");
+        group->setChildren({std::move(tree)});
+        tree = std::move(group);
+    };
+    for (; levels > 0; levels -= static_cast<int>(sizeof...(Classes)))
+        (wrap(std::make_shared<Classes>()), ...);
+    return tree;
 }

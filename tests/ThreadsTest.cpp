@@ -1,7 +1,11 @@
+// What several threads may do at once, and what a static object may do at the end of the process.
 #include "RecordTesting.hpp"
 
 #include <VelmoCloudEntity/account/UserFontActivateMapItem.hpp>
+#include <VelmoCloudEntity/account/UserItem.hpp>
 
+#include <cstdio>
+#include <cstdlib>
 #include <functional>
 #include <latch>
 #include <thread>
@@ -12,19 +16,6 @@ using namespace PerchAppLibrary;
 // Each case runs in a process of its own, so that its threads are the first to use whatever is made
 // on first use. The thread sanitizer finds what equal results do not show.
 namespace {
-
-/// Fonts and groups whose names need each way of comparing texts: enough for searches to overlap.
-std::string fontsText() {
-    const std::string names[] = {"Song",     "宋体Bold", "E\u0301tude",  "Straße",
-                                 "각진굴림", "ﬁne",      "q\u0307\u0323"};
-    std::string text = "[";
-    for (std::size_t id = 1; id <= 2000; ++id)
-        text +=
-            R"({"Id":)" + std::to_string(id) + R"(,"ProductName":")" + names[id % 7] +
-            R"(","ProductSetName":")" + names[id * 5 % 7] +
-            (id % 9 == 0 ? R"(","IsGroup":true,"Children":[{"ProductName":"Kai"}]},)" : R"("},)");
-    return text + "{}]";
-}
 
 /// Writes down what each way of reading a tree gives.
 std::string readAll(const FontList& list) {
@@ -64,8 +55,8 @@ void expectOneResult(const std::function<std::string()>& work) {
 }
 
 TEST(Threads, ReadOneTreeAndLoadOthersFromOneDocument) {
-    const JSON document = JSON::parse(fontsText());
-    const JSON mine = JSON::parse(R"({"FontList":[{"Id":3},{"Id":0,"ProductName":"Kai"}]})");
+    const JSON document = JSON::parse(sample("font-list.json"));
+    const JSON mine = JSON::parse(sample("activated-fonts.json"));
     const FontList shared(document);
     expectOneResult([&] {
         const FontList fonts(document);
@@ -73,5 +64,25 @@ TEST(Threads, ReadOneTreeAndLoadOthersFromOneDocument) {
         return readAll(shared) + readAll(fonts);
     });
 }
+
+/// Reads what the library keeps in static objects.
+std::string readStatics() {
+    const auto user = UserItem::parse(R"({"Guid":"u","Token":[18446744073709551616]})");
+    return toText(user->Dict()) + toText(toValue(JSON::emptyString())) +
+           readAll(FontList::parse(R"([{"Id":2,"ProductName":"宋体 é","Token":"t"}])"));
+}
+
+/// Is made before all that a test makes, so it is destroyed last.
+struct Client {
+    std::optional<std::string> expected;
+    ~Client() {
+        if (!expected || readStatics() == *expected)
+            return;
+        std::puts("FAILED: records differ at the end of the process");
+        std::_Exit(1);
+    }
+} client;
+
+TEST(EndOfTheProcess, LetsAStaticObjectUseRecords) { client.expected = readStatics(); }
 
 } // namespace

@@ -59,41 +59,23 @@ document() { printf '%b' "$2" >"$directory/$1"; }
 
 document broken.json '[{"Id": 1},\n {"Id" 2}]'
 document cut.json '[{"Id": 1}'
-document empty.json ''
-document bom.json '\0357\0273\0277[]'
-document bytes.json '[{"ProductName": "\0377"}]'
 document twice.json '[{"Id":1},{"Id":1}]'
-document object.json '{"List": [{"Id": 1}]}'
 document odd.json '[{"Id":1,"ProductName":"A","ProductFileName":"abc",
         "ProductFileUrl":"https://h/a.ttf"},7,null,
     {"Id":"2","ProductName":"B\\u001b[31m","ProductFileName":"b.ttf","ProductFileUrl":"1:b.ttf"},
     {"Id":3,"IsGroup":true,"ProductSetName":"Set","GroupTag":"T ",
         "Children":[{"Id":4,"IsFavorited":true}]}]'
-printf '[%.0s' $(seq 1025) >"$directory/deep.json"
-printf ']%.0s' $(seq 1025) >>"$directory/deep.json"
 
 # Wrong usage, unreadable files, malformed documents: one line, status 2.
-expect 2 'subcommand'
 expect 2 '"tre" is no command; did you mean tree\?' tre "$fonts"
-expect 2 'list.*STATE|STATE.*foo' list foo "$fonts"
-expect 2 'FILE is required' tree
-expect 2 'read.*TYPE|TYPE.*FontLst' read FontLst "$fonts"
 expect 2 'ID: "7x" is not an integer' locate "$fonts" 7x
-expect 2 '99999999999999999999' locate "$fonts" 99999999999999999999
 expect 2 '/nonexistent: cannot be read: No such file' tree /nonexistent
 expect 2 'cannot be read: Is a directory' export "$directory"
 expect 2 'broken.json: line 2, column 8: unexpected "2"' tree "$directory/broken.json"
-expect 2 'cut.json: line 1, column 11: the text ends' list activated "$directory/cut.json"
-expect 2 'empty.json: line 1, column 1: the text is empty' export "$directory/empty.json"
-expect 2 'bom.json: line 1, column 1: a byte order mark' tree "$directory/bom.json"
-expect 2 'bytes.json: line 1, column 19: bytes that are not UTF-8' \
-    read FontList "$directory/bytes.json"
-expect 2 'deep.json: line 1, column 1025: .*deeper than 1024' tree "$directory/deep.json"
 expect 2 'broken.json: line 2' list activated "$fonts" --activate "$directory/broken.json"
 expect 2 'standard input: line 1, column 1: the text is empty' tree -
 expect 2 '--name= has no value; an empty one is written --name' find "$fonts" --name= --fuzzy
 expect 2 '"xyz" is no command \(see' xyz
-expect 2 'unknown TYPE "xyz" \(velmo' read xyz "$fonts"
 
 # What has no end is read to the first byte that cannot be in a document, or not at all.
 truncate -s 5G "$directory/sparse.json"
@@ -101,13 +83,12 @@ printf '[1,' | cat - /dev/zero 2>/dev/null | timeout 20 "$velmo" export - >"$dir
 grep -q 'column 4: unexpected control character 0' "$directory/out" || fail "zeros in a document"
 for file in sparse.json /dev/zero /dev/urandom; do
     [[ $file = /* ]] || file=$directory/$file
-    timeout 20 "$velmo" tree "$file" 2>&1 | grep -qE 'line 1, column|4 GB' || fail "tree $file"
+    timeout 20 "$velmo" tree "$file" 2>&1 | grep -qE ', column [0-9]+: |4 GB' || fail "tree $file"
 done
 
 # Help as a word; the example of each command, which the man page shows, on the samples.
 expect 0 '^velmo [0-9]+\.[0-9]' version
 expect 0 'velmo tree .OPTIONS. FILE$' help tree
-expect 2 'COMMAND: tre not in' help tre
 mapfile -t examples < <(sed -n '/^\.nf/{n;s/\\-/-/g;p}' "$made/velmo.1")
 [ ${#examples[@]} = 15 ] || fail "15 examples"
 for example in "${examples[@]}"; do
@@ -116,9 +97,7 @@ for example in "${examples[@]}"; do
 done
 
 # Colours.
-expect 2 '--color: some not in' tree "$fonts" --color some
 expect 0 $'^\033\\[1mTITLE' tree "$fonts" --color always
-expect 0 '^TITLE' tree "$fonts" --color auto
 expect_highlight 仿宋 "$fonts" $'\033[1;31m仿宋'
 expect_plain() { # VARIABLE OPTION
     on_terminal "$1 '$velmo' tree '$fonts' $2" | grep -q $'\033' && fail "colours with $*"
@@ -155,83 +134,49 @@ done
 [ -z "$(on_terminal "TERM=dumb; export TERM; $slow")" ] || fail "progress on TERM=dumb"
 
 # Well-formed documents of any shape.
-expect 0 '^\[\]$' tree "$directory/object.json" --json --force
-expect 0 '^\[\]$' export "$directory/object.json" --force
-expect_nothing '[]' list activated "$directory/object.json" --json --force
 document mixed.json '{"sms_token":[{"a":"b"},7,null,[1]]}'
 expect 0 '^ *7$' read UserItem "$directory/mixed.json"
-expect 0 '"FontList":\[\]' read UserFontActivateMapItem "$directory/odd.json" --json --force
 
 # The fonts of the sample: shown, listed, read and exported.
-expect 0 '^376 fonts, 0 activated$' tree "$fonts"
-expect 0 '^  宋体 标准\(OTF, 1.0\) +1 ' tree "$fonts"
-expect 0 '^22 fonts$' list activated "$fonts" --activate "$activated"
 expect 0 '^  Anuphan Light\(TTF, 3.00\) +339 +activated' tree "$fonts" --activate "$activated"
-expect 0 '^28 fonts$' list favorited "$fonts" --favorite "$samples/favorite-fonts.json"
 expect 0 ' activated favorite$' list favorited "$fonts" --favorite "$activated" --activate "$activated"
-expect 0 '^ +ProductName +Anuphan Light$' read FontList "$fonts"
-expect 0 '"UserGuid":"7f1c2c1e-5b0a-4a57-9c39-2f3d0d1a9e10","FontList":\[\{"Guid":"","Id":339,' \
-    read UserFontActivateMapItem "$activated" --json
 expect 0 '^\[\{"Guid":"","Id":900001,.*"Children":\[\{"Guid":"","Id":1,' export "$fonts"
 
 # Finding: texts of any bytes; an empty result and status 1 if there is nothing.
-expect 0 '^2 fonts$' find "$fonts" --key ÉTUDE --fuzzy
 expect 0 '^ *10  Ünïcödé Straße ' find "$fonts" --name 'Ünïcödé Straße'
-expect 0 '^18 fonts$' find "$fonts" --key ''
-expect 0 '"ProductName":"Ünïcödé Straße"' find "$fonts" --key 'ÜNÏCÖDÉ STRASSE' --json
-for text in '' 'No such name' $'\xFF\xE5'; do
-    expect_nothing '[]' find "$fonts" --name "$text" --fuzzy --json
-done
-expect 2 'Exactly 1 option from' find "$fonts"
+expect_nothing '[]' find "$fonts" --name $'\xFF\xE5' --fuzzy --json
 expect 2 'Exactly 1 option from' find "$fonts" --name a --key b
 
 # Searching: whole-key matches first, and where they are.
 expect 0 '^ 4  仿宋       ProductName$' search "$fonts" 宋 # an ideograph takes two columns
 expect 0 '^0 fonts with "宋#"$' search "$fonts" '宋#'
-expect 0 '^337  Anuphan Thin  +ProductName$' search "$fonts" anuphan
-expect 0 '^7 fonts with "anuphan"$' search "$fonts" anuphan
-expect 0 '^369 fonts with one of its characters; 376 in all$' search "$fonts" anuphan
-for key in '' 'ǂ' $'\xFF'; do
-    expect_nothing '{"whole":[],"character":[]}' search "$fonts" "$key" --json
-done
+expect_nothing '{"whole":[],"character":[]}' search "$fonts" $'\xFF' --json
 expect 0 '^\{"whole":\[\{"Id":1,.*\{"Id":4,[^]]*\],"character":\[\{"Id":1,' search "$fonts" 宋 --json
 expect_highlight strasse "$fonts" $'Ünïcödé \033[1;31mStraße\033[0m'
 
 document halves.json '[{"ProductName": "y 😀 x"}, {"ProductName": "😀"}]'
-expect 0 '^1 font with "😀 x"$' search "$directory/halves.json" '😀 x'
-expect 0 '^0 fonts with one of its characters; 2 in all$' search "$directory/halves.json" '😀'
 expect_highlight '😀xy' "$directory/halves.json" $'😀 \033[1;31mx'
 echo '[]' | "$velmo" list activated - --activate - 2>&1 |
     grep -qF 'standard input can be only one of the files' || fail "standard input read twice"
 
 # Looking up: in the order of the tree. With --flat, one item of the list itself, a group included.
 expect 0 '^\[\{"Id":337,.*\{"Id":339,[^{]*\}\]$' lookup "$fonts" 339,337 339 --json
-expect 0 '^1 font$' lookup "$fonts" 339 -5
-grep -qF 'font-list.json: no font has the Id -5' "$directory/err" ||
-    fail "an unknown Id is not named"
 expect 0 '^\{"Id":900001,"ProductName":"","IsGroup":true,' lookup "$fonts" 900001 --flat --json
-expect_nothing null lookup "$fonts" 339 --flat --json
 expect 1 'no item at the top level has the Id 339' lookup "$fonts" 339 --flat
 grep -q null "$directory/out" && fail "text for people says null"
 expect 2 'takes one ID' lookup "$fonts" 1 2 --flat
-expect 2 'ID: "x" is not an integer' lookup "$fonts" 1,x
 
-# Filtering by ticked tags: those of a group add up, and groups narrow one another.
-expect 0 '^display \([0-9]+ fonts\)$' filter "$fonts" --tags "$tags" --check 4,5
-[ ! -s "$directory/err" ] || fail "filter: $(cat "$directory/err")"
+# Filtering by ticked tags, by Id or name: those of a group add up.
 count() {
     "$velmo" filter "$fonts" --tags "$tags" --check "$1" --json | grep -o '"IsGroup":false' | wc -l
 }
 [ "$(count 4,5)" = $(($(count 4) + $(count 5))) ] || fail "tags of one group do not add up"
-[ "$(count 4,12)" -lt "$(count 4)" ] || fail "tags of two groups do not narrow one another"
-[ "$(count 8)" = 376 ] || fail "a group's own tick filters"
 expect 0 '^376 fonts$' filter --tags "$tags" --check 99999 "$fonts"
 grep -qF 'font-tags.json: no tag has the Id 99999' "$directory/err" ||
     fail "an unknown tag is not named"
 [ "$(count 'DISPLAY,5')" = "$(count 4,5)" ] || fail "a tag is not ticked by its name"
 expect 0 '^376 fonts$' filter "$fonts" --tags "$tags" --check 'no such'
 grep -qF 'no tag has the name no such' "$directory/err" || fail "an unknown name is not named"
-expect 0 '^  display +4 +67$' tags "$tags"
 
 # Many Ids, in many tags and fonts: linear, or the walks take minutes.
 { printf '[{"Id":0}' && printf ',{"Id":%d}' $(seq 60000) && echo ']'; } >"$directory/ids.json"
@@ -246,34 +191,18 @@ expect 0 '^\{"FontIdList":\[1,2,4\],' \
     filter "$directory/odd.json" --tags "$directory/tags.json" --check 9 --json
 expect 0 '^\{"FontIdList":\[1,4\],"fonts":\[\{"Id":1,.*\{"Id":4,[^{]*\}\]\}$' \
     filter "$directory/odd.json" --tags "$directory/tags.json" --check 2 --json
-expect_nothing '{"FontIdList":[],"fonts":[]}' \
-    filter "$directory/odd.json" --tags "$directory/tags.json" --check 3 --json
 expect 0 '^\[\{"Id":1,.*"Children":\[\{"Id":2,"Name":"","IsGroup":false,"FontCount":3\}' \
     tags "$directory/tags.json" --json
-expect 0 '^ +SubTagFilterType +Or$' read FontTagList "$tags"
-expect 0 '"IsChecked":false,"FontIdList":\[4,4,1\],"Children":\[\]\}' \
-    read FontTagList "$directory/tags.json" --json
 
-# Every record and list that a header declares is a type; its sample is read, and each of the
-# properties that --types names is shown.
-missing=$(cat "$samples"/../VelmoCloudEntity/*/*.hpp |
-    grep -oP '^ *PERCH_RECORD(_FROM_JSON)?\(\K(?!UserFontMap,)\w+|^class \K\w+List(?=$| : public \w*RecordList<\w+,)' |
-    LC_ALL=C sort | comm -3 - <("$velmo" read --types))
-[ -z "$missing" ] || fail "in a header or in velmo read --types alone: $missing"
+# The sample of each type is read, and shown as data.
 for type in $("$velmo" read --types); do
     expect 0 . read "$type" "$samples/records/$type.json"
     [ ! -s "$directory/err" ] || fail "read $type: $(cat "$directory/err")"
-    expect 0 "\"$type\":\[\{\"name\":" read --types --json
     expect 0 '^[[{]' read "$type" "$samples/records/$type.json" --json
 done
-for member in '{"name":"hotKeyCode","kind":"optional String","default":null}' \
-    '"UserFontGroupMapItem":[{"name":"UserGuid","kind":"String","default":""},' \
-    '{"name":"FontList","kind":"array of FontItem","default":[]}' \
-    '"UrlList":[{"name":"list","kind":"array of UrlItem","default":[]}]' \
-    '{"name":"sms_token","kind":"any","default":""}' \
-    '{"name":"PlatformId","kind":"Int","default":1}'; do
-    "$velmo" read --types --json | grep -qF "$member" || fail "read --types: no $member"
-done
+expect 0 '"UrlList":\[\{"name":"list","kind":"array of UrlItem","default":\[\]\}\]' read --types --json
+expect 0 '"UserFontGroupMapItem":\[\{"name":"UserGuid","kind":"String","default":""\},' \
+    read --types --json
 expect 0 '^EmSize +1.27E1$' read fontim "$samples/records/FontImageItem.json"
 expect 0 '^AppTag ' read FONTAP "$samples/records/FontApplyItem.json"
 expect 2 'did you mean UserItem\?' read serItem "$fonts"
@@ -300,7 +229,6 @@ FontList {"ExceptionCode":"005001"} is an error reply: 005001, The user login ha
 FontList {"ErrorCode":7,"ExceptionMessage":"a\\\\nb"} is an error reply: 000007, a\u000Ab
 FontList [{"Id":1},{"Id":2,"Name":"a","FontIdList":[1]}] looks like a FontTagList, not a FontList
 FontTagList [{"UserId":"a","Pwd":"b"}] looks like an array of EsUserItem, not a FontTagList
-UserItem {"Title":"a","Content":"b"} looks like a ClientStartupNoticeItem, not a UserItem
 UrlItem [{"Url":"a","Name":"b"}] is a list that looks like a UrlList, an object was expected
 FontList {"List":[{"Id":1}]} is an object, a list was expected
 FontList "fonts" is a single value, a list was expected
@@ -320,7 +248,7 @@ done
 # for each file, and as data.
 for file in "$samples"/*s.json "$samples"/*-list.json "$samples"/records/*.json; do
     [ "${file##*/}" = ClientOperaItem.json ] ||
-        expect 0 '; [0-9]+ values used, 0 ignored$' check "$file"
+        expect 0 '; [1-9][0-9]* values used, 0 ignored$' check "$file"
 done
 expect_nothing "$samples/records/ClientOperaItem.json: ClientOperaItem; 15 values used, 1 ignored
   PlatformId: ClientOperaItem.PlatformId cannot be set: 2" check "$samples/records/ClientOperaItem.json"
@@ -333,12 +261,9 @@ for line in 'renamed.json: FontList; 2 values used, 3 ignored$' '^  \[0\].Nam: .
     grep -qE "$line" "$directory/out" || fail "check: no $line in $(cat "$directory/out")"
 done
 grep -q 'cut.json: line 1, column 11' "$directory/err" || fail "check: a cut file is not named"
-got=$("$velmo" check "$directory/renamed.json" "$samples/error-reply.json" --as FontList --json)
-[ $? = 1 ] || fail "check --json: not status 1"
-for part in '"type":"FontList","problem":null,"used":2,"ignored":3,"mismatches":[{"place":"FontItem' \
-    '"path":"[0].Nam","count":2,' '"problem":"is an error reply: 005001, The user'; do
-    grep -qF "$part" <<<"$got" || fail "check --json: no $part in $got"
-done
+"$velmo" check "$directory/renamed.json" "$samples/error-reply.json" --as FontList --json |
+    grep -q '"path":"\[0].Nam","count":2,.*"problem":"is an error reply: 005001, The user' ||
+    fail "check --json"
 while read -r status text words; do
     document other.json "$text"
     expect "$status" . check "$directory/other.json"
@@ -355,16 +280,12 @@ expect_nothing "$directory/other.json: is of no known type" check "$directory/ot
     fail "check of tags as fonts"
 
 # Error codes.
-expect 0 '^\{"code":"006004","Ch":"目标微信已占用","En":"微信 used."\}$' error 006004 --json
 expect 0 '^Code record fail.$' error 002004 --lang En
-expect 0 '^  Ch  验证码记录失败$' error 002004
 [ "$("$velmo" error 001001 --lang Ch; echo $?)" = $'\n'0 ] || fail "a code with a blank message"
 for code in 2004 ''; do
     expect 1 "the code \"$code\" is not in the table; a code has six digits" error "$code"
 done
-expect 1 'the code "999999" is not in the table$' error 999999
 expect_nothing null error 000004 --json
-expect 2 'lang' error 000000 --lang De
 
 # Fonts in JSON: exactly these members.
 names='"Id":4,"ProductName":"","IsGroup":false,"DisplayName":"","TreeNodeTitle":"\(, \)"'
@@ -436,13 +357,10 @@ done <<'END'
 velmo lo|lookup locate
 velmo help fi|find filter
 velmo list ''|activated authorized favorited
-velmo list --json --color never activated font-l|font-list.json
 velmo tree --color = al|always
-velmo tree --color =|auto always never
 velmo tree --activate act|activated-fonts.json
 velmo filter --ch|--check
 velmo read UserFontG|UserFontGroupMapItem
-velmo scan records r|records
 velmo locate font-list.json 3|
 END
 touch "$directory/a*"

@@ -1,30 +1,8 @@
 #include "RecordTypes.hpp"
 
+#include "AllRecords.hpp"
 #include "Commands.hpp"
 #include "ExitStatus.hpp"
-
-#include <VelmoCloudEntity/account/EsUserItem.hpp>
-#include <VelmoCloudEntity/account/PhoneNumberPrefixList.hpp>
-#include <VelmoCloudEntity/account/SmsTokenItem.hpp>
-#include <VelmoCloudEntity/account/UserFontActivateMapItem.hpp>
-#include <VelmoCloudEntity/account/UserFontFavoriteMapItem.hpp>
-#include <VelmoCloudEntity/account/UserFontGroupMapItem.hpp>
-#include <VelmoCloudEntity/account/UserItem.hpp>
-#include <VelmoCloudEntity/catalogue/FontApplyItem.hpp>
-#include <VelmoCloudEntity/catalogue/FontCollectionList.hpp>
-#include <VelmoCloudEntity/catalogue/FontImageItem.hpp>
-#include <VelmoCloudEntity/catalogue/FontSearchList.hpp>
-#include <VelmoCloudEntity/catalogue/FontTagList.hpp>
-#include <VelmoCloudEntity/catalogue/FontUploadItem.hpp>
-#include <VelmoCloudEntity/catalogue/WebFontItem.hpp>
-#include <VelmoCloudEntity/catalogue/ZRFontEffectEntity.hpp>
-#include <VelmoCloudEntity/client/ClientOperaItem.hpp>
-#include <VelmoCloudEntity/client/ClientStartupNoticeItem.hpp>
-#include <VelmoCloudEntity/client/ClientVersionItem.hpp>
-#include <VelmoCloudEntity/client/ConfigItem.hpp>
-#include <VelmoCloudEntity/client/ZRMessageBubbleItem.hpp>
-#include <VelmoCloudEntity/entity/UrlList.hpp>
-#include <VelmoCloudEntity/font/FontList.hpp>
 
 #include <PerchAppLibrary/record/explain.hpp>
 
@@ -112,34 +90,14 @@ RecordType list(const char* name) {
 
 const std::vector<RecordType>& recordTypes() {
     static const std::vector<RecordType> types = [] {
-        std::vector<RecordType> all{record<ClientOperaItem>(),
-                                    record<ClientStartupNoticeItem>(),
-                                    record<ClientVersionItem>(),
-                                    record<ConfigItem>(),
-                                    record<EsUserItem>(),
-                                    record<FontApplyItem>(),
-                                    record<FontCollectionItem>(),
-                                    record<FontImageItem>(),
-                                    record<FontItem>(),
-                                    record<FontSearchItem>(),
-                                    record<FontTagItem>(),
-                                    record<FontUploadItem>(),
-                                    record<PhoneNumberPrefixItem>(),
-                                    record<SmsTokenItem>(),
-                                    record<UrlItem>(),
-                                    record<UserFontActivateMapItem>(),
-                                    record<UserFontFavoriteMapItem>(),
-                                    record<UserFontGroupMapItem>(),
-                                    record<UserItem>(),
-                                    record<WebFontItem>(),
-                                    record<ZRFontEffectEntity>(),
-                                    record<ZRMessageBubbleItem>(),
-                                    list<FontCollectionList>("FontCollectionList"),
-                                    list<FontList>("FontList"),
-                                    list<FontSearchList>("FontSearchList"),
-                                    list<FontTagList>("FontTagList"),
-                                    list<PhoneNumberPrefixList>("PhoneNumberPrefixList"),
-                                    list<UrlList>("UrlList")};
+        std::vector<RecordType> all = []<class... Records>(TypeList<Records...>) {
+            return std::vector{record<Records>()...};
+        }(AllRecords());
+        all.insert(all.end(),
+                   {list<FontCollectionList>("FontCollectionList"), list<FontList>("FontList"),
+                    list<FontSearchList>("FontSearchList"), list<FontTagList>("FontTagList"),
+                    list<PhoneNumberPrefixList>("PhoneNumberPrefixList"),
+                    list<UrlList>("UrlList")});
         std::ranges::sort(all, {}, &RecordType::name);
         return all;
     }();
