@@ -210,6 +210,7 @@ expect 0 '^1 font$' lookup "$fonts" 339 -5
 grep -qF 'font-list.json: no font has the Id -5' "$directory/err" ||
     fail "an unknown Id is not named"
 expect 0 '^\{"Id":900001,"ProductName":"","IsGroup":true,' lookup "$fonts" 900001 --flat --json
+expect 1 '900001 is the Id of a group; --flat finds' lookup "$fonts" 900001
 expect_nothing null lookup "$fonts" 339 --flat --json
 expect 1 'no item at the top level has the Id 339' lookup "$fonts" 339 --flat
 grep -q null "$directory/out" && fail "text for people says null"
@@ -329,7 +330,8 @@ document renamed.json '[{"Id":1,"Nam":"a"},{"Id":2,"Nam":"b","Tags":{}}]'
     --as FontList >"$directory/out" 2>"$directory/err"
 [ $? = 2 ] || fail "check: the status is not the worst"
 for line in 'renamed.json: FontList; 2 values used, 3 ignored$' '^  \[0\].Nam: .*FontItem.*2 times' \
-    '^  \[1\].Tags: FontItem.Tags takes an array of Int, not an object: \{\}$' 'error-reply.json: is an error reply: 005001'; do
+    '^  \[1\].Tags: FontItem.Tags takes an array of Int, not an object: \{\}$' 'error-reply.json: is an error reply: 005001' \
+    'the document: FontList is read from an array of objects, not an object'; do
     grep -qE "$line" "$directory/out" || fail "check: no $line in $(cat "$directory/out")"
 done
 grep -q 'cut.json: line 1, column 11' "$directory/err" || fail "check: a cut file is not named"

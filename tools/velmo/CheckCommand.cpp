@@ -11,6 +11,7 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <utility>
 
 namespace velmo {
 namespace {
@@ -46,8 +47,12 @@ Finding findingOf(const std::string& file, const CheckOptions& options) {
         return {"", describeWithoutType(document), {}};
     const bool isList =
         options.type.empty() ? document.type() == JSON::Type::array : !type->item.empty();
+    Explanation explanation = PerchAppLibrary::explain(document, type->schema(), isList);
+    for (Mismatch& each : explanation.mismatches)
+        if (isList && each.reason == Mismatch::Reason::noRecord && each.path.empty())
+            each.place = type->name; // the list itself, by the name that the user gave
     return {type->name, options.type.empty() ? "" : differenceFrom(*type, document),
-            PerchAppLibrary::explain(document, type->schema(), isList)};
+            std::move(explanation)};
 }
 
 Value dataOf(const std::string& file, const Finding& finding) {
