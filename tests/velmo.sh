@@ -136,6 +136,13 @@ for command in "tree '$fonts' --activate '$activated'" "find '$fonts' --key a --
     grep -q 'FORMAT' <<<"$shown" && fail "$command: no column is left out"
     eval "'$velmo' $command" | grep -q … && fail "$command is cut in a pipe"
 done
+# Values and sentences wrap between words and elements, and nothing of them is cut.
+for command in "read FontTagList '$tags'" "check '$tags' --as FontList"; do
+    shown=$(on_terminal "stty cols 60; '$velmo' $command --color never" | tr -d '\r')
+    [ -z "$shown" ] || { [ "$(wc -L <<<"$shown")" -le 60 ] && [ "$(tr -d ' \n' <<<"$shown")" = \
+        "$(eval "'$velmo' $command" | tr -d ' \n')" ]; } ||
+        fail "$command does not wrap: $(head -c 300 <<<"$shown")"
+done
 document long.json "[{\"ProductName\":\"B\",\"ProductFileName\":\"$(printf 'a%.0s' $(seq 70))xyz\"}]"
 shown=$(on_terminal "stty cols 60; '$velmo' search '$directory/long.json' xyz")
 [ -z "$shown" ] || grep -q $'…\033\\[1;31mxyz' <<<"$shown" || fail "a match is cut off: $shown"
