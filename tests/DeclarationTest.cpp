@@ -138,6 +138,7 @@ class WideFont : public NotedFont {
     PERCH_PROPERTY(std::int64_t, J);
     PERCH_PROPERTY(std::int64_t, K);
 
+    PERCH_ELEMENTS(Children, FontItem);
     PERCH_RECORD_END;
 };
 PERCH_RECORD_SCHEMA(WideFont);

@@ -110,16 +110,22 @@ public:
 };
 PERCH_RECORD_SCHEMA(Sorted);
 
+/// Reads the record as the second of an array, without PERCH_ELEMENTS.
+template <class Item>
+std::shared_ptr<Item> readInArray(const std::string& text) {
+    PerchAppLibrary::RecordsSink<Item> sink;
+    PerchAppLibrary::readRecords(JSON::parse("[{}," + text + "]"), false, sink);
+    return sink.records.at(1);
+}
+
 TEST(OwnRecords, LetOverridesCountInEachWayOfFilling) {
     const std::string text = R"({"Id":9,"Stars":4,"Children":[{"Id":1},{"Id":2}],"Stars":5})";
-    for (const auto& font :
-         {Mapped::parse(text), makeRecords<Mapped>(JSON::parse("[{}," + text + "]"))[1]}) {
+    for (const auto& font : {Mapped::parse(text), readInArray<Mapped>(text)}) {
         EXPECT_EQ(font->Id(), 0);
         EXPECT_EQ(font->Stars(), 6);
         EXPECT_EQ(font->Children().at(1)->Id(), 2);
     }
-    for (const auto& font :
-         {Sorted::parse(text), makeRecords<Sorted>(JSON::parse("[{}," + text + "]"))[1]}) {
+    for (const auto& font : {Sorted::parse(text), readInArray<Sorted>(text)}) {
         EXPECT_EQ(font->Id(), 9);
         EXPECT_EQ(font->Children().at(0)->Id(), 2);
     }

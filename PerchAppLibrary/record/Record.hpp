@@ -186,6 +186,9 @@ public:                                                                         
 /// derives from theirs. `PERCH_ELEMENTS(Children, StarFont);` in a font class StarFont makes trees
 /// of it. The accessors keep their types, so setChildren() still takes other fonts.
 #define PERCH_ELEMENTS(Name, Item)                                                             \
+public:                                                                                        \
+    static std::type_identity<Self> perchElementsOf##Name();                                   \
+                                                                                               \
 private:                                                                                       \
     static consteval PerchAppLibrary::ElementsOfArray<Self, Item> propertyAt(                  \
         PerchAppLibrary::At<__LINE__>) {                                                       \

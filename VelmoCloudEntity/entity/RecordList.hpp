@@ -42,7 +42,7 @@ public:
     static List parse(Text&& text, const PerchAppLibrary::JSON::Limits& limits = {}) {
         if constexpr (List::parsing == Parsing::direct) {
             static_assert(PerchAppLibrary::isFilledByBase<Item>);
-            PerchAppLibrary::RecordsSink<Item> sink;
+            typename detail::SinkOf<Item>::Type sink;
             PerchAppLibrary::parseRecords(std::forward<Text>(text), which == Elements::objects,
                                           sink, limits);
             List list;

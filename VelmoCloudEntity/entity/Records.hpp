@@ -9,6 +9,7 @@
 #include <iterator>
 #include <memory>
 #include <new>
+#include <type_traits>
 #include <utility>
 #include <vector>
 
@@ -48,11 +49,42 @@ Records<To> recordsAs(const Records<From>& records) {
 /// Selects the elements of a JSON array that become records.
 enum class Elements { all, objects };
 
+/// @cond what makeRecords() and lists use
+namespace detail {
+
+/// True if the class declares properties, but the Children that it inherits would be filled with
+/// records of its base, which do not have them.
+template <class Item>
+inline constexpr bool losesPropertiesInChildren = false;
+template <class Item>
+    requires requires(const Item& item) {
+        requires std::same_as<typename Item::Self, Item>;
+        item.Children().front();
+    }
+inline constexpr bool losesPropertiesInChildren<Item> =
+    !std::same_as<std::remove_cvref_t<decltype(std::declval<const Item&>().Children())>,
+                  Records<Item>> &&
+    !requires {
+        { Item::perchElementsOfChildren() } -> std::same_as<std::type_identity<Item>>;
+    };
+
+/// A sink for the elements of an array. Checks their class.
+template <class Item>
+struct SinkOf {
+    static_assert(!losesPropertiesInChildren<Item>,
+                  "The Children of this class would be filled with records of its base. Add "
+                  "PERCH_ELEMENTS(Children, ThisClass); to the class, or name the base there");
+    using Type = PerchAppLibrary::RecordsSink<Item>;
+};
+
+} // namespace detail
+/// @endcond
+
 /// Makes one record, by `Item::create(element)`, for each element of a JSON array, in order; with
 /// Elements::objects, for each element that is an object. Any other value gives an empty array.
 template <class Item>
 Records<Item> makeRecords(const PerchAppLibrary::JSON& json, Elements which = Elements::all) {
-    PerchAppLibrary::RecordsSink<Item> sink;
+    typename detail::SinkOf<Item>::Type sink;
     PerchAppLibrary::readRecords(json, which == Elements::objects, sink);
     return std::move(sink.records);
 }
