@@ -18,6 +18,8 @@ SHOWN = ["index", "getting-started", "client", "records", "architecture", "perfo
 # What a person types, and the address that comes first.
 QUESTIONS = {"install": "getting-started.html", "activate": "searching.html#searching-activat",
              "nested array": "records.html#records-nested-arrays", "search": "searching.html",
+             "preview font": "locations.html", "save settings": "examples-settingscpp",
+             "thread": "threads.html", "progress": "screen-in-a-worker-thread",
              "setProductName": "FontItem.html", "error code": "errors.html#errors-errors-of",
              "how do I override a setter": "records.html#records-overriding"}
 # What sticks out of the page: the page itself, or the part of it that scrolls.
