@@ -131,10 +131,10 @@ def guide(path, text):
                 text += f"\n## {os.path.basename(file)}\n\n```cpp\n{source.read()}```\n"
     parts = re.split(r"(^```.*?^```$)", text, flags=re.M | re.S)
     for index in range(0, len(parts), 2): # what is not code
-        # Doxygen takes one backtick and a quote for a quotation, in a row of a table at a distance.
-        parts[index] = re.sub(r"(?<!`)`([^`\n]*'[^`\n]*)`(?!`)", r"``\1``", parts[index])
-        parts[index] = re.sub(r"(?m)^\|.*", lambda row: re.sub(
-            r"(`+.+?`+)|'", lambda part: part.group(1) or "&apos;", row.group()), parts[index])
+        # Doxygen takes one backtick and a quote for a quotation.
+        parts[index] = re.sub(r"(?<!`)`([^`]+)`(?!`)", lambda code:
+                              f"`{code.group()}`" if "'" in code.group() else code.group(),
+                              parts[index])
         # It looks for an image by its name.
         parts[index] = re.sub(r"(!\[[^\]]+\]\()[^)\s]*/([^)\s]+\))", r"\1\2", parts[index])
         parts[index] = re.sub(r"(?<!!)\[([^\]]+)\]\(([^)\s]+)\)", link, parts[index])
