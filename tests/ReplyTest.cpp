@@ -102,7 +102,7 @@ TEST(Explain, TellsADocumentOfAnotherTypeButNoEmptyOne) {
         EXPECT_EQ(explained(explain<FontItem>(JSON::parse(empty))), "0 used, 0 ignored");
     }
     EXPECT_EQ(explained(explain<FontList>(JSON::parse(R"({"Id":1})"))),
-              "the document: FontItem is read from an array of objects, not an object: "
+              "the document: a list of FontItem is read from an array of objects, not an object: "
               "{\"Id\":1}\n0 used, 1 ignored");
     const JSON tags = JSON::parse(R"([{"Id":1,"Name":"n","Type":0,"FontIdList":[1],"Ordinal":1,
         "FontCount":2,"Icon":""}])");

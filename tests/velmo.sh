@@ -115,6 +115,13 @@ for command in "tree '$fonts' --activate '$activated'" "find '$fonts' --key a --
     grep -q 'FORMAT' <<<"$shown" && fail "$command: no column is left out"
     eval "'$velmo' $command" | grep -q … && fail "$command is cut in a pipe"
 done
+# Values and sentences wrap between words and elements, and nothing of them is cut.
+for command in "read FontTagList '$tags'" "check '$tags' --as FontList"; do
+    shown=$(on_terminal "stty cols 60; '$velmo' $command --color never" | tr -d '\r')
+    [ -z "$shown" ] || { [ "$(wc -L <<<"$shown")" -le 60 ] && [ "$(tr -d ' \n' <<<"$shown")" = \
+        "$(eval "'$velmo' $command" | tr -d ' \n')" ]; } ||
+        fail "$command does not wrap: $(head -c 300 <<<"$shown")"
+done
 document long.json "[{\"ProductName\":\"B\",\"ProductFileName\":\"$(printf 'a%.0s' $(seq 70))xyz\"}]"
 shown=$(on_terminal "stty cols 60; '$velmo' search '$directory/long.json' xyz")
 [ -z "$shown" ] || grep -q $'…\033\\[1;31mxyz' <<<"$shown" || fail "a match is cut off: $shown"
@@ -162,6 +169,7 @@ echo '[]' | "$velmo" list activated - --activate - 2>&1 |
 # Looking up: in the order of the tree. With --flat, one item of the list itself, a group included.
 expect 0 '^\[\{"Id":337,.*\{"Id":339,[^{]*\}\]$' lookup "$fonts" 339,337 339 --json
 expect 0 '^\{"Id":900001,"ProductName":"","IsGroup":true,' lookup "$fonts" 900001 --flat --json
+expect 1 '900001 is the Id of a group; --flat finds' lookup "$fonts" 900001
 expect 1 'no item at the top level has the Id 339' lookup "$fonts" 339 --flat
 grep -q null "$directory/out" && fail "text for people says null"
 expect 2 'takes one ID' lookup "$fonts" 1 2 --flat
@@ -257,7 +265,8 @@ document renamed.json '[{"Id":1,"Nam":"a"},{"Id":2,"Nam":"b","Tags":{}}]'
     --as FontList >"$directory/out" 2>"$directory/err"
 [ $? = 2 ] || fail "check: the status is not the worst"
 for line in 'renamed.json: FontList; 2 values used, 3 ignored$' '^  \[0\].Nam: .*FontItem.*2 times' \
-    '^  \[1\].Tags: FontItem.Tags takes an array of Int, not an object: \{\}$' 'error-reply.json: is an error reply: 005001'; do
+    '^  \[1\].Tags: FontItem.Tags takes an array of Int, not an object: \{\}$' 'error-reply.json: is an error reply: 005001' \
+    'the document: FontList is read from an array of objects, not an object'; do
     grep -qE "$line" "$directory/out" || fail "check: no $line in $(cat "$directory/out")"
 done
 grep -q 'cut.json: line 1, column 11' "$directory/err" || fail "check: a cut file is not named"

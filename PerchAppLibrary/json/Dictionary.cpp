@@ -34,16 +34,20 @@ void assign(Value& target, dom::element element) {
     case dom::element_type::BOOL:
         target = element.get_bool().value_unsafe();
         break;
-    case dom::element_type::ARRAY:
-        target.emplace_array().reserve(element.get_array().size());
-        for (const dom::element each : element.get_array().value_unsafe())
+    case dom::element_type::ARRAY: {
+        const dom::array elements = element.get_array().value_unsafe();
+        target.emplace_array().reserve(elements.size());
+        for (const dom::element each : elements)
             assign(target.get_array().emplace_back(nullptr), each);
         break;
-    case dom::element_type::OBJECT:
-        target.emplace_object().reserve(element.get_object().size());
-        for (const auto& [key, member] : element.get_object().value_unsafe())
+    }
+    case dom::element_type::OBJECT: {
+        const dom::object members = element.get_object().value_unsafe();
+        target.emplace_object().reserve(members.size());
+        for (const auto& [key, member] : members)
             assign(target.get_object()[key], member);
         break;
+    }
     default: // Later versions of the parser have more kinds, which are off by default.
         target = nullptr;
         break;

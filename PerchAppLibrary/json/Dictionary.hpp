@@ -13,7 +13,14 @@
 
 namespace PerchAppLibrary {
 
-/// Returns the value that assign() stores for the source.
+/// Returns a value for a Dictionary. Linear in the size of the source.
+///
+/// - An integer or a Boolean becomes an equal value.
+/// - A float becomes its shortest decimal, so 0.1F becomes 0.1. A double becomes an equal value.
+/// - NaN, the infinities and an empty std::optional become null.
+/// - In a text, each ill-formed sequence of bytes becomes U+FFFD.
+/// - A std::vector becomes an array of such values.
+/// - A JSON becomes an equal value; a URL becomes its text, a PlatformFont its "name" and "size".
 template <class T>
 Value toValue(T&& source)
     requires requires(Value& target) { assign(target, std::forward<T>(source)); }

@@ -36,13 +36,8 @@ class DictionaryArena; // of this library
 
 class JSON; // completed by PerchAppLibrary/json/JSON.hpp
 
-/// Sets a value of a Dictionary, in the value's storage. Linear in the size of the source.
-///
-/// - An integer or a Boolean becomes an equal value.
-/// - A float becomes its shortest decimal, so 0.1F becomes 0.1. A double becomes an equal value.
-/// - NaN and the infinities become null.
-/// - In a text, each ill-formed sequence of bytes becomes U+FFFD.
-/// - A JSON becomes an equal value.
+/// @cond what toValue() and the schema of a record use
+/// Sets a value of a Dictionary to toValue(source), in the value's storage.
 void assign(Value& target, std::nullptr_t);
 void assign(Value& target, std::int64_t number);
 void assign(Value& target, std::uint64_t number);
@@ -70,12 +65,12 @@ void assign(Value& target, const std::vector<T>& elements)
         assign(append(target), each);
 }
 
-/// An empty optional becomes null.
 template <class T>
 void assign(Value& target, const std::optional<T>& source)
     requires requires { assign(target, *source); }
 {
     source ? assign(target, *source) : assign(target, nullptr);
 }
+/// @endcond
 
 } // namespace PerchAppLibrary

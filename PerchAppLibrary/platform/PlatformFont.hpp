@@ -48,7 +48,9 @@ private:
     bool m_isSystem;
 };
 
+/// @cond what toValue() uses
 /// Sets a value of a Dictionary to {"name", "size"} of the font.
 void assign(Value& target, const PlatformFont& font);
+/// @endcond
 
 } // namespace PerchAppLibrary

@@ -135,10 +135,10 @@ protected:
     /// overrides of setValue(json).
     void fill(const JSON& json, const Excluded& further = {});
 
+    /// @cond what the macros use
     /// Like fill(), but runs BaseEntity's mapping even if a subclass overrides it.
     void fillByBase(const JSON& json, const Excluded& further = {});
 
-    /// @cond what the macros use
     /// Creates a record with defaults.
     template <class R>
     static std::shared_ptr<R> make() {
@@ -219,6 +219,7 @@ private:
     friend struct PlaceAccess; // fills and writes without accessors
 };
 
+/// @cond what walks over trees use
 /// Returns whether the record is of exactly this class, not of a subclass. If so, no subclass
 /// overrides an accessor.
 inline bool isExactly(const BaseEntity& record, const std::type_info& type) noexcept {
@@ -230,5 +231,6 @@ template <class Record>
 bool isExactly(const Record& record) noexcept {
     return isExactly(record, typeid(Record));
 }
+/// @endcond
 
 } // namespace PerchAppLibrary

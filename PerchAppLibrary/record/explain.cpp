@@ -164,8 +164,10 @@ public:
             visitRecord(document, schema);
         else if (document.is_array())
             visitArray(document, schema);
-        else
+        else {
             add(Reason::noRecord, schema, {}, document, {}, "array of objects");
+            m_explanation.mismatches.back().place.insert(0, "list of ");
+        }
     }
 
     Explanation take() { return std::move(m_explanation); }
@@ -336,8 +338,8 @@ std::string Mismatch::text() const {
         text += place + " takes " + withArticle(expected) + ", not " + withArticle(found);
         break;
     case Reason::noRecord:
-        text +=
-            className + " is read from " + withArticle(expected) + ", not " + withArticle(found);
+        text += (className.starts_with("list of ") ? "a " : "") + className + " is read from " +
+                withArticle(expected) + ", not " + withArticle(found);
         break;
     }
     text += ": " + value;

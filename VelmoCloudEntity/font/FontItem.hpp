@@ -50,7 +50,7 @@ class FontItem : public PerchAppLibrary::BaseEntity {
     PERCH_PROPERTY(std::string, TopClassify);
     /// Identifier of the product set (family).
     PERCH_PROPERTY(std::int64_t, ProductSetId);
-    /// Name of the product set.
+    /// Name of the product set (family): the title of a group, a folder in a font's addresses.
     PERCH_PROPERTY(std::string, ProductSetName);
     /// Product name of the font.
     PERCH_PROPERTY(std::string, ProductName);
@@ -104,7 +104,7 @@ class FontItem : public PerchAppLibrary::BaseEntity {
     PERCH_PROPERTY(std::string, FontKey);
     /// The record is a group of the fonts in Children.
     PERCH_PROPERTY(Near<bool>, IsGroup);
-    /// Tag that names the group.
+    /// Text of the service that labels a group, before its name in TreeNodeTitle(). Not a tag.
     PERCH_PROPERTY(Rare<std::string>, GroupTag);
     /// Collection that the group belongs to.
     PERCH_PROPERTY(std::int64_t, GroupCollectionId);
@@ -150,14 +150,14 @@ class FontItem : public PerchAppLibrary::BaseEntity {
     PERCH_COMPUTED(bool, IsActivated);
 
     /// For a leaf, displayName(), or ProductName() if that is empty. For a group, ProductSetName()
-    /// and the number of members: "Song (4)".
+    /// and the number of direct members, fonts and groups: "Song (4)".
     PERCH_COMPUTED(std::string, DisplayName);
 
     /// previewText(), or if that is empty, DisplayName() of a leaf, ProductSetName() of a group.
     PERCH_COMPUTED(std::string, PreviewText);
 
     /// For a leaf, ProductName(), Format() and Version(): "Kai(TTF, 1.00)". For a group, GroupTag()
-    /// directly followed by ProductSetName().
+    /// directly followed by ProductSetName(): "New: " and "Song" give "New: Song".
     PERCH_COMPUTED(std::string, TreeNodeTitle);
 
     PERCH_RECORD_END;

@@ -102,7 +102,8 @@ def guide(path, text):
     page = page_id(path)
 
     def link(match):
-        label, target = " ".join(match.group(1).strip("`").split()), match.group(2)
+        # A label of Doxygen has no code.
+        label, target = " ".join(match.group(1).replace("`", "").split()), match.group(2)
         if ":" in target:
             return match.group(0)
         target, _, fragment = target.partition("#")
@@ -130,7 +131,11 @@ def guide(path, text):
                 text += f"\n## {os.path.basename(file)}\n\n```cpp\n{source.read()}```\n"
     parts = re.split(r"(^```.*?^```$)", text, flags=re.M | re.S)
     for index in range(0, len(parts), 2): # what is not code
-        # Doxygen looks for an image by its name.
+        # Doxygen takes one backtick and a quote for a quotation.
+        parts[index] = re.sub(r"(?<!`)`([^`]+)`(?!`)", lambda code:
+                              f"`{code.group()}`" if "'" in code.group() else code.group(),
+                              parts[index])
+        # It looks for an image by its name.
         parts[index] = re.sub(r"(!\[[^\]]+\]\()[^)\s]*/([^)\s]+\))", r"\1\2", parts[index])
         parts[index] = re.sub(r"(?<!!)\[([^\]]+)\]\(([^)\s]+)\)", link, parts[index])
         parts[index] = re.sub(r"(?m)^(#+) (.*)$", heading, parts[index])

@@ -121,6 +121,12 @@ function breakNames() {
             .flatMap((part, place) => place ? [document.createElement("wbr"), part] : [part]));
 }
 
+/** Keeps short code in one line: `--favorite` does not break after its hyphens. */
+function keepShortCode() {
+    for (const code of document.querySelectorAll(":is(p, li, td) code"))
+        code.classList.toggle("short", code.textContent.length < 25);
+}
+
 /** Shows the rows of a table that is wider than the page as blocks, each cell with its title. */
 function stackTables() {
     for (const table of document.querySelectorAll(".contents table:not(.memberdecls, .memname)")) {
@@ -139,6 +145,7 @@ function stackTables() {
 addEventListener("DOMContentLoaded", () => {
     addSearch();
     breakNames();
+    keepShortCode();
     stackTables();
     addEventListener("resize", stackTables);
 });

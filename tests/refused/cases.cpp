@@ -30,6 +30,7 @@
 // CALL=FontSearchItem::create({.searchKey = "k", .userGuid = "u"}) // declaration order|no matching|could not convert
 // CALL=FontItem::create({.id = 7, .productName = "A"}) // no matching
 // CALL=FontItem::create({.id = 7, .productName = "A", .isPrivat = true}) // no matching
+// CALL=FontItem::create(FontItem::ReferenceLabels{.id = 7, .productNmae = "A"}) // no non-static data member named|does not refer to any field
 // CALL=FontItem::create({.id = 7, .productName = "A", .isPrivate = "no"}) // no matching
 // CALL=FontItem::create({.id = 7.5, .productName = "A", .isPrivate = true}) // no matching
 // CALL=Own::create({.id = 7, .productName = "A"}) // no matching

@@ -11,6 +11,7 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <utility>
 
 namespace velmo {
 namespace {
@@ -46,8 +47,12 @@ Finding findingOf(const std::string& file, const CheckOptions& options) {
         return {"", describeWithoutType(document), {}};
     const bool isList =
         options.type.empty() ? document.type() == JSON::Type::array : !type->item.empty();
+    Explanation explanation = PerchAppLibrary::explain(document, type->schema(), isList);
+    for (Mismatch& each : explanation.mismatches)
+        if (isList && each.reason == Mismatch::Reason::noRecord && each.path.empty())
+            each.place = type->name; // the list itself, by the name that the user gave
     return {type->name, options.type.empty() ? "" : differenceFrom(*type, document),
-            PerchAppLibrary::explain(document, type->schema(), isList)};
+            std::move(explanation)};
 }
 
 Value dataOf(const std::string& file, const Finding& finding) {
@@ -74,14 +79,19 @@ Value dataOf(const std::string& file, const Finding& finding) {
 std::string textOf(const std::string& file, const Finding& finding) {
     const Explanation& explanation = finding.explanation;
     const std::string empty = finding.type.empty() ? "empty" : "";
+    const std::string counts =
+        finding.type.empty()
+            ? ""
+            : fmt::format("{} values used, {} ignored", explanation.used, explanation.ignored);
+    const bool isOfType = finding.problem.empty();
     std::string text = printable(nameOf(file)) + ": " +
-                       printable(finding.problem.empty() ? finding.type + empty : finding.problem);
-    if (!finding.type.empty())
-        text += fmt::format("{}{} values used, {} ignored", finding.problem.empty() ? "; " : "\n  ",
-                            explanation.used, explanation.ignored);
-    text += '\n';
+                       printable(isOfType ? finding.type + empty : finding.problem) +
+                       (isOfType && !counts.empty() ? "; " + counts : "");
+    text = wrapped(text, terminalWidth(), 2) + "\n";
+    if (!isOfType && !counts.empty())
+        text += "  " + counts + "\n";
     for (const Mismatch& each : explanation.mismatches)
-        text += "  " + printable(each.text()) + "\n";
+        text += wrapped("  " + printable(each.text()), terminalWidth(), 4) + "\n";
     return text;
 }
 

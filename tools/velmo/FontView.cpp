@@ -76,6 +76,14 @@ FontList readFontList(const FontSource& source) {
     return fonts;
 }
 
+void addIdsOfGroups(std::unordered_set<std::int64_t>& ids, const Fonts& fonts) {
+    for (const auto& font : fonts)
+        if (font->IsGroup()) {
+            ids.insert(font->Id());
+            addIdsOfGroups(ids, font->Children());
+        }
+}
+
 void printFonts(const Fonts& fonts, bool asJSON) {
     if (asJSON) {
         printJSON(describe(fonts));

@@ -4,7 +4,9 @@
 
 #include <PerchAppLibrary/json/Dictionary.hpp>
 
+#include <cstdint>
 #include <string>
+#include <unordered_set>
 
 namespace CLI {
 class App;
@@ -46,6 +48,9 @@ void addMarks(CLI::App& command, FontSource& source);
 /// Returns the marked font list. Throws Failure if a file cannot be read, or a document is
 /// malformed or of another type.
 VelmoCloudEntity::FontList readFontList(const FontSource& source);
+
+/// Adds the identifiers of all groups of the tree.
+void addIdsOfGroups(std::unordered_set<std::int64_t>& ids, const Fonts& fonts);
 
 /// Prints the fonts: as a JSON array with `asJSON`, otherwise as a table and their number.
 void printFonts(const Fonts& fonts, bool asJSON);

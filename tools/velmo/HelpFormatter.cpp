@@ -1,31 +1,14 @@
 #include "HelpFormatter.hpp"
 
+#include "Terminal.hpp"
+
 #include <algorithm>
-#include <sstream>
 
 namespace velmo {
 namespace {
 
 /// The columns of a terminal that are filled.
 constexpr std::size_t width = 79;
-
-/// Returns the text with a line break in place of the blank before each word that does not fit.
-std::string wrapped(const std::string& text, std::size_t columns) {
-    std::string lines;
-    std::size_t column = 0;
-    std::istringstream words(text);
-    for (std::string word; words >> word; column += word.size()) {
-        if (column != 0 && column + 1 + word.size() > columns) {
-            lines += '\n';
-            column = 0;
-        } else if (column != 0) {
-            lines += ' ';
-            ++column;
-        }
-        lines += word;
-    }
-    return lines;
-}
 
 } // namespace
 
@@ -64,6 +47,12 @@ std::string HelpFormatter::make_footer(const CLI::App* app) const {
     return "Examples:\n" + examples + "\n" + wrapped(program->get_footer(), width) + "\n";
 }
 
+std::string HelpFormatter::make_description(const CLI::App* app) const {
+    // That of the program has a line break of its own.
+    const std::string description = CLI::Formatter::make_description(app);
+    return app->get_parent() == nullptr ? description : wrapped(description, width);
+}
+
 std::string HelpFormatter::make_option_desc(const CLI::Option* option) const {
     return wrapped(CLI::Formatter::make_option_desc(option), width - get_column_width());
 }
@@ -72,10 +61,7 @@ std::string HelpFormatter::make_subcommand(const CLI::App* command) const {
     const std::size_t indent = get_column_width();
     std::string name = "  " + command->get_name();
     name.resize(std::max(name.size() + 1, indent), ' ');
-    std::string text;
-    for (const char each : wrapped(command->get_description(), width - indent))
-        text += each == '\n' ? "\n" + std::string(indent, ' ') : std::string(1, each);
-    return name + text + "\n";
+    return wrapped(name + command->get_description(), width, indent) + "\n";
 }
 
 } // namespace velmo

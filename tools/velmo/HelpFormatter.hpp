@@ -23,6 +23,7 @@ class HelpFormatter : public CLI::Formatter {
 public:
     HelpFormatter() { column_width(28); }
 
+    std::string make_description(const CLI::App* app) const override;
     std::string make_option_opts(const CLI::Option* option) const override;
     std::string make_option_desc(const CLI::Option* option) const override;
     std::string make_subcommand(const CLI::App* command) const override;

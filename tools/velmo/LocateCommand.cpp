@@ -10,9 +10,9 @@
 #include <CLI/App.hpp>
 #include <fmt/format.h>
 
-#include <algorithm>
 #include <functional>
 #include <optional>
+#include <unordered_set>
 #include <utility>
 
 namespace velmo {
@@ -107,16 +107,11 @@ void printText(const FontItem& font, const Dictionary& locations) {
     print(text);
 }
 
-/// Returns whether a group of the tree has the Id.
-bool isGroup(const Fonts& fonts, std::int64_t id) {
-    return std::ranges::any_of(fonts, [id](const std::shared_ptr<FontItem>& font) {
-        return font->IsGroup() && (font->Id() == id || isGroup(font->Children(), id));
-    });
-}
-
 /// Returns why no leaf font has the Id.
 std::string reasonForNone(const Fonts& fonts, std::int64_t id) {
-    return isGroup(fonts, id)
+    std::unordered_set<std::int64_t> groups;
+    addIdsOfGroups(groups, fonts);
+    return groups.contains(id)
                ? fmt::format("{} is the Id of a group, which has no file; name one of its fonts",
                              id)
                : fmt::format("no font has the Id {}", id);

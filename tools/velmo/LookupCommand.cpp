@@ -22,14 +22,23 @@ struct LookupOptions {
 };
 
 /// Warns of each identifier that no font has.
-void warnAboutUnknown(const LookupOptions& options, const Fonts& found) {
+void warnAboutUnknown(const LookupOptions& options, const Fonts& fonts, const Fonts& found) {
     std::unordered_set<std::int64_t> known;
     for (const auto& font : found)
         known.insert(font->Id());
-    for (const std::int64_t id : options.ids)
-        if (!known.contains(id))
-            warn(fmt::format("{}: no {} has the Id {}", nameOf(options.source.file),
-                             options.isFlat ? "item at the top level" : "font", id));
+    std::unordered_set<std::int64_t> groups;
+    if (!options.isFlat && known.size() < options.ids.size())
+        addIdsOfGroups(groups, fonts);
+    for (const std::int64_t id : options.ids) {
+        if (known.contains(id))
+            continue;
+        warn(nameOf(options.source.file) +
+             (groups.contains(id)
+                  ? fmt::format(": {} is the Id of a group; --flat finds groups at the top level",
+                                id)
+                  : fmt::format(": no {} has the Id {}",
+                                options.isFlat ? "item at the top level" : "font", id)));
+    }
 }
 
 ExitStatus lookup(const LookupOptions& options) {
@@ -46,7 +55,7 @@ ExitStatus lookup(const LookupOptions& options) {
                                 : PerchAppLibrary::toValue(describe(*found.front())));
     else
         printFonts(found, options.asJSON);
-    warnAboutUnknown(options, found);
+    warnAboutUnknown(options, fonts.List(), found);
     return found.empty() ? ExitStatus::nothingFound : ExitStatus::success;
 }
 

@@ -33,16 +33,17 @@ void showRecord(std::string& text, const Dictionary& record, std::size_t depth) 
     for (const auto& [name, value] : record)
         width = std::max(width, printable(name).size());
     for (const auto& [key, value] : record) {
-        const std::string name = printable(key);
-        text.append(indent(depth)).append(name);
+        std::string line = indent(depth) + printable(key);
         if (isArrayOfRecords(value)) {
-            text += '\n';
+            text.append(line) += '\n';
             show(text, value, depth + 1);
             continue;
         }
-        text.append(width - name.size() + 2, ' ');
-        text += printable(value.is_string() ? std::string(value.get_string()) : toText(value));
-        text += '\n';
+        line.resize(indent(depth).size() + width + 2, ' ');
+        const std::size_t begin = line.size(); // of the value
+        line += printable(value.is_string() ? std::string(value.get_string()) : toText(value));
+        line.erase(line.find_last_not_of(' ') + 1);
+        text.append(wrapped(line, terminalWidth(), begin)) += '\n';
     }
 }
 

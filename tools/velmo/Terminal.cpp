@@ -15,6 +15,9 @@
 #include <unistd.h>
 
 namespace velmo {
+
+using PerchAppLibrary::text::columnCount;
+
 namespace {
 
 /// Returns the variable of the environment, empty if it is not set.
@@ -53,6 +56,31 @@ std::size_t terminalWidth() {
     winsize size{};
     const bool isKnown = isatty(STDOUT_FILENO) == 1 && ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) == 0;
     return isKnown ? size.ws_col : 0;
+}
+
+std::string wrapped(std::string_view text, std::size_t columns, std::size_t indentation) {
+    if (columns == 0)
+        return std::string(text);
+    constexpr std::size_t maxBytes = 4; // of a character
+    indentation = std::min(indentation, columns / 2);
+    std::string lines;
+    for (std::size_t column = 0; !text.empty();) {
+        const std::string_view near = text.substr(0, maxBytes * columns);
+        std::size_t end = std::min(near.find(' '), text.size());
+        if (end > near.size() || indentation + columnCount(near.substr(0, end)) > columns)
+            end = std::min(text.find_first_of(" ,"), text.size());
+        const std::string_view word = text.substr(0, end + 1);
+        const std::size_t width = columnCount(word);
+        if (column > indentation && column + width - (word.ends_with(' ') ? 1 : 0) > columns) {
+            lines.erase(lines.find_last_not_of(' ') + 1);
+            lines.append("\n").append(indentation, ' ');
+            column = indentation;
+        }
+        lines += word;
+        column += width;
+        text.remove_prefix(word.size());
+    }
+    return lines;
 }
 
 void setColours(const std::string& when) {

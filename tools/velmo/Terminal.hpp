@@ -29,6 +29,11 @@ std::size_t terminalWidth();
 /// the default: colours for a terminal unless NO_COLOR is set.
 void setColours(const std::string& when);
 
+/// Returns the text with line breaks in place of blanks, so that lines fit in this many columns.
+/// Lines after the first are indented. A word that does not fit on a line of its own may be broken
+/// after a comma. With 0 columns, returns the text unchanged: wrapped(text, terminalWidth()).
+std::string wrapped(std::string_view text, std::size_t columns, std::size_t indentation = 0);
+
 /// Returns the text in bold if output is coloured, otherwise the text unchanged.
 std::string bold(const std::string& text);
 
