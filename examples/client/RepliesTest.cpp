@@ -1,6 +1,8 @@
 // Gives the window replies that are wrong, hostile or late.
 #include "TestClient.hpp"
 
+#include <PerchAppLibrary/platform/PlatformFont.hpp>
+
 #include <QPlainTextEdit>
 #include <QTcpServer>
 #include <QTcpSocket>
@@ -34,6 +36,15 @@ TEST(Client, OpensOnlyRegularFilesOfTheCache) {
         client.select(row);
         expectIn("substitute", client.text("drawnIn"));
     }
+    using PerchAppLibrary::PlatformFont;
+    const std::string mono = PlatformFont::named("DejaVu Sans Mono", 12)->file();
+    write(cache + "inside.ttf", contentOf(QString::fromStdString(mono)));
+    QTest::keyClicks(&client.part<QLineEdit>("previewText"), "Ab");
+    QTest::keyClick(&client.part<QSlider>("size"), Qt::Key_Right);
+    expectIn("substitute", client.text("drawnIn")); // a file is read once for each selection
+    client.select(0);
+    client.select(1);
+    EXPECT_EQ(client.text("drawnIn"), "DejaVu Sans Mono Book");
     cacheBefore.isNull() ? qunsetenv("XDG_CACHE_HOME") : qputenv("XDG_CACHE_HOME", cacheBefore);
 }
 
