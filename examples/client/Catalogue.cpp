@@ -24,7 +24,6 @@ Fonts without(const Fonts& others, Fonts fonts) {
 } // namespace
 
 Found Catalogue::find(const std::string& key, bool characters) {
-    const auto begin = std::chrono::steady_clock::now();
     if (!m_passing)
         m_passing = fontsPassingTags();
     Found found;
@@ -37,7 +36,6 @@ Found Catalogue::find(const std::string& key, bool characters) {
         found.byCharacter = without(whole, std::move(byCharacter));
         found.fonts = std::move(whole);
     }
-    found.duration = std::chrono::steady_clock::now() - begin;
     return found;
 }
 

@@ -12,7 +12,6 @@ namespace {
 
 /// The times of keys pressed in the search box, in milliseconds, ascending.
 struct Times {
-    std::vector<double> queries;
     std::vector<double> keystrokes; // until the window is drawn
     std::vector<double> processor;  // of the keystrokes; other programs do not lengthen it
 
@@ -39,10 +38,9 @@ Times timesOf(const Client& client) {
                                       CLOCKS_PER_SEC);
             times.keystrokes.push_back(
                 Milliseconds(std::chrono::steady_clock::now() - begin).count());
-            times.queries.push_back(Milliseconds(client.window->queryTime()).count());
         }
     EXPECT_TRUE(client.part<QLineEdit>("search").text().isEmpty());
-    for (auto* const sorted : {&times.queries, &times.keystrokes, &times.processor})
+    for (auto* const sorted : {&times.keystrokes, &times.processor})
         std::ranges::sort(*sorted);
     return times;
 }
@@ -52,8 +50,7 @@ void measure() {
         const Client client(repeats);
         client.part<QCheckBox>("characters").click();
         const Times times = timesOf(client);
-        std::cout << repeats * 376 << " fonts, " << times.queries.size() << " keystrokes\n";
-        times.print("  query", &Times::queries);
+        std::cout << repeats * 376 << " fonts, " << times.keystrokes.size() << " keystrokes\n";
         times.print("  query and drawing", &Times::keystrokes);
         times.print("  of the processor", &Times::processor);
     }

@@ -137,7 +137,7 @@ QVariant FontModel::data(const QModelIndex& index, int role) const {
     if (role == Qt::CheckStateRole && (flags(index) & Qt::ItemIsUserCheckable) != 0)
         return markOf(font, index.column());
     if (role == foundParts)
-        return QVariant::fromValue(rangesFound(index));
+        return QVariant::fromValue(marksIn(index));
     return {};
 }
 
@@ -150,18 +150,20 @@ QString FontModel::headingOf(int row) const {
         .arg(title, m_keyText, QLocale().toString(static_cast<qulonglong>(count)));
 }
 
-QList<FontModel::Range> FontModel::rangesFound(const QModelIndex& index) const {
+FontModel::Marks FontModel::marksIn(const QModelIndex& index) const {
     const std::string text = drawable(textOf(*fontAt(index), index.column())).toStdString();
     const auto unitsBefore = [&text](std::size_t end) {
         return static_cast<int>(PerchAppLibrary::text::utf16Length({text.data(), end}));
     };
-    QList<Range> ranges;
+    QTextCharFormat format;
+    format.setBackground(QColor(255, 190, 0, 64)); // seen through, for light and dark
+    Marks marks;
     for (const auto& needle : std::cmp_less_equal(index.row(), m_wholeKey) ? m_key : m_characters)
         if (const auto part = needle.partOf(text)) {
             const int begin = unitsBefore(part->begin);
-            ranges.append({begin, unitsBefore(part->end) - begin});
+            marks.append({begin, unitsBefore(part->end) - begin, format});
         }
-    return ranges;
+    return marks;
 }
 
 bool FontModel::setData(const QModelIndex& index, const QVariant& value, int role) {

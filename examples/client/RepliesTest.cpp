@@ -72,7 +72,7 @@ TEST(Client, ReportsABadReplyAndKeepsWhatItHad) {
     client.clickButton("retry");
     ASSERT_TRUE(QTest::qWaitFor([&] { return client.isShown("more"); }));
     EXPECT_EQ(client.text("status"), "1 font");
-    EXPECT_EQ(client.part<QTreeWidget>("tags").topLevelItemCount(), 0);
+    EXPECT_EQ(client.part<QTreeWidget>("tags").topLevelItem(0)->text(0), "No tags");
     client.clickButton("more");
     expectIn("font-list.json: ",
              client.part<QPlainTextEdit>("details").toPlainText().toStdString());
@@ -184,4 +184,22 @@ TEST(Client, CancelsAReplyThatTrickles) {
     client.open();
     EXPECT_EQ(client.text("status"), "376 fonts");
     expectIn(client.folder.path().toStdString(), client.text("from"));
+
+    // The messages are about the fonts that are shown, and about the last reading that ended.
+    write(client.file("font-list.json"), R"([{"Colour":1}])");
+    client.open();
+    client.open("/none");
+    const auto expectMessages = [&client] {
+        expectIn("/none cannot be shown", client.text("message"));
+        EXPECT_TRUE(client.isShown("message") && client.isShown("more"));
+    };
+    expectMessages();
+    startReading();
+    EXPECT_FALSE(client.isShown("message"));
+    client.clickButton("cancel");
+    expectMessages();
+    client.clickButton("more");
+    expectIn("Colour", client.part<QPlainTextEdit>("details").toPlainText().toStdString());
+    client.clickButton("retry");
+    EXPECT_EQ(client.part<QLineEdit>("source").text().toStdString(), "/none");
 }

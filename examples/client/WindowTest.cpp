@@ -20,11 +20,11 @@ TEST(Client, FiltersWithEachKeyAndMarksWhatItFound) {
     EXPECT_EQ(client.cell(2, 0), "Single characters of “ito i” (375)");
     const auto rangesOf = [&client](int row) {
         const QModelIndex index = client.model().index(row, 0);
-        return index.data(FontModel::foundParts).value<QList<FontModel::Range>>();
+        return index.data(FontModel::foundParts).value<FontModel::Marks>();
     };
     ASSERT_EQ(rangesOf(1).size(), 1);
-    EXPECT_EQ(rangesOf(1)[0].begin, 4);
-    EXPECT_EQ(rangesOf(1)[0].size, 5);
+    EXPECT_EQ(rangesOf(1)[0].start, 4);
+    EXPECT_EQ(rangesOf(1)[0].length, 5);
     EXPECT_GT(rangesOf(3).size(), 1) << "characters";
     client.checkModel();
     client.press(Qt::Key_Escape);

@@ -1,5 +1,4 @@
 // A client with a window, the longest example of the library.
-#include "FontView.hpp"
 #include "Look.hpp"
 #include "MainWindow.hpp"
 
@@ -7,6 +6,7 @@
 #include <QCheckBox>
 #include <QCommandLineParser>
 #include <QIcon>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QStandardPaths>
 #include <QTreeWidget>
@@ -23,7 +23,8 @@ int drawInto(const QString& file, client::MainWindow& window, const QCommandLine
     for (const QString& tag : options.values("tag"))
         for (auto* const row : tags.findItems(tag, Qt::MatchFixedString | Qt::MatchRecursive))
             row->setCheckState(0, Qt::Checked);
-    dynamic_cast<client::FontView&>(*window.findChild<QTreeView*>("fonts")).goToFirst();
+    QKeyEvent down(QEvent::KeyPress, Qt::Key_Down, Qt::NoModifier);
+    QApplication::sendEvent(window.findChild<QLineEdit*>("search"), &down);
     QApplication::processEvents();
     if (window.grab().save(file))
         return EXIT_SUCCESS;

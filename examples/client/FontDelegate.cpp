@@ -1,0 +1,50 @@
+#include "FontDelegate.hpp"
+
+#include "FontModel.hpp"
+
+#include <QApplication>
+#include <QPainter>
+
+namespace client {
+namespace {
+
+void drawMarked(QPainter& painter, const QStyleOptionViewItem& item, const QString& text,
+                const FontModel::Marks& marks) {
+    constexpr int inset = 3; // of a text, as the style has it
+    const QRect area = item.rect.adjusted(inset, 0, -inset, 0);
+    QTextLayout layout(item.fontMetrics.elidedText(text, Qt::ElideRight, area.width()), item.font);
+    layout.setFormats(marks);
+    layout.beginLayout();
+    const QTextLine line = layout.createLine();
+    layout.endLayout();
+    painter.save();
+    painter.setClipRect(area);
+    const bool isSelected = item.state.testFlag(QStyle::State_Selected);
+    painter.setPen(item.palette.color(isSelected ? QPalette::HighlightedText : QPalette::Text));
+    layout.draw(&painter, {area.left() * 1.0, area.top() + (area.height() - line.height()) / 2});
+    painter.restore();
+}
+
+} // namespace
+
+void FontDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
+                         const QModelIndex& index) const {
+    QStyleOptionViewItem item(option);
+    initStyleOption(&item, index);
+    const bool isHeading = FontModel::fontAt(index) == nullptr;
+    if (isHeading && index.column() > 0)
+        return;
+    if (isHeading) {
+        item.rect.setRight(item.widget->width());
+        item.font.setBold(true);
+        item.state |= QStyle::State_Enabled; // which a row that the keyboard passes is not
+        item.backgroundBrush = item.palette.button();
+    }
+    const auto marks = index.data(FontModel::foundParts).value<FontModel::Marks>();
+    const QString text = marks.empty() ? QString() : std::exchange(item.text, QString());
+    QApplication::style()->drawControl(QStyle::CE_ItemViewItem, &item, painter, item.widget);
+    if (!marks.empty())
+        drawMarked(*painter, item, text, marks);
+}
+
+} // namespace client
