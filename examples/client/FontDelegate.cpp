@@ -1,6 +1,7 @@
 #include "FontDelegate.hpp"
 
 #include "FontModel.hpp"
+#include "Look.hpp"
 
 #include <QApplication>
 #include <QPainter>
@@ -9,17 +10,20 @@ namespace client {
 namespace {
 
 void drawMarked(QPainter& painter, const QStyleOptionViewItem& item, const QString& text,
-                const FontModel::Marks& marks) {
+                FontModel::Marks marks) {
     constexpr int inset = 3; // of a text, as the style has it
     const QRect area = item.rect.adjusted(inset, 0, -inset, 0);
     QTextLayout layout(item.fontMetrics.elidedText(text, Qt::ElideRight, area.width()), item.font);
+    const bool isSelected = item.state.testFlag(QStyle::State_Selected);
+    const QColor colour(isSelected || isDark(item.palette) ? 0x5c4a12 : 0xffecb3);
+    for (QTextLayout::FormatRange& mark : marks)
+        mark.format.setBackground(colour);
     layout.setFormats(marks);
     layout.beginLayout();
     const QTextLine line = layout.createLine();
     layout.endLayout();
     painter.save();
     painter.setClipRect(area);
-    const bool isSelected = item.state.testFlag(QStyle::State_Selected);
     painter.setPen(item.palette.color(isSelected ? QPalette::HighlightedText : QPalette::Text));
     layout.draw(&painter, {area.left() * 1.0, area.top() + (area.height() - line.height()) / 2});
     painter.restore();
@@ -31,10 +35,8 @@ void FontDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
                          const QModelIndex& index) const {
     QStyleOptionViewItem item(option);
     initStyleOption(&item, index);
-    const bool isHeading = FontModel::fontAt(index) == nullptr;
-    if (isHeading && index.column() > 0)
-        return;
-    if (isHeading) {
+    if (FontModel::fontAt(index) == nullptr) {
+        item.rect.setLeft(0); // each cell draws the row, over what the view has drawn of it
         item.rect.setRight(item.widget->width());
         item.font.setBold(true);
         item.state |= QStyle::State_Enabled; // which a row that the keyboard passes is not

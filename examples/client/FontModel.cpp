@@ -155,13 +155,11 @@ FontModel::Marks FontModel::marksIn(const QModelIndex& index) const {
     const auto unitsBefore = [&text](std::size_t end) {
         return static_cast<int>(PerchAppLibrary::text::utf16Length({text.data(), end}));
     };
-    QTextCharFormat format;
-    format.setBackground(QColor(255, 190, 0, 64)); // seen through, for light and dark
     Marks marks;
     for (const auto& needle : std::cmp_less_equal(index.row(), m_wholeKey) ? m_key : m_characters)
         if (const auto part = needle.partOf(text)) {
             const int begin = unitsBefore(part->begin);
-            marks.append({begin, unitsBefore(part->end) - begin, format});
+            marks.append({begin, unitsBefore(part->end) - begin, {}});
         }
     return marks;
 }

@@ -21,7 +21,7 @@ public:
     enum Column { name, family, file, activated, favourite };
     static constexpr int columns = favourite + 1;
 
-    /// Role of the found parts of a text, with a background.
+    /// Role of the found parts of a text, in UTF-16 code units, without a format.
     static constexpr int foundParts = Qt::UserRole;
     using Marks = QList<QTextLayout::FormatRange>;
 

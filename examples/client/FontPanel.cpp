@@ -51,7 +51,7 @@ void FontPanel::showPreview() {
         drawn.setPointSizeF(points);
     const QString text = m_ui.previewText->text();
     m_ui.preview->setFont(drawn);
-    m_ui.preview->setEnabled(m_font != nullptr);
+    m_ui.preview->setForegroundRole(m_font ? QPalette::WindowText : QPalette::PlaceholderText);
     m_ui.preview->setText(!m_font          ? "Select a font to see it."
                           : text.isEmpty() ? m_ui.previewText->placeholderText()
                                            : text);

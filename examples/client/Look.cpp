@@ -58,7 +58,9 @@ void Style::drawPrimitive(PrimitiveElement element, const QStyleOption* option, 
 QSize Style::sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& contents,
                               const QWidget* widget) const {
     const QSize size = QProxyStyle::sizeFromContents(type, option, contents, widget);
-    return type == CT_ItemViewItem ? QSize(size.width(), option->fontMetrics.height() + gap) : size;
+    if (type == CT_ItemViewItem)
+        return {size.width(), option->fontMetrics.height() + gap};
+    return type == CT_PushButton ? size + QSize(2 * gap, 0) : size;
 }
 
 QPalette paletteOf(bool isDark) {

@@ -49,7 +49,9 @@ MainWindow::MainWindow(QString settingsFile)
     m_ui->rows->setSizes({420, 250});
     m_panel = std::make_unique<FontPanel>(*m_ui, m_settings, [this] { saveSettings(); });
     m_ui->empty->setBackgroundRole(QPalette::Base);
-    for (QLabel* const label : {m_ui->emptyText, m_ui->from})
+    for (QLabel* const label :
+         {m_ui->emptyText, m_ui->from, m_ui->fileCaption, m_ui->addressCaption,
+          m_ui->previewFileCaption, m_ui->previewAddressCaption})
         label->setForegroundRole(QPalette::PlaceholderText);
     for (QLineEdit* const edit : {m_ui->search, m_ui->source, m_ui->previewText})
         edit->setTextMargins(gap / 2, 0, gap / 2, 0);
@@ -213,7 +215,7 @@ void MainWindow::showState() {
     m_ui->details->setVisible(m_ui->more->isChecked() && !m_ignored.isEmpty());
     QPalette palette; // colours that are seen through, so that they suit light and dark
     palette.setColor(QPalette::Window,
-                     isError ? QColor(220, 40, 30, 50) : QColor(40, 110, 230, 40));
+                     isError ? QColor(220, 40, 30, 36) : QColor(40, 110, 230, 40));
     m_ui->messageLine->setPalette(palette);
 }
 

@@ -43,7 +43,7 @@ void showTags(QTreeWidget& view, const Tags& tags) {
     view.header()->setSectionResizeMode(1, QHeaderView::ResizeToContents);
     add(*view.invisibleRootItem(), tags);
     if (view.topLevelItemCount() == 0)
-        (new QTreeWidgetItem(&view, {"No tags"}))->setFlags(Qt::NoItemFlags);
+        (new QTreeWidgetItem(&view, {"No tags"}))->setFlags(Qt::ItemIsEnabled);
     view.expandAll();
 }
 
