@@ -5,7 +5,6 @@
 #include <PerchAppLibrary/text/Needle.hpp>
 
 #include <QAbstractItemModel>
-#include <QTextLayout>
 
 #include <map>
 
@@ -21,9 +20,9 @@ public:
     enum Column { name, family, file, activated, favourite };
     static constexpr int columns = favourite + 1;
 
-    /// Role of the found parts of a text, in UTF-16 code units, without a format.
+    /// Role of the found parts of a text: where each begins and ends, in UTF-16 code units.
     static constexpr int foundParts = Qt::UserRole;
-    using Marks = QList<QTextLayout::FormatRange>;
+    using Parts = QList<std::pair<int, int>>;
 
     /// Shows what was found with this key.
     void setFound(Found found, const std::string& key);
@@ -58,7 +57,7 @@ private:
     };
     static std::unique_ptr<Level> levelOf(Level* outer, int row, Fonts fonts);
     Level& levelBelow(const QModelIndex& parent) const;
-    Marks marksIn(const QModelIndex& index) const;
+    Parts partsFound(const QModelIndex& index) const;
     QString headingOf(int row) const;
 
     std::unique_ptr<Level> m_root = levelOf(nullptr, 0, {});
