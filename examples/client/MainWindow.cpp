@@ -247,7 +247,7 @@ void MainWindow::setDark(bool isDark) {
 bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
     const auto* const press =
         event->type() == QEvent::KeyPress ? static_cast<QKeyEvent*>(event) : nullptr;
-    if (press == nullptr || press->modifiers() != Qt::NoModifier)
+    if (press == nullptr || (press->modifiers() & ~Qt::KeypadModifier) != 0) // arrows may have it
         return false;
     if (watched == m_ui->fonts)
         return pressInFonts(press->key());
