@@ -49,12 +49,11 @@ void FontPanel::showPreview() {
     QFont drawn = m_drawn.value_or(QFont());
     if (m_font)
         drawn.setPointSizeF(points);
-    const QString text = m_ui.previewText->text();
+    const QString typed = m_ui.previewText->text();
+    const QString text = typed.isEmpty() ? m_ui.previewText->placeholderText() : typed;
     m_ui.preview->setFont(drawn);
     m_ui.preview->setForegroundRole(m_font ? QPalette::WindowText : QPalette::PlaceholderText);
-    m_ui.preview->setText(!m_font          ? "Select a font to see it."
-                          : text.isEmpty() ? m_ui.previewText->placeholderText()
-                                           : text);
+    m_ui.preview->setText(m_font ? text : "Select a font to see it.");
 }
 
 std::optional<QFont> FontPanel::drawnWith(const FontItem& font) {
