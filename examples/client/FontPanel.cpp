@@ -34,7 +34,8 @@ void FontPanel::showFont(std::shared_ptr<FontItem> font) {
     m_drawn = m_font ? drawnWith(*m_font) : std::nullopt;
     m_ui.title->setText(m_font ? drawable(m_font->TreeNodeTitle()) : QString());
     m_ui.drawnIn->setVisible(m_font != nullptr);
-    m_ui.drawnIn->setText(m_drawn ? m_drawn->family() + " " + m_drawn->styleName()
+    const QString name = m_drawn ? m_drawn->family() + " " + m_drawn->styleName() : QString();
+    m_ui.drawnIn->setText(m_drawn ? drawable(name.toStdString(), 60)
                                   : " Not on this computer: drawn in a substitute ");
     m_ui.drawnIn->setAutoFillBackground(!m_drawn);
     m_ui.previewText->setPlaceholderText(m_font ? drawable(m_font->PreviewText())
@@ -69,7 +70,8 @@ std::optional<QFont> FontPanel::drawnWith(const FontItem& font) {
     const QRawFont raw(content, 12);
     if (!raw.isValid())
         return std::nullopt;
-    QFont drawn(raw.familyName());
+    QFont drawn;
+    drawn.setFamily(raw.familyName()); // one name, commas or not
     drawn.setStyleName(raw.styleName());
     if (!installed && QFontDatabase::addApplicationFontFromData(content) >= 0)
         m_cacheFonts[path] = drawn; // Qt keeps each that is added
