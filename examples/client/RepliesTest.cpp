@@ -37,8 +37,8 @@ TEST(Client, OpensOnlyRegularFilesOfTheCache) {
         expectIn("substitute", client.text("drawnIn"));
     }
     using PerchAppLibrary::PlatformFont;
-    const std::string mono = PlatformFont::named("DejaVu Sans Mono", 12)->file();
-    write(cache + "inside.ttf", contentOf(QString::fromStdString(mono)));
+    if (const auto mono = PlatformFont::named("DejaVu Sans Mono", 12))
+        write(cache + "inside.ttf", contentOf(QString::fromStdString(mono->file())));
     QTest::keyClicks(&client.part<QLineEdit>("previewText"), "Ab");
     QTest::keyClick(&client.part<QSlider>("size"), Qt::Key_Right);
     expectIn("substitute", client.text("drawnIn")); // a file is read once for each selection

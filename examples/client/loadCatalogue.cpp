@@ -49,12 +49,11 @@ std::string_view textOf(const Reply& reply) {
 }
 
 /// Returns what an error of the service says, in both languages.
-std::string describe(const ReplyError& error) {
-    const ServiceError& reported = *error.serviceError();
-    const std::string chinese = reported.text("Ch");
-    return chinese == reported.text("En")
-               ? error.what()
-               : "error " + reported.code + ": " + chinese + " / " + reported.text("En");
+std::string describe(const ServiceError& error, const char* english) {
+    const std::string chinese = error.text("Ch");
+    return chinese == error.text("En")
+               ? english
+               : "error " + error.code + ": " + chinese + " / " + error.text("En");
 }
 
 /// Reads a reply into the catalogue. Returns what is wrong with it, or an empty text.
@@ -67,8 +66,8 @@ std::string problemOf(Reply& reply, const Document& document, Catalogue& catalog
     try {
         ((reply.error.isEmpty() ? catalogue : unused).*document.read)(textOf(reply));
     } catch (const ReplyError& error) {
-        if (error.serviceError())
-            return describe(error);
+        if (const auto& reported = error.serviceError())
+            return describe(*reported, error.what());
         problem = error.what();
     } catch (const std::exception& error) {
         problem = error.what();
