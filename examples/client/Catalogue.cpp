@@ -1,7 +1,5 @@
 #include "Catalogue.hpp"
 
-#include <VelmoCloudEntity/account/UserFontActivateMapItem.hpp>
-#include <VelmoCloudEntity/account/UserFontFavoriteMapItem.hpp>
 #include <VelmoCloudEntity/entity/RecordTree.hpp>
 
 #include <unordered_set>
@@ -10,35 +8,19 @@ namespace client {
 
 using namespace VelmoCloudEntity;
 
-namespace {
-
-/// Returns the fonts of `fonts` that are not in `others`.
-Fonts without(const Fonts& others, Fonts fonts) {
-    std::unordered_set<const FontItem*> excluded(others.size());
-    for (const auto& font : others)
-        excluded.insert(font.get());
-    std::erase_if(fonts, [&](const auto& font) { return excluded.contains(font.get()); });
-    return fonts;
-}
-
-} // namespace
-
 Found Catalogue::find(const std::string& key, bool characters) {
-    const auto begin = std::chrono::steady_clock::now();
     if (!m_passing)
         m_passing = fontsPassingTags();
-    Found found;
-    if (key.empty()) {
-        found.fonts = *m_passing;
-    } else if (!characters) {
-        found.fonts = FontList::getFontByKey(*m_passing, key, true);
-    } else {
-        auto [whole, byCharacter] = FontList::getSearchResultFont(*m_passing, key);
-        found.byCharacter = without(whole, std::move(byCharacter));
-        found.fonts = std::move(whole);
-    }
-    found.duration = std::chrono::steady_clock::now() - begin;
-    return found;
+    if (key.empty())
+        return {*m_passing, {}};
+    if (!characters)
+        return {FontList::getFontByKey(*m_passing, key, true), {}};
+    auto [whole, others] = FontList::getSearchResultFont(*m_passing, key);
+    if (others == whole) // as they are for a key of one character
+        return {std::move(whole), {}};
+    const std::unordered_set<std::shared_ptr<FontItem>> excluded(whole.begin(), whole.end());
+    std::erase_if(others, [&](const auto& font) { return excluded.contains(font); });
+    return {std::move(whole), std::move(others)};
 }
 
 Fonts Catalogue::fontsPassingTags() const {

@@ -5,7 +5,6 @@
 #include <VelmoCloudEntity/catalogue/FontTagList.hpp>
 #include <VelmoCloudEntity/font/FontList.hpp>
 
-#include <chrono>
 #include <optional>
 #include <string_view>
 
@@ -20,7 +19,6 @@ using Tags = VelmoCloudEntity::Records<FontTagItem>;
 struct Found {
     Fonts fonts; // that contain the whole key; without a key, the tree or what passes the tags
     Fonts byCharacter; // the others that contain a character of the key, if they are asked for
-    std::chrono::nanoseconds duration{}; // of the query
 };
 
 /// The fonts and tags of the service, and the queries. The functions that read the text of a reply

@@ -136,8 +136,8 @@ QVariant FontModel::data(const QModelIndex& index, int role) const {
         return drawable(textOf(font, index.column()));
     if (role == Qt::CheckStateRole && (flags(index) & Qt::ItemIsUserCheckable) != 0)
         return markOf(font, index.column());
-    if (role == foundParts)
-        return QVariant::fromValue(rangesFound(index));
+    if (role == foundParts && !isMark(index.column()))
+        return QVariant::fromValue(partsFound(index));
     return {};
 }
 
@@ -150,18 +150,16 @@ QString FontModel::headingOf(int row) const {
         .arg(title, m_keyText, QLocale().toString(static_cast<qulonglong>(count)));
 }
 
-QList<FontModel::Range> FontModel::rangesFound(const QModelIndex& index) const {
+FontModel::Parts FontModel::partsFound(const QModelIndex& index) const {
     const std::string text = drawable(textOf(*fontAt(index), index.column())).toStdString();
     const auto unitsBefore = [&text](std::size_t end) {
         return static_cast<int>(PerchAppLibrary::text::utf16Length({text.data(), end}));
     };
-    QList<Range> ranges;
+    Parts parts;
     for (const auto& needle : std::cmp_less_equal(index.row(), m_wholeKey) ? m_key : m_characters)
-        if (const auto part = needle.partOf(text)) {
-            const int begin = unitsBefore(part->begin);
-            ranges.append({begin, unitsBefore(part->end) - begin});
-        }
-    return ranges;
+        if (const auto part = needle.partOf(text))
+            parts.emplace_back(unitsBefore(part->begin), unitsBefore(part->end));
+    return parts;
 }
 
 bool FontModel::setData(const QModelIndex& index, const QVariant& value, int role) {

@@ -20,18 +20,18 @@ public:
     enum Column { name, family, file, activated, favourite };
     static constexpr int columns = favourite + 1;
 
-    /// Role of the found parts of a text: a QList of ranges.
+    /// Role of the found parts of a text: where each begins and ends, in UTF-16 code units.
     static constexpr int foundParts = Qt::UserRole;
-    struct Range {
-        int begin; // in UTF-16 code units
-        int size;
-    };
+    using Parts = QList<std::pair<int, int>>;
 
     /// Shows what was found with this key.
     void setFound(Found found, const std::string& key);
 
     /// Returns the font or group of a row, or null for a heading. Requires a valid index.
     static const std::shared_ptr<FontItem>& fontAt(const QModelIndex& index);
+
+    /// Returns the first row that is not a heading, or an invalid index.
+    QModelIndex firstFont() const { return index(m_key.empty() ? 0 : 1, 0); }
 
     QModelIndex index(int row, int column, const QModelIndex& parent = {}) const override;
     QModelIndex parent(const QModelIndex& child) const override;
@@ -57,7 +57,7 @@ private:
     };
     static std::unique_ptr<Level> levelOf(Level* outer, int row, Fonts fonts);
     Level& levelBelow(const QModelIndex& parent) const;
-    QList<Range> rangesFound(const QModelIndex& index) const;
+    Parts partsFound(const QModelIndex& index) const;
     QString headingOf(int row) const;
 
     std::unique_ptr<Level> m_root = levelOf(nullptr, 0, {});

@@ -14,12 +14,6 @@ class MainWindow;
 
 namespace client {
 
-/// A font to draw a preview with.
-struct Drawn {
-    QFont font;
-    bool isSubstitute; // the system's font, since the wanted one is not on this computer
-};
-
 /// The part of the window that shows one font: a preview, with a text and a size that the user
 /// chooses, and its locations.
 class FontPanel {
@@ -35,15 +29,14 @@ private:
     void showPreview();
     void showLocations();
 
-    /// Returns the font itself if it is installed or its file is in the client's cache directory,
-    /// otherwise the system's font.
-    Drawn drawnWith(const FontItem& font, double points);
-    bool isRead(const QString& file);
+    /// Returns the font itself if it is installed or its file is in the client's cache directory.
+    std::optional<QFont> drawnWith(const FontItem& font);
 
     Ui::MainWindow& m_ui;
     std::shared_ptr<VelmoCloudEntity::ConfigItem> m_settings;
     std::shared_ptr<FontItem> m_font;
-    std::map<QString, QFont> m_read; // by file of the cache directory
+    std::optional<QFont> m_drawn;          // nullopt: in a substitute
+    std::map<QString, QFont> m_cacheFonts; // that Qt has, by file
 };
 
 /// Returns the path that a font file may be opened at: that of a regular file below the client's

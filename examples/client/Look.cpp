@@ -55,6 +55,14 @@ void Style::drawPrimitive(PrimitiveElement element, const QStyleOption* option, 
     painter->restore();
 }
 
+QSize Style::sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& contents,
+                              const QWidget* widget) const {
+    const QSize size = QProxyStyle::sizeFromContents(type, option, contents, widget);
+    if (type == CT_ItemViewItem)
+        return {size.width(), option->fontMetrics.height() + gap};
+    return type == CT_PushButton ? size + QSize(2 * gap, 0) : size;
+}
+
 QPalette paletteOf(bool isDark) {
     QPalette palette(isDark ? QColor(0x2a2e35) : QColor(0xeceef1),  // buttons
                      isDark ? QColor(0x1f2227) : QColor(0xf6f7f9)); // the window
@@ -77,18 +85,5 @@ QPalette paletteOf(bool isDark) {
 }
 
 bool isDark(const QPalette& palette) { return palette.color(QPalette::Window).lightness() < 128; }
-
-Colours foundColours(bool isDark) {
-    return isDark ? Colours{QColor(0x6b5300), QColor(0xfff0c2)}
-                  : Colours{QColor(0xffe28a), QColor(0x1c2026)};
-}
-
-Colours messageColours(bool isDark, bool isError) {
-    if (isError)
-        return isDark ? Colours{QColor(0x4a2020), QColor(0xffd9d4)}
-                      : Colours{QColor(0xfde8e6), QColor(0x7d1d14)};
-    return isDark ? Colours{QColor(0x22324a), QColor(0xd5e4fb)}
-                  : Colours{QColor(0xe8f0fd), QColor(0x1e3a66)};
-}
 
 } // namespace client

@@ -1,14 +1,15 @@
 #include "MainWindow.hpp"
 
-#include "FontView.hpp"
+#include "FontDelegate.hpp"
 #include "Look.hpp"
 #include "Settings.hpp"
-#include "TagPanel.hpp"
 #include "Texts.hpp"
+#include "showTags.hpp"
 #include "ui_MainWindow.h"
 
 #include <QApplication>
 #include <QFileDialog>
+#include <QHeaderView>
 #include <QKeyEvent>
 #include <QSettings>
 #include <QShortcut>
@@ -17,7 +18,9 @@
 namespace client {
 namespace {
 
-QString numberText(auto count) { return QLocale().toString(static_cast<qlonglong>(count)); }
+QString counted(std::integral auto count, const char* one, const char* more) {
+    return QLocale().toString(static_cast<qlonglong>(count)) + " " + (count == 1 ? one : more);
+}
 
 /// Returns the settings of the window, in a file beside that of the client's settings.
 QSettings windowSettings(const QString& settingsFile) {
@@ -36,23 +39,26 @@ MainWindow::MainWindow(QString settingsFile)
         m_settingsProblems << m_settingsFile + ": " + drawable(error.what(), 300);
     }
     m_ui->setupUi(this);
-    m_ui->fonts->showModel(m_model);
+    m_ui->fonts->setModel(&m_model);
+    m_ui->fonts->setItemDelegate(new FontDelegate(this));
+    QHeaderView& header = *m_ui->fonts->header();
+    header.resizeSection(FontModel::name, 260);
+    header.resizeSection(FontModel::family, 170);
+    header.setSectionResizeMode(FontModel::file, QHeaderView::Stretch);
+    m_ui->columns->setSizes({230, 770});
+    m_ui->rows->setSizes({420, 250});
     m_panel = std::make_unique<FontPanel>(*m_ui, m_settings, [this] { saveSettings(); });
-    QFont large(font());
-    large.setPointSizeF(large.pointSizeF() * 1.5);
-    m_ui->emptyTitle->setFont(large);
     m_ui->empty->setBackgroundRole(QPalette::Base);
-    for (QLabel* const label : {m_ui->emptyText, m_ui->from})
+    for (QLabel* const label :
+         {m_ui->emptyText, m_ui->from, m_ui->fileCaption, m_ui->addressCaption,
+          m_ui->previewFileCaption, m_ui->previewAddressCaption})
         label->setForegroundRole(QPalette::PlaceholderText);
     for (QLineEdit* const edit : {m_ui->search, m_ui->source, m_ui->previewText})
         edit->setTextMargins(gap / 2, 0, gap / 2, 0);
     m_ui->icon->setPixmap(QApplication::windowIcon().pixmap(64));
-    m_ui->columns->setSizes({230, 770});
-    m_ui->rows->setSizes({420, 250});
     connectParts();
     restoreLayout();
-    setReading(false);
-    showMessage({});
+    showState();
     find();
 }
 
@@ -62,29 +68,21 @@ void MainWindow::connectParts() {
     const Ui::MainWindow& ui = *m_ui;
     connect(ui.search, &QLineEdit::textChanged, this, &MainWindow::find);
     connect(ui.characters, &QCheckBox::toggled, this, &MainWindow::find);
-    connect(ui.source, &QLineEdit::returnPressed, ui.againAction, &QAction::trigger);
-    connect(ui.open, &QPushButton::clicked, ui.openAction, &QAction::trigger);
-    connect(ui.retry, &QPushButton::clicked, this, [this] { open(m_opened); });
-    connect(ui.more, &QPushButton::toggled, ui.details, &QWidget::setVisible);
+    connect(ui.retry, &QPushButton::clicked, this, [this] { open(m_retried); });
     connect(ui.cancel, &QPushButton::clicked, this, &MainWindow::cancel);
     connect(ui.untick, &QPushButton::clicked, this, &MainWindow::untickAll);
     connect(ui.emptyButton, &QPushButton::clicked, this, [this] { m_onEmptyButton(); });
     connect(ui.openAction, &QAction::triggered, this, &MainWindow::chooseFolder);
     connect(ui.againAction, &QAction::triggered, this, [this] { open(m_ui->source->text()); });
-    connect(ui.quitAction, &QAction::triggered, this, &QWidget::close);
     connect(ui.darkAction, &QAction::triggered, this, &MainWindow::setDark);
-    connect(ui.findAction, &QAction::triggered, this, [this] {
-        m_ui->search->setFocus(Qt::ShortcutFocusReason);
-        m_ui->search->selectAll();
-    });
     connect(new QShortcut(Qt::Key_Escape, this), &QShortcut::activated, this,
             [this] { m_isReading ? cancel() : m_ui->search->clear(); });
     ui.search->installEventFilter(this);
-    ui.fonts->onLeave = [this] { m_ui->search->setFocus(Qt::TabFocusReason); };
-    ui.tags->onTick = [this](FontTagItem& tag, bool isTicked) {
-        m_catalogue->tick(tag, isTicked);
+    ui.fonts->installEventFilter(this);
+    connect(ui.tags, &QTreeWidget::itemChanged, this, [this](QTreeWidgetItem* row) {
+        m_catalogue->tick(tagOf(*row), row->checkState(0) == Qt::Checked);
         find();
-    };
+    });
     connect(ui.fonts->selectionModel(), &QItemSelectionModel::currentChanged, this,
             [this](const QModelIndex& font) {
                 m_panel->showFont(font.isValid() ? FontModel::fontAt(font) : nullptr);
@@ -94,8 +92,8 @@ void MainWindow::connectParts() {
             receive(m_loading.result());
     });
     connect(&m_explaining, &QFutureWatcherBase::finished, this, [this] {
-        if (m_explaining.future().resultCount() > 0)
-            showMessage(m_explaining.result());
+        m_ignored = m_explaining.result();
+        showState();
     });
 }
 
@@ -103,62 +101,58 @@ void MainWindow::open(const QString& source) {
     cancel();
     m_ui->source->setText(source);
     m_opened = source;
-    setReading(true);
+    m_isReading = true;
+    const QString progress = "Reading " + drawable(m_opened.toStdString());
+    m_ui->progress->setText(progress + "\u2026");
+    showState();
+    showPage();
     m_replies.get(
         source, replyNames(),
         [this](std::vector<Reply> replies) {
             m_loading.setFuture(QtConcurrent::run(load, std::move(replies)));
         },
-        [this](qint64 received) {
-            m_ui->progress->setText("Reading " + drawable(m_opened.toStdString()) + ": " +
-                                    QLocale().formattedDataSize(received));
+        [this, progress](qint64 received) {
+            m_ui->progress->setText(progress + ": " + QLocale().formattedDataSize(received));
         });
 }
 
 void MainWindow::cancel() {
     m_replies.cancel();
     m_loading.setFuture({}); // a load that is running ends unheard
-    m_explaining.setFuture({});
-    setReading(false);
-}
-
-void MainWindow::setReading(bool isReading) {
-    m_isReading = isReading;
-    m_ui->progress->setText("Reading " + drawable(m_opened.toStdString()) + "\u2026");
-    m_ui->progressLine->setVisible(isReading);
-    if (isReading)
-        m_ui->messageLine->hide();
+    m_isReading = false;
+    showState();
     showPage();
 }
 
 void MainWindow::receive(Loaded loaded) {
+    m_isReading = false;
     m_problems = loaded.problems;
+    m_retried = m_opened;
     if (loaded.catalogue) {
         m_catalogue = std::move(loaded.catalogue);
         m_ui->from->setText("From " + drawable(m_opened.toStdString(), 80));
-        m_ui->tags->showTags(m_catalogue->tags());
+        showTags(*m_ui->tags, m_catalogue->tags());
+        m_ignored.clear();
         m_explaining.setFuture(QtConcurrent::run(ignoredIn, std::move(loaded.replies)));
     } else {
         m_problems.prepend(drawable(m_opened.toStdString()) + " cannot be shown.");
     }
-    setReading(false);
-    showMessage({});
+    showState();
     find();
 }
 
 void MainWindow::find() {
     const std::string key = m_ui->search->text().toStdString();
     Found found = m_catalogue ? m_catalogue->find(key, m_ui->characters->isChecked()) : Found{};
-    m_queryTime = found.duration;
     const bool hasTicks = m_catalogue && m_catalogue->hasTicks();
     const bool isTree = key.empty() && !hasTicks;
-    const auto all = m_catalogue ? m_catalogue->fontCount() : 0;
-    QString status = numberText(all) + (all == 1 ? " font" : " fonts");
-    if (!isTree)
-        status = numberText(found.fonts.size()) + " of " + status;
+    QString status = m_catalogue ? counted(m_catalogue->fontCount(), "font", "fonts") : QString();
+    if (m_catalogue && !isTree)
+        status = QLocale().toString(found.fonts.size()) + " of " + status;
     if (!found.byCharacter.empty())
-        status += ", " + numberText(found.byCharacter.size()) + " more by single characters";
-    m_ui->status->setText(m_catalogue ? status : QString());
+        status +=
+            ", " + counted(found.byCharacter.size(), "more", "more") + " by single characters";
+    m_ui->status->setText(status);
     m_ui->untick->setEnabled(hasTicks);
     m_ui->fonts->setRootIsDecorated(isTree); // else, no row has members
     m_model.setFound(std::move(found), key);
@@ -170,7 +164,7 @@ void MainWindow::untickAll() {
     if (!m_catalogue)
         return;
     m_catalogue->untickAll();
-    m_ui->tags->showTags(m_catalogue->tags());
+    showTags(*m_ui->tags, m_catalogue->tags());
     find();
 }
 
@@ -190,7 +184,7 @@ void MainWindow::showPage() {
         show("Reading the fonts\u2026", drawable(m_opened.toStdString()), "", {});
     else if (!m_catalogue && !m_problems.isEmpty())
         show("The fonts could not be read", m_problems.join('\n'), "Try again",
-             [this] { open(m_opened); });
+             [this] { open(m_retried); });
     else if (!m_catalogue)
         show("No fonts yet", "Open a folder of saved replies, or enter the address of a service.",
              "Open folder\u2026", choose);
@@ -205,25 +199,24 @@ void MainWindow::showPage() {
              });
 }
 
-void MainWindow::showMessage(const QStringList& details) {
+void MainWindow::showState() {
     // Without fonts, the page in their place tells the problems of reading.
-    const QStringList problems = m_settingsProblems + (m_catalogue ? m_problems : QStringList());
-    m_details = details;
-    m_ui->details->setPlainText(details.join('\n'));
-    m_ui->details->setVisible(m_ui->more->isChecked() && !details.isEmpty());
-    const QString ignored = QString("The replies hold values that are not used, of %1 %2.")
-                                .arg(details.size())
-                                .arg(details.size() == 1 ? "kind" : "kinds");
-    m_ui->message->setText(problems.isEmpty() ? ignored : problems.join('\n'));
-    m_ui->more->setVisible(!details.isEmpty());
+    QStringList messages = m_settingsProblems + (m_catalogue ? m_problems : QStringList());
+    const bool isError = !messages.isEmpty();
+    if (!m_ignored.isEmpty())
+        messages << "The replies hold values that are not used, of " +
+                        counted(m_ignored.size(), "kind.", "kinds.");
+    m_ui->progressLine->setVisible(m_isReading);
+    m_ui->messageLine->setVisible(!m_isReading && !messages.isEmpty());
+    m_ui->message->setText(messages.join('\n'));
     m_ui->retry->setVisible(!m_problems.isEmpty());
-    m_ui->messageLine->setVisible(!problems.isEmpty() || !details.isEmpty());
-    const Colours colours = messageColours(isDark(QApplication::palette()), !problems.isEmpty());
-    QPalette palette;
-    palette.setColor(QPalette::Window, colours.background);
+    m_ui->more->setVisible(!m_ignored.isEmpty());
+    m_ui->details->setPlainText(m_ignored.join('\n'));
+    m_ui->details->setVisible(m_ui->more->isChecked() && !m_ignored.isEmpty());
+    QPalette palette; // colours that are seen through, so that they suit light and dark
+    palette.setColor(QPalette::Window,
+                     isError ? QColor(220, 40, 30, 36) : QColor(40, 110, 230, 40));
     m_ui->messageLine->setPalette(palette);
-    palette.setColor(QPalette::WindowText, colours.text);
-    m_ui->message->setPalette(palette);
 }
 
 void MainWindow::saveSettings() {
@@ -233,7 +226,7 @@ void MainWindow::saveSettings() {
     } catch (const std::exception& error) {
         m_settingsProblems = {m_settingsFile + ": " + drawable(error.what())};
     }
-    showMessage(m_details);
+    showState();
 }
 
 void MainWindow::chooseFolder() {
@@ -246,19 +239,41 @@ void MainWindow::chooseFolder() {
 void MainWindow::setDark(bool isDark) {
     QApplication::setPalette(paletteOf(isDark));
     m_ui->darkAction->setChecked(isDark);
-    showMessage(m_details); // which has colours of its own, like the rows of tags
+    showState(); // the message line and the rows of tags have colours of their own
     if (m_catalogue)
-        m_ui->tags->showTags(m_catalogue->tags());
+        showTags(*m_ui->tags, m_catalogue->tags());
 }
 
 bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
-    const bool isDown =
-        event->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Down;
-    if (!isDown || m_model.rowCount() == 0)
-        return QMainWindow::eventFilter(watched, event);
+    const auto* const press =
+        event->type() == QEvent::KeyPress ? static_cast<QKeyEvent*>(event) : nullptr;
+    if (press == nullptr || (press->modifiers() & ~Qt::KeypadModifier) != 0) // arrows may have it
+        return false;
+    if (watched == m_ui->fonts)
+        return pressInFonts(press->key());
+    if (press->key() != Qt::Key_Down || m_model.rowCount() == 0)
+        return false;
     if (!m_ui->fonts->currentIndex().isValid())
-        m_ui->fonts->goToFirst();
-    m_ui->fonts->setFocus(Qt::TabFocusReason);
+        m_ui->fonts->setCurrentIndex(m_model.firstFont());
+    m_ui->fonts->setFocus();
+    return true;
+}
+
+bool MainWindow::pressInFonts(int key) {
+    const QModelIndex current = m_ui->fonts->currentIndex();
+    const auto switchMark = [&](FontModel::Column column) {
+        const QModelIndex cell = current.siblingAtColumn(column);
+        const bool isMarked = cell.data(Qt::CheckStateRole).toInt() == Qt::Checked;
+        m_model.setData(cell, isMarked ? Qt::Unchecked : Qt::Checked, Qt::CheckStateRole);
+    };
+    if (key == Qt::Key_Up && current.siblingAtColumn(0) == m_model.firstFont())
+        m_ui->search->setFocus();
+    else if (key == Qt::Key_Space)
+        switchMark(FontModel::activated);
+    else if (key == Qt::Key_F)
+        switchMark(FontModel::favourite);
+    else
+        return false;
     return true;
 }
 

@@ -26,8 +26,6 @@ public:
 
     void setDark(bool isDark);
 
-    std::chrono::nanoseconds queryTime() const noexcept { return m_queryTime; }
-
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
@@ -37,26 +35,26 @@ private:
     void restoreLayout();
     void chooseFolder();
     void cancel();
-    void setReading(bool isReading);
     void receive(Loaded loaded);
     void find();
     void untickAll();
+    void showState();
     void showPage();
-    void showMessage(const QStringList& details);
     void saveSettings();
+    bool pressInFonts(int key);
 
     std::unique_ptr<Ui::MainWindow> m_ui;
     QString m_settingsFile;
     std::shared_ptr<VelmoCloudEntity::ConfigItem> m_settings;
     QStringList m_settingsProblems;
-    QStringList m_problems; // of the last reading
-    QStringList m_details;  // what its replies hold that is not used
+    QStringList m_problems; // of the last reading that ended
+    QString m_retried;      // its source
     std::shared_ptr<Catalogue> m_catalogue;
-    QString m_opened; // the source of the last reading
+    QStringList m_ignored; // what its replies hold that is not used
+    QString m_opened;      // the source of the last reading
     bool m_isReading = false;
     std::function<void()> m_onEmptyButton; // what the button in place of the fonts does
     FontModel m_model;
-    std::chrono::nanoseconds m_queryTime{};
     std::unique_ptr<FontPanel> m_panel;
     Replies m_replies;
     QFutureWatcher<Loaded> m_loading;

@@ -1,6 +1,8 @@
 // Gives the window replies that are wrong, hostile or late.
 #include "TestClient.hpp"
 
+#include <PerchAppLibrary/platform/PlatformFont.hpp>
+
 #include <QPlainTextEdit>
 #include <QTcpServer>
 #include <QTcpSocket>
@@ -34,6 +36,15 @@ TEST(Client, OpensOnlyRegularFilesOfTheCache) {
         client.select(row);
         expectIn("substitute", client.text("drawnIn"));
     }
+    using PerchAppLibrary::PlatformFont;
+    if (const auto mono = PlatformFont::named("DejaVu Sans Mono", 12))
+        write(cache + "inside.ttf", contentOf(QString::fromStdString(mono->file())));
+    QTest::keyClicks(&client.part<QLineEdit>("previewText"), "Ab");
+    QTest::keyClick(&client.part<QSlider>("size"), Qt::Key_Right);
+    expectIn("substitute", client.text("drawnIn")); // a file is read once for each selection
+    client.select(0);
+    client.select(1);
+    EXPECT_EQ(client.text("drawnIn"), "DejaVu Sans Mono Book");
     cacheBefore.isNull() ? qunsetenv("XDG_CACHE_HOME") : qputenv("XDG_CACHE_HOME", cacheBefore);
 }
 
@@ -61,7 +72,7 @@ TEST(Client, ReportsABadReplyAndKeepsWhatItHad) {
     client.clickButton("retry");
     ASSERT_TRUE(QTest::qWaitFor([&] { return client.isShown("more"); }));
     EXPECT_EQ(client.text("status"), "1 font");
-    EXPECT_EQ(client.part<QTreeWidget>("tags").topLevelItemCount(), 0);
+    EXPECT_EQ(client.part<QTreeWidget>("tags").topLevelItem(0)->text(0), "No tags");
     client.clickButton("more");
     expectIn("font-list.json: ",
              client.part<QPlainTextEdit>("details").toPlainText().toStdString());
@@ -83,7 +94,7 @@ TEST(Client, CutsWhatItDraws) {
     client.select(1);
     for (const char* const label : {"preview", "title", "file"})
         EXPECT_LE(client.part<QLabel>(label).text().size(), 400) << label;
-    EXPECT_LE(client.model().index(1, 0).data().toString().size(), 200);
+    EXPECT_LE(client.model().index(1, 0).data().toString().size(), 203);
     client.window->grab();
     write(client.file("font-list.json"), R"({"ExceptionCode":"1","ExceptionMessage":")" +
                                              QByteArray("\\n").repeated(3000) + "\"}");
@@ -173,4 +184,22 @@ TEST(Client, CancelsAReplyThatTrickles) {
     client.open();
     EXPECT_EQ(client.text("status"), "376 fonts");
     expectIn(client.folder.path().toStdString(), client.text("from"));
+
+    // The messages are about the fonts that are shown, and about the last reading that ended.
+    write(client.file("font-list.json"), R"([{"Colour":1}])");
+    client.open();
+    client.open("/none");
+    const auto expectMessages = [&client] {
+        expectIn("/none cannot be shown", client.text("message"));
+        EXPECT_TRUE(client.isShown("message") && client.isShown("more"));
+    };
+    expectMessages();
+    startReading();
+    EXPECT_FALSE(client.isShown("message"));
+    client.clickButton("cancel");
+    expectMessages();
+    client.clickButton("more");
+    expectIn("Colour", client.part<QPlainTextEdit>("details").toPlainText().toStdString());
+    client.clickButton("retry");
+    EXPECT_EQ(client.part<QLineEdit>("source").text().toStdString(), "/none");
 }

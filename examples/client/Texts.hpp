@@ -1,13 +1,15 @@
 #pragma once
 
-#include <QString>
+#include <PerchAppLibrary/text/Text.hpp>
 
-#include <string_view>
+#include <QString>
 
 namespace client {
 
-/// Returns a text of a reply as it may be drawn: on one line, without characters that control the
-/// layout, and cut to this many UTF-16 code units. Drawing takes time and space with the length.
-QString drawable(std::string_view text, qsizetype longest = 200);
+/// Returns a text of a reply as it may be drawn: on one line, with characters that control the
+/// layout escaped, and cut to this many code points. Drawing takes time and space with the length.
+inline QString drawable(std::string_view text, std::size_t longest = 200) {
+    return QString::fromStdString(PerchAppLibrary::text::printable(text, longest));
+}
 
 } // namespace client

@@ -18,14 +18,13 @@ TEST(Client, FiltersWithEachKeyAndMarksWhatItFound) {
     EXPECT_EQ(client.cell(0, 0), "Names with “ito i” (1)");
     EXPECT_EQ(client.cell(1, 0), "Carlito Italic");
     EXPECT_EQ(client.cell(2, 0), "Single characters of “ito i” (375)");
-    const auto rangesOf = [&client](int row) {
+    const auto partsOf = [&client](int row) {
         const QModelIndex index = client.model().index(row, 0);
-        return index.data(FontModel::foundParts).value<QList<FontModel::Range>>();
+        return index.data(FontModel::foundParts).value<FontModel::Parts>();
     };
-    ASSERT_EQ(rangesOf(1).size(), 1);
-    EXPECT_EQ(rangesOf(1)[0].begin, 4);
-    EXPECT_EQ(rangesOf(1)[0].size, 5);
-    EXPECT_GT(rangesOf(3).size(), 1) << "characters";
+    ASSERT_EQ(partsOf(1).size(), 1);
+    EXPECT_EQ(partsOf(1)[0], std::pair(4, 9));
+    EXPECT_GT(partsOf(3).size(), 1) << "characters";
     client.checkModel();
     client.press(Qt::Key_Escape);
     EXPECT_EQ(client.model().rowCount(), 59);

@@ -48,48 +48,31 @@ std::string_view textOf(const Reply& reply) {
     return {reply.text.constData(), static_cast<std::size_t>(reply.text.size())};
 }
 
-/// Returns the error of the service that a text reports. One that is no JSON reports none.
-std::optional<ServiceError> reportedIn(std::string_view text) {
-    try {
-        return serviceError(JSON::parse(text, limits));
-    } catch (const JSON::ParseError&) {
-        return std::nullopt;
-    }
-}
-
-/// Throws the error of a failed transfer: the service's own if the reply reports one.
-void requireTransferred(const Reply& reply) {
-    if (reply.error.isEmpty())
-        return;
-    if (const auto reported = reportedIn(textOf(reply)))
-        throw ReplyError(*reported);
-    if (!reply.isMissing)
-        throw std::runtime_error(reply.error.toStdString());
-}
-
-/// Returns what an error reply says, in both languages, or what else is wrong with a reply.
-std::string describe(const ReplyError& error) {
-    const auto& reported = error.serviceError();
-    if (!reported || reported->text("Ch") == reported->text("En"))
-        return error.what();
-    return "error " + reported->code + ": " + reported->text("Ch") + " / " + reported->text("En");
+/// Returns what an error of the service says, in both languages.
+std::string describe(const ServiceError& error, const char* english) {
+    const std::string chinese = error.text("Ch");
+    return chinese == error.text("En")
+               ? english
+               : "error " + error.code + ": " + chinese + " / " + error.text("En");
 }
 
 /// Reads a reply into the catalogue. Returns what is wrong with it, or an empty text.
 std::string problemOf(Reply& reply, const Document& document, Catalogue& catalogue) {
-    try {
-        readFile(reply);
-        requireTransferred(reply);
-        if (!reply.isMissing)
-            (catalogue.*document.read)(textOf(reply));
-        else if (document.isNeeded)
-            return reply.error.isEmpty() ? "it is missing" : reply.error.toStdString();
+    readFile(reply);
+    if (reply.isMissing && !document.isNeeded)
         return {};
+    Catalogue unused; // for what a failed transfer brought, which may be an error of the service
+    std::string problem;
+    try {
+        ((reply.error.isEmpty() ? catalogue : unused).*document.read)(textOf(reply));
     } catch (const ReplyError& error) {
-        return describe(error);
+        if (const auto& reported = error.serviceError())
+            return describe(*reported, error.what());
+        problem = error.what();
     } catch (const std::exception& error) {
-        return error.what();
+        problem = error.what();
     }
+    return reply.error.isEmpty() ? problem : reply.error.toStdString();
 }
 
 } // namespace

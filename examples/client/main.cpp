@@ -1,5 +1,4 @@
 // A client with a window, the longest example of the library.
-#include "FontView.hpp"
 #include "Look.hpp"
 #include "MainWindow.hpp"
 
@@ -7,6 +6,7 @@
 #include <QCheckBox>
 #include <QCommandLineParser>
 #include <QIcon>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QStandardPaths>
 #include <QTreeWidget>
@@ -16,14 +16,16 @@
 namespace {
 
 /// Reads the source, ticks the tags, selects the first font, and draws the window into a file.
-int drawInto(const QString& file, client::MainWindow& window, const QCommandLineParser& options) {
+/// Returns the exit status of the process.
+int drawInto(const QString& file, client::MainWindow& window, const QStringList& tags) {
     while (window.isReading() || window.isExplaining())
         QApplication::processEvents(QEventLoop::WaitForMoreEvents);
-    auto& tags = *window.findChild<QTreeWidget*>("tags");
-    for (const QString& tag : options.values("tag"))
-        for (auto* const row : tags.findItems(tag, Qt::MatchFixedString | Qt::MatchRecursive))
+    for (const QString& tag : tags)
+        for (auto* const row : window.findChild<QTreeWidget*>("tags")->findItems(
+                 tag, Qt::MatchFixedString | Qt::MatchRecursive))
             row->setCheckState(0, Qt::Checked);
-    dynamic_cast<client::FontView&>(*window.findChild<QTreeView*>("fonts")).goToFirst();
+    QKeyEvent down(QEvent::KeyPress, Qt::Key_Down, Qt::NoModifier);
+    QApplication::sendEvent(window.findChild<QLineEdit*>("search"), &down);
     QApplication::processEvents();
     if (window.grab().save(file))
         return EXIT_SUCCESS;
@@ -31,36 +33,13 @@ int drawInto(const QString& file, client::MainWindow& window, const QCommandLine
     return EXIT_FAILURE;
 }
 
-/// Shows the window, or draws it into a file. Returns the exit status of the process.
-int run(client::MainWindow& window, const QCommandLineParser& options) {
-    if (options.isSet("dark"))
-        window.setDark(true);
-    if (options.isSet("characters"))
-        window.findChild<QCheckBox*>("characters")->setChecked(true);
-    window.findChild<QLineEdit*>("search")->setText(options.value("search"));
-    const QString source = options.positionalArguments().value(0, VELMO_SAMPLES);
-    if (!source.isEmpty())
-        window.open(source);
-    if (options.isSet("screenshot"))
-        return drawInto(options.value("screenshot"), window, options);
-    window.show();
-    return QApplication::exec();
-}
-
-/// Chooses the plugin for the display: none for a screenshot. Returns whether a display is needed.
-bool choosePlatform(int argc, char** argv) {
-    for (int i = 1; i < argc; ++i)
-        if (QString(argv[i]).startsWith("--screenshot") || QString(argv[i]) == "--help") {
-            qputenv("QT_QPA_PLATFORM", "offscreen");
-            return false;
-        }
+/// Chooses the plugins for a display. Returns whether a missing one is to be told: Qt takes the
+/// first plugin that works, and would end the process with an abort if none did.
+bool chooseDisplay() {
 #if defined(Q_OS_UNIX) && !defined(Q_OS_MACOS)
-    if (qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
-        return false;
-    // Qt takes the first that works, and would end the process with an abort if none did.
     const bool isWayland = qEnvironmentVariableIsSet("WAYLAND_DISPLAY");
-    qputenv("QT_QPA_PLATFORM", isWayland ? "wayland;xcb;offscreen" : "xcb;offscreen");
-    return true;
+    return !qEnvironmentVariableIsSet("QT_QPA_PLATFORM") &&
+           qputenv("QT_QPA_PLATFORM", isWayland ? "wayland;xcb;offscreen" : "xcb;offscreen");
 #else
     return false;
 #endif
@@ -69,17 +48,7 @@ bool choosePlatform(int argc, char** argv) {
 } // namespace
 
 int main(int argc, char** argv) {
-    const bool needsDisplay = choosePlatform(argc, argv);
-    if (needsDisplay)
-        qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
-    const QApplication application(argc, argv);
-    qInstallMessageHandler(nullptr);
-    if (needsDisplay && QApplication::platformName() == "offscreen") {
-        std::fputs("There is no display. Draw the window into a file: --screenshot FILE\n", stderr);
-        return EXIT_FAILURE;
-    }
-    QApplication::setStyle(new client::Style);
-    QApplication::setWindowIcon(QIcon(":/velmo-client.svg"));
+    QApplication::setApplicationName("velmo-client");
     const QString folder = QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation);
     QCommandLineParser options;
     options.addHelpOption();
@@ -90,7 +59,33 @@ int main(int argc, char** argv) {
                         {"tag", "Tick a tag of the screenshot; may be repeated.", "name"},
                         {"screenshot", "Draw the window into a PNG file, and end.", "file"},
                         {"settings", "File of the settings.", "file", folder + "/settings.json"}});
+    options.parse(QStringList(argv, argv + argc));
+    const bool isShown = !options.isSet("screenshot") && !options.isSet("help");
+    if (!isShown)
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    const bool needsDisplay = isShown && chooseDisplay();
+    if (needsDisplay)
+        qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
+    const QApplication application(argc, argv);
+    qInstallMessageHandler(nullptr);
+    if (needsDisplay && QApplication::platformName() == "offscreen") {
+        std::fputs("There is no display. Draw the window into a file: --screenshot FILE\n", stderr);
+        return EXIT_FAILURE;
+    }
     options.process(application);
+    QApplication::setStyle(new client::Style);
+    QApplication::setWindowIcon(QIcon(":/velmo-client.svg"));
     client::MainWindow window(options.value("settings"));
-    return run(window, options);
+    if (options.isSet("dark"))
+        window.setDark(true);
+    if (options.isSet("characters"))
+        window.findChild<QCheckBox*>("characters")->setChecked(true);
+    window.findChild<QLineEdit*>("search")->setText(options.value("search"));
+    const QString source = options.positionalArguments().value(0, VELMO_SAMPLES);
+    if (!source.isEmpty())
+        window.open(source);
+    if (options.isSet("screenshot"))
+        return drawInto(options.value("screenshot"), window, options.values("tag"));
+    window.show();
+    return QApplication::exec();
 }
