@@ -1,8 +1,8 @@
 #include <PerchAppLibrary/json/JSON.hpp>
 
 #include <PerchAppLibrary/container/NoDestructor.hpp>
-#include <PerchAppLibrary/json/Dictionary.hpp>
 #include <PerchAppLibrary/json/detail/Conversion.hpp>
+#include <PerchAppLibrary/json/detail/Equality.hpp>
 #include <PerchAppLibrary/json/detail/JSONElement.hpp>
 #include <PerchAppLibrary/json/detail/JSONFallback.hpp>
 #include <PerchAppLibrary/json/detail/JSONLimits.hpp>
@@ -87,26 +87,7 @@ std::size_t countOf(const Container& container) noexcept {
                : static_cast<std::size_t>(std::distance(container.begin(), container.end()));
 }
 
-/// Makes an integer of each double that equals one. Equal numbers are then of one kind, or
-/// integers.
-void unifyNumbers(Value& value) {
-    constexpr double end = 9223372036854775808.0; // 2^63
-    if (const double* const number = value.if_double()) {
-        if (std::trunc(*number) != *number)
-            return;
-        if (*number >= -end && *number < end)
-            value = static_cast<std::int64_t>(*number);
-        else if (*number >= end && *number < 2 * end)
-            value = static_cast<std::uint64_t>(*number);
-    } else if (ValueArray* const elements = value.if_array()) {
-        for (Value& each : *elements)
-            unifyNumbers(each);
-    } else if (Dictionary* const members = value.if_object()) {
-        for (auto& member : *members)
-            unifyNumbers(member.value());
-    }
-}
-
+/// Parses a text. Throws ParseError if it is malformed.
 JSON parsed(std::string& text) {
     const std::string_view readable = padded(text);
     simdjson::error_code error = simdjson::SUCCESS;
@@ -195,11 +176,9 @@ template bool JSON::convertTo(std::vector<std::string>&) const;
 bool operator==(const JSON& left, const JSON& right) {
     if (left.m_document == right.m_document && left.m_position == right.m_position)
         return true;
-    Value value = toValue(left);
-    Value other = toValue(right);
-    unifyNumbers(value);
-    unifyNumbers(other);
-    return value == other;
+    const std::optional<dom::element> element = JSONElement::of(left);
+    const std::optional<dom::element> other = JSONElement::of(right);
+    return element && other ? areEqual(*element, *other) : left.isNull() && right.isNull();
 }
 
 std::size_t JSON::count() const noexcept {

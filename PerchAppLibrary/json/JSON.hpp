@@ -191,7 +191,7 @@ public:
     ///
     /// A C++ value converts to a JSON first, so `json["Id"] == 7` and `json["Name"] == "A"` work.
     /// To compare leniently, or in a hot loop, use as(): `json["Id"].as<std::int64_t>() == 7` holds
-    /// for "7" too, and allocates nothing. Linear; compares copies of the values.
+    /// for "7" too, and allocates nothing. O(n log n) in the size of the values.
     friend bool operator==(const JSON& left, const JSON& right);
 
 private:
