@@ -29,11 +29,8 @@ inline std::string sample(const std::string& name) {
     return {std::istreambuf_iterator<char>(file), {}};
 }
 
-/// Returns the place where the texts of the dictionaries differ; empty if they are equal.
-inline std::string difference(const PerchAppLibrary::Dictionary& given,
-                              const PerchAppLibrary::Dictionary& expected) {
-    const std::string text = PerchAppLibrary::toText(given),
-                      other = PerchAppLibrary::toText(expected);
+/// Returns the place where the texts of two records differ, from its key; empty if they are equal.
+inline std::string difference(const std::string& text, const std::string& other) {
     const auto differ = std::ranges::mismatch(text, other).in1 - text.begin();
     const std::size_t begin = text.rfind(',', static_cast<std::size_t>(differ)) + 1;
     return text == other ? "" : text.substr(begin, 80) + " instead of " + other.substr(begin, 80);
