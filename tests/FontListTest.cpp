@@ -99,6 +99,7 @@ TEST(FontItem, DerivedValuesReadOverriddenAccessors) {
         FontItem::create<ClientFont>({.id = 7, .productName = "A", .isPrivate = true});
     const auto group = FontItem::create<ClientFont>();
     EXPECT_EQ(FontList::getActivatedFontCount({client}), 1) << "IsActivated()";
+    EXPECT_EQ(FontList::getActivatedFont({client}).size(), 1U);
     EXPECT_EQ(client->PreviewText() + client->TreeNodeTitle(), "ShownClient(, )");
     EXPECT_TRUE(client->IsLocaled());
     group->members = {client};

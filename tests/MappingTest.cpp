@@ -128,13 +128,9 @@ TEST(Mapping, LeavesExcludedKeysAlone) {
 }
 
 TEST(NameIndex, DistinguishesNamesOfAllLengths) {
-    std::vector<std::string> owned{"",
-                                   "Id",
-                                   "IsGroup",
-                                   "ExceptionMessag",
-                                   "ExceptionMessage",
-                                   "GroupCollectionIdentifier",
-                                   std::string("Id\0", 3)};
+    std::vector<std::string> owned{
+        "", "Id", "IsGroup", "ExceptionMessag", "ExceptionMessage", "GroupCollectionIdentifier"};
+    owned.emplace_back("Id\0", 3);
     for (std::size_t number = 0; number < 300; ++number)
         owned.push_back((number % 2 == 0 ? "PropertyOfARecord" : "P") + std::to_string(number));
     std::vector<std::string_view> names(owned.begin(), owned.end());

@@ -4,6 +4,8 @@
 
 #include <VelmoCloudEntity/entity/UrlItem.hpp>
 
+#include <PerchAppLibrary/record/explain.hpp>
+
 using namespace VelmoCloudEntity;
 using PerchAppLibrary::Dictionary;
 using PerchAppLibrary::Excluded;
@@ -114,6 +116,7 @@ TEST(OwnRecords, LetOverridesCountInEachWayOfFilling) {
         EXPECT_EQ(font->Id(), 9);
         EXPECT_EQ(font->Children().at(0)->Id(), 2);
     }
+    EXPECT_EQ(PerchAppLibrary::explain<Mapped>(JSON::parse(R"({"Stars":4,"x":1})")).used, 1U);
     const auto font = FontItem::create(); // an excluded key may come twice
     font->setValue(JSON::parse(text), Excluded{"Id", "Children", "Id"});
     EXPECT_EQ(changed(font), "{}");
@@ -141,7 +144,6 @@ PERCH_RECORD_SCHEMA(Totalled);
 class Titled : public Totalled {
     PERCH_RECORD(Titled, Totalled);
     PERCH_PROPERTY(std::string, Title);
-    PERCH_PROPERTY(std::int64_t, Votes);
     PERCH_RECORD_END;
     PERCH_ON_CHANGE(forgetLength, Title);
 
@@ -150,6 +152,14 @@ public:
     std::optional<std::size_t> length;
 };
 PERCH_RECORD_SCHEMA(Titled);
+
+/// Declares a property again whose change has an effect on the base.
+class Recounted : public Titled {
+    PERCH_RECORD(Recounted, Titled);
+    PERCH_PROPERTY(std::int64_t, Votes);
+    PERCH_RECORD_END;
+};
+PERCH_RECORD_SCHEMA(Recounted);
 
 TEST(OwnRecords, DropEachCachedValueAfterEachWayOfChanging) {
     const auto font = Titled::create();
@@ -174,6 +184,10 @@ TEST(OwnRecords, DropEachCachedValueAfterEachWayOfChanging) {
     font->setTitle("long");
     font->setProductName("Kai");
     EXPECT_EQ(kept(), 1);
+    const auto recounted = Recounted::create();
+    recounted->total = 0;
+    recounted->setVotes(1);
+    EXPECT_FALSE(recounted->total);
 }
 
 /// Returns both names from one member, which then holds the second.
@@ -229,18 +243,14 @@ PERCH_RECORD_SCHEMA(Shy);
 const std::string document = R"([{"Id":1,"IsGroup":true,"Stars":5,"Children":[
     {"Id":2,"Price":10.5,"Children":[{"Id":3,"Stars":null}]},{"Id":4,"Price":null}]},7])";
 
-std::string outline(const Records<StarFont>& fonts) {
-    std::string text;
-    for (const auto& font : fonts)
-        text += std::to_string(font->Id()) + ":" + std::to_string(font->Stars()) + "(" +
-                outline(recordsAs<StarFont>(font->Children())) + ")";
-    return text;
-}
-
 TEST(OwnRecords, HaveElementsOfTheClassAtAnyDepth) {
     const StarFontList direct = StarFontList::parse(document);
-    EXPECT_EQ(outline(direct.List()), "1:5(2:3(3:3())4:3())");
-    EXPECT_EQ(outline(StarFontList(JSON::parse(document)).List()), outline(direct.List()));
+    for (const auto& list : {direct, StarFontList(JSON::parse(document))}) {
+        const auto members = recordsAs<StarFont>(list[0]->Children());
+        EXPECT_EQ(members.at(1)->Id() * 10 + members.at(1)->Stars(), 43);
+        EXPECT_EQ(recordsAs<StarFont>(members.at(0)->Children()).at(0)->Id(), 3);
+        EXPECT_EQ(list.size(), 1U);
+    }
     EXPECT_EQ(toText(direct[0]->Children()[0]->value("Price")), "1.05E1");
     EXPECT_EQ(toText(direct[0]->Children()[1]->value("Price")), "null");
     EXPECT_EQ(StarFont().schema().find("Children"), FontItem().schema().find("Children"));

@@ -67,12 +67,4 @@ TEST(PlatformFont, FindsInstalledFontsByTheirExactNames) {
         EXPECT_FALSE(PlatformFont::named(name, 12)) << name;
 }
 
-TEST(PlatformFont, TakesANameOfAnyLengthInLinearTime) {
-    std::string name;
-    for (int count = 0; count < 2'000'000; ++count)
-        name += "é";
-    const std::optional<PlatformFont> found = PlatformFont::named(name, 12);
-    EXPECT_TRUE(!found || found->name() == name) << "without a font system, each name is a font";
-}
-
 } // namespace

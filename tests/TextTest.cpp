@@ -35,21 +35,6 @@ TEST(Text, ComparesEachCharacterInTheFormThatICUGives) {
     }
 }
 
-TEST(Text, ComparesCharactersThatShareSlotsOfTheCache) {
-    std::string text, form; // of one character of each plane, many times
-    for (int count = 0; count < 20'000; ++count)
-        for (UChar32 codePoint = 0xE9; codePoint <= UCHAR_MAX_VALUE; codePoint += 0x10000) {
-            const icu::UnicodeString character(codePoint);
-            text += literal::utf8(character);
-            form += codePoint == 0xE9 ? "E\u0301" : literal::utf8(character);
-        }
-    ComparedText compared;
-    for (int time = 0; time < 3; ++time) { // from its cache, which grows, and then without
-        compared.assign(text);
-        EXPECT_TRUE(compared.bytes() == form);
-    }
-}
-
 TEST(Text, GivesThePartOfTheOriginalThatWasFound) {
     for (const auto& [text, needle, part] : {std::tuple("Ünïcödé Straße!", "strasse", "Straße"),
                                              {"xﬁy", "i", "ﬁ"},

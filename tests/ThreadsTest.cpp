@@ -6,7 +6,6 @@
 
 #include <cstdio>
 #include <cstdlib>
-#include <functional>
 #include <latch>
 #include <thread>
 
@@ -37,32 +36,26 @@ std::string readAll(const FontList& list) {
     return text;
 }
 
-/// Runs the work in several threads at once, and expects what it gives alone.
-void expectOneResult(const std::function<std::string()>& work) {
-    std::vector<std::string> results(4);
-    std::latch start(static_cast<std::ptrdiff_t>(results.size()));
-    std::vector<std::jthread> threads;
-    threads.reserve(results.size());
-    for (std::string& result : results)
-        threads.emplace_back([&] {
-            start.arrive_and_wait();
-            result = work();
-        });
-    threads.clear();
-    const std::string expected = work();
-    for (const std::string& result : results)
-        EXPECT_TRUE(result == expected) << result.size() << " bytes";
-}
-
 TEST(Threads, ReadOneTreeAndLoadOthersFromOneDocument) {
     const JSON document = JSON::parse(sample("font-list.json"));
     const JSON mine = JSON::parse(sample("activated-fonts.json"));
     const FontList shared(document);
-    expectOneResult([&] {
+    const auto work = [&] {
         const FontList fonts(document);
         FontList::setActivatedFont(fonts.List(), UserFontActivateMapItem::create(mine)->FontList());
         return readAll(shared) + readAll(fonts);
-    });
+    };
+    std::vector<std::string> results(4);
+    std::latch start(std::ssize(results));
+    {
+        std::vector<std::jthread> threads;
+        for (std::string& result : results)
+            threads.emplace_back([&] {
+                start.arrive_and_wait();
+                result = work();
+            });
+    }
+    EXPECT_TRUE(results == std::vector(results.size(), work())) << results[0].size() << " bytes";
 }
 
 /// Reads what the library keeps in static objects.
