@@ -304,9 +304,8 @@ private:
 };
 
 std::string withArticle(const std::string& kind) {
-    const bool beginsWithVowel =
-        std::string_view("AEIOaeio").find(kind.front()) != std::string_view::npos;
-    return (beginsWithVowel ? "an " : "a ") + kind;
+    constexpr std::string_view vowels = "AEIOaeio";
+    return (vowels.find(kind.front()) == std::string_view::npos ? "a " : "an ") + kind;
 }
 
 } // namespace
