@@ -284,9 +284,6 @@ done <<'END'
 END
 document other.json '{"x":1}'
 expect_nothing "$directory/other.json: is of no known type" check "$directory/other.json"
-"$velmo" check "$tags" --as FontList |
-    sed -n '1p;2p' | paste -s | grep -q 'TagList, not a FontList.  379 values used, 570 ignored$' ||
-    fail "check of tags as fonts"
 
 # Error codes.
 expect 0 '^Code record fail.$' error 002004 --lang En
@@ -364,11 +361,9 @@ while IFS='|' read -r line expected; do
     [ "$got" = "$expected" ] || fail "completion of $line: $got"
 done <<'END'
 velmo lo|lookup locate
-velmo help fi|find filter
 velmo list ''|activated authorized favorited
 velmo tree --color = al|always
 velmo tree --activate act|activated-fonts.json
-velmo filter --ch|--check
 velmo read UserFontG|UserFontGroupMapItem
 velmo locate font-list.json 3|
 END
