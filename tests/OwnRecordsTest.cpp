@@ -90,6 +90,7 @@ class Sorted : public FontItem {
 
 public:
     void setChildren(Records<FontItem> members) override {
+        setOrdinal(Ordinal() + 1);
         FontItem::setChildren({members.rbegin(), members.rend()});
     }
 };
@@ -114,6 +115,7 @@ TEST(OwnRecords, LetOverridesCountInEachWayOfFilling) {
         EXPECT_EQ(font->Id(), 9);
         EXPECT_EQ(font->Children().at(0)->Id(), 2);
     }
+    EXPECT_EQ(Sorted::parse("{}")->Ordinal(), 1) << "set to none";
     EXPECT_EQ(PerchAppLibrary::explain<Mapped>(JSON::parse(R"({"Stars":4,"x":1})")).used, 1U);
     const auto font = FontItem::create(); // an excluded key may come twice
     font->setValue(JSON::parse(text), Excluded{"Id", "Children", "Id"});
