@@ -51,6 +51,7 @@ TEST(Threads, ReadOneTreeAndLoadOthersFromOneDocument) {
     std::latch start(std::ssize(results));
     {
         std::vector<std::jthread> threads;
+        threads.reserve(results.size());
         for (std::string& result : results)
             threads.emplace_back([&] {
                 start.arrive_and_wait();
