@@ -6,12 +6,7 @@
 #include <tests/BothPaths.hpp>
 #include <tests/Sample.hpp>
 
-#include <VelmoCloudEntity/account/PhoneNumberPrefixList.hpp>
-#include <VelmoCloudEntity/catalogue/FontCollectionList.hpp>
-#include <VelmoCloudEntity/catalogue/FontSearchList.hpp>
-#include <VelmoCloudEntity/catalogue/FontTagList.hpp>
-#include <VelmoCloudEntity/entity/UrlList.hpp>
-#include <VelmoCloudEntity/font/FontList.hpp>
+#include <tools/velmo/AllRecords.hpp>
 
 #include <PerchAppLibrary/record/RecordSchema.hpp>
 

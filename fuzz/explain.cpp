@@ -63,15 +63,13 @@ public:
         }
         require(count == m_explanation.ignored, m_text);
         // A value within another comes before it. What holds a counted value is not counted itself.
-        std::size_t endOfCounted = 0;
-        std::size_t beginOfCounted = 0;
-        for (const Place& place : placesIn(m_text)) {
-            if (place.begin <= beginOfCounted && endOfCounted <= place.end && endOfCounted > 0)
-                continue;
-            if (checkPlace(place)) {
-                beginOfCounted = place.begin;
-                endOfCounted = place.end;
-            }
+        const std::vector<Place> places = placesIn(m_text);
+        const Place* counted = nullptr;
+        for (const Place& place : places) {
+            const bool holdsCounted =
+                counted != nullptr && place.begin <= counted->begin && counted->end <= place.end;
+            if (!holdsCounted && checkPlace(place))
+                counted = &place;
         }
     }
 

@@ -90,16 +90,6 @@ TEST(BaseEntity, ReadsAnyPropertyByName) {
     EXPECT_EQ(font->value("Font"), Value({{"name", font->Font().name()}, {"size", 32.0}}));
 }
 
-TEST(BaseEntity, NamesTheClassAndTheKeyThatItDoesNotHave) {
-    const auto font = StarredFont::create();
-    for (const char* const unknown : {"", "id", "setId"})
-        try {
-            ADD_FAILURE() << unknown << ": " << font->value(unknown);
-        } catch (const UndefinedKeyError& error) {
-            EXPECT_EQ(error.className() + "." + error.key(), std::string("StarredFont.") + unknown);
-        }
-}
-
 TEST(BaseEntity, TakesAClientsOwnProperties) {
     const auto font = StarredFont::create();
     std::string names;

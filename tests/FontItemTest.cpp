@@ -159,15 +159,6 @@ TEST(FontItem, LocationsWithoutAStemOrAURLEndTheProcess) {
     EXPECT_EXIT(font->remotePreviewFile(), died, "gives no preview URL");
 }
 
-TEST(FontItem, IsLocaledWhenItsFileIsThere) {
-    const auto font = FontItem::create();
-    for (const std::string& name : {std::string(), std::string(100'000, 'a'), std::string("/dev"),
-                                    std::string("/dev/null\0", 10), std::string("/dev/null")}) {
-        font->setProductFileName(name);
-        EXPECT_EQ(font->IsLocaled(), name == "/dev/null") << name.substr(0, 200);
-    }
-}
-
 TEST(FontItem, AlwaysHasAFontToDrawWith) {
     const auto item = FontItem::create({.productName = "DejaVu Sans Mono"});
     EXPECT_FALSE(item->Font().isSystem());

@@ -101,7 +101,7 @@ TEST(FontItem, DerivedValuesReadOverriddenAccessors) {
     EXPECT_EQ(FontList::getActivatedFontCount({client}), 1) << "IsActivated()";
     EXPECT_EQ(FontList::getActivatedFont({client}).size(), 1U);
     EXPECT_EQ(client->PreviewText() + client->TreeNodeTitle(), "ShownClient(, )");
-    EXPECT_TRUE(client->IsLocaled());
+    EXPECT_TRUE(client->IsLocaled() && !FontItem::create()->IsLocaled());
     group->members = {client};
     EXPECT_FALSE(group->FontItem::IsActivated()) << "the member's IsActivated() does not count";
     client->isStored = true;

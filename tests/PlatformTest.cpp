@@ -24,7 +24,9 @@ TEST(Path, JoinsPartsWithOneSlashAndSeesAllButDirectories) {
                                                   {"a", "//", "a/"}})
         EXPECT_EQ(path::append(path, component), joined);
     EXPECT_TRUE(path::fileExists("/dev/null"));
-    EXPECT_FALSE(path::fileExists("/dev"));
+    for (const std::string& none : {std::string(), std::string(100'000, 'a'), std::string("/dev"),
+                                    std::string("/dev/null\0", 10)})
+        EXPECT_FALSE(path::fileExists(none)) << none.size();
 }
 
 TEST(URL, IsAReferenceWhosePathDoesNotRunIntoItsAuthority) {

@@ -248,12 +248,4 @@ TEST(RecordList, IsARangeThatOutlivesATemporary) {
     EXPECT_EQ(ids, 12);
 }
 
-TEST(Export, WritesManyLargeDictionariesInLinearTime) {
-    const auto group = FontItem::create();
-    group->setIsGroup(true);
-    group->setChildren({8, FontItem::create()});
-    const Records<FontItem> groups(20'000, group);
-    EXPECT_EQ(toText(FontItem::getFontArray(groups)), FontItem::getFontArrayText(groups));
-}
-
 } // namespace

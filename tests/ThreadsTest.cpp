@@ -19,18 +19,20 @@ namespace {
 /// Writes down what each way of reading a tree gives.
 std::string readAll(const FontList& list) {
     const auto& fonts = list.List();
-    std::vector<Records<FontItem>> found{FontList::getActivatedFont(fonts),
-                                         FontList::getFontById(fonts, {1, 9, 3})};
-    for (const std::string key : {"s", "Étude", "각", "q\u0323\u0307", "\xFE"}) {
-        for (const bool fuzzy : {false, true})
-            found.insert(found.end(), {FontList::getFontByName(fonts, key, fuzzy),
-                                       FontList::getFontByKey(fonts, key, fuzzy)});
-        found.push_back(FontList::getSearchResultFont(fonts, key).second);
-    }
     std::string text = FontItem::getFontArrayText(fonts);
-    for (const auto& some : found)
-        for (const auto& font : some)
+    const auto add = [&text](const Records<FontItem>& found) {
+        for (const auto& font : found)
             text += std::to_string(font->Id()) + ' ';
+    };
+    add(FontList::getActivatedFont(fonts));
+    add(FontList::getFontById(fonts, {1, 9, 3}));
+    for (const std::string key : {"s", "Étude", "각", "q\u0323\u0307", "\xFE"}) {
+        for (const bool fuzzy : {false, true}) {
+            add(FontList::getFontByName(fonts, key, fuzzy));
+            add(FontList::getFontByKey(fonts, key, fuzzy));
+        }
+        add(FontList::getSearchResultFont(fonts, key).second);
+    }
     for (const auto& font : list)
         text += font->TreeNodeTitle() + toText(font->Dict()) + toText(font->properties());
     return text;

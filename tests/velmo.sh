@@ -284,9 +284,6 @@ done <<'END'
 END
 document other.json '{"x":1}'
 expect_nothing "$directory/other.json: is of no known type" check "$directory/other.json"
-"$velmo" check "$tags" --as FontList |
-    sed -n '1p;2p' | paste -s | grep -q 'TagList, not a FontList.  379 values used, 570 ignored$' ||
-    fail "check of tags as fonts"
 
 # Error codes.
 expect 0 '^Code record fail.$' error 002004 --lang En
@@ -364,11 +361,9 @@ while IFS='|' read -r line expected; do
     [ "$got" = "$expected" ] || fail "completion of $line: $got"
 done <<'END'
 velmo lo|lookup locate
-velmo help fi|find filter
 velmo list ''|activated authorized favorited
 velmo tree --color = al|always
 velmo tree --activate act|activated-fonts.json
-velmo filter --ch|--check
 velmo read UserFontG|UserFontGroupMapItem
 velmo locate font-list.json 3|
 END
@@ -405,9 +400,7 @@ done
 # No control character reaches the terminal, and a device that is full is reported.
 "$velmo" tree "$directory/odd.json" | grep -q $'\033' && fail "tree prints a control character"
 document signs.json '[{"ProductName":"\\u202Ea\\u2066b\\u200Fc\\u061Cd\\u2028e\\u009Bf"}]'
-for command in tree 'read FontList'; do
-    expect 0 '\\u202Ea\\u2066b\\u200Fc\\u061Cd\\u2028e\\u009Bf' $command "$directory/signs.json"
-done
+expect 0 '\\u202Ea\\u2066b\\u200Fc\\u061Cd\\u2028e\\u009Bf' read FontList "$directory/signs.json"
 for arguments in "export $fonts" --help --version 'tree --help'; do
     # shellcheck disable=SC2086
     "$velmo" $arguments >/dev/full 2>"$directory/err"

@@ -4,13 +4,8 @@
 #include <new>
 #include <utility>
 
-#if defined(__has_feature)
-#if __has_feature(address_sanitizer)
-#define KEEPS_MALLOC // the sanitizer's own
-#endif
-#endif
-#if defined(__SANITIZE_ADDRESS__) || !defined(__GLIBC__)
-#define KEEPS_MALLOC
+#if defined(VELMO_ADDRESS_SANITIZER) || !defined(__GLIBC__)
+#define KEEPS_MALLOC // the sanitizer has its own
 #endif
 
 namespace {
