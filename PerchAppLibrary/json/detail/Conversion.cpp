@@ -128,6 +128,12 @@ bool convertReal(const Scalar& scalar, Real& value) {
         scalar);
 }
 
+const char* endOfDigits(const char* from) noexcept {
+    while (*from >= '0' && *from <= '9')
+        ++from;
+    return from;
+}
+
 } // namespace
 
 std::string shortestDecimal(float number) { return shortestDecimalOf(number); }
@@ -150,6 +156,42 @@ Scalar scalarOf(dom::element element) {
     default:
         return std::monostate();
     }
+}
+
+std::string_view leadingNumber(const char* text) noexcept {
+    const char* digits = text + (*text == '-' ? 1 : 0);
+    const char* end = endOfDigits(digits);
+    if (end == digits || (*digits == '0' && end - digits > 1))
+        return {};
+    if (*end == '.') {
+        digits = end + 1;
+        end = endOfDigits(digits);
+        if (end == digits)
+            return {};
+    }
+    if (*end == 'e' || *end == 'E') {
+        digits = end + (end[1] == '+' || end[1] == '-' ? 2 : 1);
+        end = endOfDigits(digits);
+        if (end == digits)
+            return {};
+    }
+    return {text, end};
+}
+
+std::optional<Scalar> scalarOfNumber(std::string_view number) {
+    const char* const end = number.data() + number.size();
+    if (number.find_first_of(".eE") == std::string_view::npos) {
+        std::int64_t integer = 0;
+        if (std::from_chars(number.data(), end, integer).ec == std::errc())
+            return integer;
+        std::uint64_t greater = 0;
+        if (std::from_chars(number.data(), end, greater).ec == std::errc())
+            return greater;
+        return std::nullopt;
+    }
+    double real = 0;
+    fast_float::from_chars(number.data(), end, real);
+    return std::isfinite(real) ? std::optional<Scalar>(real) : std::nullopt;
 }
 
 bool convertScalar(const Scalar& scalar, std::int64_t& value) {

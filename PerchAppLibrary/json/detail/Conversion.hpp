@@ -31,6 +31,14 @@ using Scalar = std::variant<std::monostate, std::nullptr_t, bool, std::int64_t, 
 /// The text of the result lives as long as the document.
 Scalar scalarOf(simdjson::dom::element element);
 
+/// Returns the longest number (RFC 8259, section 6) at the begin of the text, or nothing if there
+/// is none. Requires that the text ends with another character.
+std::string_view leadingNumber(const char* text) noexcept;
+
+/// Returns the number that the parser reads from the text. Returns nullopt for a number that it
+/// cannot represent. Requires a number of JSON.
+std::optional<Scalar> scalarOfNumber(std::string_view number);
+
 bool convertScalar(const Scalar& scalar, std::int64_t& value);
 bool convertScalar(const Scalar& scalar, bool& value);
 bool convertScalar(const Scalar& scalar, float& value);

@@ -170,10 +170,13 @@ Scalar TokenSource::readScalar(Element element) {
         return nullptr;
     if (const bool isTrue = isWord(element, "true"); isTrue || isWord(element, "false"))
         return isTrue;
-    const char* end = element;
-    while (!isBehindScalar(*end))
-        ++end;
-    return scalarOf(parsed(element, end));
+    const std::string_view number = leadingNumber(element);
+    if (number.empty() || !isBehindScalar(element[number.size()]))
+        fail();
+    const std::optional<Scalar> value = scalarOfNumber(number);
+    if (!value)
+        fail();
+    return *value;
 }
 
 std::string_view TokenSource::contentOf(Element string) const {
@@ -181,20 +184,17 @@ std::string_view TokenSource::contentOf(Element string) const {
     return m_text.substr(begin + 1, fallback::endOfString(m_text, begin) - begin - 2);
 }
 
-simdjson::dom::element TokenSource::parseNext(Element element) {
+simdjson::dom::element TokenSource::parse(Element element) {
     if (!isNext(element))
         fail();
     skip(); // finds the end
-    return parsed(element, at(m_next));
-}
-
-simdjson::dom::element TokenSource::parsed(const char* begin, const char* end) {
     constexpr int depth = static_cast<int>(JSON::maximumDepth - maximumDepth);
-    simdjson::dom::element element;
+    simdjson::dom::element parsed;
     if (m_parser.max_depth() != depth)
         check(m_parser.allocate(simdjson::SIMDJSON_PADDING, depth));
-    check(m_parser.parse(begin, static_cast<std::size_t>(end - begin), false).get(element));
-    return element;
+    const auto size = static_cast<std::size_t>(at(m_next) - element);
+    check(m_parser.parse(element, size, false).get(parsed));
+    return parsed;
 }
 
 } // namespace PerchAppLibrary

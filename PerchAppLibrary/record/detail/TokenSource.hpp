@@ -116,7 +116,7 @@ public:
         if constexpr (ConvertsFromScalar<T>)
             return PropertyKind<T>::convert(readScalar(element), value);
         else
-            return PropertyKind<T>::convert(parseNext(element), value);
+            return PropertyKind<T>::convert(parse(element), value);
     }
 
     /// Throws Fault: a class that overrides how it is filled takes documents.
@@ -234,11 +234,9 @@ private:
     /// one is read.
     Scalar readScalar(Element element);
 
-    /// Reads the next value by the parser, like parsed().
-    simdjson::dom::element parseNext(Element element);
-
-    /// Parses a part of the text as a document of its own, which lives until the next call.
-    simdjson::dom::element parsed(const char* begin, const char* end);
+    /// Reads the next value by the parser as a document of its own, which lives until the next
+    /// call.
+    simdjson::dom::element parse(Element element);
 
     /// Enough for real replies, and bounds the stack.
     static constexpr std::size_t maximumDepth = 64;
