@@ -4,23 +4,17 @@
 
 namespace PerchAppLibrary::text {
 
-namespace {
-
-/// For each byte, the bit of an ASCII character that has one. A small letter has that of the
-/// capital one.
-constexpr auto bitOfCharacter = [] {
-    std::array<std::uint64_t, 256> bits{};
-    for (unsigned byte = 0; byte < 128; ++byte) {
-        const auto folded = upperCasedASCII(static_cast<char>(byte));
-        if (TextSignature::isExact({&folded, 1}))
-            bits[byte] = std::uint64_t{1} << (folded - ' ');
-    }
-    return bits;
-}();
-
-} // namespace
-
 void TextSignature::addBytes(std::string_view text) noexcept {
+    // The bit of each ASCII character that has one. A small letter has that of the capital one.
+    static constexpr auto bitOfCharacter = [] {
+        std::array<std::uint64_t, 256> bits{};
+        for (unsigned byte = 0; byte < 128; ++byte) {
+            const char folded = upperCasedASCII(static_cast<char>(byte));
+            if (folded >= firstCharacter && folded < endCharacter)
+                bits[byte] = std::uint64_t{1} << (folded - firstCharacter);
+        }
+        return bits;
+    }();
     constexpr unsigned withoutCase = 0xDF; // equal for small and capital letters
     std::uint64_t characters = 0;
     std::array<std::uint64_t, 2> pairs{};

@@ -42,7 +42,7 @@ public:
     bool isPlain() const noexcept { return (m_characters & plainBit) != 0; }
 
     /// Returns whether a signature of plain texts decides if they contain this folded character.
-    static constexpr bool isExact(std::string_view character) noexcept {
+    static bool isExact(std::string_view character) noexcept {
         return character.size() == 1 && character.front() >= firstCharacter &&
                character.front() < endCharacter;
     }
@@ -55,7 +55,6 @@ private:
     /// The characters from space to ']'. Few others occur, since folded ASCII has no small letters.
     static constexpr char firstCharacter = ' ';
     static constexpr char endCharacter = '^';
-    static constexpr unsigned characterCount = endCharacter - firstCharacter;
     static constexpr std::uint64_t plainBit = std::uint64_t{1} << 62U;
     static constexpr std::uint64_t characterBits = plainBit - 1;
 
