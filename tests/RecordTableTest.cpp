@@ -103,7 +103,7 @@ Type type() {
 }
 
 template <class... Records>
-std::vector<Type> typesOf(velmo::TypeList<Records...>) {
+std::vector<Type> typesOf(PerchAppLibrary::TypeList<Records...>) {
     return {type<Records>()...};
 }
 const std::vector<Type> types = typesOf(velmo::AllRecords());

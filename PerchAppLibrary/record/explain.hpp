@@ -26,8 +26,8 @@ struct Mismatch {
         noRecord,     ///< the document, or an element of a list, is no object or list
     };
     Reason reason;
-    std::string
-        place; ///< class and key, "FontItem.Tags"; for noRecord "FontItem" or "list of FontItem"
+    /// Class and key, "FontItem.Tags"; for noRecord "FontItem" or "list of FontItem".
+    std::string place;
     std::string found;    ///< the kind of the first value: "String", "array with String"
     std::string expected; ///< the kind of the property; of an unknown key, a similar name or empty
     std::string path;     ///< where the first value is: "[3].Children[0].Tags"; empty: the document

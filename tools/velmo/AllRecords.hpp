@@ -23,23 +23,21 @@
 #include <VelmoCloudEntity/entity/UrlList.hpp>
 #include <VelmoCloudEntity/font/FontList.hpp>
 
+#include <PerchAppLibrary/record/PropertyType.hpp>
+
 namespace velmo {
 
-template <class...>
-struct TypeList {};
-
 /// The classes of records that the library has.
-using AllRecords =
-    TypeList<VelmoCloudEntity::ClientOperaItem, VelmoCloudEntity::ClientStartupNoticeItem,
-             VelmoCloudEntity::ClientVersionItem, VelmoCloudEntity::ConfigItem,
-             VelmoCloudEntity::EsUserItem, VelmoCloudEntity::FontApplyItem,
-             VelmoCloudEntity::FontCollectionItem, VelmoCloudEntity::FontImageItem,
-             VelmoCloudEntity::FontItem, VelmoCloudEntity::FontSearchItem,
-             VelmoCloudEntity::FontTagItem, VelmoCloudEntity::FontUploadItem,
-             VelmoCloudEntity::PhoneNumberPrefixItem, VelmoCloudEntity::SmsTokenItem,
-             VelmoCloudEntity::UrlItem, VelmoCloudEntity::UserFontActivateMapItem,
-             VelmoCloudEntity::UserFontFavoriteMapItem, VelmoCloudEntity::UserFontGroupMapItem,
-             VelmoCloudEntity::UserItem, VelmoCloudEntity::WebFontItem,
-             VelmoCloudEntity::ZRFontEffectEntity, VelmoCloudEntity::ZRMessageBubbleItem>;
+using AllRecords = PerchAppLibrary::TypeList<
+    VelmoCloudEntity::ClientOperaItem, VelmoCloudEntity::ClientStartupNoticeItem,
+    VelmoCloudEntity::ClientVersionItem, VelmoCloudEntity::ConfigItem, VelmoCloudEntity::EsUserItem,
+    VelmoCloudEntity::FontApplyItem, VelmoCloudEntity::FontCollectionItem,
+    VelmoCloudEntity::FontImageItem, VelmoCloudEntity::FontItem, VelmoCloudEntity::FontSearchItem,
+    VelmoCloudEntity::FontTagItem, VelmoCloudEntity::FontUploadItem,
+    VelmoCloudEntity::PhoneNumberPrefixItem, VelmoCloudEntity::SmsTokenItem,
+    VelmoCloudEntity::UrlItem, VelmoCloudEntity::UserFontActivateMapItem,
+    VelmoCloudEntity::UserFontFavoriteMapItem, VelmoCloudEntity::UserFontGroupMapItem,
+    VelmoCloudEntity::UserItem, VelmoCloudEntity::WebFontItem, VelmoCloudEntity::ZRFontEffectEntity,
+    VelmoCloudEntity::ZRMessageBubbleItem>;
 
 } // namespace velmo

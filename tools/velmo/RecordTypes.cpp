@@ -90,7 +90,7 @@ RecordType list(const char* name) {
 
 const std::vector<RecordType>& recordTypes() {
     static const std::vector<RecordType> types = [] {
-        std::vector<RecordType> all = []<class... Records>(TypeList<Records...>) {
+        std::vector<RecordType> all = []<class... Records>(PerchAppLibrary::TypeList<Records...>) {
             return std::vector{record<Records>()...};
         }(AllRecords());
         all.insert(all.end(),
