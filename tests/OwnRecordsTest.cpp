@@ -291,7 +291,7 @@ TEST(OwnRecords, KeepTheirOverridesWithinGroupsOfOtherClasses) {
     EXPECT_TRUE(leaf->IsActivated() && shyLeaf->IsActivated());
 }
 
-#ifdef VELMO_ADDRESS_SANITIZER // whose frames of a level are several times as large
+#ifdef VELMO_SANITIZER // which makes frames several times as large, or calls slow
 constexpr int levels = 2'000;
 #else
 constexpr int levels = 10'000;

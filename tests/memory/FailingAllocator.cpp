@@ -4,7 +4,7 @@
 #include <new>
 #include <utility>
 
-#if defined(VELMO_ADDRESS_SANITIZER) || !defined(__GLIBC__)
+#if defined(VELMO_SANITIZER) || !defined(__GLIBC__)
 #define KEEPS_MALLOC // the sanitizer has its own
 #endif
 
