@@ -49,18 +49,21 @@ struct TextSink {
 
     template <class T>
     void add(const Property& property, const T& value) {
-        text.append(property.textKey, skipped);
-        skipped = 0;
+        addKey(property);
         write(value);
     }
 
     void add(const Property& property, const RecordPointers& records, bool isSingle) {
-        text.append(property.textKey, skipped);
-        skipped = 0;
+        addKey(property);
         isSingle ? write(records.front()) : write(records);
     }
 
 private:
+    void addKey(const Property& property) {
+        text.append(property.textKey.data() + skipped, property.textKey.size() - skipped);
+        skipped = 0;
+    }
+
     template <class T>
     void write(const T& value) {
         PropertyKind<T>::write(text, value);
