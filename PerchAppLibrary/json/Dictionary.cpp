@@ -1,5 +1,6 @@
 #include <PerchAppLibrary/json/Dictionary.hpp>
 
+#include <PerchAppLibrary/json/detail/Conversion.hpp>
 #include <PerchAppLibrary/json/detail/JSONElement.hpp>
 #include <PerchAppLibrary/text/Text.hpp>
 
@@ -8,8 +9,9 @@
 
 #include <charconv>
 #include <cmath>
+#include <concepts>
 #include <iterator>
-#include <type_traits>
+#include <variant>
 
 namespace PerchAppLibrary {
 namespace {
@@ -18,39 +20,23 @@ namespace dom = simdjson::dom;
 
 /// Calls itself once for each level. A document has at most JSON::maximumDepth levels.
 void assign(Value& target, dom::element element) {
-    switch (element.type()) {
-    case dom::element_type::INT64:
-        target = element.get_int64().value_unsafe();
-        break;
-    case dom::element_type::UINT64:
-        target = element.get_uint64().value_unsafe();
-        break;
-    case dom::element_type::DOUBLE:
-        target = element.get_double().value_unsafe();
-        break;
-    case dom::element_type::STRING:
-        target.emplace_string() = element.get_string().value_unsafe();
-        break;
-    case dom::element_type::BOOL:
-        target = element.get_bool().value_unsafe();
-        break;
-    case dom::element_type::ARRAY: {
-        const dom::array elements = element.get_array().value_unsafe();
+    if (dom::array elements; element.get(elements) == simdjson::SUCCESS) {
         target.emplace_array().reserve(elements.size());
         for (const dom::element each : elements)
             assign(target.get_array().emplace_back(nullptr), each);
-        break;
-    }
-    case dom::element_type::OBJECT: {
-        const dom::object members = element.get_object().value_unsafe();
+    } else if (dom::object members; element.get(members) == simdjson::SUCCESS) {
         target.emplace_object().reserve(members.size());
         for (const auto& [key, member] : members)
             assign(target.get_object()[key], member);
-        break;
-    }
-    default: // Later versions of the parser have more kinds, which are off by default.
-        target = nullptr;
-        break;
+    } else {
+        std::visit(
+            [&target]<class T>(T scalar) {
+                if constexpr (std::same_as<T, std::string_view>)
+                    target.emplace_string() = scalar;
+                else if constexpr (!std::same_as<T, std::monostate>)
+                    target = scalar;
+            },
+            scalarOf(element));
     }
 }
 
@@ -104,7 +90,7 @@ void assign(Value& target, std::string_view text) {
 }
 
 void assign(Value& target, const std::string& text) { assign(target, std::string_view(text)); }
-void assignArray(Value& target) { target.emplace_array(); }
+void assignArray(Value& target, std::size_t size) { target.emplace_array().reserve(size); }
 Value& append(Value& array) { return array.get_array().emplace_back(nullptr); }
 void assign(Value& target, const JSON& json) {
     if (const std::optional<dom::element> element = JSONElement::of(json))

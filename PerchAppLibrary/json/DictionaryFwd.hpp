@@ -50,8 +50,8 @@ void assign(Value& target, const char* text) = delete; // would convert to bool
 void assign(Value& target, const JSON& json);
 void assign(Value& target, Dictionary&& dictionary);
 
-/// Sets a value to an empty array.
-void assignArray(Value& target);
+/// Sets a value to an empty array with room for this many elements.
+void assignArray(Value& target, std::size_t size);
 
 /// Appends a null to an array, and returns it. Requires that the value is an array.
 Value& append(Value& array);
@@ -60,7 +60,7 @@ template <class T>
 void assign(Value& target, const std::vector<T>& elements)
     requires requires(const T& each) { assign(target, each); }
 {
-    assignArray(target);
+    assignArray(target, elements.size());
     for (const T& each : elements)
         assign(append(target), each);
 }

@@ -83,8 +83,9 @@ struct TypeList {
     static constexpr bool contains = (std::same_as<T, Types> || ...);
 };
 
-/// The types of values. A further type needs a word here and a PropertyKind
-/// (record/detail/PropertyKind.hpp), which arrays and optionals of other types have.
+/// The types of values. A further type needs a word here, a conversion (json/detail/Conversion.hpp)
+/// and a PropertyKind (record/detail/PropertyKind.hpp). Arrays and optionals of other types have
+/// both.
 using ValueTypes =
     TypeList<std::int64_t, bool, float, double, std::string, std::optional<std::int64_t>,
              std::optional<bool>, std::optional<double>, std::optional<std::string>,

@@ -94,9 +94,7 @@ Value Property::value(const BaseEntity& record) const {
     return std::visit(
         [&]<class Access>(const Access& each) -> Value {
             if constexpr (requires { typename Access::Value; }) {
-                Value value;
-                PropertyKind<typename Access::Value>::assign(value, (record.*each.get)());
-                return value;
+                return toValue((record.*each.get)());
             } else if constexpr (requires { each.read; }) {
                 Value value;
                 each.read(record, value);

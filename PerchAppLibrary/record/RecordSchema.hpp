@@ -173,7 +173,7 @@ void assignComputed(Value& place, T value) {
         if (value.has_value())
             assignComputed(place, *std::move(value));
     } else if constexpr (isArray<T>) {
-        assignArray(place);
+        assignArray(place, value.size());
         for (auto&& each : value)
             assignComputed(append(place), typename T::value_type(std::move(each)));
     } else if constexpr (isShared<T>) {

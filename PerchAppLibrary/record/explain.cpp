@@ -1,9 +1,9 @@
 #include <PerchAppLibrary/record/explain.hpp>
 
+#include <PerchAppLibrary/json/detail/Conversion.hpp>
 #include <PerchAppLibrary/json/detail/JSONElement.hpp>
 #include <PerchAppLibrary/json/detail/JSONText.hpp>
 #include <PerchAppLibrary/record/RecordSchema.hpp>
-#include <PerchAppLibrary/record/detail/PropertyKind.hpp>
 #include <PerchAppLibrary/text/Text.hpp>
 
 #include <boost/container/small_vector.hpp>
@@ -197,7 +197,7 @@ private:
     void visitAccess(const FieldAccess<T>& access, const Property& property, Element value,
                      const RecordSchema& schema) {
         T converted{};
-        const bool converts = convertProperty(value, converted);
+        const bool converts = convertElement(value, converted);
         if (access.constant != nullptr) {
             if (!converts || converted != access.constant())
                 add(Reason::notSettable, schema, property.name, value, {}, property.kind());
@@ -235,7 +235,7 @@ private:
         std::size_t index = 0;
         if (value.is_array())
             for (const Element each : elementsOf(value)) {
-                if (Item item{}; !convertProperty(each, item))
+                if (Item item{}; !convertElement(each, item))
                     return Part({index, each});
                 ++index;
             }

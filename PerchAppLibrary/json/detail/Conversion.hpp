@@ -1,6 +1,7 @@
 #pragma once
 
 #include <PerchAppLibrary/json/JSON.hpp>
+#include <PerchAppLibrary/json/detail/JSONElement.hpp>
 
 #include <simdjson.h>
 
@@ -14,7 +15,8 @@
 #include <variant>
 #include <vector>
 
-/// The conversions of JSON::as() and of filling, for elements of the parser. Each `convert`
+/// The conversions of JSON::as() and of filling, for elements of the parser. A further type of
+/// properties has a convertScalar() or convertElement() here. Each `convert`
 /// function stores its result in `value` and returns true, or leaves `value` unchanged and returns
 /// false.
 namespace PerchAppLibrary {
@@ -45,7 +47,22 @@ bool convertScalar(const Scalar& scalar, float& value);
 bool convertScalar(const Scalar& scalar, double& value);
 bool convertScalar(const Scalar& scalar, std::string& value);
 
+/// A null converts to nullopt.
 template <class T>
+bool convertScalar(const Scalar& scalar, std::optional<T>& value) {
+    T given{};
+    const bool isNull = std::holds_alternative<std::nullptr_t>(scalar);
+    if (!isNull && !convertScalar(scalar, given))
+        return false;
+    value = isNull ? std::nullopt : std::optional<T>(std::move(given));
+    return true;
+}
+
+template <class T>
+concept ConvertsFromScalar =
+    requires(const Scalar& scalar, T& value) { convertScalar(scalar, value); };
+
+template <ConvertsFromScalar T>
 bool convertElement(simdjson::dom::element element, T& value) {
     if constexpr (std::integral<T>) // the usual case, in line
         if (element.get(value) == simdjson::SUCCESS)
@@ -53,24 +70,24 @@ bool convertElement(simdjson::dom::element element, T& value) {
     return convertScalar(scalarOf(element), value);
 }
 
-/// An array converts if `convert(element, T&)` does for each element.
-template <class T, class Convert>
-bool convertArray(simdjson::dom::element element, std::vector<T>& value, Convert convert) {
+inline bool convertElement(simdjson::dom::element element, JSON& value) {
+    value = JSONElement::detached(element);
+    return true;
+}
+
+/// An array converts if each element does.
+template <class T>
+bool convertElement(simdjson::dom::element element, std::vector<T>& value) {
     simdjson::dom::array elements;
     if (element.get(elements) != simdjson::SUCCESS)
         return false;
     std::vector<T> converted;
     converted.reserve(elements.size());
     for (const simdjson::dom::element each : elements)
-        if (!convert(each, converted.emplace_back()))
+        if (!convertElement(each, converted.emplace_back()))
             return false;
     value = std::move(converted);
     return true;
-}
-template <class T>
-bool convertElement(simdjson::dom::element element, std::vector<T>& value) {
-    return convertArray(element, value,
-                        [](auto each, T& item) { return convertElement(each, item); });
 }
 
 } // namespace PerchAppLibrary

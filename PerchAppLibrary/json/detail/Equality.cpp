@@ -1,5 +1,7 @@
 #include <PerchAppLibrary/json/detail/Equality.hpp>
 
+#include <PerchAppLibrary/json/detail/Conversion.hpp>
+
 #include <algorithm>
 #include <cmath>
 #include <concepts>
@@ -7,14 +9,15 @@
 #include <limits>
 #include <string_view>
 #include <tuple>
+#include <type_traits>
 #include <utility>
+#include <variant>
 #include <vector>
 
 namespace PerchAppLibrary {
 namespace {
 
 namespace dom = simdjson::dom;
-using Kind = dom::element_type;
 
 template <std::integral Integer>
 bool isInteger(double real, Integer integer) {
@@ -26,31 +29,22 @@ bool isInteger(double real, Integer integer) {
            static_cast<Integer>(real) == integer;
 }
 
-template <class Left, class Right>
-bool areEqualNumbers(Left left, Right right) {
-    if constexpr (std::integral<Left> && std::integral<Right>)
-        return std::cmp_equal(left, right);
-    else if constexpr (std::integral<Left>)
-        return isInteger(right, left);
-    else if constexpr (std::integral<Right>)
-        return isInteger(left, right);
-    else
-        return left == right;
-}
-
-template <class Number>
-bool isNumber(dom::element element, Number number) {
-    switch (element.type()) {
-    case Kind::INT64:
-        return areEqualNumbers(element.get_int64().value_unsafe(), number);
-    case Kind::UINT64:
-        return areEqualNumbers(element.get_uint64().value_unsafe(), number);
-    case Kind::DOUBLE:
-        return areEqualNumbers(element.get_double().value_unsafe(), number);
-    default:
-        return false;
+struct AreEqualScalars {
+    template <class Left, class Right>
+    bool operator()(const Left& left, const Right& right) const {
+        constexpr bool isBoolean = std::same_as<Left, bool> || std::same_as<Right, bool>;
+        if constexpr (std::same_as<Left, Right>)
+            return left == right;
+        else if constexpr (isBoolean || !std::is_arithmetic_v<Left> || !std::is_arithmetic_v<Right>)
+            return false;
+        else if constexpr (std::integral<Left> && std::integral<Right>)
+            return std::cmp_equal(left, right);
+        else if constexpr (std::integral<Left>)
+            return isInteger(right, left);
+        else
+            return isInteger(left, right);
     }
-}
+};
 
 bool areEqual(dom::array left, dom::array right) {
     auto other = right.begin();
@@ -95,27 +89,13 @@ bool areEqual(dom::object left, dom::object right) {
 
 /// Calls itself once for each level. A document has at most JSON::maximumDepth levels.
 bool areEqual(dom::element left, dom::element right) {
-    switch (left.type()) {
-    case Kind::INT64:
-        return isNumber(right, left.get_int64().value_unsafe());
-    case Kind::UINT64:
-        return isNumber(right, left.get_uint64().value_unsafe());
-    case Kind::DOUBLE:
-        return isNumber(right, left.get_double().value_unsafe());
-    case Kind::STRING:
-        return right.is_string() &&
-               left.get_string().value_unsafe() == right.get_string().value_unsafe();
-    case Kind::BOOL:
-        return right.is_bool() && left.get_bool().value_unsafe() == right.get_bool().value_unsafe();
-    case Kind::ARRAY:
+    if (left.is_array())
         return right.is_array() &&
                areEqual(left.get_array().value_unsafe(), right.get_array().value_unsafe());
-    case Kind::OBJECT:
+    if (left.is_object())
         return right.is_object() &&
                areEqual(left.get_object().value_unsafe(), right.get_object().value_unsafe());
-    default: // Later versions of the parser have more kinds, which are off by default.
-        return right.is_null();
-    }
+    return std::visit(AreEqualScalars(), scalarOf(left), scalarOf(right));
 }
 
 } // namespace PerchAppLibrary

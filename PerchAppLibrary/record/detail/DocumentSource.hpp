@@ -1,8 +1,8 @@
 #pragma once
 
+#include <PerchAppLibrary/json/detail/Conversion.hpp>
 #include <PerchAppLibrary/json/detail/JSONElement.hpp>
 #include <PerchAppLibrary/record/detail/NameIndex.hpp>
-#include <PerchAppLibrary/record/detail/PropertyKind.hpp>
 
 #include <concepts>
 #include <optional>
@@ -65,7 +65,7 @@ public:
 
     template <class T>
     bool convert(Element element, T& value) const {
-        return convertProperty(element, value);
+        return convertElement(element, value);
     }
 
     JSON toJSON(Element element) const noexcept {

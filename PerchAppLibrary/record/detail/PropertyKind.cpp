@@ -9,7 +9,7 @@ void PropertyKind<std::string>::write(Dictionary& dictionary, std::string_view k
     if (text::isWellFormed(value))
         dictionary.emplace(key, std::string_view(value));
     else
-        PerchAppLibrary::assign(dictionary[key], value);
+        assign(dictionary[key], value);
 }
 
 } // namespace PerchAppLibrary

@@ -2,7 +2,6 @@
 
 #include <PerchAppLibrary/json/JSON.hpp>
 #include <PerchAppLibrary/json/detail/Conversion.hpp>
-#include <PerchAppLibrary/record/detail/PropertyKind.hpp>
 
 #include <cstddef>
 #include <cstdint>
@@ -114,9 +113,9 @@ public:
     template <class T>
     bool convert(Element element, T& value) {
         if constexpr (ConvertsFromScalar<T>)
-            return PropertyKind<T>::convert(readScalar(element), value);
+            return convertScalar(readScalar(element), value);
         else
-            return PropertyKind<T>::convert(parse(element), value);
+            return convertElement(parse(element), value);
     }
 
     /// Throws Fault: a class that overrides how it is filled takes documents.
