@@ -122,11 +122,6 @@ TEST(OwnRecords, LetOverridesCountInEachWayOfFilling) {
     EXPECT_EQ(changed(font), "{}");
 }
 
-#ifdef __clang__
-#pragma clang diagnostic ignored \
-    "-Winconsistent-missing-override" // of the property that is declared again
-#endif
-
 /// Two levels of classes with a cached value each, one of several properties.
 class Totalled : public FontItem {
     PERCH_RECORD(Totalled, FontItem);
@@ -188,22 +183,6 @@ TEST(OwnRecords, DropEachCachedValueAfterEachWayOfChanging) {
     recounted->total = 0;
     recounted->setVotes(1);
     EXPECT_FALSE(recounted->total);
-}
-
-/// Returns both names from one member, which then holds the second.
-struct OneMember : FontItem {
-    const std::string& ProductName() const override { return name = FontItem::ProductName(); }
-    const std::string& ProductSetName() const override { return name = FontItem::ProductSetName(); }
-    mutable std::string name;
-};
-
-TEST(OwnRecords, MayReturnTwoNamesFromOneMember) {
-    const auto font = FontItem::create<OneMember>(
-        JSON::parse(R"({"ProductName":"Kai","ProductSetName":"Song"})"));
-    for (const auto& [key, count] : {std::pair("kai", 1U), {"song", 1U}, {"ai", 1U}, {"x", 0U}}) {
-        EXPECT_EQ(FontList::getFontByKey({font}, key, true).size(), count) << key;
-        EXPECT_EQ(FontList::getSearchResultFont({font}, key).first.size(), count) << key;
-    }
 }
 
 /// A client's font whose members are of its own class, with one record of each of two kinds.

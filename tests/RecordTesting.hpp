@@ -22,6 +22,10 @@
 #include <utility>
 #include <vector>
 
+#ifdef __clang__ // which warns of a property that a subclass declares again
+#pragma clang diagnostic ignored "-Winconsistent-missing-override"
+#endif
+
 /// Returns the text of a file in the folder of samples.
 inline std::string sample(const std::string& name) {
     std::ifstream file(VELMO_SAMPLES "/" + name);

@@ -15,14 +15,12 @@ namespace text = PerchAppLibrary::text;
 using text::Case;
 using text::ComparedText;
 using text::Needle;
-using text::SearchedText;
 using text::TextSignature;
 
 namespace {
 
 bool contains(std::string_view haystack, std::string_view needle) {
-    SearchedText text(haystack);
-    return Needle(needle).isIn(text);
+    return Needle(needle).isIn(ComparedText(haystack));
 }
 
 TEST(Text, ComparesEachCharacterInTheFormThatICUGives) {

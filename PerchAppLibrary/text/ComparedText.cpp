@@ -33,8 +33,6 @@ bool isIdeographAt(std::string_view text, std::size_t offset) noexcept {
 }
 
 bool isPlainText(std::string_view text) noexcept {
-    if (isASCII(text))
-        return true;
     for (std::size_t offset = 0; offset < text.size();) {
         if (byteAt(text, offset) < firstBeyondASCII)
             ++offset;
@@ -47,13 +45,16 @@ bool isPlainText(std::string_view text) noexcept {
 }
 
 /// Copies the text into the buffer, with a word of padding behind it. Upper-cases its ASCII letters
-/// if `upperCasesASCII`.
-void store(std::vector<char>& buffer, std::string_view text, bool upperCasesASCII) {
+/// if `upperCasesASCII`. Returns whether all of it is ASCII.
+bool store(std::vector<char>& buffer, std::string_view text, bool upperCasesASCII) {
     if (buffer.size() < text.size() + wordSize)
         buffer.resize(2 * text.size() + wordSize);
-    forEachWord(text, [upperCasesASCII, bytes = buffer.data()](std::size_t at, Word word) {
+    Word any = 0;
+    forEachWord(text, [&any, upperCasesASCII, bytes = buffer.data()](std::size_t at, Word word) {
+        any |= word;
         storeWord(bytes + at, upperCasesASCII ? upperCasedASCII(word) : word);
     });
+    return (any & highBits) == 0;
 }
 
 /// Returns whether the code point at the offset composes with those before it. A Hangul vowel or
@@ -82,27 +83,25 @@ ComparedText::ComparedText(ComparedText&& other) noexcept = default;
 ComparedText::~ComparedText() = default;
 
 void ComparedText::assign(std::string_view text) {
-    store(m_buffer, text, m_case == Case::insensitive);
     m_size = text.size();
-    m_isPlain = isPlainText(text);
+    m_isPlain = store(m_buffer, text, m_case == Case::insensitive) || isPlainText(text);
     if (!m_isPlain)
         assignNonPlain(text);
-}
-
-void ComparedText::storeForm(std::string_view form) {
-    store(m_buffer, form, false);
-    m_size = form.size();
 }
 
 void ComparedText::assignNonPlain(std::string_view text) {
     if (m_hadNonPlain && !m_foldCache)
         m_foldCache = std::make_unique<FoldCache>(m_case);
     m_hadNonPlain = true;
+    const auto storeForm = [this](std::string_view form) {
+        m_size = form.size();
+        // The form may be plain: that of the ligature "ﬁ" is "FI".
+        m_isPlain = store(m_buffer, form, false) || isPlainText(form);
+    };
     if (const auto form = m_foldCache ? m_foldCache->formOf(text) : std::nullopt)
         storeForm(*form);
     else
         storeForm(m_case == Case::insensitive ? folded(text) : decomposed(text));
-    m_isPlain = isPlainText(bytes()); // The form may be plain: that of the ligature "ﬁ" is "FI".
 }
 
 bool ComparedText::isBoundary(std::size_t offset) const {

@@ -53,7 +53,6 @@ public:
 
 private:
     void assignNonPlain(std::string_view text);
-    void storeForm(std::string_view form);
 
     std::vector<char> m_buffer; // the compared form, then at least a word of padding
     std::size_t m_size = 0;

@@ -1,7 +1,6 @@
 #include <PerchAppLibrary/text/Needle.hpp>
 
 #include <PerchAppLibrary/text/detail/ICU.hpp>
-#include <PerchAppLibrary/text/detail/Swar.hpp>
 
 namespace PerchAppLibrary::text {
 namespace {
@@ -35,38 +34,24 @@ std::size_t endOfPiece(std::string_view text, std::size_t begin) {
 Needle::Needle(std::string_view text)
     : m_text(text),
       m_signature(m_text),
-      m_isASCII(isASCII(m_text.bytes())),
       m_isExact(TextSignature::isExact(m_text.bytes())),
       m_borders(bordersOf(m_text.bytes())) {}
 
-template <class Fold, class Test>
-std::size_t Needle::search(std::string_view text, Fold fold, Test isMatch) const {
+std::size_t Needle::offsetIn(const ComparedText& text) const {
     const std::string_view needle = m_text.bytes();
-    if (needle.empty())
+    const std::string_view bytes = text.bytes();
+    if (isEmpty() || needle.size() > bytes.size() || (text.isPlain() && !m_text.isPlain()))
         return notFound;
     std::size_t matched = 0;
-    for (std::size_t end = 0; end < text.size();) {
-        const char byte = fold(text[end++]);
+    for (std::size_t end = 0; end < bytes.size();) {
+        const char byte = bytes[end++];
         while (matched > 0 && (matched == needle.size() || byte != needle[matched]))
             matched = m_borders[matched - 1];
         matched += byte == needle[matched] ? 1 : 0;
-        if (matched == needle.size() && isMatch(end - matched))
+        if (matched == needle.size() && isWhole(text, end - matched))
             return end - matched;
     }
     return notFound;
-}
-
-std::size_t Needle::findInASCII(std::string_view text) const {
-    return search(
-        text, [](char byte) { return upperCasedASCII(byte); }, [](std::size_t) { return true; });
-}
-
-std::size_t Needle::findInFolded(const ComparedText& text) const {
-    if (text.isPlain() && !m_text.isPlain())
-        return notFound;
-    return search(
-        text.bytes(), [](char byte) { return byte; },
-        [&](std::size_t offset) { return isWhole(text, offset); });
 }
 
 bool Needle::isWhole(const ComparedText& text, std::size_t offset) const {
@@ -74,8 +59,7 @@ bool Needle::isWhole(const ComparedText& text, std::size_t offset) const {
 }
 
 std::optional<Needle::Part> Needle::partOf(std::string_view text) const {
-    SearchedText searched(text);
-    const std::optional<std::size_t> first = find(searched);
+    const std::optional<std::size_t> first = find(ComparedText(text));
     if (!first)
         return std::nullopt;
     const std::size_t last = *first + m_text.bytes().size() - 1;

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <PerchAppLibrary/text/ComparedText.hpp>
-#include <PerchAppLibrary/text/SearchedText.hpp>
 #include <PerchAppLibrary/text/TextSignature.hpp>
 
 #include <cstddef>
@@ -27,8 +26,9 @@ public:
 
     const TextSignature& signature() const noexcept { return m_signature; }
 
-    /// Returns whether the needle occurs in the text. Linear in their total length.
-    bool isIn(SearchedText& text) const { return offsetIn(text) != notFound; }
+    /// Returns whether the needle occurs in the text. Requires Case::insensitive of the text.
+    /// Linear in their total length.
+    bool isIn(const ComparedText& text) const { return offsetIn(text) != notFound; }
 
     /// Returns whether the needle occurs in one of the texts of a signature, or nullopt if the
     /// signature does not decide it.
@@ -38,9 +38,8 @@ public:
         return m_isExact && texts.isPlain() ? std::optional(true) : std::nullopt;
     }
 
-    /// Returns the offset of the first occurrence in the folded text, or nullopt if there is none.
-    /// Linear in their total length.
-    std::optional<std::size_t> find(SearchedText& text) const {
+    /// Like isIn(), but returns the offset of the first occurrence in the folded text, or nullopt.
+    std::optional<std::size_t> find(const ComparedText& text) const {
         const std::size_t offset = offsetIn(text);
         return offset == notFound ? std::nullopt : std::optional(offset);
     }
@@ -58,27 +57,13 @@ public:
 private:
     static constexpr std::size_t notFound = std::string_view::npos;
 
-    std::size_t offsetIn(SearchedText& text) const {
-        if (!text.isASCII())
-            return findInFolded(text.folded());
-        if (!m_isASCII || m_text.bytes().size() > text.source().size())
-            return notFound;
-        return findInASCII(text.source());
-    }
-
-    std::size_t findInASCII(std::string_view text) const;
-    std::size_t findInFolded(const ComparedText& text) const;
-
-    /// Returns the first offset at which the needle occurs and `isMatch(offset)` is true. `fold`
-    /// folds a byte of the text.
-    template <class Fold, class Test>
-    std::size_t search(std::string_view text, Fold fold, Test isMatch) const;
+    /// Returns the first offset at which the needle occurs.
+    std::size_t offsetIn(const ComparedText& text) const;
 
     bool isWhole(const ComparedText& text, std::size_t offset) const;
 
     ComparedText m_text;
     TextSignature m_signature;
-    bool m_isASCII;
     bool m_isExact;                     // whether a signature of plain texts decides it
     std::vector<std::size_t> m_borders; // of each prefix, see bordersOf()
 };

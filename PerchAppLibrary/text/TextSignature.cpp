@@ -1,43 +1,31 @@
 #include <PerchAppLibrary/text/TextSignature.hpp>
 
-#include <PerchAppLibrary/text/detail/Swar.hpp>
-
 namespace PerchAppLibrary::text {
 
-void TextSignature::addBytes(std::string_view text) noexcept {
-    // The bit of each ASCII character that has one. A small letter has that of the capital one.
+void TextSignature::add(const ComparedText& folded) noexcept {
+    // The bit of each ASCII character that has one.
     static constexpr auto bitOfCharacter = [] {
         std::array<std::uint64_t, 256> bits{};
-        for (unsigned byte = 0; byte < 128; ++byte) {
-            const char folded = upperCasedASCII(static_cast<char>(byte));
-            if (folded >= firstCharacter && folded < endCharacter)
-                bits[byte] = std::uint64_t{1} << (folded - firstCharacter);
-        }
+        for (unsigned byte = firstCharacter; byte < endCharacter; ++byte)
+            bits[byte] = std::uint64_t{1} << (byte - firstCharacter);
         return bits;
     }();
-    constexpr unsigned withoutCase = 0xDF; // equal for small and capital letters
+    if (!folded.isPlain())
+        m_characters &= ~plainBit;
     std::uint64_t characters = 0;
     std::array<std::uint64_t, 2> pairs{};
-    unsigned before = 0; // also for a space, whose pairs are left out
-    for (const char each : text) {
+    unsigned before = ' '; // pairs with a space are left out, behind it
+    for (const char each : folded.bytes()) {
         const auto byte = static_cast<std::uint8_t>(each);
         characters |= bitOfCharacter[byte];
-        const unsigned hash = 5 * before + (byte & withoutCase); // in seven bits
-        pairs[hash / 64 % 2] |= std::uint64_t{before != 0} << hash % 64;
-        before = byte & withoutCase;
+        const unsigned hash = 5 * before + byte; // in seven bits
+        pairs[hash / 64 % 2] |= std::uint64_t{before != ' '} << hash % 64;
+        before = byte;
     }
     m_characters |= characters;
     m_pairs[0] |= pairs[0];
     m_pairs[1] |= pairs[1];
 }
-
-void TextSignature::add(const ComparedText& folded) noexcept {
-    if (!folded.isPlain())
-        m_characters &= ~plainBit;
-    addBytes(folded.bytes());
-}
-
-void TextSignature::addASCII(std::string_view text) noexcept { addBytes(text); }
 
 void CachedSignature::store(const TextSignature& signature) const noexcept {
     for (std::size_t word = 0; word < 2; ++word)

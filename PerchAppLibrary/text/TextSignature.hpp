@@ -23,9 +23,6 @@ public:
     /// Adds a text. Requires Case::insensitive. Linear.
     void add(const ComparedText& folded) noexcept;
 
-    /// Adds an ASCII text, which folding only upper-cases, so it is not copied.
-    void addASCII(std::string_view text) noexcept;
-
     /// Returns false only if no text of this contains the text of `part`. Requires that `part` is
     /// of one text.
     bool covers(const TextSignature& part) const noexcept {
@@ -49,8 +46,6 @@ public:
 
 private:
     friend class CachedSignature;
-
-    void addBytes(std::string_view text) noexcept;
 
     /// The characters from space to ']'. Few others occur, since folded ASCII has no small letters.
     static constexpr char firstCharacter = ' ';

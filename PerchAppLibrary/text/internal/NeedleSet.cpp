@@ -20,15 +20,11 @@ void NeedleSet::add(std::string_view text) {
         return;
     addSignature(folded);
     m_longest = std::max(m_longest, codePointCount(needle));
-    const char capital = needle.front();
-    const bool isLetter = capital >= 'A' && capital <= 'Z';
-    for (const char byte : {capital, isLetter ? static_cast<char>(capital - 'A' + 'a') : capital}) {
-        FirstByte& first = m_firstBytes[static_cast<std::uint8_t>(byte)];
-        if (needle.size() == 1)
-            first = FirstByte::isOne;
-        else if (first == FirstByte::beginsNone)
-            first = FirstByte::beginsSome;
-    }
+    FirstByte& first = m_firstBytes[static_cast<std::uint8_t>(needle.front())];
+    if (needle.size() == 1)
+        first = FirstByte::isOne;
+    else if (first == FirstByte::beginsNone)
+        first = FirstByte::beginsSome;
 }
 
 void NeedleSet::addSignature(const ComparedText& needle) {
@@ -52,14 +48,12 @@ std::optional<bool> NeedleSet::prefilter(const TextSignature& texts) const {
     return false;
 }
 
-bool NeedleSet::anyIn(SearchedText& text) const {
-    // Folding does not change offsets in ASCII.
-    const std::string_view bytes = text.isASCII() ? text.source() : text.folded().bytes();
-    for (std::size_t offset = 0; offset < bytes.size(); ++offset) {
-        const FirstByte first = m_firstBytes[static_cast<std::uint8_t>(bytes[offset])];
+bool NeedleSet::anyIn(const ComparedText& text) const {
+    for (std::size_t offset = 0; offset < text.bytes().size(); ++offset) {
+        const FirstByte first = m_firstBytes[static_cast<std::uint8_t>(text.bytes()[offset])];
         if (first == FirstByte::beginsNone)
             continue;
-        if ((first == FirstByte::isOne && text.isASCII()) || anyAt(text.folded(), offset))
+        if ((first == FirstByte::isOne && text.isPlain()) || anyAt(text, offset))
             return true;
     }
     return false;

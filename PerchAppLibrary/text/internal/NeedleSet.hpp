@@ -1,6 +1,6 @@
 #pragma once
 
-#include <PerchAppLibrary/text/SearchedText.hpp>
+#include <PerchAppLibrary/text/ComparedText.hpp>
 #include <PerchAppLibrary/text/TextSignature.hpp>
 #include <PerchAppLibrary/text/internal/TextSet.hpp>
 
@@ -21,9 +21,10 @@ public:
     /// Adds a needle. An empty or a repeated one changes nothing. Linear.
     void add(std::string_view text);
 
-    /// Returns whether one of the needles occurs in the text. Linear in the length of the text
-    /// times the number of code points in the longest needle, for any number of needles.
-    bool anyIn(SearchedText& text) const;
+    /// Returns whether one of the needles occurs in the text. Requires Case::insensitive of the
+    /// text. Linear in its length times the number of code points in the longest needle, for any
+    /// number of needles.
+    bool anyIn(const ComparedText& text) const;
 
     /// Returns whether one of the needles occurs in one of the texts of a signature, or nullopt if
     /// the signature does not decide it.
@@ -37,7 +38,7 @@ private:
     void addSignature(const ComparedText& needle);
     bool anyAt(const ComparedText& text, std::size_t offset) const;
 
-    std::array<FirstByte, 256> m_firstBytes{}; // indexed by bytes, small ASCII letters included
+    std::array<FirstByte, 256> m_firstBytes{}; // indexed by bytes
     TextSet m_needles;                         // folded needles
     std::size_t m_longest = 0;                 // code points in the longest needle
     TextSignature m_exact;                     // of all needles that isExact() accepts

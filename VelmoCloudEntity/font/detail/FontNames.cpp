@@ -8,15 +8,12 @@ TextSignature FontNames::computeSignature(const FontItem& font) {
     TextSignature signature;
     const auto add = [&](const std::string& name) {
         m_name.assign(name);
-        if (m_name.isASCII())
-            signature.addASCII(name);
-        else
-            signature.add(m_name.folded());
+        signature.add(m_name);
     };
     const std::string& name = font.ProductName();
     const std::string& setName = font.ProductSetName();
     add(name);
-    if (!m_name.isASCII() || !name.starts_with(setName)) // else the name has all its pairs
+    if (!m_name.isPlain() || !name.starts_with(setName)) // else the name has all its pairs
         add(setName);
     add(font.ProductFileName());
     add(font.displayName());

@@ -3,10 +3,11 @@
 #include <VelmoCloudEntity/font/FontItem.hpp>
 #include <VelmoCloudEntity/font/detail/FontAccess.hpp>
 
-#include <PerchAppLibrary/text/SearchedText.hpp>
+#include <PerchAppLibrary/text/ComparedText.hpp>
 #include <PerchAppLibrary/text/TextSignature.hpp>
 
 #include <string>
+#include <utility>
 
 namespace VelmoCloudEntity {
 
@@ -22,7 +23,7 @@ public:
         return FontAccess::signature(font).get([&] { return computeSignature(font); });
     }
 
-    /// Returns `test(name)` of ProductName, a Boolean. The name is a SearchedText&.
+    /// Returns `test(name)` of ProductName, a Boolean. The name is a ComparedText.
     template <class Test>
     bool isProductName(const FontItem& font, Test&& test) {
         return passes(font.ProductName(), test);
@@ -37,7 +38,7 @@ public:
     }
 
     /// Returns whether ProductName, ProductSetName, ProductFileName or DisplayName passes the test.
-    /// Reads them in this order. Requires that an ASCII text passes if a part of it does.
+    /// Reads them in this order.
     template <class Test>
     bool any(const FontItem& font, Test&& test) {
         const std::string& name = font.ProductName();
@@ -57,10 +58,10 @@ private:
     template <class Test>
     bool passes(const std::string& name, Test& test) {
         m_name.assign(name);
-        return test(m_name);
+        return test(std::as_const(m_name));
     }
 
-    PerchAppLibrary::text::SearchedText m_name;
+    PerchAppLibrary::text::ComparedText m_name;
 };
 
 } // namespace VelmoCloudEntity

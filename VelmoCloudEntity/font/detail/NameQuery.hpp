@@ -6,7 +6,6 @@
 
 #include <PerchAppLibrary/text/ComparedText.hpp>
 #include <PerchAppLibrary/text/Needle.hpp>
-#include <PerchAppLibrary/text/SearchedText.hpp>
 #include <PerchAppLibrary/text/TextSignature.hpp>
 #include <PerchAppLibrary/text/internal/NeedleSet.hpp>
 
@@ -66,7 +65,7 @@ public:
         return mayContain(names, m_needle.signature());
     }
     bool matches(const FontItem& font, FontNames& names) const {
-        return names.isProductName(font, [this](auto& name) { return m_needle.isIn(name); });
+        return names.isProductName(font, [this](const auto& name) { return m_needle.isIn(name); });
     }
 
 private:
@@ -80,7 +79,7 @@ public:
 
     Decision prefilter(const TextSignature& names) const { return mayContain(names, m_signature); }
     bool matches(const FontItem& font, FontNames& names) const {
-        return names.anyStored(font, [this](auto& name) { return name.equals(m_key); });
+        return names.anyStored(font, [this](const auto& name) { return name == m_key; });
     }
 
 private:
@@ -96,7 +95,7 @@ public:
 
     Decision prefilter(const TextSignature& names) const { return m_needle.prefilter(names); }
     bool matches(const FontItem& font, FontNames& names) const {
-        return names.any(font, [this](auto& name) { return m_needle.isIn(name); });
+        return names.any(font, [this](const auto& name) { return m_needle.isIn(name); });
     }
 
 private:
@@ -113,7 +112,7 @@ public:
 
     Decision prefilter(const TextSignature& names) const { return m_characters.prefilter(names); }
     bool matches(const FontItem& font, FontNames& names) const {
-        return names.any(font, [this](auto& name) { return m_characters.anyIn(name); });
+        return names.any(font, [this](const auto& name) { return m_characters.anyIn(name); });
     }
 
 private:
