@@ -55,27 +55,6 @@ std::string_view padded(std::string& text) {
     return std::string_view(text).substr(0, length);
 }
 
-JSON::Type typeOf(dom::element element) noexcept {
-    switch (element.type()) {
-    case dom::element_type::INT64:
-    case dom::element_type::UINT64:
-    case dom::element_type::DOUBLE:
-        return JSON::Type::number;
-    case dom::element_type::STRING:
-        return JSON::Type::string;
-    case dom::element_type::BOOL:
-        return JSON::Type::boolean;
-    case dom::element_type::ARRAY:
-        return JSON::Type::array;
-    case dom::element_type::OBJECT:
-        return JSON::Type::dictionary;
-    case dom::element_type::NULL_VALUE:
-        return JSON::Type::null;
-    default: // Later versions of the parser have more kinds, which are off by default.
-        return JSON::Type::unknown;
-    }
-}
-
 /// size() of a simdjson container stops at this number.
 constexpr std::size_t countLimit = 0xFFFFFF;
 

@@ -9,6 +9,7 @@
 #include <boost/container/small_vector.hpp>
 
 #include <algorithm>
+#include <array>
 #include <map>
 #include <optional>
 #include <tuple>
@@ -29,22 +30,12 @@ simdjson::dom::array elementsOf(Element array) { return array.get_array().value_
 simdjson::dom::object membersOf(Element object) { return object.get_object().value_unsafe(); }
 
 std::string_view kindOf(Element element) {
-    switch (element.type()) {
-    case simdjson::dom::element_type::ARRAY:
-        return "array";
-    case simdjson::dom::element_type::OBJECT:
-        return "object";
-    case simdjson::dom::element_type::STRING:
-        return "String";
-    case simdjson::dom::element_type::BOOL:
-        return "Bool";
-    case simdjson::dom::element_type::DOUBLE:
-        return "Float";
-    case simdjson::dom::element_type::NULL_VALUE:
-        return "null";
-    default:
-        return "Int";
-    }
+    // In the order of JSON::Type.
+    constexpr std::array<std::string_view, 7> kinds{"Int",    "String", "Bool",   "array",
+                                                    "object", "null",   "unknown"};
+    return element.type() == simdjson::dom::element_type::DOUBLE
+               ? "Float"
+               : kinds[static_cast<std::size_t>(typeOf(element))];
 }
 
 bool isEmpty(Element element) {

@@ -11,38 +11,23 @@ namespace PerchAppLibrary {
 namespace {
 
 #ifdef PERCH_DIRECT_READING
-/// Puts the parser's padding behind a text, for as long as it lives.
-class Padding {
-public:
-    explicit Padding(std::string& text) : m_text(text), m_size(text.size()) {
-        text.append(simdjson::SIMDJSON_PADDING, ' ');
-    }
-    Padding(const Padding&) = delete;
-    Padding& operator=(const Padding&) = delete;
-    ~Padding() { m_text.resize(m_size); }
-
-    std::string_view text() const noexcept { return std::string_view(m_text).substr(0, m_size); }
-
-private:
-    std::string& m_text;
-    std::size_t m_size;
-};
-
 /// Returns false at a fault, with some records in the sink.
 bool readDirectly(std::string& text, bool onlyObjects, RecordSink& sink,
                   const JSON::Limits& limits) {
-    if (text.size() > limits.bytes)
+    const std::size_t size = text.size();
+    if (size > limits.bytes)
         return false;
-    const Padding padding(text);
+    text.append(simdjson::SIMDJSON_PADDING, ' ');
     try {
-        TokenSource source(padding.text(), limits);
+        TokenSource source(std::string_view(text).substr(0, size), limits);
         const TokenSource::Element root = source.root();
         RecordFiller(source).readInto(sink, root, onlyObjects);
         source.finish(root);
+        return true;
     } catch (const TokenSource::Fault&) {
+        text.resize(size);
         return false;
     }
-    return true;
 }
 #else
 bool readDirectly(const std::string& /*text*/, bool /*onlyObjects*/, RecordSink& /*sink*/,

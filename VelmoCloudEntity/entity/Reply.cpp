@@ -2,6 +2,9 @@
 
 #include <PerchAppLibrary/text/Text.hpp>
 
+#include <array>
+#include <cstddef>
+
 namespace VelmoCloudEntity {
 
 using PerchAppLibrary::JSON;
@@ -16,22 +19,9 @@ std::string sentenceOf(const ServiceError& error) {
     return PerchAppLibrary::text::printable(sentence, mostCharacters);
 }
 
-const char* kindOf(const JSON& json) {
-    switch (json.type()) {
-    case JSON::Type::array:
-        return "an array";
-    case JSON::Type::dictionary:
-        return "an object";
-    case JSON::Type::string:
-        return "a string";
-    case JSON::Type::number:
-        return "a number";
-    case JSON::Type::boolean:
-        return "a Boolean";
-    default:
-        return "null";
-    }
-}
+/// In the order of JSON::Type.
+constexpr std::array kinds{"a number",  "a string", "a Boolean", "an array",
+                           "an object", "null",     "unknown"};
 
 } // namespace
 
@@ -43,7 +33,7 @@ void requireReply(const JSON& document, bool isList) {
         throw ReplyError(*std::move(error));
     if (document.type() != (isList ? JSON::Type::array : JSON::Type::dictionary))
         throw ReplyError(std::string(isList ? "an array" : "an object") + " is expected, not " +
-                         kindOf(document));
+                         kinds[static_cast<std::size_t>(document.type())]);
 }
 
 bool beginsArray(std::string_view text) noexcept {

@@ -158,6 +158,27 @@ Scalar scalarOf(dom::element element) {
     }
 }
 
+JSON::Type typeOf(dom::element element) noexcept {
+    switch (element.type()) {
+    case Kind::INT64:
+    case Kind::UINT64:
+    case Kind::DOUBLE:
+        return JSON::Type::number;
+    case Kind::STRING:
+        return JSON::Type::string;
+    case Kind::BOOL:
+        return JSON::Type::boolean;
+    case Kind::ARRAY:
+        return JSON::Type::array;
+    case Kind::OBJECT:
+        return JSON::Type::dictionary;
+    case Kind::NULL_VALUE:
+        return JSON::Type::null;
+    default: // Later versions of the parser have more kinds, which are off by default.
+        return JSON::Type::unknown;
+    }
+}
+
 std::string_view leadingNumber(const char* text) noexcept {
     const char* digits = text + (*text == '-' ? 1 : 0);
     const char* end = endOfDigits(digits);

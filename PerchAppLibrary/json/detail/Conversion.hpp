@@ -33,6 +33,8 @@ using Scalar = std::variant<std::monostate, std::nullptr_t, bool, std::int64_t, 
 /// The text of the result lives as long as the document.
 Scalar scalarOf(simdjson::dom::element element);
 
+JSON::Type typeOf(simdjson::dom::element element) noexcept;
+
 /// Returns the longest number (RFC 8259, section 6) at the begin of the text, or nothing if there
 /// is none. Requires that the text ends with another character.
 std::string_view leadingNumber(const char* text) noexcept;

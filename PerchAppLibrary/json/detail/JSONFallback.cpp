@@ -1,6 +1,7 @@
 #include <PerchAppLibrary/json/detail/JSONFallback.hpp>
 
 #include <PerchAppLibrary/json/JSON.hpp>
+#include <PerchAppLibrary/json/detail/Conversion.hpp>
 #include <PerchAppLibrary/text/Text.hpp>
 
 #include <boost/json/error.hpp>
@@ -31,8 +32,9 @@ std::string unexpected(std::string_view text, std::size_t offset) {
     return "unexpected \"" + std::string(character) + "\"";
 }
 
-/// Throws JSON::ParseError, with the position and the reason, if the text is not a document.
-void check(std::string_view text) {
+/// Throws JSON::ParseError, with the position and the reason, if the text is not a document. Parses
+/// `spelled`, which Boost.JSON can read and which has the offsets of the text.
+void check(std::string_view text, std::string_view spelled) {
     if (text.starts_with(byteOrderMark))
         fail(text, 0, "a byte order mark stands before the document");
     if (text.find_first_not_of(" \t\r\n") == std::string_view::npos)
@@ -42,7 +44,7 @@ void check(std::string_view text) {
     options.max_depth = JSON::maximumDepth;
     boost::json::stream_parser parser({}, options);
     boost::system::error_code error;
-    const std::size_t read = parser.write_some(text.data(), text.size(), error);
+    const std::size_t read = parser.write_some(spelled.data(), spelled.size(), error);
     if (!error && read < text.size())
         fail(text, read, unexpected(text, read) + " after the end of the document");
     if (!error)
@@ -92,27 +94,16 @@ std::string withoutLoneSurrogates(std::string_view text) {
     return spelled;
 }
 
-/// Returns whether the number is an integer of at most 64 bits.
-bool isInteger(std::string_view number) {
-    const char* const end = number.data() + number.size();
-    const auto isWhole = [&](auto integer) {
-        const std::from_chars_result result = std::from_chars(number.data(), end, integer);
-        return result.ec == std::errc() && result.ptr == end;
-    };
-    return isWhole(std::int64_t()) || isWhole(std::uint64_t());
-}
-
 /// Returns a spelling of the number that the parser accepts: the given one if possible, else one of
 /// the nearest double. Requires a number.
 std::string readableNumber(std::string_view number) {
+    if (scalarOfNumber(number))
+        return std::string(number);
     double value = 0;
     fast_float::from_chars(number.data(), number.data() + number.size(), value);
     if (std::isinf(value))
         return value < 0 ? "-1.7976931348623157e308" : "1.7976931348623157e308";
-    std::string spelled(number);
-    if (number.find_first_of(".eE") == std::string_view::npos && !isInteger(number))
-        spelled += "e0"; // makes the parser read an integer beyond 64 bits as a double
-    return spelled;
+    return std::string(number) + "e0"; // An integer beyond 64 bits is read as a double.
 }
 
 /// Returns the text with `respell(number)` in place of each number outside strings.
@@ -138,19 +129,11 @@ std::string withNumbers(std::string_view text, Respell&& respell) {
     return spelled;
 }
 
-/// Replaces an exponent of more than nine digits, which Boost.JSON rejects, by one of the same
-/// length that is still beyond the range of doubles.
-std::string withModestExponent(std::string_view number) {
-    std::string spelled(number);
-    const std::size_t exponent = spelled.find_first_of("eE");
-    const std::size_t digits =
-        exponent == std::string::npos ? exponent : spelled.find_first_of("123456789", exponent);
-    if (digits == std::string::npos || spelled.size() - digits <= 9 ||
-        spelled.find_first_not_of("0123456789", digits) != std::string::npos)
-        return spelled;
-    std::fill(spelled.begin() + static_cast<std::ptrdiff_t>(digits), spelled.end(), '0');
-    std::fill(spelled.end() - 6, spelled.end(), '9');
-    return spelled;
+/// Returns a number of this length without an exponent, since Boost.JSON rejects one of more than
+/// nine digits. Requires that another character follows. Keeps what is not a number.
+std::string withoutExponent(std::string_view number) {
+    return leadingNumber(number.data()) == number ? std::string(number.size(), '1')
+                                                  : std::string(number);
 }
 
 } // namespace
@@ -174,9 +157,8 @@ std::size_t endOfString(std::string_view text, std::size_t at) {
 }
 
 std::string normalizedForParser(std::string_view text) {
-    // Has the length of the text, so the offsets of errors are right.
-    const std::string spelled = withNumbers(withoutLoneSurrogates(text), withModestExponent);
-    check(spelled);
+    const std::string spelled = withoutLoneSurrogates(text);
+    check(text, withNumbers(spelled, withoutExponent));
     return withNumbers(spelled, readableNumber);
 }
 
