@@ -36,19 +36,14 @@ void appendObject(std::string& document, Input& input, const std::vector<std::st
 
 void appendValue(std::string& document, Input& input, const std::vector<std::string_view>& keys,
                  int depth) {
-    switch (depth > 4 ? input.below(4) : input.below(7)) {
-    case 0:
-    case 1:
+    const std::size_t kind = input.below(depth > 4 ? 4 : 7);
+    if (kind < 2)
         document += input.pick(scalars);
-        break;
-    case 2:
-    case 3:
+    else if (kind < 4)
         appendText(document, input);
-        break;
-    case 4:
+    else if (kind == 4)
         appendObject(document, input, keys, depth + 1);
-        break;
-    default:
+    else {
         document += '[';
         for (std::size_t count = input.below(4); count > 0; --count) {
             appendValue(document, input, keys, depth + 1);

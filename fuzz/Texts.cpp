@@ -61,19 +61,14 @@ std::string Texts::fresh() {
 std::string Texts::respelled(std::string text) {
     if (input.oneIn(16))
         return text.erase(input.below(text.size() + 1), 1);
-    const icu::UnicodeString units = unicode(text);
-    switch (input.below(5)) {
-    case 0:
+    const std::size_t form = input.below(5);
+    if (form == 0)
         return text;
-    case 1:
-        return utf8(decomposed(units));
-    case 2:
-        return utf8(composed(units));
-    case 3:
-        return utf8(icu::UnicodeString(units).toLower(icu::Locale::getRoot()));
-    default:
-        return utf8(icu::UnicodeString(units).toUpper(icu::Locale::getRoot()));
-    }
+    icu::UnicodeString units = unicode(text);
+    if (form < 3)
+        return utf8(form == 1 ? decomposed(units) : composed(units));
+    const icu::Locale& root = icu::Locale::getRoot();
+    return utf8(form == 3 ? units.toLower(root) : units.toUpper(root));
 }
 
 std::string Texts::part(const std::string& text) {

@@ -3,8 +3,6 @@
 
 #include "RecordTesting.hpp"
 
-#include <PerchAppLibrary/text/internal/TextSet.hpp>
-
 #include <stdexcept>
 
 using namespace VelmoCloudEntity;
@@ -35,11 +33,6 @@ TEST(RecordTree, LetsAVisitorChangeWhatComesLaterAndStopTheWalk) {
     EXPECT_THROW(forEachLeaf(list, visit), std::runtime_error);
     EXPECT_EQ(visited, "ABC");
 }
-
-// Not in a hash table, since an attacker could choose names that collide in it.
-template <class Set>
-concept Hashes = requires { typename Set::hasher; };
-static_assert(!Hashes<PerchAppLibrary::text::TextSet>);
 
 TEST(FontList, TakesManyFontsIdentifiersAndTagsInLinearTime) {
     constexpr std::int64_t count = 200'000;

@@ -34,27 +34,23 @@ std::vector<Ids> lists() {
     return all;
 }
 
-TEST(IdSet, GivesTheUnionAndTheIntersectionOfLists) {
+TEST(IdSet, HoldsTheUnionOfLists) {
     const auto all = lists();
     std::mt19937_64 random(2);
     for (std::size_t run = 0; run < 4 * all.size(); ++run) {
         std::vector<const Ids*> chosen{&all[run % all.size()]};
-        std::set<std::int64_t> any(chosen[0]->begin(), chosen[0]->end()), each = any;
-        for (auto more = random() % 4; more > 0; --more) {
+        for (auto more = random() % 4; more > 0; --more)
             chosen.push_back(&all[random() % all.size()]);
-            const std::set<std::int64_t> ids(chosen.back()->begin(), chosen.back()->end());
-            any.insert(ids.begin(), ids.end());
-            std::erase_if(each, [&](std::int64_t id) { return !ids.contains(id); });
-        }
+        std::set<std::int64_t> any;
+        for (const Ids* const ids : chosen)
+            any.insert(ids->begin(), ids->end());
         EXPECT_EQ(unionOf(chosen), Ids(any.begin(), any.end())) << "run " << run;
-        EXPECT_EQ(intersectionOf(chosen), Ids(each.begin(), each.end())) << "run " << run;
         const IdSet set(chosen);
         for (const std::int64_t id : *chosen.back())
             for (const std::uint64_t far : {0UL, 1UL, -1UL, 64UL, -64UL, 1UL << 63U})
                 EXPECT_EQ(set.contains(row(id, 2, far)[1]), any.contains(row(id, 2, far)[1]));
     }
     EXPECT_EQ(unionOf({}), Ids{});
-    EXPECT_EQ(intersectionOf({}), Ids{});
 }
 
 } // namespace

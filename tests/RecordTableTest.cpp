@@ -122,10 +122,8 @@ bool holds(const Value& exported, const Value& sample) {
 }
 
 Value zeroOfKind(const Value& value) {
-    if (value.is_number())
-        return 0;
-    if (value.is_bool())
-        return false;
+    if (value.is_number() || value.is_bool())
+        return value.is_bool() ? Value(false) : Value(0);
     return value.is_array() ? Value(ValueArray()) : Value("");
 }
 

@@ -5,7 +5,9 @@
 #include <utility>
 
 #if defined(VELMO_SANITIZER) || !defined(__GLIBC__)
-#define KEEPS_MALLOC // the sanitizer has its own
+#define KEEPS_MALLOC true // the sanitizer has its own
+#else
+#define KEEPS_MALLOC false
 #endif
 
 namespace {
@@ -13,11 +15,7 @@ namespace {
 long armed = 0; // what start() takes
 long left = 0;  // allocations up to the one that fails; zero for none
 bool hasFailed = false;
-#ifdef KEEPS_MALLOC
-bool failsInMalloc = false;
-#else
-bool failsInMalloc = true;
-#endif
+bool failsInMalloc = !KEEPS_MALLOC;
 long blockCount = 0; // of operator new
 
 bool failsNow(bool isInMalloc) {
@@ -66,7 +64,7 @@ void operator delete(void* block) noexcept {
 void operator delete(void* block, std::size_t) noexcept { operator delete(block); }
 void operator delete(void* block, const std::nothrow_t&) noexcept { operator delete(block); }
 
-#ifndef KEEPS_MALLOC
+#if !KEEPS_MALLOC
 // The C library's own functions have these second names. A program may define the first ones.
 extern "C" {
 // NOLINTBEGIN(bugprone-reserved-identifier,readability-inconsistent-declaration-parameter-name)
