@@ -148,8 +148,20 @@ void TokenSource::skip() {
         forEachElement(element, [](Element) {});
     else if (isObject(element))
         forEachMember(element, [this](std::string_view key, Element) { unescaped(key); });
-    else
-        readScalar(element);
+    else {
+        if (*element == '"')
+            unescaped(content(m_next));
+        else if (!isWord(element, "null") && !isWord(element, "true") && !isWord(element, "false"))
+            (void)numberAt(element);
+        ++m_next;
+    }
+}
+
+std::string_view TokenSource::numberAt(Element element) {
+    const std::string_view number = leadingNumber(element);
+    if (number.empty() || !isBehindScalar(element[number.size()]))
+        fail();
+    return number;
 }
 
 Scalar TokenSource::readScalar(Element element) {
@@ -170,10 +182,7 @@ Scalar TokenSource::readScalar(Element element) {
         return nullptr;
     if (const bool isTrue = isWord(element, "true"); isTrue || isWord(element, "false"))
         return isTrue;
-    const std::string_view number = leadingNumber(element);
-    if (number.empty() || !isBehindScalar(element[number.size()]))
-        fail();
-    const std::optional<Scalar> value = scalarOfNumber(number);
+    const std::optional<Scalar> value = scalarOfNumber(numberAt(element));
     if (!value)
         fail();
     return *value;

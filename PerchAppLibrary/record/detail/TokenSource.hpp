@@ -229,6 +229,9 @@ private:
     /// Skips the next value.
     void skip();
 
+    /// Throws Fault if no number is there.
+    static std::string_view numberAt(Element element);
+
     /// Reads a value, or returns a monostate for an array or object. A text lives until the next
     /// one is read.
     Scalar readScalar(Element element);
