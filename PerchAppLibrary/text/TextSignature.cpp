@@ -13,18 +13,22 @@ void TextSignature::add(const ComparedText& folded) noexcept {
     if (!folded.isPlain())
         m_characters &= ~plainBit;
     std::uint64_t characters = 0;
-    std::array<std::uint64_t, 2> pairs{};
+    std::uint64_t low = 0;
+    std::uint64_t high = 0;
     unsigned before = ' '; // pairs with a space are left out, behind it
     for (const char each : folded.bytes()) {
         const auto byte = static_cast<std::uint8_t>(each);
         characters |= bitOfCharacter[byte];
         const unsigned hash = 5 * before + byte; // in seven bits
-        pairs[hash / 64 % 2] |= std::uint64_t{before != ' '} << hash % 64;
+        const std::uint64_t bit = std::uint64_t{before != ' '} << hash % 64;
+        const bool isHigh = hash / 64 % 2 != 0;
+        low |= isHigh ? 0 : bit;
+        high |= isHigh ? bit : 0;
         before = byte;
     }
     m_characters |= characters;
-    m_pairs[0] |= pairs[0];
-    m_pairs[1] |= pairs[1];
+    m_pairs[0] |= low;
+    m_pairs[1] |= high;
 }
 
 void CachedSignature::store(const TextSignature& signature) const noexcept {
