@@ -60,7 +60,7 @@ private:
         text.append(simdjson::SIMDJSON_PADDING, ' ');
         PerchAppLibrary::TokenSource source(std::string_view(text).substr(0, size), {}, 32);
         const auto root = source.root();
-        PerchAppLibrary::RecordsSink<Item> sink;
+        PerchAppLibrary::detail::RecordsSink<Item> sink;
         PerchAppLibrary::RecordFiller(source).readInto(sink, root, which == Elements::objects);
         source.finish(root);
         return std::move(sink.records);

@@ -53,7 +53,7 @@ struct RecordsAccess {
 
     /// Sets the array, through its virtual setter, to the records that `reader` reads, or to none
     /// if it is null. Skips an empty array that stays empty, unless an accessor is overridden.
-    void (*fill)(BaseEntity& record, RecordReader* reader, bool isOverridden);
+    void (*set)(BaseEntity& record, detail::RecordReader* reader, bool isOverridden);
 };
 
 /// Access to a computed property.
@@ -200,7 +200,7 @@ public:
     }
 
     static Overrides overrides() {
-        Overrides found{false, false, !UsesBaseMapping<Record>,
+        Overrides found{false, false, !detail::UsesBaseMapping<Record>,
                         !RecordAccess::keepsWalks<Record>()};
         addOverridesOf<typename Record::Base>(found);
         return found;
@@ -292,16 +292,16 @@ private:
                             items.push_back(item.get());
                     return items;
                 },
-                &fillRecords<Item, get, set>};
+                &setRecords<Item, get, set>};
     }
 
     template <class Item, auto get, auto set>
-    static void fillRecords(BaseEntity& record, RecordReader* reader, bool isOverridden) {
+    static void setRecords(BaseEntity& record, detail::RecordReader* reader, bool isOverridden) {
         auto& self = static_cast<Record&>(record);
         using Given = std::remove_cvref_t<decltype((self.*get)())>;
         if (reader == nullptr && !isOverridden && (self.*get)() == Given())
             return;
-        RecordsSink<Item> sink;
+        detail::RecordsSink<Item> sink;
         if (reader != nullptr)
             reader->readInto(sink);
         if constexpr (isShared<Given>)

@@ -12,7 +12,7 @@
 #include <utility>
 #include <vector>
 
-namespace PerchAppLibrary {
+namespace PerchAppLibrary::detail {
 
 /// Receives the records of one array. Hides their class from its users.
 class RecordSink {
@@ -95,4 +95,4 @@ public:
     std::vector<std::shared_ptr<Item>> records;
 };
 
-} // namespace PerchAppLibrary
+} // namespace PerchAppLibrary::detail

@@ -8,6 +8,7 @@
 #endif
 
 namespace PerchAppLibrary {
+namespace detail {
 namespace {
 
 #ifdef PERCH_DIRECT_READING
@@ -58,6 +59,8 @@ void readRecords(const JSON& json, bool onlyObjects, RecordSink& sink) {
     if (const auto root = source.root())
         RecordFiller(source).readInto(sink, *root, onlyObjects);
 }
+
+} // namespace detail
 
 void mapRecord(BaseEntity& record, const JSON& json, const Excluded& excluded) {
     DocumentSource source(json);

@@ -7,7 +7,7 @@
 #include <string_view>
 
 /// Reading arrays of records: from a document, or directly from a text.
-namespace PerchAppLibrary {
+namespace PerchAppLibrary::detail {
 
 /// Reads one record for each element of the JSON array, or with `onlyObjects` for each that is an
 /// object, into the sink. Reads nothing from any other value. Linear.
@@ -27,4 +27,4 @@ inline void parseRecords(const char* text, bool onlyObjects, RecordSink& sink,
     parseRecords(std::string_view(text), onlyObjects, sink, limits);
 }
 
-} // namespace PerchAppLibrary
+} // namespace PerchAppLibrary::detail

@@ -41,10 +41,10 @@ public:
     template <class Text>
     static List parse(Text&& text, const PerchAppLibrary::JSON::Limits& limits = {}) {
         if constexpr (List::parsing == Parsing::direct) {
-            static_assert(PerchAppLibrary::isFilledByBase<Item>);
-            PerchAppLibrary::RecordsSink<Item> sink;
-            PerchAppLibrary::parseRecords(std::forward<Text>(text), which == Elements::objects,
-                                          sink, limits);
+            static_assert(PerchAppLibrary::detail::isFilledByBase<Item>);
+            PerchAppLibrary::detail::RecordsSink<Item> sink;
+            PerchAppLibrary::detail::parseRecords(std::forward<Text>(text),
+                                                  which == Elements::objects, sink, limits);
             List list;
             list.m_records = std::move(sink.records);
             return list;

@@ -52,8 +52,8 @@ enum class Elements { all, objects };
 /// Elements::objects, for each element that is an object. Any other value gives an empty array.
 template <class Item>
 Records<Item> makeRecords(const PerchAppLibrary::JSON& json, Elements which = Elements::all) {
-    PerchAppLibrary::RecordsSink<Item> sink;
-    PerchAppLibrary::readRecords(json, which == Elements::objects, sink);
+    PerchAppLibrary::detail::RecordsSink<Item> sink;
+    PerchAppLibrary::detail::readRecords(json, which == Elements::objects, sink);
     return std::move(sink.records);
 }
 

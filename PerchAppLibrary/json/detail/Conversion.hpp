@@ -16,9 +16,8 @@
 #include <vector>
 
 /// The conversions of JSON::as() and of filling, for elements of the parser. A further type of
-/// properties has a convertScalar() or convertElement() here. Each `convert`
-/// function stores its result in `value` and returns true, or leaves `value` unchanged and returns
-/// false.
+/// properties has a convertScalar() or convertElement() here. Each of these functions stores its
+/// result in `value` and returns true, or leaves `value` unchanged and returns false.
 namespace PerchAppLibrary {
 
 /// Returns the shortest decimal that reads back as the number, with a point or an exponent: "22.0",

@@ -48,7 +48,7 @@ public:
     FillPass(const FillPass&) = delete;
     FillPass& operator=(const FillPass&) = delete;
 
-    /// Not for a source that reads in order, since fillRecords() fills excluded arrays as well.
+    /// Not for a source that reads in order, since fillArray() fills excluded arrays as well.
     void exclude(const Excluded& excluded)
         requires(!Source::readsInOrder)
     {
@@ -89,7 +89,7 @@ public:
             else if (m_isOverridden)
                 left.push_back({&access, std::nullopt, true});
             else
-                access.fill(m_record, nullptr, false);
+                access.set(m_record, nullptr, false);
         }
         return left;
     }
@@ -189,8 +189,8 @@ private:
             state = FillState::deferred;
     }
 
-    static void fillRecords(FillPass& pass, const FillAction& action, std::size_t index,
-                            Element element) {
+    static void fillArray(FillPass& pass, const FillAction& action, std::size_t index,
+                          Element element) {
         pass.m_states[index] = FillState::filled;
         pass.m_filler.fillArray(*static_cast<const RecordsAccess*>(action.access), pass.m_record,
                                 element, pass.m_arrayDepth, pass.m_isOverridden);
@@ -243,7 +243,7 @@ private:
         by[FillAction::fillNearFlag] = &fillPlace<FieldAccess<bool>, NumberedPlace<bool>>;
         by[FillAction::fillRareText] =
             &fillPlace<FieldAccess<std::string>, NumberedPlace<std::string>>;
-        by[FillAction::fillRecords] = Source::readsInOrder ? &fillRecords : &defer;
+        by[FillAction::fillArray] = Source::readsInOrder ? &fillArray : &defer;
         ((by[FillAction::fillFirstField + I] = fieldHandler<I>()), ...);
         return by;
     }(std::make_index_sequence<std::variant_size_v<decltype(Property::access)>>());

@@ -33,7 +33,7 @@ FillAction directActionOf(const Property& property) {
                     break;
                 }
             if constexpr (std::same_as<Access, RecordsAccess>)
-                return {FillAction::fillRecords, &access};
+                return {FillAction::fillArray, &access};
             else
                 return {FillAction::defer, nullptr};
         },

@@ -20,7 +20,7 @@ struct FillAction {
         defer,
         fillNearFlag,
         fillRareText,
-        fillRecords,
+        fillArray,
         fillFirstField
     };
 
@@ -28,7 +28,7 @@ struct FillAction {
     const void* access; // of the property, if the action stores a value, else null
 
     /// True for the actions that store a value even if the property is excluded.
-    bool ignoresState() const noexcept { return kind >= fillNearFlag && kind != fillRecords; }
+    bool ignoresState() const noexcept { return kind >= fillNearFlag && kind != fillArray; }
 };
 
 /// The plan by which the records of a class are filled. Immutable.

@@ -57,14 +57,14 @@ public:
         if (element &&
             (access.isSingle ? m_source.isObject(*element) : m_source.isArray(*element))) {
             Reader reader(*this, *element, depth, false, access.isSingle);
-            access.fill(record, &reader, isOverridden);
+            access.set(record, &reader, isOverridden);
         } else {
-            access.fill(record, nullptr, isOverridden);
+            access.set(record, nullptr, isOverridden);
         }
     }
 
     /// Reads one record for each element of an array, or for each object in it, into the sink.
-    void readInto(RecordSink& sink, Element element, bool onlyObjects) {
+    void readInto(detail::RecordSink& sink, Element element, bool onlyObjects) {
         if (m_source.isArray(element))
             Reader(*this, element, 0, onlyObjects).readInto(sink);
     }
@@ -107,7 +107,7 @@ private:
     }
 
     /// Reads the elements of an array into a sink.
-    class Reader final : public RecordReader {
+    class Reader final : public detail::RecordReader {
     public:
         Reader(RecordFiller& filler, Element array, std::size_t depth, bool onlyObjects,
                bool isSingle = false)
@@ -117,7 +117,7 @@ private:
               m_onlyObjects(onlyObjects),
               m_isSingle(isSingle) {}
 
-        void readInto(RecordSink& sink) override {
+        void readInto(detail::RecordSink& sink) override {
             if (m_isSingle) {
                 add(sink, m_array);
                 return;
@@ -132,7 +132,7 @@ private:
         }
 
     private:
-        void add(RecordSink& sink, Element element) {
+        void add(detail::RecordSink& sink, Element element) {
             if (BaseEntity* const record = sink.add())
                 fill(*record, element);
             else
