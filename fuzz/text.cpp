@@ -60,7 +60,11 @@ void checkSearch(const std::string& given, const std::string& key, ComparedText&
     const bool isIn = contains(given, unicode(key));
     const std::string context = given + "\nkey: " + key;
     require(needle.isIn(searched) == isIn, context);
-    require(needle.prefilter(text::TextSignature(searched)).value_or(isIn) == isIn, context);
+    const text::TextSignature signature(searched);
+    require(needle.prefilter(signature).value_or(isIn) == isIn, context);
+    text::TextSignature direct;
+    require(!direct.addASCII(given) || (direct.covers(signature) && signature.covers(direct)),
+            context);
     const auto place = needle.find(searched);
     require(place.has_value() == isIn, context);
     const auto part = needle.partOf(given);

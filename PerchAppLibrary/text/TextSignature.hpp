@@ -23,6 +23,10 @@ public:
     /// Adds a text. Requires Case::insensitive. Linear.
     void add(const ComparedText& folded) noexcept;
 
+    /// Adds a text if it is ASCII, which needs no copy, since folding only upper-cases it. Returns
+    /// whether it is. Linear.
+    bool addASCII(std::string_view text) noexcept;
+
     /// Returns false only if no text of this contains the text of `part`. Requires that `part` is
     /// of one text.
     bool covers(const TextSignature& part) const noexcept {
@@ -46,6 +50,8 @@ public:
 
 private:
     friend class CachedSignature;
+
+    void addBytes(std::string_view text) noexcept;
 
     /// The characters from space to ']'. Few others occur, since folded ASCII has no small letters.
     static constexpr char firstCharacter = ' ';
