@@ -34,6 +34,8 @@ public:
     /// Stores the compared form of the text (any bytes). Linear.
     void assign(std::string_view text);
 
+    Case letterCase() const noexcept { return m_case; }
+
     /// Returns the compared form, which is well-formed UTF-8.
     std::string_view bytes() const noexcept { return {m_buffer.data(), m_size}; }
 

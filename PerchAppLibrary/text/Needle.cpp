@@ -2,6 +2,8 @@
 
 #include <PerchAppLibrary/text/detail/ICU.hpp>
 
+#include <cassert>
+
 namespace PerchAppLibrary::text {
 namespace {
 
@@ -38,6 +40,7 @@ Needle::Needle(std::string_view text)
       m_borders(bordersOf(m_text.bytes())) {}
 
 std::size_t Needle::offsetIn(const ComparedText& text) const {
+    assert(text.letterCase() == Case::insensitive && "a needle ignores case");
     const std::string_view needle = m_text.bytes();
     const std::string_view bytes = text.bytes();
     if (isEmpty() || needle.size() > bytes.size() || (text.isPlain() && !m_text.isPlain()))

@@ -7,7 +7,6 @@
 #include <PerchAppLibrary/text/TextSignature.hpp>
 
 #include <string>
-#include <utility>
 
 namespace VelmoCloudEntity {
 
@@ -58,7 +57,7 @@ private:
     template <class Test>
     bool passes(const std::string& name, Test& test) {
         m_name.assign(name);
-        return test(std::as_const(m_name));
+        return test(m_name);
     }
 
     PerchAppLibrary::text::ComparedText m_name;
