@@ -117,26 +117,26 @@ private:
         if (order != nullptr)
             visitMembersInOrder(element, *order);
         else
-            visitMembers(element, [&names = m_plan.names()](std::string_view key) {
-                return names.findReadable(key);
+            visitMembers(element, [&](std::string_view key) {
+                const std::uint32_t index = m_plan.names().findReadable(key);
+                return index == m_plan.unknownKey() ? findUnescaped(key) : index;
             });
     }
 
     template <class Find>
     void visitMembers(Element element, Find find) {
         m_filler.source().forEachMember(element, [&](std::string_view key, Element member) {
-            std::uint32_t index = find(key);
-            if (index == m_plan.unknownKey()) [[unlikely]]
-                index = findUnescaped(key, index);
+            const std::uint32_t index = find(key);
             handlers[m_actions[index].kind](*this, m_actions[index], index, member);
         });
     }
 
     /// Looks up a key that is no name as it is spelled. An escape is longer than what it stands
     /// for.
-    std::uint32_t findUnescaped(std::string_view spelled, std::uint32_t unknown) {
+    std::uint32_t findUnescaped(std::string_view spelled) {
         const std::string_view key = m_filler.source().unescapedKey(spelled);
-        return key.size() == spelled.size() ? unknown : m_plan.names().findReadable(key);
+        return key.size() == spelled.size() ? m_plan.unknownKey()
+                                            : m_plan.names().findReadable(key);
     }
 
     void visitMembersInOrder(Element element, KeyOrder& order) {
@@ -147,7 +147,7 @@ private:
             if (!names.isAt(*guess, key)) [[unlikely]] {
                 const std::uint32_t slot = names.slotOf(key);
                 if (names.indexAt(slot) == m_plan.unknownKey())
-                    return m_plan.unknownKey(); // the next key may still be the guessed one
+                    return findUnescaped(key); // the next key may still be the guessed one
                 *guess = slot;
             }
             const std::uint32_t slot = *guess;

@@ -209,17 +209,19 @@ private:
 
     /// Returns an integer that is spelled in the usual way, with at most 18 digits.
     static std::optional<std::int64_t> plainInteger(Element element) noexcept {
-        constexpr int mostDigits = 18; // cannot overflow
+        constexpr int mostDigits = 18; // fit, while more may wrap around
         const bool isNegative = *element == '-';
         const char* const first = element + (isNegative ? 1 : 0);
         const char* end = first;
-        std::int64_t value = 0;
-        for (; end - first < mostDigits && *end >= '0' && *end <= '9'; ++end)
-            value = value * 10 + (*end - '0');
-        if (end == first || (*first == '0' && (end - first > 1 || isNegative)) ||
-            !isBehindScalar(*end)) [[unlikely]]
+        std::uint64_t value = 0;
+        for (; *end >= '0' && *end <= '9'; ++end)
+            value = value * 10 + static_cast<std::uint64_t>(*end - '0');
+        if (end == first || end - first > mostDigits ||
+            (*first == '0' && (end - first > 1 || isNegative)) || !isBehindScalar(*end))
+            [[unlikely]]
             return std::nullopt;
-        return isNegative ? -value : value;
+        const auto number = static_cast<std::int64_t>(value);
+        return isNegative ? -number : number;
     }
 
     /// Moves the window behind itself, and finds its tokens.
