@@ -15,24 +15,29 @@ void TextSignature::addBytes(std::string_view text) noexcept {
         }
         return bits;
     }();
+    // The bit of each hash of a pair.
+    static constexpr auto bitsOfPair = [] {
+        std::array<Pairs, 128> bits{};
+        for (unsigned hash = 0; hash < 128; ++hash)
+            bits[hash][hash / 64] = std::uint64_t{1} << hash % 64;
+        return bits;
+    }();
+    if (text.empty())
+        return;
     constexpr unsigned withoutCase = 0xDF; // equal for small and capital letters
-    std::uint64_t characters = 0;
-    std::uint64_t low = 0;
-    std::uint64_t high = 0;
-    unsigned before = 0; // also for a space, whose pairs are left out
-    for (const char each : text) {
-        const auto byte = static_cast<std::uint8_t>(each);
+    auto byte = static_cast<std::uint8_t>(text.front());
+    std::uint64_t characters = m_characters | bitOfCharacter[byte];
+    Pairs pairs = m_pairs;
+    for (const char each : text.substr(1)) {
+        const unsigned before = byte & withoutCase;
+        byte = static_cast<std::uint8_t>(each);
         characters |= bitOfCharacter[byte];
-        const unsigned hash = 5 * before + (byte & withoutCase); // in seven bits
-        const std::uint64_t bit = std::uint64_t{before != 0} << hash % 64;
-        const bool isHigh = hash / 64 % 2 != 0;
-        low |= isHigh ? 0 : bit;
-        high |= isHigh ? bit : 0;
-        before = byte & withoutCase;
+        const Pairs& pair = bitsOfPair[(5 * before + (byte & withoutCase)) % 128];
+        pairs[0] |= pair[0];
+        pairs[1] |= pair[1];
     }
-    m_characters |= characters;
-    m_pairs[0] |= low;
-    m_pairs[1] |= high;
+    m_characters = characters;
+    m_pairs = pairs;
 }
 
 void TextSignature::add(const ComparedText& folded) noexcept {

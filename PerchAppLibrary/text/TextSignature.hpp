@@ -59,8 +59,10 @@ private:
     static constexpr std::uint64_t plainBit = std::uint64_t{1} << 62U;
     static constexpr std::uint64_t characterBits = plainBit - 1;
 
-    std::uint64_t m_characters = plainBit;  // a bit for each character, and plainBit
-    std::array<std::uint64_t, 2> m_pairs{}; // the Bloom filter, 128 bits
+    using Pairs = std::array<std::uint64_t, 2>;
+
+    std::uint64_t m_characters = plainBit; // a bit for each character, and plainBit
+    Pairs m_pairs{};                       // the Bloom filter, 128 bits
 };
 
 /// A signature that is computed on first use and after forget().
