@@ -7,7 +7,6 @@
 #include <PerchAppLibrary/record/internal/RecordWriter.hpp>
 
 #include <algorithm>
-#include <span>
 #include <typeinfo>
 #include <variant>
 #include <vector>
@@ -101,7 +100,7 @@ DictionaryArena BaseEntity::arenaForDict(std::size_t members) const {
     return DictionaryArena((1 + members) * schema().properties().size() * usualSize);
 }
 
-Dictionary BaseEntity::select(std::span<const std::string> names) const {
+Dictionary BaseEntity::select(const std::vector<std::string>& names) const {
     Dictionary dictionary;
     dictionary.reserve(names.size());
     for (const std::string& name : names)

@@ -9,12 +9,12 @@
 
 #include <cstdint>
 #include <memory>
-#include <span>
 #include <string>
 #include <string_view>
 #include <type_traits>
 #include <typeinfo>
 #include <utility>
+#include <vector>
 
 namespace PerchAppLibrary {
 
@@ -213,7 +213,7 @@ protected:
 
     /// Returns the stored and computed properties with these names, in the order of `names`, each
     /// once, for a record's `Dict` of certain keys. Throws UndefinedKeyError for an unknown name.
-    Dictionary select(std::span<const std::string> names) const;
+    Dictionary select(const std::vector<std::string>& names) const;
 
 private:
     friend struct PlaceAccess; // fills and writes without accessors

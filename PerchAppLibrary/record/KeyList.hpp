@@ -4,9 +4,7 @@
 
 #include <initializer_list>
 #include <memory>
-#include <span>
 #include <string>
-#include <utility>
 #include <vector>
 
 namespace PerchAppLibrary {
@@ -15,15 +13,11 @@ namespace PerchAppLibrary {
 class KeyList {
 public:
     KeyList() = default;
-    KeyList(std::initializer_list<const char*> keys)
-        : KeyList(std::vector<std::string>(keys.begin(), keys.end())) {}
-    explicit KeyList(std::vector<std::string> keys)
-        : m_keys(std::make_shared<const std::vector<std::string>>(std::move(keys))) {}
+    KeyList(std::initializer_list<const char*> keys);
+    explicit KeyList(std::vector<std::string> keys);
 
     /// Returns the names, which live as long as any copy of the list.
-    std::span<const std::string> keys() const noexcept {
-        return m_keys ? std::span<const std::string>(*m_keys) : std::span<const std::string>();
-    }
+    const std::vector<std::string>& keys() const noexcept;
 
 private:
     std::shared_ptr<const std::vector<std::string>> m_keys;

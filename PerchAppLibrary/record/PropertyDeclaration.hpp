@@ -18,9 +18,13 @@ namespace PerchAppLibrary {
 class BaseEntity;
 class RecordSchema;
 
-/// Returns whether the text of a macro's argument is an identifier.
-consteval bool isName(std::string_view text) {
-    return text.find_first_of("<>, :") == std::string_view::npos;
+/// Returns whether the text of a macro's argument is an identifier. A loop, since compilers take
+/// long for the functions of a string_view, and each property is checked.
+consteval bool isName(const char* text) {
+    for (; *text != 0; ++text)
+        if (*text < '0' || (*text > '9' && *text < 'A')) // before letters: < > , : space
+            return false;
+    return true;
 }
 
 /// The line of a declaration in its class. Overloads that take it are collected by line number.

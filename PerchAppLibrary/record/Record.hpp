@@ -129,12 +129,12 @@ public:                                                                         
                         "these but float, std::vector<std::int64_t>, std::vector<std::string>, "   \
                         "JSON, std::shared_ptr<R> or std::vector<std::shared_ptr<R>> of a record " \
                         "R, Rare<std::string> or Near<bool>");                                     \
-    static_assert(PerchAppLibrary::Declared<Type>::place == PerchAppLibrary::Place::field ||       \
-                      sizeof(#__VA_ARGS__) == 1,                                                   \
-                  #Name " has the type " #Type                                                     \
-                        ", which takes no default: it begins empty or false");                     \
-    static_assert(PerchAppLibrary::isDefault<PerchAppLibrary::ValueOf<Type>>(#__VA_ARGS__),        \
-                  "The default of " #Name " is no " #Type ": " #__VA_ARGS__);                      \
+    __VA_OPT__(                                                                                    \
+        static_assert(PerchAppLibrary::Declared<Type>::place == PerchAppLibrary::Place::field,     \
+                      #Name " has the type " #Type                                                 \
+                            ", which takes no default: it begins empty or false");                 \
+        static_assert(PerchAppLibrary::isDefault<PerchAppLibrary::ValueOf<Type>>(#__VA_ARGS__),    \
+                      "The default of " #Name " is no " #Type ": " #__VA_ARGS__);)                 \
     virtual PerchAppLibrary::ReadType<PerchAppLibrary::ValueOf<Type>> Name() const {               \
         return this->PerchAppLibrary::BaseEntity::stored(this->m_##Name);                          \
     }                                                                                              \

@@ -58,7 +58,6 @@ RecordSchema::RecordSchema(std::string_view className, const std::type_info& typ
     : m_className(className),
       m_type(&type),
       m_overrides(overrides),
-      m_ownCount(own.size()),
       m_properties(inheritedAndOwn(base, std::move(own))),
       m_arrays(namesOfArrays(m_properties)),
       m_effects(inheritedAndOwn(base, effect)),
@@ -70,6 +69,11 @@ RecordSchema::~RecordSchema() = default;
 std::size_t RecordSchema::find(std::string_view name) const noexcept {
     const std::size_t index = m_fillPlan->names().find(name);
     return index < m_properties.size() ? index : notFound;
+}
+
+void addProperty(std::vector<Property>& properties, std::string_view name,
+                 const ValueTypes::Apply<AnyAccess>& access) {
+    properties.push_back({name, access});
 }
 
 void assignRecord(Value& place, const BaseEntity* record) {

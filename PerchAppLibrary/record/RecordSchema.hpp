@@ -11,7 +11,6 @@
 #include <iterator>
 #include <memory>
 #include <optional>
-#include <span>
 #include <string>
 #include <string_view>
 #include <type_traits>
@@ -116,12 +115,7 @@ public:
     const Overrides& overrides() const noexcept { return m_overrides; }
 
     /// Returns all properties in declaration order, the base's first.
-    std::span<const Property> properties() const noexcept { return m_properties; }
-
-    /// Returns the properties that the class itself declares.
-    std::span<const Property> ownProperties() const noexcept {
-        return properties().last(m_ownCount);
-    }
+    const std::vector<Property>& properties() const noexcept { return m_properties; }
 
     /// Returns the names of the arrays of records, which setValue(json) excludes from the mapping.
     const Excluded& arrays() const noexcept { return m_arrays; }
@@ -135,7 +129,7 @@ public:
 
     /// Returns the functions to call after fields were filled: each PERCH_ON_CHANGE of the class
     /// and its bases.
-    std::span<const EffectOfChange> effects() const noexcept { return m_effects; }
+    const std::vector<EffectOfChange>& effects() const noexcept { return m_effects; }
 
     /// Returns the plan by which records of the class are filled.
     const FillPlan& fillPlan() const noexcept { return *m_fillPlan; }
@@ -147,13 +141,16 @@ private:
     std::string_view m_className;
     const std::type_info* m_type;
     Overrides m_overrides;
-    std::size_t m_ownCount;
     std::vector<Property> m_properties;
     Excluded m_arrays;
     std::vector<EffectOfChange> m_effects;
     std::unique_ptr<const FillPlan> m_fillPlan;
     std::unique_ptr<const RecordWriter> m_writer;
 };
+
+/// Adds a property. A function of its own, since each property of a class calls it.
+void addProperty(std::vector<Property>& properties, std::string_view name,
+                 const ValueTypes::Apply<AnyAccess>& access);
 
 /// Sets a value to the properties() of a record, or to null.
 void assignRecord(Value& place, const BaseEntity* record);
@@ -233,7 +230,7 @@ private:
             constexpr auto declared = RecordAccess::property<Record, Line>();
             (void)RecordAccess::kept<Record, Line, Record>(); // checks its assertions
             if constexpr (requires { accessOf<Line>(declared); })
-                properties.push_back({declared.name, accessOf<Line>(declared)});
+                addProperty(properties, declared.name, accessOf<Line>(declared));
         }
     }
 
