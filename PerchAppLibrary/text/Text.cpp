@@ -16,7 +16,6 @@
 #include <cstdio>
 #include <memory>
 #include <numeric>
-#include <utility>
 #include <vector>
 
 namespace PerchAppLibrary::text {
@@ -35,40 +34,24 @@ bool hasLongRunOfMarks(std::string_view text) {
 /// Returns Normalization Form D (UAX #15). Decomposes the text, then sorts each run of marks into
 /// canonical order.
 std::string decomposedByRuns(std::string_view text) {
-    struct Mark {
-        std::uint8_t combiningClass;
-        std::size_t index; // in its run, since marks of one class keep their order
-        UChar32 codePoint;
-    };
-    std::vector<Mark> run;
-    std::string result;
-    const auto finishRun = [&] {
-        std::ranges::sort(
-            run, {}, [](const Mark& mark) { return std::pair(mark.combiningClass, mark.index); });
-        for (const Mark& mark : run)
-            append(result, mark.codePoint);
-        run.clear();
-    };
-    const auto add = [&](UChar32 codePoint) {
-        const std::uint8_t combiningClass = u_getCombiningClass(codePoint);
-        if (combiningClass == 0) {
-            finishRun();
-            append(result, codePoint);
-        } else {
-            run.push_back({combiningClass, run.size(), codePoint});
-        }
-    };
+    std::vector<UChar32> codePoints;
     icu::UnicodeString parts;
     for (std::size_t offset = 0; offset < text.size();) {
         const UChar32 codePoint = nextCodePoint(text, offset);
-        if (!nfd().getDecomposition(codePoint, parts)) {
-            add(codePoint);
-            continue;
-        }
+        if (!nfd().getDecomposition(codePoint, parts))
+            parts = codePoint;
         for (std::int32_t at = 0; at < parts.length(); at = parts.moveIndex32(at, 1))
-            add(parts.char32At(at));
+            codePoints.push_back(parts.char32At(at));
     }
-    finishRun();
+    const auto isMark = [](UChar32 codePoint) { return u_getCombiningClass(codePoint) != 0; };
+    for (auto end = codePoints.begin(); end != codePoints.end();) {
+        const auto begin = std::find_if(end, codePoints.end(), isMark);
+        end = std::find_if_not(begin, codePoints.end(), isMark);
+        std::ranges::stable_sort(begin, end, {}, &u_getCombiningClass);
+    }
+    std::string result;
+    for (const UChar32 codePoint : codePoints)
+        append(result, codePoint);
     return result;
 }
 

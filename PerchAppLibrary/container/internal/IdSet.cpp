@@ -64,15 +64,10 @@ Ids IdSet::ids() const {
     if (!m_sparse.empty())
         return m_sparse;
     Ids ids;
-    std::size_t count = 0;
-    for (const std::uint64_t word : m_words)
-        count += static_cast<std::size_t>(std::popcount(word));
-    ids.resize(count);
-    auto next = ids.begin();
     for (std::size_t index = 0; index < m_words.size(); ++index)
         for (std::uint64_t word = m_words[index]; word != 0; word &= word - 1) { // clears a bit
             const auto bit = static_cast<std::uint64_t>(std::countr_zero(word));
-            *next++ = static_cast<std::int64_t>(m_first + index * wordBits + bit);
+            ids.push_back(static_cast<std::int64_t>(m_first + index * wordBits + bit));
         }
     return ids;
 }

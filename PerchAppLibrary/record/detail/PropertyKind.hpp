@@ -3,6 +3,7 @@
 #include <PerchAppLibrary/json/Dictionary.hpp>
 #include <PerchAppLibrary/json/JSON.hpp>
 #include <PerchAppLibrary/json/detail/JSONText.hpp>
+#include <PerchAppLibrary/text/Text.hpp>
 
 #include <bit>
 #include <charconv>
@@ -75,7 +76,12 @@ struct PropertyKind<double> : PropertyKindOf<double> {
 template <>
 struct PropertyKind<std::string> : PropertyKindOf<std::string> {
     static std::string name() { return "String"; }
-    static void write(Dictionary& dictionary, std::string_view key, const std::string& value);
+    static void write(Dictionary& dictionary, std::string_view key, const std::string& value) {
+        if (text::isWellFormed(value))
+            dictionary.emplace(key, std::string_view(value));
+        else
+            assign(dictionary[key], value);
+    }
     static void write(std::string& text, const std::string& value) {
         appendJSONString(text, value);
     }

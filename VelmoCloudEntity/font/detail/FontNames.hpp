@@ -40,13 +40,10 @@ public:
     /// Reads them in this order.
     template <class Test>
     bool any(const FontItem& font, Test&& test) {
-        const std::string& name = font.ProductName();
-        if (passes(name, test))
-            return true;
-        if (passes(font.ProductSetName(), test) || passes(font.ProductFileName(), test))
+        if (anyStored(font, test))
             return true;
         if (const std::string* const stored = FontAccess::storedDisplayName(font))
-            return stored != &name && // which has failed the test
+            return stored != &font.ProductName() && // which has failed the test
                    passes(*stored, test);
         return passes(font.DisplayName(), test);
     }
