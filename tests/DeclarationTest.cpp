@@ -17,7 +17,7 @@ class StarredFont : public FontItem {
     PERCH_RECORD(StarredFont, FontItem);
 
     PERCH_PROPERTY(std::int64_t, Stars, 3);
-    PERCH_PROPERTY_SET_BY(std::string, note_text, setNote_text, "none");
+    PERCH_PROPERTY_SET_BY(std::string, größe_text, setGröße_text, "none");
     PERCH_PROPERTY(float, Weight, 400.5F);
     PERCH_PROPERTY(std::string, Token, "again");
     PERCH_PROPERTY(std::vector<std::string>, One, {"en"});
@@ -36,7 +36,7 @@ class StarredFont : public FontItem {
 public:
     using BaseEntity::reflect;
     using BaseEntity::select;
-    const std::string& Copyright() const override { return note_text(); }
+    const std::string& Copyright() const override { return größe_text(); }
     void setChildren(Records<FontItem> newChildren) override {
         setUserOrdinal(std::ssize(newChildren) + 1);
         FontItem::setChildren(std::move(newChildren));
@@ -74,7 +74,7 @@ TEST(BaseEntity, TakesAClientsOwnProperties) {
     std::string names;
     for (const auto& [name, value] : font->Dict())
         names.append(name).append(" ");
-    EXPECT_TRUE(names.ends_with(" Stars note_text Weight Token One Two Numbers Children "))
+    EXPECT_TRUE(names.ends_with(" Stars größe_text Weight Token One Two Numbers Children "))
         << names;
     EXPECT_EQ(names.find("Token"), names.rfind("Token")) << "of two of a name, the class's own";
     EXPECT_EQ(toText(font->Dict().at("Copyright")), R"("none")") << "by its overridden accessor";

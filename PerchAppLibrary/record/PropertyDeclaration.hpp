@@ -21,8 +21,8 @@ class RecordSchema;
 /// Returns whether the text of a macro's argument is an identifier. A loop, since compilers take
 /// long for the functions of a string_view, and each property is checked.
 consteval bool isName(const char* text) {
-    for (; *text != 0; ++text)
-        if (*text < '0' || (*text > '9' && *text < 'A')) // before letters: < > , : space
+    for (char each = *text; each != 0; each = *++text)
+        if (each == '<' || each == '>' || each == ',' || each == ' ' || each == ':')
             return false;
     return true;
 }
