@@ -34,24 +34,32 @@ bool hasLongRunOfMarks(std::string_view text) {
 /// Returns Normalization Form D (UAX #15). Decomposes the text, then sorts each run of marks into
 /// canonical order.
 std::string decomposedByRuns(std::string_view text) {
-    std::vector<UChar32> codePoints;
+    struct Character {
+        std::uint8_t combiningClass; // 0 unless it is a mark
+        std::size_t index;           // since marks of one class keep their order
+        UChar32 codePoint;
+        auto operator<=>(const Character&) const = default;
+    };
+    std::vector<Character> characters;
     icu::UnicodeString parts;
     for (std::size_t offset = 0; offset < text.size();) {
         const UChar32 codePoint = nextCodePoint(text, offset);
         if (!nfd().getDecomposition(codePoint, parts))
             parts = codePoint;
-        for (std::int32_t at = 0; at < parts.length(); at = parts.moveIndex32(at, 1))
-            codePoints.push_back(parts.char32At(at));
+        for (std::int32_t at = 0; at < parts.length(); at = parts.moveIndex32(at, 1)) {
+            const UChar32 part = parts.char32At(at);
+            characters.push_back({u_getCombiningClass(part), characters.size(), part});
+        }
     }
-    const auto isMark = [](UChar32 codePoint) { return u_getCombiningClass(codePoint) != 0; };
-    for (auto end = codePoints.begin(); end != codePoints.end();) {
-        const auto begin = std::find_if(end, codePoints.end(), isMark);
-        end = std::find_if_not(begin, codePoints.end(), isMark);
-        std::ranges::stable_sort(begin, end, {}, &u_getCombiningClass);
+    const auto isMark = [](const Character& each) { return each.combiningClass != 0; };
+    for (auto end = characters.begin(); end != characters.end();) {
+        const auto begin = std::find_if(end, characters.end(), isMark);
+        end = std::find_if_not(begin, characters.end(), isMark);
+        std::ranges::sort(begin, end);
     }
     std::string result;
-    for (const UChar32 codePoint : codePoints)
-        append(result, codePoint);
+    for (const Character& each : characters)
+        append(result, each.codePoint);
     return result;
 }
 
