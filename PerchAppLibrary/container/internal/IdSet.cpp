@@ -38,7 +38,8 @@ IdSet::IdSet(std::span<const Ids* const> lists) {
     const Range range = rangeOf(lists);
     if (range.count == 0)
         return;
-    m_first = static_cast<std::uint64_t>(range.least);
+    // A multiple of wordBits, so intersect() combines whole words.
+    m_first = static_cast<std::uint64_t>(range.least) / wordBits * wordBits;
     const std::uint64_t words =
         (static_cast<std::uint64_t>(range.greatest) - m_first) / wordBits + 1;
     if (words <= std::max<std::uint64_t>(range.count, fewWords)) {
@@ -60,14 +61,35 @@ IdSet::IdSet(std::span<const Ids* const> lists) {
 
 IdSet::IdSet(const Ids& ids) : IdSet(std::array{&ids}) {}
 
+void IdSet::intersect(const IdSet& other) {
+    if (!m_sparse.empty() || !other.m_sparse.empty()) {
+        Ids common = ids();
+        std::erase_if(common, [&other](std::int64_t id) { return !other.contains(id); });
+        *this = IdSet(common);
+        return;
+    }
+    const std::int64_t shift =
+        static_cast<std::int64_t>(m_first - other.m_first) / static_cast<std::int64_t>(wordBits);
+    for (std::size_t index = 0; index < m_words.size(); ++index) {
+        // For a word before the other set's first, the index wraps around to one beyond all words.
+        const std::uint64_t theirs = index + static_cast<std::uint64_t>(shift);
+        m_words[index] &= theirs < other.m_words.size() ? other.m_words[theirs] : 0;
+    }
+}
+
 Ids IdSet::ids() const {
     if (!m_sparse.empty())
         return m_sparse;
     Ids ids;
+    std::size_t count = 0;
+    for (const std::uint64_t word : m_words)
+        count += static_cast<std::size_t>(std::popcount(word));
+    ids.resize(count);
+    auto next = ids.begin();
     for (std::size_t index = 0; index < m_words.size(); ++index)
         for (std::uint64_t word = m_words[index]; word != 0; word &= word - 1) { // clears a bit
             const auto bit = static_cast<std::uint64_t>(std::countr_zero(word));
-            ids.push_back(static_cast<std::int64_t>(m_first + index * wordBits + bit));
+            *next++ = static_cast<std::int64_t>(m_first + index * wordBits + bit);
         }
     return ids;
 }
@@ -80,11 +102,10 @@ Ids intersectionOf(std::span<const Ids* const> lists) {
     // Shortest first, so each step is linear in its own list.
     std::vector<const Ids*> sorted(lists.begin(), lists.end());
     std::ranges::sort(sorted, {}, &Ids::size);
-    Ids common = IdSet(*sorted.front()).ids();
+    IdSet common(*sorted.front());
     for (const Ids* const list : std::span(sorted).subspan(1))
-        std::erase_if(common,
-                      [others = IdSet(*list)](std::int64_t id) { return !others.contains(id); });
-    return common;
+        common.intersect(IdSet(*list));
+    return common.ids();
 }
 
 } // namespace PerchAppLibrary

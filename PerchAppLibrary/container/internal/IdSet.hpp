@@ -36,13 +36,16 @@ public:
                (m_words[distance / wordBits] >> (distance % wordBits) & 1U) != 0;
     }
 
+    /// Removes the identifiers that are not in the other set.
+    void intersect(const IdSet& other);
+
     /// Returns all identifiers, in ascending order.
     Ids ids() const;
 
 private:
     static constexpr std::uint64_t wordBits = 64;
 
-    std::uint64_t m_first = 0; // identifier of the first bit
+    std::uint64_t m_first = 0; // identifier of the first bit, a multiple of wordBits
     std::vector<std::uint64_t> m_words;
     Ids m_sparse; // sorted; empty unless the identifiers are sparse
 };
