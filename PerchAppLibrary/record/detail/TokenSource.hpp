@@ -35,7 +35,7 @@ public:
     /// Reads windows that stay in the cache; tests choose smaller ones. What exceeds the limits of
     /// depth and elements is a fault. Requires SIMDJSON_PADDING readable blanks behind the text.
     explicit TokenSource(std::string_view text, const JSON::Limits& limits = {},
-                         std::size_t windowSize = std::size_t{1} << 18);
+                         std::size_t windowSize = std::size_t{1} << 19);
 
     /// A RecordFiller must fill arrays of records where they are, not after the other properties.
     static constexpr bool readsInOrder = true;
