@@ -13,11 +13,32 @@
 namespace PerchAppLibrary::text {
 namespace {
 
-/// Returns whether all characters are ASCII or ideographs from U+3400 to U+9FFF.
+constexpr std::uint8_t firstBeyondASCII = 0x80;
+
+std::uint8_t byteAt(std::string_view text, std::size_t offset) noexcept {
+    return static_cast<std::uint8_t>(text[offset]);
+}
+
+bool isTrail(std::uint8_t byte) noexcept { return (byte & 0xC0U) == 0x80; }
+
+/// Returns whether the offset is that of an ideograph from U+3400 to U+9FFF. In UTF-8, these are
+/// E3 90..BF xx and E4..E9 xx xx.
+bool isIdeographAt(std::string_view text, std::size_t offset) noexcept {
+    if (text.size() - offset < 3)
+        return false;
+    const std::uint8_t lead = byteAt(text, offset);
+    const std::uint8_t second = byteAt(text, offset + 1);
+    return lead >= (second >= 0x90 ? 0xE3 : 0xE4) && lead <= 0xE9 && isTrail(second) &&
+           isTrail(byteAt(text, offset + 2));
+}
+
 bool isPlainText(std::string_view text) noexcept {
     for (std::size_t offset = 0; offset < text.size();) {
-        const UChar32 codePoint = nextCodePoint(text, offset);
-        if (codePoint >= 0x80 && (codePoint < 0x3400 || codePoint > 0x9FFF))
+        if (byteAt(text, offset) < firstBeyondASCII)
+            ++offset;
+        else if (isIdeographAt(text, offset))
+            offset += 3;
+        else
             return false;
     }
     return true;
