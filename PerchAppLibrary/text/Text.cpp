@@ -36,11 +36,18 @@ bool hasLongRunOfMarks(std::string_view text) {
 std::string decomposedByRuns(std::string_view text) {
     struct Character {
         std::uint8_t combiningClass; // 0 unless it is a mark
-        std::size_t index;           // since marks of one class keep their order
+        std::size_t index;           // in its run, since marks of one class keep their order
         UChar32 codePoint;
         auto operator<=>(const Character&) const = default;
     };
-    std::vector<Character> characters;
+    std::vector<Character> run; // marks, and the character that they follow, which sorts first
+    std::string result;
+    const auto finishRun = [&] {
+        std::ranges::sort(run);
+        for (const Character& each : run)
+            append(result, each.codePoint);
+        run.clear();
+    };
     icu::UnicodeString parts;
     for (std::size_t offset = 0; offset < text.size();) {
         const UChar32 codePoint = nextCodePoint(text, offset);
@@ -48,18 +55,13 @@ std::string decomposedByRuns(std::string_view text) {
             parts = codePoint;
         for (std::int32_t at = 0; at < parts.length(); at = parts.moveIndex32(at, 1)) {
             const UChar32 part = parts.char32At(at);
-            characters.push_back({u_getCombiningClass(part), characters.size(), part});
+            const std::uint8_t combiningClass = u_getCombiningClass(part);
+            if (combiningClass == 0)
+                finishRun();
+            run.push_back({combiningClass, run.size(), part});
         }
     }
-    const auto isMark = [](const Character& each) { return each.combiningClass != 0; };
-    for (auto end = characters.begin(); end != characters.end();) {
-        const auto begin = std::find_if(end, characters.end(), isMark);
-        end = std::find_if_not(begin, characters.end(), isMark);
-        std::ranges::sort(begin, end);
-    }
-    std::string result;
-    for (const Character& each : characters)
-        append(result, each.codePoint);
+    finishRun();
     return result;
 }
 
