@@ -13,10 +13,7 @@ std::string append(std::string_view path, std::string_view component) {
         return std::string(path);
     path = path.substr(0, path.find_last_not_of('/') + 1);
     component.remove_prefix(std::min(component.find_first_not_of('/'), component.size()));
-    std::string joined;
-    joined.reserve(path.size() + 1 + component.size());
-    joined.append(path).append(1, '/').append(component);
-    return joined;
+    return std::string(path).append(1, '/').append(component);
 }
 
 bool fileExists(const std::string& path) {

@@ -162,10 +162,9 @@ void assignComputed(Value& place, T value) {
         assign(place, value);
     } else if constexpr (std::same_as<T, long double>) {
         assign(place, static_cast<double>(value));
-    } else if constexpr (std::signed_integral<T>) {
-        assign(place, static_cast<std::int64_t>(value));
     } else if constexpr (std::integral<T>) {
-        assign(place, static_cast<std::uint64_t>(value));
+        using Wide = std::conditional_t<std::signed_integral<T>, std::int64_t, std::uint64_t>;
+        assign(place, static_cast<Wide>(value));
     } else if constexpr (requires { value.has_value(); }) {
         if (value.has_value())
             assignComputed(place, *std::move(value));

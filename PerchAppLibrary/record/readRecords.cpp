@@ -30,20 +30,17 @@ bool readDirectly(std::string& text, bool onlyObjects, RecordSink& sink,
         return false;
     }
 }
-#else
-bool readDirectly(const std::string& /*text*/, bool /*onlyObjects*/, RecordSink& /*sink*/,
-                  const JSON::Limits& /*limits*/) {
-    return false;
-}
 #endif
 
 } // namespace
 
 void parseRecords(std::string&& text, bool onlyObjects, RecordSink& sink,
                   const JSON::Limits& limits) {
+#ifdef PERCH_DIRECT_READING
     if (readDirectly(text, onlyObjects, sink, limits))
         return;
     sink.clear();
+#endif
     readRecords(JSON::parse(std::move(text), limits), onlyObjects, sink);
 }
 

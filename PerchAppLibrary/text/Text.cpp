@@ -19,53 +19,6 @@
 #include <vector>
 
 namespace PerchAppLibrary::text {
-namespace {
-
-/// Returns whether the text has a long run of combining marks. ICU sorts a run by insertion, which
-/// takes quadratic time.
-bool hasLongRunOfMarks(std::string_view text) {
-    constexpr std::size_t longRun = 64; // far longer than runs in natural text
-    std::size_t run = 0;
-    for (std::size_t offset = 0; offset < text.size() && run < longRun;)
-        run = nfd().hasBoundaryBefore(nextCodePoint(text, offset)) ? 0 : run + 1;
-    return run == longRun;
-}
-
-/// Returns Normalization Form D (UAX #15). Decomposes the text, then sorts each run of marks into
-/// canonical order.
-std::string decomposedByRuns(std::string_view text) {
-    struct Character {
-        std::uint8_t combiningClass; // 0 unless it is a mark
-        std::size_t index;           // in its run, since marks of one class keep their order
-        UChar32 codePoint;
-        auto operator<=>(const Character&) const = default;
-    };
-    std::vector<Character> run; // marks, and the character that they follow, which sorts first
-    std::string result;
-    const auto finishRun = [&] {
-        std::ranges::sort(run);
-        for (const Character& each : run)
-            append(result, each.codePoint);
-        run.clear();
-    };
-    icu::UnicodeString parts;
-    for (std::size_t offset = 0; offset < text.size();) {
-        const UChar32 codePoint = nextCodePoint(text, offset);
-        if (!nfd().getDecomposition(codePoint, parts))
-            parts = codePoint;
-        for (std::int32_t at = 0; at < parts.length(); at = parts.moveIndex32(at, 1)) {
-            const UChar32 part = parts.char32At(at);
-            const std::uint8_t combiningClass = u_getCombiningClass(part);
-            if (combiningClass == 0)
-                finishRun();
-            run.push_back({combiningClass, run.size(), part});
-        }
-    }
-    finishRun();
-    return result;
-}
-
-} // namespace
 
 bool isWellFormed(std::string_view text) noexcept {
     constexpr std::size_t shortSize = 64; // up to this size, the test for ASCII is faster
@@ -94,10 +47,39 @@ std::string uppercased(std::string_view text) {
 }
 
 std::string decomposed(std::string_view text) {
+    struct Character {
+        std::uint8_t combiningClass; // 0 unless it is a mark
+        std::size_t index;           // in its run, since marks of one class keep their order
+        UChar32 codePoint;
+        auto operator<=>(const Character&) const = default;
+    };
     if (isASCII(text))
         return std::string(text);
-    const std::string clean = wellFormed(text);
-    return hasLongRunOfMarks(clean) ? decomposedByRuns(clean) : normalized(nfd(), clean);
+    std::string result;
+    // Marks, and the character that they follow, which sorts first. Not by the normalizer of ICU,
+    // which sorts a run by insertion: a long one takes quadratic time.
+    std::vector<Character> run;
+    const auto finishRun = [&] {
+        std::ranges::sort(run);
+        for (const Character& each : run)
+            append(result, each.codePoint);
+        run.clear();
+    };
+    icu::UnicodeString parts;
+    for (std::size_t offset = 0; offset < text.size();) {
+        const UChar32 codePoint = nextCodePoint(text, offset);
+        if (!nfd().getDecomposition(codePoint, parts))
+            parts = codePoint;
+        for (std::int32_t at = 0; at < parts.length(); at = parts.moveIndex32(at, 1)) {
+            const UChar32 part = parts.char32At(at);
+            const std::uint8_t combiningClass = u_getCombiningClass(part);
+            if (combiningClass == 0)
+                finishRun();
+            run.push_back({combiningClass, run.size(), part});
+        }
+    }
+    finishRun();
+    return result;
 }
 
 std::string composed(std::string_view text) {

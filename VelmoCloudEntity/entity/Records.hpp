@@ -37,11 +37,10 @@ Records<To> recordsAs(const Records<From>& records) {
         return {records.begin(), records.end()};
     Records<To> converted;
     converted.reserve(records.size());
-    for (const std::shared_ptr<From>& record : records)
-        converted.push_back(
-            isExactly(*record, typeid(To))
-                ? std::static_pointer_cast<To>(record)
-                : (void(dynamic_cast<To&>(*record)), std::static_pointer_cast<To>(record)));
+    for (const std::shared_ptr<From>& record : records) {
+        (void)dynamic_cast<To&>(*record);
+        converted.push_back(std::static_pointer_cast<To>(record));
+    }
     return converted;
 }
 

@@ -36,18 +36,12 @@ bool toInteger(std::string_view text, std::int64_t& value) {
     return true;
 }
 
-bool toReal(double number, float& value) {
-    const auto rounded = static_cast<float>(number);
+template <class Real>
+bool toReal(double number, Real& value) {
+    const auto rounded = static_cast<Real>(number);
     if (!std::isfinite(rounded) || (rounded != 0) != (number != 0))
         return false;
     value = rounded;
-    return true;
-}
-
-bool toReal(double number, double& value) {
-    if (!std::isfinite(number))
-        return false;
-    value = number;
     return true;
 }
 
@@ -85,15 +79,6 @@ void appendNumber(std::string& text, Number number) {
     const std::to_chars_result result =
         std::to_chars(digits.data(), digits.data() + digits.size(), number);
     text.append(digits.data(), result.ptr);
-}
-
-template <class Real>
-std::string shortestDecimalOf(Real number) {
-    std::string text;
-    appendNumber(text, number);
-    if (text.find_first_not_of("-0123456789") == std::string::npos)
-        text += ".0";
-    return text;
 }
 
 bool toText(double number, std::string& value) {
@@ -136,8 +121,17 @@ const char* endOfDigits(const char* from) noexcept {
 
 } // namespace
 
-std::string shortestDecimal(float number) { return shortestDecimalOf(number); }
-std::string shortestDecimal(double number) { return shortestDecimalOf(number); }
+template <std::floating_point Real>
+std::string shortestDecimal(Real number) {
+    std::string text;
+    appendNumber(text, number);
+    if (text.find_first_not_of("-0123456789") == std::string::npos)
+        text += ".0";
+    return text;
+}
+
+template std::string shortestDecimal(float);
+template std::string shortestDecimal(double);
 
 Scalar scalarOf(dom::element element) {
     switch (element.type()) {

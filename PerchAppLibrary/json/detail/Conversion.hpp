@@ -22,8 +22,8 @@ namespace PerchAppLibrary {
 
 /// Returns the shortest decimal that reads back as the number, with a point or an exponent: "22.0",
 /// "1e+15". Requires a finite number.
-std::string shortestDecimal(float number);
-std::string shortestDecimal(double number);
+template <std::floating_point Real>
+std::string shortestDecimal(Real number);
 
 /// A null, Boolean, number or text. Of an array or object, a monostate.
 using Scalar = std::variant<std::monostate, std::nullptr_t, bool, std::int64_t, std::uint64_t,

@@ -7,12 +7,11 @@
 #include <concepts>
 #include <cstddef>
 #include <limits>
+#include <map>
 #include <string_view>
-#include <tuple>
 #include <type_traits>
 #include <utility>
 #include <variant>
-#include <vector>
 
 namespace PerchAppLibrary {
 namespace {
@@ -56,33 +55,20 @@ bool areEqual(dom::array left, dom::array right) {
     return other == right.end();
 }
 
-struct Member {
-    std::string_view key;
-    std::size_t position;
-    dom::element value;
-};
-
-/// Returns the members of an object, sorted by key. Each key comes once, with its last value.
-std::vector<Member> membersByKey(dom::object object) {
-    std::vector<Member> members;
-    members.reserve(object.size());
+/// Returns the members of an object by key, each with the last value under its key.
+std::map<std::string_view, dom::element> lastMembers(dom::object object) {
+    std::map<std::string_view, dom::element> members;
     for (const auto& [key, value] : object)
-        members.push_back({key, members.size(), value});
-    // Among members with one key, the last comes first, and unique() keeps the first.
-    std::ranges::sort(members, [](const Member& a, const Member& b) {
-        return std::tie(a.key, b.position) < std::tie(b.key, a.position);
-    });
-    const auto haveOneKey = [](const Member& a, const Member& b) { return a.key == b.key; };
-    // NOLINTNEXTLINE(modernize-use-ranges): it returns a subrange, which Clang 15 cannot compile
-    members.erase(std::unique(members.begin(), members.end(), haveOneKey), members.end());
+        members.insert_or_assign(key, value);
     return members;
 }
 
 bool areEqual(dom::object left, dom::object right) {
-    return std::ranges::equal(
-        membersByKey(left), membersByKey(right), [](const Member& a, const Member& b) {
-            return a.key == b.key && PerchAppLibrary::areEqual(a.value, b.value);
-        });
+    return std::ranges::equal(lastMembers(left), lastMembers(right),
+                              [](const auto& member, const auto& other) {
+                                  return member.first == other.first &&
+                                         PerchAppLibrary::areEqual(member.second, other.second);
+                              });
 }
 
 } // namespace

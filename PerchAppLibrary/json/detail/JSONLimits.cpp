@@ -7,55 +7,35 @@
 namespace PerchAppLibrary {
 namespace {
 
+bool isBlank(char character) {
+    return character == ' ' || character == '\t' || character == '\r' || character == '\n';
+}
+bool opens(char character) { return character == '[' || character == '{'; }
+bool closes(char character) { return character == ']' || character == '}'; }
+
 /// Counts the levels and the elements of a text, and throws at the first that exceeds its limit.
-class LimitedScan {
-public:
-    LimitedScan(std::string_view text, const JSON::Limits& limits)
-        : m_text(text), m_limits(limits) {}
-
-    void run() {
-        while (m_offset < m_text.size()) {
-            const char character = m_text[m_offset];
-            if (character == ']' || character == '}')
-                leave();
-            else if (character == ',')
-                addElement();
-            else if (character != ' ' && character != '\t' && character != '\r' &&
-                     character != '\n')
-                beginValue(character);
-            m_offset = character == '"' ? fallback::endOfString(m_text, m_offset) : m_offset + 1;
+void scan(std::string_view text, const JSON::Limits& limits) {
+    std::size_t depth = 0;
+    std::size_t elements = 0;
+    char before = ' '; // the last character that is not blank and not in a string
+    for (std::size_t at = 0; at < text.size();) {
+        const char character = text[at];
+        if (isBlank(character)) {
+            ++at;
+            continue;
         }
+        // The first element of an array or object has no comma before it.
+        const bool beginsElement = character == ',' || (opens(before) && !closes(character));
+        if (beginsElement && ++elements > limits.elements)
+            fallback::fail(text, at, "more than " + std::to_string(limits.elements) + " elements");
+        if (opens(character) && ++depth > limits.depth)
+            fallback::fail(text, at, fallback::tooDeep(limits.depth));
+        if (closes(character) && depth > 0)
+            --depth;
+        before = character;
+        at = character == '"' ? fallback::endOfString(text, at) : at + 1;
     }
-
-private:
-    /// The first element of an array or object has no comma.
-    void beginValue(char character) {
-        if (m_isFirst)
-            addElement();
-        m_isFirst = character == '[' || character == '{';
-        if (m_isFirst && ++m_depth > m_limits.depth)
-            fallback::fail(m_text, m_offset, fallback::tooDeep(m_limits.depth));
-    }
-
-    void leave() {
-        m_isFirst = false;
-        m_depth -= m_depth > 0 ? 1 : 0;
-    }
-
-    void addElement() {
-        m_isFirst = false;
-        if (++m_elements > m_limits.elements)
-            fallback::fail(m_text, m_offset,
-                           "more than " + std::to_string(m_limits.elements) + " elements");
-    }
-
-    std::string_view m_text;
-    const JSON::Limits& m_limits;
-    std::size_t m_offset = 0;
-    std::size_t m_depth = 0;
-    std::size_t m_elements = 0;
-    bool m_isFirst = false; // whether the next value is the first of an array or object
-};
+}
 
 } // namespace
 
@@ -64,7 +44,7 @@ void checkLimits(std::string_view text, const JSON::Limits& limits) {
     if (text.size() > limits.bytes)
         throw JSON::ParseError(1, 1, "the text is too long");
     if (limits.depth < defaults.depth || limits.elements < defaults.elements)
-        LimitedScan(text, limits).run();
+        scan(text, limits);
 }
 
 } // namespace PerchAppLibrary

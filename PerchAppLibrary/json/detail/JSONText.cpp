@@ -11,7 +11,6 @@ using text::forEachWord;
 using text::highBits;
 using text::repeated;
 using text::Word;
-using text::wordSize;
 
 /// Returns a word that is not zero if an ASCII byte of `word` is below the limit. Requires a limit
 /// of at most 0x80.
@@ -29,17 +28,10 @@ constexpr Word anyEscaped(Word word) noexcept {
 bool isPlain(std::string_view content) noexcept {
     Word escaped = 0;
     Word any = 0;
-    if (content.size() < wordSize) {
-        Word word = repeated(' ');
-        std::memcpy(&word, content.data(), content.size());
-        escaped = anyEscaped(word);
-        any = word;
-    } else {
-        forEachWord(content, [&](std::size_t, Word word) {
-            escaped |= anyEscaped(word);
-            any |= word;
-        });
-    }
+    forEachWord(content, [&](std::size_t, Word word) {
+        escaped |= anyEscaped(word);
+        any |= word;
+    });
     return escaped == 0 && ((any & highBits) == 0 || text::isWellFormed(content));
 }
 

@@ -5,8 +5,9 @@
 #include <PerchAppLibrary/json/detail/JSONText.hpp>
 #include <PerchAppLibrary/text/Text.hpp>
 
-#include <bit>
 #include <charconv>
+#include <cmath>
+#include <concepts>
 #include <cstdint>
 #include <iterator>
 #include <optional>
@@ -59,18 +60,10 @@ struct PropertyKind<bool> : PropertyKindOf<bool> {
     static void write(std::string& text, bool value) { text.append(value ? "true" : "false"); }
 };
 
-template <>
-struct PropertyKind<float> : PropertyKindOf<float> {
-    static std::string name() { return "Float"; }
-    static bool isZero(float value) noexcept {
-        return std::bit_cast<std::uint32_t>(value) == 0; // -0 is not zero
-    }
-};
-
-template <>
-struct PropertyKind<double> : PropertyKindOf<double> {
-    static std::string name() { return "Double"; }
-    static bool isZero(double value) noexcept { return std::bit_cast<std::uint64_t>(value) == 0; }
+template <std::floating_point Real>
+struct PropertyKind<Real> : PropertyKindOf<Real> {
+    static std::string name() { return std::same_as<Real, float> ? "Float" : "Double"; }
+    static bool isZero(Real value) noexcept { return value == 0 && !std::signbit(value); }
 };
 
 template <>

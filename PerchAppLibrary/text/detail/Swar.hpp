@@ -23,8 +23,11 @@ inline Word loadWord(const char* bytes) noexcept {
 
 inline void storeWord(char* bytes, Word word) noexcept { std::memcpy(bytes, &word, wordSize); }
 
+/// Returns a word of eight such bytes.
+constexpr Word repeated(char byte) noexcept { return everyByte * static_cast<std::uint8_t>(byte); }
+
 /// Calls `visit(offset, word)` for words that cover the text. The last word may overlap the one
-/// before it. A text shorter than a word is padded with zeros.
+/// before it. A text shorter than a word is padded with blanks.
 template <class Visitor>
 void forEachWord(std::string_view text, Visitor&& visit) {
     std::size_t at = 0;
@@ -36,7 +39,7 @@ void forEachWord(std::string_view text, Visitor&& visit) {
         visit(text.size() - wordSize, loadWord(text.data() + text.size() - wordSize));
         return;
     }
-    Word word = 0;
+    Word word = repeated(' ');
     std::memcpy(&word, text.data(), text.size());
     visit(0, word);
 }
@@ -46,9 +49,6 @@ inline bool isASCII(std::string_view text) noexcept {
     forEachWord(text, [&any](std::size_t, Word word) { any |= word; });
     return (any & highBits) == 0;
 }
-
-/// Returns a word of eight such bytes.
-constexpr Word repeated(char byte) noexcept { return everyByte * static_cast<std::uint8_t>(byte); }
 
 /// Returns the bytes with ASCII letters upper-cased.
 ///
