@@ -2,6 +2,7 @@
 
 #include <PerchAppLibrary/text/detail/ICU.hpp>
 
+#include <algorithm>
 #include <cassert>
 
 namespace PerchAppLibrary::text {
@@ -45,14 +46,18 @@ std::size_t Needle::offsetIn(const ComparedText& text) const {
     const std::string_view bytes = text.bytes();
     if (isEmpty() || needle.size() > bytes.size() || (text.isPlain() && !m_text.isPlain()))
         return notFound;
-    std::size_t matched = 0;
+    std::size_t matched = 0; // bytes of the needle that end at `end`
     for (std::size_t end = 0; end < bytes.size();) {
-        const char byte = bytes[end++];
-        while (matched > 0 && (matched == needle.size() || byte != needle[matched]))
-            matched = m_borders[matched - 1];
-        matched += byte == needle[matched] ? 1 : 0;
+        if (matched == 0)
+            end = std::min(bytes.find(needle.front(), end), bytes.size());
+        while (end < bytes.size() && matched < needle.size() && bytes[end] == needle[matched]) {
+            ++end;
+            ++matched;
+        }
         if (matched == needle.size() && isWhole(text, end - matched))
             return end - matched;
+        if (matched > 0)
+            matched = m_borders[matched - 1];
     }
     return notFound;
 }

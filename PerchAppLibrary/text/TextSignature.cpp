@@ -15,6 +15,13 @@ void TextSignature::addBytes(std::string_view text) noexcept {
         }
         return bits;
     }();
+    // The bit of each hash of a pair.
+    static constexpr auto bitsOfPair = [] {
+        std::array<Pairs, 128> bits{};
+        for (unsigned hash = 0; hash < 128; ++hash)
+            bits[hash][hash / 64] = std::uint64_t{1} << hash % 64;
+        return bits;
+    }();
     if (text.empty())
         return;
     constexpr unsigned withoutCase = 0xDF; // equal for small and capital letters
@@ -24,11 +31,10 @@ void TextSignature::addBytes(std::string_view text) noexcept {
     for (const char each : text.substr(1)) {
         const unsigned before = byte & withoutCase;
         byte = static_cast<std::uint8_t>(each);
-        const unsigned after = byte & withoutCase;
         characters |= bitOfCharacter[byte];
-        // Each word of the filter has a hash function of its own.
-        pairs[0] |= std::uint64_t{1} << (5 * before + after) % 64;
-        pairs[1] |= std::uint64_t{1} << (3 * before + 2 * after) % 64;
+        const Pairs& pair = bitsOfPair[(5 * before + (byte & withoutCase)) % 128];
+        pairs[0] |= pair[0];
+        pairs[1] |= pair[1];
     }
     m_characters = characters;
     m_pairs = pairs;
