@@ -13,7 +13,10 @@ std::string append(std::string_view path, std::string_view component) {
         return std::string(path);
     path = path.substr(0, path.find_last_not_of('/') + 1);
     component.remove_prefix(std::min(component.find_first_not_of('/'), component.size()));
-    return std::string(path).append(1, '/').append(component);
+    std::string joined;
+    joined.reserve(path.size() + 1 + component.size());
+    joined.append(path).append(1, '/').append(component);
+    return joined;
 }
 
 bool fileExists(const std::string& path) {

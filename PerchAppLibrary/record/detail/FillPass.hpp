@@ -114,7 +114,7 @@ private:
 
     void fillPlaces(Element element, KeyOrder* order) {
         const Effects effects{*this};
-        if (order != nullptr)
+        if (order != nullptr && order->start(m_plan.names()))
             visitMembersInOrder(element, *order);
         else
             visitMembers(element, [&](std::string_view key) {
@@ -141,7 +141,7 @@ private:
 
     void visitMembersInOrder(Element element, KeyOrder& order) {
         const NameIndex& names = m_plan.names();
-        order.start(names);
+        std::size_t wrongGuesses = 0;
         std::uint32_t* guess = &order.first();
         visitMembers(element, [&](std::string_view key) {
             if (!names.isAt(*guess, key)) [[unlikely]] {
@@ -149,11 +149,13 @@ private:
                 if (names.indexAt(slot) == m_plan.unknownKey())
                     return findUnescaped(key); // the next key may still be the guessed one
                 *guess = slot;
+                ++wrongGuesses;
             }
             const std::uint32_t slot = *guess;
             guess = &order.after(slot);
             return names.indexAt(slot);
         });
+        order.end(wrongGuesses);
     }
 
     void setDeferred() {

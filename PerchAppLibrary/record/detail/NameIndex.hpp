@@ -117,15 +117,24 @@ public:
     // NOLINTNEXTLINE(modernize-use-equals-default): does not set m_after to zero for each record
     KeyOrder() noexcept {}
 
-    /// Starts a record. Clears the order if it is that of another class, whose index has other
-    /// slots.
-    void start(const NameIndex& names) noexcept {
-        if (m_names == &names)
-            return;
-        m_names = &names;
-        m_first = 0;
-        m_after.fill(0);
+    /// Starts a record, and returns whether to guess its keys. Clears the order if it is that of
+    /// another class, whose index has other slots.
+    bool start(const NameIndex& names) noexcept {
+        if (m_names != &names) {
+            m_names = &names;
+            m_first = 0;
+            m_pause = 0;
+            m_after.fill(0);
+        }
+        if (m_pause == 0)
+            return true;
+        --m_pause;
+        return false;
     }
+
+    /// Ends a record whose keys were guessed. After many wrong guesses, the keys of the next
+    /// records are looked up, which takes less time than a wrong guess.
+    void end(std::size_t wrongGuesses) noexcept { m_pause = wrongGuesses > 6 ? 15 : 0; }
 
     /// Returns the slot of the last object's first key, for the caller to read and set.
     std::uint32_t& first() noexcept { return m_first; }
@@ -137,6 +146,7 @@ public:
 private:
     const NameIndex* m_names = nullptr;
     std::uint32_t m_first = 0;
+    std::uint32_t m_pause = 0;              // number of next records whose keys are not guessed
     std::array<std::uint32_t, 256> m_after; // start() sets it; a larger index shares entries
 };
 
