@@ -28,9 +28,6 @@ Excluded merged(const Excluded& left, const Excluded& right) {
 
 } // namespace
 
-BaseEntity::BaseEntity() = default;
-BaseEntity::~BaseEntity() = default;
-
 const RecordSchema& BaseEntity::perchSchema() {
     static const NoDestructor<RecordSchema> schema("BaseEntity", typeid(BaseEntity), nullptr,
                                                    PropertyCollector<BaseEntity>::collect(),

@@ -46,10 +46,10 @@ private:
     RareTexts m_rareTexts; // holds the properties of type Rare<std::string>
 
 public:
-    BaseEntity();
+    BaseEntity() = default;
     BaseEntity(const BaseEntity&) = delete;
     BaseEntity& operator=(const BaseEntity&) = delete;
-    virtual ~BaseEntity();
+    virtual ~BaseEntity() = default;
 
     using Self = BaseEntity;
 

@@ -4,8 +4,6 @@
 
 namespace PerchAppLibrary {
 
-RareTexts::~RareTexts() = default;
-
 const std::string& RareTexts::empty() noexcept {
     static const NoDestructor<std::string> none;
     return *none;
