@@ -13,7 +13,6 @@ public:
     RareTexts() = default;
     RareTexts(const RareTexts&) = delete;
     RareTexts& operator=(const RareTexts&) = delete;
-    ~RareTexts() = default;
 
     /// Returns the text with this number, or an empty one. It lives until it is set or the record
     /// is destroyed. Linear in the number of nodes.

@@ -134,7 +134,11 @@ public:
 
     /// Ends a record whose keys were guessed. After many wrong guesses, the keys of the next
     /// records are looked up, which takes less time than a wrong guess.
-    void end(std::size_t wrongGuesses) noexcept { m_pause = wrongGuesses > 6 ? 15 : 0; }
+    void end(std::size_t wrongGuesses) noexcept {
+        constexpr std::size_t many = 6;
+        constexpr std::uint32_t pause = 15;
+        m_pause = wrongGuesses > many ? pause : 0;
+    }
 
     /// Returns the slot of the last object's first key, for the caller to read and set.
     std::uint32_t& first() noexcept { return m_first; }
